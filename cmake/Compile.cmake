@@ -1,0 +1,14 @@
+# One interface target carries how every target of ours is compiled.
+add_library(korvane_compile INTERFACE)
+target_include_directories(korvane_compile INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_definitions(korvane_compile INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS)
+target_compile_options(korvane_compile INTERFACE -Wall -Wextra -Wconversion -Wshadow
+                                                 -Wno-missing-field-initializers)
+if(KORVANE_WERROR)
+    target_compile_options(korvane_compile INTERFACE -Werror)
+endif()
+if(KORVANE_SANITIZE)
+    target_compile_options(korvane_compile INTERFACE -fsanitize=address,undefined
+                                                     -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(korvane_compile INTERFACE -fsanitize=address,undefined)
+endif()
