@@ -1,0 +1,90 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+namespace korvane {
+
+/// Texture coordinates: u to the right, v upward, (0, 0) to (1, 1) across one image.
+struct Vec2 {
+    float u = 0.0F;
+    float v = 0.0F;
+
+    bool operator==(const Vec2&) const = default;
+};
+
+/// A point or a direction; which space it lives in is told where it is used.
+struct Vec3 {
+    float x = 0.0F;
+    float y = 0.0F;
+    float z = 0.0F;
+
+    bool operator==(const Vec3&) const = default;
+};
+
+/// A 4 x 4 matrix, row by row: element k is row k / 4, column k % 4. Points are row vectors
+/// (p times M), so rows 0 to 2 are the images of the axes and elements 12 to 14 the translation.
+/// Element 15 is the homogeneous 1, by which no operation divides. A new matrix is the identity.
+struct Matrix4 {
+    std::array<float, 16> m = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+    float& operator[](std::size_t k) { return m[k]; }
+    float operator[](std::size_t k) const { return m[k]; }
+    bool operator==(const Matrix4&) const = default;
+};
+
+/// One corner of a face on its way through the drawing pipelines: twelve floats.
+struct RenderVertex {
+    Vec3 position;                  ///< floats 0 to 2
+    Vec3 normal;                    ///< floats 3 to 5
+    float u = 0.0F;                 ///< float 6, interpolated like the position
+    float v = 0.0F;                 ///< float 7, interpolated like the position
+    std::array<float, 3> color{};   ///< floats 8 to 10, the lit colour, channels 0 to 1
+    float specularIntensity = 0.0F; ///< float 11, 0 to 1
+};
+
+// Every component of a result is one expression over double precision terms, rounded to single
+// precision once, when it is stored.
+
+/// A times B: with row vectors A acts first and B second. A child's world matrix is therefore
+/// MatrixMatrix(child's own matrix, parent's world matrix).
+Matrix4 MatrixMatrix(const Matrix4& a, const Matrix4& b);
+
+/// The point p moved by A, translation included.
+Vec3 VectorMatrix(const Vec3& p, const Matrix4& a);
+
+/// The direction p turned by the upper 3 x 3 of A; no translation, not renormalised.
+Vec3 NormMatrix(const Vec3& p, const Matrix4& a);
+
+/// The point p moved by the model matrix, then by the translation row of the view matrix, then
+/// turned by the view's upper 3 x 3: the view's translation is an offset in world space (the point
+/// looked at, negated), not one in view space.
+Vec3 VectorViewMatrix(const Vec3& p, const Matrix4& model, const Matrix4& view);
+
+/// Rows 0 and 1 of A scaled by s, then row 3 scaled by s, then row 3 as it is: row 2 of A does not
+/// reach the result.
+Matrix4 ScaleMatrix(float s, const Matrix4& a);
+
+/// The element-wise sum of all sixteen elements.
+Matrix4 AddMatrix(const Matrix4& a, const Matrix4& b);
+
+float dotproduct(const Vec3& p, const Vec3& q);
+
+/// p divided by its length; a zero vector stays zero, a very short one is divided as any other.
+Vec3 Normalize(const Vec3& p);
+
+/// The mean z of the vertices; NaN when there are none.
+float AverageZ(std::span<const RenderVertex> vertices);
+
+/// The normalised sum of the vertices' normals; zero when there are none.
+Vec3 AverageNorm(std::span<const RenderVertex> vertices);
+
+/// The normalised sum of the vectors; zero when there are none.
+Vec3 AverageNorm(std::span<const Vec3> vectors);
+
+/// Halves of positive numbers go up (2.5 gives 3); a negative number is only truncated (-2.7 gives
+/// -2). Numbers that no 32-bit integer holds give the nearest one, NaN gives 0.
+std::int32_t round(float x);
+
+} // namespace korvane
