@@ -1,0 +1,46 @@
+#pragma once
+
+#include "model/FrameRecord.h"
+#include "model/MaterialRecord.h"
+#include "model/NodeData.h"
+#include "model/RenderCursor.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace korvane {
+
+/// One open model: the frame tree, the material table that all frames share, and where the user
+/// stands in it. Owned by its document window and living as long as that.
+struct ModelDocument {
+    FrameRecord Root;
+    std::vector<MaterialRecord> Materials;
+    /// The full path of the file, or "Untitled" with or without a number.
+    QString FileName;
+    bool NeverSaved = true; ///< no file name of the user's choice yet: Save asks for one
+    bool Modified = true;   ///< the model differs from its file
+    RenderCursor Cursor;    ///< `CursorDepth` and `CursorPath`
+    NodeData Selected;      ///< the selection in the structure tree
+    NodeData SelectionCopy; ///< kept equal to Selected
+
+    // The traversal of the document's own cursor; see RenderCursor.
+    void ResetRenderList() { Cursor.ResetRenderList(); }
+    bool IncRenderList() { return Cursor.IncRenderList(Root); }
+    FrameRecord* GetFramePtr() { return Cursor.GetFramePtr(Root); }
+    FrameRecord* GetParentPtr() { return Cursor.GetParentPtr(Root); }
+    [[nodiscard]] Matrix4 GetFrameMatrix() const { return Cursor.GetFrameMatrix(Root); }
+
+    /// Moves the cursor on to the frame (it stands on the frame's parent, or on the frame before it
+    /// in pre-order) and computes the frame's data that files do not hold.
+    void Nonfiledata(FrameRecord& frame);
+
+    /// Computes the data that files do not hold for every frame, whatever order they came in.
+    void computeDerivedData();
+
+    /// Marks the frame at the path as selected, the frames below it as its descendants and all
+    /// others as neither. A path that leads nowhere leaves all unmarked.
+    void markSelection(const FramePath& path);
+};
+
+} // namespace korvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace korvane {
+
+/// A list of polygons, each a list of indices, outwardly; two flat arrays inwardly, so that a mesh
+/// of a million faces is two allocations. Indices are kept as given: whoever uses one checks it.
+class PolygonList {
+  public:
+    [[nodiscard]] std::size_t size() const { return ends_.size(); }
+    [[nodiscard]] bool empty() const { return ends_.empty(); }
+
+    /// The corners of polygon i (i < size()); valid until the list changes.
+    [[nodiscard]] std::span<const std::uint32_t> operator[](std::size_t i) const {
+        const std::size_t begin = i == 0 ? 0 : ends_[i - 1];
+        return {indices_.data() + begin, ends_[i] - begin};
+    }
+
+    /// Appends one polygon. Throws std::length_error past 2^32 - 1 indices in all.
+    void push_back(std::span<const std::uint32_t> corners);
+
+    /// Appends one corner to the polygon being built, which is no part of the list until
+    /// closePolygon(); dropOpenPolygon() forgets it.
+    void pushCorner(std::uint32_t index) { indices_.push_back(index); }
+    void closePolygon();
+    void dropOpenPolygon() { indices_.resize(closedEnd()); }
+
+    /// Makes room for more polygons with so many corners in all.
+    void reserveMore(std::size_t polygons, std::size_t corners);
+    void clear();
+
+    bool operator==(const PolygonList&) const = default;
+
+  private:
+    [[nodiscard]] std::size_t closedEnd() const { return ends_.empty() ? 0 : ends_.back(); }
+
+    std::vector<std::uint32_t> ends_; ///< for each polygon the end of its run in indices_
+    std::vector<std::uint32_t> indices_;
+};
+
+} // namespace korvane

@@ -1,0 +1,153 @@
+#include "model/FrameWalk.h"
+#include "model/ModelDocument.h"
+#include "support/RandomModel.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+FrameRecord named(const char* name, std::vector<FrameRecord> children = {}) {
+    FrameRecord frame;
+    frame.Name = name;
+    frame.Children = std::move(children);
+    return frame;
+}
+
+/// The names in the order in which the document's cursor meets them.
+std::string cursorOrder(ModelDocument& document) {
+    std::string names;
+    document.ResetRenderList();
+    do {
+        names += document.GetFramePtr()->Name + "<" + document.GetParentPtr()->Name + " ";
+    } while (document.IncRenderList());
+    return names;
+}
+
+TEST(Traversal, CursorVisitsParentsBeforeChildren) {
+    ModelDocument document;
+    document.Root = named("r", {named("a", {named("b"), named("c", {named("d")})}), named("e")});
+    EXPECT_EQ(cursorOrder(document), "r<r a<r b<a c<a d<c e<r ");
+    EXPECT_FALSE(document.IncRenderList()); // and stays at the end
+    document.Root = named("only");
+    document.ResetRenderList();
+    EXPECT_FALSE(document.IncRenderList());
+}
+
+TEST(Traversal, CursorSurvivesEdits) {
+    ModelDocument document;
+    document.Root = named("r", {named("a", {named("b")})});
+    document.ResetRenderList();
+    document.IncRenderList();
+    document.IncRenderList();
+    document.Root.Children.clear();
+    EXPECT_EQ(document.GetFramePtr(), nullptr);
+    EXPECT_FALSE(document.IncRenderList());
+}
+
+TEST(Traversal, WalkAgreesWithTheCursor) {
+    for (std::uint32_t seed = 0; seed < 50; ++seed) {
+        ModelDocument document = test::RandomModel(seed).make();
+        document.ResetRenderList();
+        for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+            ASSERT_EQ(&walk.frame(), document.GetFramePtr());
+            ASSERT_EQ(walk.depth(), static_cast<std::size_t>(document.Cursor.CursorDepth));
+            ASSERT_EQ(FramePath(walk.childNumbers()), FramePath(document.Cursor.childNumbers()));
+            if (walk.depth() > 0) {
+                ASSERT_EQ(&walk.parent(), document.GetParentPtr());
+            }
+            document.IncRenderList();
+        }
+        EXPECT_FALSE(document.IncRenderList());
+    }
+}
+
+TEST(Traversal, WorldMatrixPutsTheOwnMatrixFirst) {
+    ModelDocument document;
+    document.Root = named("r", {named("a")});
+    document.Root.Matrix[0] = 2; // scales x after the child has moved
+    document.Root.Children[0].Matrix[12] = 5;
+    document.ResetRenderList();
+    document.IncRenderList();
+    EXPECT_EQ(VectorMatrix({1, 0, 0}, document.GetFrameMatrix()), (Vec3{12, 0, 0}));
+}
+
+TEST(Traversal, PathsLeadToFramesOrNowhere) {
+    FrameRecord root = named("r", {named("a"), named("b", {named("c")})});
+    const std::vector<std::int32_t> toC = {2, 1};
+    EXPECT_EQ(frameAt(root, toC)->Name, "c");
+    EXPECT_EQ(frameAt(root, {}), &root);
+    for (const std::vector<std::int32_t>& bad :
+         {std::vector<std::int32_t>{0}, {-1}, {3}, {1, 1}, {2, 1, 1}}) {
+        EXPECT_EQ(frameAt(root, bad), nullptr);
+    }
+}
+
+void addFace(MeshRecord& mesh, std::vector<Vec3> corners) {
+    for (const Vec3& corner : corners) {
+        mesh.Faces.pushCorner(static_cast<std::uint32_t>(mesh.Vertices.size()));
+        mesh.Vertices.push_back(corner);
+    }
+    mesh.Faces.closePolygon();
+}
+
+TEST(DerivedData, BoundsIgnoreAllButTheLastCornerOfTheFirstFace) {
+    ModelDocument document;
+    MeshRecord& mesh = document.Root.Mesh;
+    addFace(mesh, {{-9, -9, -9}, {9, 9, 9}, {1, 2, 3}});
+    document.computeDerivedData();
+    EXPECT_EQ(document.Root.BoundMin, (Vec3{1, 2, 3}));
+    EXPECT_EQ(document.Root.BoundMax, (Vec3{1, 2, 3}));
+    addFace(mesh, {{0, 3, 3}, {2, 2, 5}});
+    const std::uint32_t wild[] = {0xFFFFFFFFU, 5}; // leads nowhere, and to nothing beyond the end
+    mesh.Faces.push_back(wild);
+    document.computeDerivedData();
+    EXPECT_EQ(document.Root.BoundMin, (Vec3{0, 2, 3}));
+    EXPECT_EQ(document.Root.BoundMax, (Vec3{2, 3, 5}));
+}
+
+TEST(DerivedData, FaceNormalsAverageWhatTheirIndicesReach) {
+    ModelDocument document;
+    MeshRecord& mesh = document.Root.Mesh;
+    mesh.Normals = {{2, 0, 0}, {0, 2, 0}};
+    const std::uint32_t both[] = {0, 1, 77};
+    const std::uint32_t none[] = {77};
+    mesh.NormalFaces.push_back(both);
+    mesh.NormalFaces.push_back(none);
+    document.computeDerivedData();
+    document.computeDerivedData(); // the second time replaces the first
+    const float half = Normalize({1, 1, 0}).x;
+    EXPECT_EQ(mesh.FaceNormals, (std::vector<Vec3>{{half, half, 0}, {0, 0, 0}}));
+}
+
+TEST(DerivedData, NonfiledataTakesThePathFromTheCursor) {
+    ModelDocument document;
+    document.Root = named("r", {named("a"), named("b")});
+    document.ResetRenderList();
+    document.Nonfiledata(document.Root.Children[0]);
+    document.Nonfiledata(document.Root.Children[1]);
+    const std::vector<std::int32_t> second = {2};
+    EXPECT_EQ(document.Root.Children[1].Path, FramePath(second));
+    EXPECT_EQ(document.Root.Children[1].PathDepth, 1);
+}
+
+TEST(Selection, MarksTheFrameAndWhatIsBelow) {
+    ModelDocument document;
+    document.Root = named("r", {named("a", {named("b")}), named("c")});
+    const std::vector<std::int32_t> toA = {1};
+    const auto states = [&] {
+        std::vector<SelectState> all;
+        for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+            all.push_back(walk.frame().SelectState);
+        }
+        return all;
+    };
+    using enum SelectState;
+    document.markSelection(FramePath());
+    EXPECT_EQ(states(), (std::vector{Selected, Descendant, Descendant, Descendant}));
+    document.markSelection(FramePath(toA));
+    EXPECT_EQ(states(), (std::vector{Other, Selected, Descendant, Other}));
+}
+
+} // namespace
+} // namespace korvane
