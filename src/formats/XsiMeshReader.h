@@ -1,0 +1,35 @@
+#pragma once
+
+#include "formats/LineReader.h"
+#include "formats/XsiMaterialReader.h"
+#include "model/ModelDocument.h"
+
+namespace korvane {
+
+/// Reads the meshes of frames.
+class XsiMeshReader {
+  public:
+    XsiMeshReader(LineReader& lines, std::vector<MaterialRecord>& table);
+
+    /// Reads a mesh into the frame, up to and including its closing line; the current line is the
+    /// one that opens it. What an earlier mesh of the frame left in the lists stays before it.
+    void read(FrameRecord& frame);
+
+  private:
+    bool readGeometry(MeshRecord& mesh);
+    void makeRoom(PolygonList& polygons, std::int32_t announced);
+    bool readFaces(PolygonList& faces);
+    void readDirectXTexCoords(MeshRecord& mesh);
+    template <class Element>
+    bool readElements(std::vector<Element>& list);
+    bool readCorners(PolygonList& polygons, std::int32_t count);
+    bool readCornerLists(PolygonList& polygons);
+
+    LineReader& lines_;
+    XsiMaterialReader materials_;
+    /// How many more corners and polygons the copies of face lists may have in all, so that a text
+    /// that asks for the same copy over and over cannot fill the memory.
+    std::size_t copiesLeft_;
+};
+
+} // namespace korvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "model/ModelDocument.h"
+
+#include <QString>
+
+#include <span>
+
+namespace korvane {
+
+/// How the reading of a model file ended.
+enum class ReadStatus {
+    Done,       ///< the model is what the file held, up to the first number that is none
+    Missing,    ///< no file of that name; the document is untouched
+    CannotOpen, ///< the file is there but cannot be read
+    NotValid,   ///< the first 16 bytes are none of the headers
+};
+
+/// Reads a dotXSI or DirectX text file into a new document (empty root, empty table). On success
+/// NeverSaved and Modified are cleared and the derived data of all frames is computed. Text that
+/// follows the header never fails: reading ends where a number cannot be extracted, and everything
+/// completed by then is kept. Gives Done or NotValid; throws std::bad_alloc or std::length_error
+/// when the model does not fit into memory.
+ReadStatus readXsi(std::span<const char> bytes, ModelDocument& document);
+
+/// Opens and reads the file into a new document, gives it the flags and the FileName that follow
+/// from the outcome, and selects the root. A model that does not fit into memory counts as one that
+/// cannot be opened.
+ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document);
+
+/// The caption of the message box for a failure, whose text is the file name; empty where no
+/// message is shown.
+QString failureCaption(ReadStatus status, const QString& fileName);
+
+/// The extension of a file name with its dot, in upper case; empty if it has none.
+QString upperExtension(const QString& fileName);
+
+/// Whether the name ends in an extension that FileOpenXSI is for: ".XSI" or ".X" in any case.
+bool isTextModelName(const QString& fileName);
+
+} // namespace korvane

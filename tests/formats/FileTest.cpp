@@ -1,0 +1,162 @@
+#include "support/ModelText.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace korvane {
+namespace {
+
+/// A folder of its own for each test.
+class Files : public testing::Test {
+  protected:
+    [[nodiscard]] QString path(const char* name) const {
+        return folder_.filePath(QString::fromLatin1(name));
+    }
+    QString write(const char* name, const std::string& content) const {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content.data(), static_cast<qint64>(content.size()));
+        return path(name);
+    }
+    static std::string content(const QString& name) {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "(none)";
+    }
+    [[nodiscard]] qsizetype filesInFolder() const {
+        return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden | QDir::System).size();
+    }
+
+  private:
+    QTemporaryDir folder_;
+};
+
+TEST_F(Files, OpeningSetsTheFlagsAndNames) {
+    const QString good = write("good.x", "xof 0302txt 0064\nframe frm-a {\n frame b {\n }\n}\n");
+    const QString bad = write("bad.Xsi", "no model");
+    const QString empty = write("empty.x", "");
+    QDir().mkdir(path("folder.x"));
+    ASSERT_EQ(::mkfifo(qPrintable(path("pipe.x")), 0600), 0);
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path("device.x")));
+    const QString untitled = QStringLiteral("Untitled");
+    const struct {
+        QString file;
+        ReadStatus status;
+        QString caption;
+        QString fileName;
+        bool neverSaved;
+    } rows[] = {
+        {good, ReadStatus::Done, {}, good, false},
+        {path("missing.x"), ReadStatus::Missing, {}, path("missing.x"), true},
+        {bad, ReadStatus::NotValid, QStringLiteral("Not a valid .XSI file"), untitled, true},
+        {empty, ReadStatus::NotValid, QStringLiteral("Not a valid .X file"), untitled, true},
+        {path("folder.x"), ReadStatus::CannotOpen, QStringLiteral("Unable to open file"), untitled,
+         true},
+        {path("pipe.x"), ReadStatus::CannotOpen, QStringLiteral("Unable to open file"), untitled,
+         true},
+        {path("device.x"), ReadStatus::CannotOpen, QStringLiteral("Unable to open file"), untitled,
+         true},
+    };
+    for (const auto& row : rows) {
+        ModelDocument document;
+        EXPECT_EQ(FileOpenXSI(row.file, document), row.status) << qPrintable(row.file);
+        EXPECT_EQ(failureCaption(row.status, row.file), row.caption);
+        EXPECT_EQ(document.FileName, row.fileName);
+        EXPECT_EQ(document.NeverSaved, row.neverSaved);
+        EXPECT_EQ(document.Modified, row.neverSaved);
+        EXPECT_EQ(document.Root.SelectState, SelectState::Selected);
+        EXPECT_EQ(document.Root.Children.size(), row.neverSaved ? 0U : 1U);
+    }
+}
+
+TEST_F(Files, ExtensionsDecideInAnyCase) {
+    const struct {
+        const char* name;
+        const char* extension;
+        bool model;
+    } rows[] = {{"/a/b.xsi", ".XSI", true}, {"b.X", ".X", true},        {"b.msh", ".MSH", false},
+                {"/a.x/b", "", false},      {"a.x.txt", ".TXT", false}, {".x", ".X", true},
+                {"--a.x", ".X", true},      {"x", "", false},           {"", "", false}};
+    for (const auto& row : rows) {
+        const QString name = QString::fromLatin1(row.name);
+        EXPECT_EQ(upperExtension(name), QString::fromLatin1(row.extension));
+        EXPECT_EQ(isTextModelName(name), row.model) << row.name;
+    }
+}
+
+TEST_F(Files, SavingReplacesTheFileAndKeepsLinksAndPermissions) {
+    const QString target = write("target.xsi", "old");
+    const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
+    ASSERT_TRUE(QFile::setPermissions(target, permissions));
+    ASSERT_TRUE(QFile::link(QStringLiteral("target.xsi"), path("one.xsi")));
+    ASSERT_TRUE(QFile::link(path("one.xsi"), path("two.xsi")));
+    const ModelDocument document;
+    const std::string expected = test::writeText(document);
+    EXPECT_TRUE(SaveFileXSI(document, path("two.xsi")));
+    EXPECT_EQ(content(target), expected);
+    EXPECT_TRUE(QFileInfo(path("one.xsi")).isSymbolicLink());
+    EXPECT_TRUE(QFileInfo(path("two.xsi")).isSymbolicLink());
+    EXPECT_EQ(QFile::permissions(target) &
+                  (QFile::ReadOther | QFile::WriteOther | QFile::ReadGroup),
+              QFile::ReadOther);
+    EXPECT_TRUE(SaveFileXSI(document, path("new.xsi")));
+    EXPECT_EQ(content(path("new.xsi")), expected);
+    EXPECT_EQ(filesInFolder(), 4);
+}
+
+TEST_F(Files, AFailedSaveLeavesTheOldFile) {
+    const ModelDocument document;
+    EXPECT_FALSE(SaveFileXSI(document, path("no/such/folder.xsi")));
+    QDir().mkdir(path("folder.xsi"));
+    EXPECT_FALSE(SaveFileXSI(document, path("folder.xsi")));
+    ASSERT_TRUE(QFile::link(path("round.xsi"), path("round.xsi")));
+    EXPECT_FALSE(SaveFileXSI(document, path("round.xsi")));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), path("device.xsi")));
+    EXPECT_FALSE(SaveFileXSI(document, path("device.xsi")));
+    EXPECT_FALSE(QFileInfo(QStringLiteral("/dev/full")).isFile());
+}
+
+/// Lets no file of this process grow beyond a size, as a full disk would.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit = {bytes, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+  private:
+    rlimit before_{};
+};
+
+TEST_F(Files, ADiskThatRunsFullLeavesTheOldFile) {
+    const QString target = write("old.xsi", "old");
+    ModelDocument document;
+    document.Root.HasMesh = true;
+    document.Root.Mesh.Vertices.resize(100000);
+    {
+        const FileSizeLimit limit(10000);
+        EXPECT_FALSE(SaveFileXSI(document, target));
+    }
+    EXPECT_EQ(content(target), "old");
+    EXPECT_EQ(filesInFolder(), 1);
+    document.Root.Mesh.Vertices.resize(10); // fails only when the last bytes are flushed
+    {
+        const FileSizeLimit limit(100);
+        EXPECT_FALSE(SaveFileXSI(document, target));
+    }
+    EXPECT_EQ(content(target), "old");
+    EXPECT_EQ(filesInFolder(), 1);
+}
+
+} // namespace
+} // namespace korvane

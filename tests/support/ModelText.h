@@ -1,0 +1,43 @@
+#pragma once
+
+#include "formats/XsiReader.h"
+#include "formats/XsiWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+namespace korvane::test {
+
+inline constexpr std::string_view xsiHeader = "xsi 0101txt 0032\n";
+inline constexpr std::string_view directXHeader = "xof 0302txt 0032\n";
+
+/// Reads a whole text, header included, expecting that it is one of a model.
+inline ModelDocument readText(std::string_view text) {
+    ModelDocument document;
+    EXPECT_EQ(readXsi(text, document), ReadStatus::Done);
+    return document;
+}
+
+/// Reads the text of a dotXSI file behind its header.
+inline ModelDocument readXsiBody(std::string_view body) {
+    return readText(std::string(xsiHeader) + std::string(body));
+}
+
+/// Reads the lines of a mesh's body, the mesh standing in the top-level frame.
+inline ModelDocument readMeshBody(std::string_view body, std::string_view frame = "frame frm-a") {
+    return readXsiBody(std::string(frame) + " {\nmesh a {\n" + std::string(body) + "}\n}\n");
+}
+
+/// The bytes that saving the model gives.
+inline std::string writeText(const ModelDocument& document) {
+    std::string text;
+    EXPECT_TRUE(writeXsi(document, [&text](std::string_view piece) {
+        text += piece;
+        return true;
+    }));
+    return text;
+}
+
+} // namespace korvane::test
