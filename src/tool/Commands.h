@@ -1,0 +1,29 @@
+#pragma once
+
+#include "model/ModelDocument.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace korvane::tool {
+
+/// How a command ended, as the program's exit status.
+enum class ExitStatus { Done = 0, Refused = 1, Usage = 2 };
+
+/// A subcommand: gets the words behind its name, which may hold options of its own.
+using Command = ExitStatus (*)(const QStringList& words);
+
+ExitStatus info(const QStringList& words);
+ExitStatus convert(const QStringList& words);
+
+/// Prints "FILE: reason" on standard error.
+ExitStatus refuse(const QString& file, const QString& reason);
+
+/// Prints the reason and how to call the program on standard error.
+ExitStatus usage(const QString& reason);
+
+/// Reads a model as the editor's Open does. False, with the reason printed, when the file is
+/// missing, unreadable, not valid or of another kind.
+bool open(const QString& file, ModelDocument& document);
+
+} // namespace korvane::tool

@@ -1,0 +1,47 @@
+#include "tool/Commands.h"
+
+#include <QCoreApplication>
+
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+using namespace korvane::tool;
+
+constexpr std::array<std::pair<std::string_view, Command>, 2> commands = {{
+    {"info", info},
+    {"convert", convert},
+}};
+
+ExitStatus run(const QStringList& words) {
+    if (words.isEmpty()) {
+        return usage(QStringLiteral("no command given"));
+    }
+    const std::string name = words.first().toStdString();
+    for (const auto& [known, command] : commands) {
+        if (known == name) {
+            return command(words.mid(1));
+        }
+    }
+    return usage(QStringLiteral("unknown command \"%1\"").arg(words.first()));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        const QCoreApplication application(argc, argv);
+        ExitStatus status = run(QCoreApplication::arguments().mid(1));
+        if (std::fflush(stdout) != 0) {
+            status = refuse(QStringLiteral("standard output"), QStringLiteral("Unable to save"));
+        }
+        return static_cast<int>(status);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "korvane-tool: %s\n", error.what());
+        return static_cast<int>(ExitStatus::Refused);
+    }
+}
