@@ -6,6 +6,15 @@
 
 namespace korvane {
 
+namespace {
+
+/// The number of the group of children that belongs to a node, or to the top level for -1.
+std::size_t groupOf(std::int32_t parent) {
+    return static_cast<std::size_t>(std::int64_t{parent} + 1);
+}
+
+} // namespace
+
 StructureTree::StructureTree(ModelDocument& document) {
     for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
         FrameRecord& frame = walk.frame();
@@ -27,7 +36,7 @@ StructureTree::StructureTree(ModelDocument& document) {
 }
 
 std::span<const std::int32_t> StructureTree::children(std::int32_t node) const {
-    const auto group = static_cast<std::size_t>(node + 1);
+    const std::size_t group = groupOf(node);
     if (group + 1 >= childrenBegin_.size()) {
         return {};
     }
@@ -100,7 +109,7 @@ void StructureTree::addMaterialTable(const ModelDocument& document) {
 void StructureTree::linkChildren() {
     childrenBegin_.assign(nodes_.size() + 2, 0);
     for (StructureNode& node : nodes_) {
-        std::size_t& siblings = childrenBegin_[static_cast<std::size_t>(node.parent + 2)];
+        std::size_t& siblings = childrenBegin_[groupOf(node.parent) + 1];
         node.row = static_cast<std::int32_t>(siblings++);
     }
     for (std::size_t group = 1; group < childrenBegin_.size(); ++group) {
@@ -108,7 +117,7 @@ void StructureTree::linkChildren() {
     }
     children_.resize(nodes_.size());
     for (std::size_t i = 0; i < nodes_.size(); ++i) {
-        const auto group = static_cast<std::size_t>(nodes_[i].parent + 1);
+        const std::size_t group = groupOf(nodes_[i].parent);
         children_[childrenBegin_[group] + static_cast<std::size_t>(nodes_[i].row)] =
             static_cast<std::int32_t>(i);
     }

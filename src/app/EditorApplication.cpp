@@ -1,0 +1,30 @@
+#include "app/EditorApplication.h"
+
+#include <QMessageBox>
+#include <QProcess>
+#include <QSettings>
+
+#include <exception>
+
+namespace korvane {
+
+EditorApplication::EditorApplication(int& argc, char** argv) : QApplication(argc, argv) {
+    setApplicationName(QStringLiteral("Korvane II Model Editor"));
+    // The file and colour dialogs keep their last folders, sizes and colours in a settings file of
+    // their own accord; a place where no file can be keeps them from it.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QProcess::nullDevice());
+}
+
+bool EditorApplication::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+        // Only memory that ran out gets here. By now what asked for it is gone and most of it is
+        // free again, so that the user can be told and can save.
+        QMessageBox::critical(activeWindow(), applicationName(),
+                              QStringLiteral("There is not enough memory for this command."));
+    }
+    return true;
+}
+
+} // namespace korvane

@@ -1,0 +1,306 @@
+#include "model/TMDIChild.h"
+
+#include "formats/XsiReader.h"
+#include "formats/XsiWriter.h"
+#include "model/ModelCounts.h"
+#include "ui_TMDIChild.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QStyle>
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+void fillPanel(QWidget& panel, Qt::GlobalColor color) {
+    QPalette palette = panel.palette();
+    palette.setColor(QPalette::Window, color);
+    panel.setPalette(palette);
+    panel.setAutoFillBackground(true);
+}
+
+/// A message box in the way of this window: the file name is the text, the message is the title.
+QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectName,
+                                        QMessageBox::Icon icon, const QString& title,
+                                        const QString& fileName,
+                                        QMessageBox::StandardButtons buttons) {
+    QMessageBox box(icon, title, fileName, buttons, &window);
+    box.setObjectName(objectName);
+    box.setTextFormat(Qt::PlainText);
+    // what is the matter stands in the title: make the box wide enough for it and its buttons
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        constexpr int titleButtons = 140;
+        const int width = box.fontMetrics().horizontalAdvance(title) * 5 / 4 + titleButtons;
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+} // namespace
+
+TMDIChild::TMDIChild(QWidget* parent)
+    : QMdiSubWindow(parent), ui_(std::make_unique<Ui::TMDIChild>()), model_(std::in_place) {
+    setObjectName(QStringLiteral("MDIChild"));
+    setAccessibleName(QStringLiteral("Model window"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* content = new QWidget(this);
+    ui_->setupUi(content);
+    setWidget(content);
+    setWindowTitle(QStringLiteral("MDI Child"));
+    setWindowIcon(style()->standardIcon(QStyle::SP_FileIcon));
+    resize(520, 311);
+
+    fillPanel(*ui_->Panel1, Qt::black);
+    fillPanel(*ui_->Panel5, Qt::white);
+    fillPanel(*ui_->Panel6, Qt::white);
+    fillPanel(*ui_->Panel7, Qt::white);
+    ui_->Panel3->installEventFilter(this);
+    connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
+
+    ui_->TreeView1->setModel(&structure_);
+    connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &TMDIChild::ChildSelectedChange);
+    connect(ui_->TreeView1, &QTreeView::expanded, this, &TMDIChild::fitTreeColumn);
+    connect(ui_->TreeView1, &QTreeView::collapsed, this, &TMDIChild::fitTreeColumn);
+    fitPages();
+    rebuildTree();
+}
+
+TMDIChild::~TMDIChild() {
+    // the view is a child widget and outlives the structure
+    ui_->TreeView1->setModel(nullptr);
+}
+
+void TMDIChild::create(const QString& name) {
+    model_->FileName = name;
+    setCaption();
+    ui_->TreeView1->setFocus();
+    if (isTextModelName(name)) {
+        FileOpenXSI(name);
+    }
+}
+
+void TMDIChild::FileOpenXSI(const QString& fileName) {
+    const ReadStatus status = korvane::FileOpenXSI(fileName, *model_);
+    rebuildTree();
+    selectRoot();
+    const QString failure = failureCaption(status, fileName);
+    if (!failure.isEmpty()) {
+        showMessage(*this, QStringLiteral("ReadFailure"), QMessageBox::Critical, failure, fileName,
+                    QMessageBox::Ok);
+    }
+    setCaption();
+    if (status == ReadStatus::Done) {
+        readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
+    }
+}
+
+void TMDIChild::FileSaveExecute() {
+    if (model_->NeverSaved) {
+        FileSaveAsExecute();
+        return;
+    }
+    SaveFileXSI();
+    // clean from here on whatever became of the writing, by design also for the kinds of files that
+    // are never written
+    model_->Modified = false;
+}
+
+void TMDIChild::FileSaveAsExecute() {
+    QFileDialog dialog(this);
+    dialog.setObjectName(QStringLiteral("SaveDialog1"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setSizeGripEnabled(true);
+    dialog.setDefaultSuffix(QStringLiteral("xsi"));
+    dialog.setNameFilters({QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
+                           QStringLiteral("X file (*.x)")});
+    if (model_->FileName.contains(u'/')) {
+        dialog.setDirectory(QFileInfo(model_->FileName).path());
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return;
+    }
+    model_->FileName = dialog.selectedFiles().constFirst();
+    setCaption();
+    SaveFileXSI();
+    model_->NeverSaved = false;
+    model_->Modified = false;
+}
+
+void TMDIChild::SaveFileXSI() {
+    const QString& fileName = model_->FileName;
+    if (upperExtension(fileName) != QStringLiteral(".XSI")) {
+        return;
+    }
+    if (!korvane::SaveFileXSI(*model_, fileName)) {
+        showMessage(*this, QStringLiteral("SaveFailure"), QMessageBox::Critical,
+                    QString::fromLatin1(saveFailureCaption), fileName, QMessageBox::Ok);
+    }
+}
+
+bool TMDIChild::FormCanClose() {
+    if (!needsCloseQuestion()) {
+        return true;
+    }
+    const QMessageBox::StandardButton answer =
+        showMessage(*this, QStringLiteral("CloseQuestion"), QMessageBox::Question,
+                    QStringLiteral("File is not saved.  Save?"), model_->FileName,
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (answer == QMessageBox::Yes) {
+        FileSaveExecute(); // a Save As cancelled in there does not keep the window open
+    }
+    return answer != QMessageBox::Cancel;
+}
+
+void TMDIChild::closeUnasked() {
+    closeAgreed_ = true;
+    close();
+}
+
+void TMDIChild::closeEvent(QCloseEvent* event) {
+    if (!closeAgreed_ && !FormCanClose()) {
+        event->ignore();
+        return;
+    }
+    FormClose();
+    QMdiSubWindow::closeEvent(event);
+}
+
+void TMDIChild::FormClose() {
+    model_.reset();
+}
+
+bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui_->Panel3 && event->type() == QEvent::Resize) {
+        FormResize();
+    }
+    return QMdiSubWindow::eventFilter(watched, event);
+}
+
+void TMDIChild::FormResize() {
+    if (!model_) {
+        return;
+    }
+    const int width = ui_->Panel3->width();
+    const int height = ui_->Panel3->height();
+    if (!ui_->TwoDVisibleBox->isChecked()) {
+        ui_->Panel1->setGeometry(0, 0, width, height);
+        return;
+    }
+    const QSize half(width / 2, height / 2); // all the same size: an odd pixel stays uncovered
+    ui_->Panel5->setGeometry({QPoint(0, 0), half});
+    ui_->Panel1->setGeometry({QPoint(half.width(), 0), half});
+    ui_->Panel6->setGeometry({QPoint(0, half.height()), half});
+    ui_->Panel7->setGeometry({QPoint(half.width(), half.height()), half});
+}
+
+void TMDIChild::TwoDVisibleExecute() {
+    const bool visible = ui_->TwoDVisibleBox->isChecked();
+    for (QWidget* panel : {ui_->Panel5, ui_->Panel6, ui_->Panel7}) {
+        panel->setVisible(visible);
+    }
+    FormResize();
+}
+
+void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
+    if (!model_ || filling_) {
+        return;
+    }
+    const std::optional<FramePath> oldFrame = model_->Selected.Frame;
+    const QModelIndexList indexes = selected.indexes();
+    model_->Selected =
+        indexes.isEmpty()
+            ? NodeData()
+            : structure_.tree().nodeData(StructureTreeModel::nodeOf(indexes.constFirst()));
+    model_->SelectionCopy = model_->Selected;
+    showSelectedButtons();
+    if (model_->Selected.Frame && model_->Selected.Frame != oldFrame) {
+        model_->markSelection(*model_->Selected.Frame);
+    }
+}
+
+void TMDIChild::showSelectedButtons() {
+    const NodeData& node = model_->Selected;
+    ui_->EditButton->setEnabled(node.CanEdit);
+    ui_->AddButton->setEnabled(node.CanAdd);
+    ui_->DeleteButton->setEnabled(node.CanDelete);
+    ui_->RenameButton->setEnabled(node.Frame.has_value());
+    if (!node.AddByKind) {
+        ui_->AddButton->setText(QStringLiteral("Add"));
+        return;
+    }
+    switch (node.NodeKind) {
+    case NodeKind::Frame:
+        ui_->AddButton->setText(QStringLiteral("Add Frame"));
+        break;
+    case NodeKind::MeshMaterialList:
+    case NodeKind::MaterialSlot:
+    case NodeKind::MaterialTable:
+    case NodeKind::TableMaterial:
+        ui_->AddButton->setText(QStringLiteral("Add Material"));
+        break;
+    case NodeKind::None:
+    case NodeKind::Mesh:
+    case NodeKind::MeshNormals:
+        break; // keeps the caption it had
+    }
+}
+
+void TMDIChild::setCaption() {
+    // window titles take "[*]" as the place of a mark for unsaved changes, unless it is doubled
+    setWindowTitle(
+        QString(model_->FileName).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+void TMDIChild::rebuildTree() {
+    structure_.setTree(StructureTree(*model_));
+    fitTreeColumn();
+}
+
+void TMDIChild::fitTreeColumn() {
+    // the column fills the view, so that the selection does, but never cuts a text off: deep trees
+    // scroll sideways; only the rows in sight are measured
+    const QAbstractItemView& tree = *ui_->TreeView1;
+    ui_->TreeView1->header()->setMinimumSectionSize(tree.sizeHintForColumn(0));
+}
+
+void TMDIChild::fitPages() {
+    // as narrow as designed unless the font is too wide for the captions
+    constexpr int designedWidth = 178;
+    constexpr int captionMargin = 10;
+    const std::pair<QPushButton*, QString> widest[] = {
+        {ui_->EditButton, ui_->EditButton->text()},
+        {ui_->RenameButton, ui_->RenameButton->text()},
+        {ui_->DeleteButton, ui_->DeleteButton->text()},
+        {ui_->AddButton, QStringLiteral("Add Material")}};
+    for (const auto& [button, caption] : widest) {
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + captionMargin);
+    }
+    const int width = std::max(designedWidth, ui_->PageControl1->minimumSizeHint().width());
+    ui_->PageControl1->setMinimumWidth(width);
+    ui_->Splitter2->setSizes({width, 1});
+    ui_->Splitter2->setStretchFactor(1, 1);
+}
+
+void TMDIChild::selectRoot() {
+    const QModelIndex root = structure_.indexOf(0);
+    filling_ = true;
+    ui_->TreeView1->setCurrentIndex(root);
+    filling_ = false;
+    ui_->TreeView1->expand(root);
+    // the document marks its frames itself when it is read: only the window has to follow
+    model_->Selected = structure_.tree().nodeData(0);
+    model_->SelectionCopy = model_->Selected;
+    showSelectedButtons();
+}
+
+} // namespace korvane

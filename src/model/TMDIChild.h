@@ -1,0 +1,76 @@
+#pragma once
+
+#include "model/ModelDocument.h"
+#include "model/StructureTreeModel.h"
+
+#include <QMdiSubWindow>
+
+#include <memory>
+#include <optional>
+
+class QItemSelection;
+
+namespace korvane {
+
+namespace Ui {
+class TMDIChild;
+}
+
+/// A document window: owns one model for as long as it is open and shows its structure, the tools
+/// and the four drawing areas.
+class TMDIChild : public QMdiSubWindow {
+    Q_OBJECT
+  public:
+    /// A window with an empty model that was never saved.
+    explicit TMDIChild(QWidget* parent = nullptr);
+    ~TMDIChild() override;
+
+    /// Gives a window just constructed its name, and reads the file of that name if it is that of a
+    /// text model. Failures are shown to the user and leave the model empty.
+    void create(const QString& name);
+
+    /// The model; null once the window has been closed.
+    [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
+    [[nodiscard]] const ModelDocument* document() const { return model_ ? &*model_ : nullptr; }
+    /// How much was read from the file, for the status bar; empty if nothing was.
+    [[nodiscard]] const QString& readSummary() const { return readSummary_; }
+
+    void FileSaveExecute();
+    void FileSaveAsExecute();
+
+    /// Whether FormCanClose would ask the user.
+    [[nodiscard]] bool needsCloseQuestion() const { return model_ && model_->Modified; }
+    /// Asks what to do about changes that are not saved; false if the user wants to keep the
+    /// window.
+    bool FormCanClose();
+    /// Closes the window for a caller that has already asked FormCanClose.
+    void closeUnasked();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void FormClose();
+    void FormResize();
+    void ChildSelectedChange(const QItemSelection& selected);
+    void TwoDVisibleExecute();
+
+    void FileOpenXSI(const QString& fileName);
+    void SaveFileXSI();
+    void setCaption();
+    void rebuildTree();
+    void fitTreeColumn();
+    void fitPages();
+    void selectRoot();
+    void showSelectedButtons();
+
+    std::unique_ptr<Ui::TMDIChild> ui_;
+    std::optional<ModelDocument> model_;
+    StructureTreeModel structure_;
+    QString readSummary_;
+    bool filling_ = false; ///< the selection is set to show the model, not by the user
+    bool closeAgreed_ = false;
+};
+
+} // namespace korvane

@@ -1,0 +1,118 @@
+#include "support/GuiTest.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+
+namespace korvane::test {
+
+void settle() {
+    QEventLoop loop;
+    QTimer::singleShot(30, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+GuiTest::GuiTest() {
+    QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { handleModalWindow(); });
+    poll_.start(10);
+}
+
+GuiTest::~GuiTest() {
+    EXPECT_TRUE(allAnswered()) << answers_.size() << " expected modal windows did not come up";
+}
+
+void GuiTest::handleModalWindow() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || modal == handled_ || !modal->isVisible()) {
+        return;
+    }
+    handled_ = modal;
+    QObject::connect(modal, &QObject::destroyed, &poll_, [this] { handled_ = nullptr; });
+    if (answers_.empty()) {
+        ADD_FAILURE() << "unexpected window " << modal->windowTitle().toStdString();
+        modal->close();
+        return;
+    }
+    const auto handler = std::move(answers_.front());
+    answers_.pop_front();
+    handler(*modal);
+}
+
+void GuiTest::answer(std::function<void(QWidget&)> handler) {
+    answers_.push_back(std::move(handler));
+}
+
+void GuiTest::answerBox(const QString& name, const QString& text, const QString& title, int buttons,
+                        int reply) {
+    answer([=](QWidget& window) {
+        auto* box = qobject_cast<QMessageBox*>(&window);
+        if (box == nullptr) {
+            ADD_FAILURE() << "no message box but " << window.windowTitle().toStdString();
+            window.close();
+            return;
+        }
+        EXPECT_EQ(box->objectName(), name);
+        EXPECT_EQ(box->text(), text);
+        EXPECT_EQ(box->windowTitle(), title);
+        EXPECT_EQ(static_cast<int>(box->standardButtons()), buttons);
+        box->done(reply);
+    });
+}
+
+void GuiTest::answerCloseQuestion(const QString& fileName, int reply) {
+    answerBox(QStringLiteral("CloseQuestion"), fileName,
+              QStringLiteral("File is not saved.  Save?"),
+              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, reply);
+}
+
+void GuiTest::answerFileDialog(const QString& name, const QString& path) {
+    answer([=](QWidget& window) {
+        auto* dialog = qobject_cast<QFileDialog*>(&window);
+        if (dialog == nullptr) {
+            ADD_FAILURE() << "no file dialog but " << window.windowTitle().toStdString();
+            window.close();
+            return;
+        }
+        EXPECT_EQ(dialog->objectName(), name);
+        if (path.isEmpty()) {
+            dialog->reject();
+            return;
+        }
+        child<QLineEdit>(*dialog, "fileNameEdit").setText(path);
+        static_cast<QDialog*>(dialog)->accept();
+    });
+}
+
+QString GuiTest::path(const char* name) const {
+    return folder_.filePath(QString::fromLatin1(name));
+}
+
+QString GuiTest::file(const char* name, const std::string& text) const {
+    QFile written(path(name));
+    EXPECT_TRUE(written.open(QIODevice::WriteOnly));
+    written.write(QByteArray::fromStdString(text));
+    return written.fileName();
+}
+
+std::string smallModel() {
+    const auto material = [](const char* color) {
+        return std::string("SI_Material {\n") + color +
+               ";1;;\n200;\n0.5;0.5;0.5;;\n0;0;0;;\n2;\n0;0;0;;\n}\n";
+    };
+    return "xsi 0101txt 0032\n\n"
+           "Frame frm-body {\n"
+           "FrameTransformMatrix {\n1,0,0,0,\n0,1,0,0,\n0,0,1,0,\n0,0,0,1;;\n}\n"
+           "Mesh body {\n4;\n0;0;0;,\n1;0;0;,\n1;1;0;,\n0;1;0;;\n2;\n3;0,1,2;,\n3;0,2,3;;\n"
+           "MeshMaterialList {\n2;\n2;\n0,\n1;\n" +
+           material("1;0;0") + material("0;1;0") +
+           "}\n"
+           "SI_MeshNormals {\n1;\n0;0;1;;\n2;\n0;3;0,0,0;,\n1;3;0,0,0;;\n}\n"
+           "}\n"
+           "Frame frm-wing {\nFrame frm-tip {\n}\n}\n"
+           "}\n";
+}
+
+} // namespace korvane::test

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << text.toStdString();
+}
+QT_END_NAMESPACE
+
+namespace korvane::test {
+
+/// Lets the event loop run until it has waited, so that posted events and update handlers have run.
+void settle();
+
+/// The one child of that class and object name; fails the test and ends it where there is none.
+template <class T>
+T& child(const QObject& in, const char* name) {
+    T* found = in.findChild<T*>(QString::fromLatin1(name));
+    if (found == nullptr) {
+        throw std::runtime_error(std::string("no control named ") + name);
+    }
+    return *found;
+}
+
+/// A test with windows: a folder for its files, and answers to the modal windows that come up.
+class GuiTest : public ::testing::Test {
+  protected:
+    GuiTest();
+    ~GuiTest() override;
+
+    /// The next modal window is given to the handler, which has to close it. Answers are used in
+    /// order; a window that comes up without one is a failure and is dismissed.
+    void answer(std::function<void(QWidget&)> handler);
+    /// Answers the next message box, expecting its name, text, title and buttons.
+    void answerBox(const QString& name, const QString& text, const QString& title, int buttons,
+                   int answer);
+    /// The close question for the model.
+    void answerCloseQuestion(const QString& fileName, int answer);
+    /// Answers the next file dialog with the path, or cancels it if that is empty.
+    void answerFileDialog(const QString& name, const QString& path);
+    /// Whether every answer has been asked for.
+    [[nodiscard]] bool allAnswered() const { return answers_.empty(); }
+
+    /// The path of a file in the test's folder.
+    [[nodiscard]] QString path(const char* name) const;
+    /// Writes a file into the test's folder and gives its path.
+    [[nodiscard]] QString file(const char* name, const std::string& text) const;
+
+  private:
+    void handleModalWindow();
+
+    QTemporaryDir folder_;
+    std::deque<std::function<void(QWidget&)>> answers_;
+    QTimer poll_;
+    QWidget* handled_ = nullptr;
+};
+
+/// A model of three frames: "body" with a mesh of two triangles, two material slots and normals,
+/// and "wing" and "tip" one below the other without any.
+std::string smallModel();
+
+} // namespace korvane::test
