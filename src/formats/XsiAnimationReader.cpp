@@ -28,13 +28,18 @@ void XsiAnimationReader::readSection() {
         if (lines_.holds("animation")) {
             readAnimation();
         }
-        if (lines_.holds('{')) {
-            lines_.skipBlock();
-            lines_.next();
-        }
+        skipUnknownBlock();
         if (lines_.holds('}')) {
             return;
         }
+    }
+}
+
+/// Skips the block that the current line opens, if it does, and goes on to the line behind it.
+void XsiAnimationReader::skipUnknownBlock() {
+    if (lines_.holds('{')) {
+        lines_.skipBlock();
+        lines_.next();
     }
 }
 
@@ -47,10 +52,7 @@ void XsiAnimationReader::readAnimation() {
         if (lines_.holds("animationkey")) {
             readKeys();
         }
-        if (lines_.holds('{')) {
-            lines_.skipBlock();
-            lines_.next();
-        }
+        skipUnknownBlock();
         if (lines_.holds('}')) {
             lines_.blankClosingBrace();
             return;

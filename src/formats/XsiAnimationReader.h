@@ -20,6 +20,7 @@ class XsiAnimationReader {
     void readSection();
 
   private:
+    void skipUnknownBlock();
     void readAnimation();
     void chooseTarget();
     void readKeys();
