@@ -1,7 +1,5 @@
 #include "formats/LineReader.h"
 
-#include <algorithm>
-
 namespace korvane {
 
 bool LineReader::next() {
@@ -42,10 +40,14 @@ void LineReader::count(std::string_view line, int& depth) {
 }
 
 void LineReader::fold(std::string_view line) {
-    line_.resize(line.size());
-    std::transform(line.begin(), line.end(), line_.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
+    line_ = line;
+    foldCase(line_);
+}
+
+void foldCase(std::string& text) {
+    for (char& c : text) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
 }
 
 } // namespace korvane

@@ -7,12 +7,15 @@
 
 namespace korvane {
 
+/// Turns the letters A to Z into small ones, and nothing else.
+void foldCase(std::string& text);
+
 /// The line-wise side of model reading: one buffer with the current line, folded to lower case,
 /// which the readers of all block kinds test for keywords in turn. Numbers are extracted from the
 /// scanner, right behind the current line. At the end of the text the buffer is empty.
 class LineReader {
   public:
-    explicit LineReader(std::span<const char> bytes) : scanner_(bytes) {}
+    explicit LineReader(const TextScanner& text) : scanner_(text) {}
 
     [[nodiscard]] TextScanner& numbers() { return scanner_; }
 

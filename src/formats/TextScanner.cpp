@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <limits>
 #include <system_error>
 
@@ -10,12 +9,10 @@ namespace korvane {
 
 namespace {
 
-bool isSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
+/// Steps over a plus sign, which may stand before a digit or a point but not before a minus.
+const char* afterPlus(const char* next, const char* end) {
+    const bool plus = next != end && *next == '+' && next + 1 != end && next[1] != '-';
+    return plus ? next + 1 : next;
 }
 
 /// The value of a number text that std::from_chars found to be out of range: 0 with its sign when
@@ -34,15 +31,47 @@ std::optional<float> outOfRangeValue(std::string_view text) {
         }
     }
     // the power of ten of the first digit that is not 0 decides: no such number is near 1
-    std::int64_t power = exponent;
     const std::string_view digits = text.substr(0, exponentMark);
     const std::size_t point = std::min(digits.find('.'), digits.size());
     const std::size_t first = digits.find_first_of("123456789");
-    power += static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+    const std::int64_t power =
+        exponent + static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
     if (power > 0) {
         return std::nullopt;
     }
     return negative ? -0.0F : 0.0F;
+}
+
+/// The position behind the number, or null.
+const char* parse(const char* next, const char* end, std::int32_t& value) {
+    const auto [stop, error] = std::from_chars(afterPlus(next, end), end, value);
+    return error == std::errc() ? stop : nullptr;
+}
+
+const char* parse(const char* next, const char* end, float& value) {
+    const char* begin = afterPlus(next, end);
+    const char* digits = begin < end && *begin == '-' ? begin + 1 : begin;
+    if (digits == end || !(isDigit(*digits) || *digits == '.')) {
+        return nullptr; // keeps "inf" and "nan" out
+    }
+    float parsed = 0.0F;
+    const auto [stop, error] = std::from_chars(begin, end, parsed);
+    if (error == std::errc::invalid_argument) {
+        return nullptr;
+    }
+    if (stop < end && (*stop == 'e' || *stop == 'E') &&
+        std::string_view(begin, stop).find_first_of("eE") == std::string_view::npos) {
+        return nullptr; // an exponent that was begun and has no digits
+    }
+    if (error == std::errc::result_out_of_range) {
+        const auto inRange = outOfRangeValue({begin, stop});
+        if (!inRange) {
+            return nullptr;
+        }
+        parsed = *inRange;
+    }
+    value = parsed;
+    return stop;
 }
 
 } // namespace
@@ -51,92 +80,88 @@ std::optional<std::string_view> TextScanner::line() {
     if (ended()) {
         return std::nullopt;
     }
-    const char* begin = next_;
-    const auto* lineEnd = static_cast<const char*>(std::memchr(begin, '\n', remaining()));
-    if (lineEnd == nullptr) {
+    auto line = find('\n');
+    if (!line) {
+        // the last line has no end
+        line = std::string_view(next_, inSight());
         next_ = end_;
-        return std::string_view(begin, static_cast<std::size_t>(end_ - begin));
+    } else if (line->ends_with('\r')) {
+        line->remove_suffix(1);
     }
-    next_ = lineEnd + 1;
-    if (lineEnd > begin && lineEnd[-1] == '\r') {
-        --lineEnd;
-    }
-    return std::string_view(begin, static_cast<std::size_t>(lineEnd - begin));
+    return line;
 }
 
 std::optional<std::string_view> TextScanner::until(char mark) {
-    const char* begin = next_;
-    const void* found = ended() ? nullptr : std::memchr(begin, mark, remaining());
-    if (found == nullptr) {
-        next_ = end_;
-        return std::nullopt;
+    const auto text = find(mark);
+    if (!text) {
+        fail();
     }
-    const auto* at = static_cast<const char*>(found);
-    next_ = at + 1;
-    return std::string_view(begin, static_cast<std::size_t>(at - begin));
+    return text;
 }
 
-bool TextScanner::separator() {
-    skipSpace();
-    if (ended()) {
+/// As until(), but leaves everything in sight where there is no mark.
+std::optional<std::string_view> TextScanner::find(char mark) {
+    std::size_t searched = 0;
+    do {
+        const char* found = std::find(next_ + searched, end_, mark);
+        if (found != end_) {
+            const std::string_view text(next_, found);
+            next_ = found + 1;
+            return text;
+        }
+        searched = inSight();
+    } while (more());
+    return std::nullopt;
+}
+
+std::string_view TextScanner::take(std::size_t count) {
+    while (inSight() < count && more()) {
+    }
+    const std::string_view text(next_, std::min(count, inSight()));
+    next_ += text.size();
+    return text;
+}
+
+/// The general case of number extraction.
+template <class Number>
+const char* TextScanner::exactNumber(Number& value) {
+    showWholeNumber();
+    return parse(next_, end_, value);
+}
+
+template const char* TextScanner::exactNumber(std::int32_t& value);
+template const char* TextScanner::exactNumber(float& value);
+
+/// Brings so much into sight that no number that begins here is cut off.
+void TextScanner::showWholeNumber() {
+    std::size_t length = 0;
+    do {
+        const auto* stop = std::find_if_not(next_ + length, end_, [](char c) {
+            return isDigit(c) || c == '.' || c == '-' || c == '+' || c == 'e' || c == 'E';
+        });
+        if (stop != end_) {
+            return;
+        }
+        length = inSight();
+    } while (more());
+}
+
+bool TextScanner::more() {
+    if (window_ == nullptr || window_->atEnd()) {
         return false;
     }
-    ++next_;
-    return true;
+    const std::size_t before = inSight();
+    const auto shown = window_->moreThan({next_, before});
+    next_ = shown.data();
+    end_ = shown.data() + shown.size();
+    return inSight() > before;
 }
 
-bool TextScanner::integer(std::int32_t& value) {
-    skipSpace();
-    const auto [stop, error] = std::from_chars(afterPlus(), end_, value);
-    if (error != std::errc()) {
-        return fail();
-    }
-    next_ = stop;
-    return true;
-}
-
-bool TextScanner::real(float& value) {
-    skipSpace();
-    const char* begin = afterPlus();
-    const char* digits = begin < end_ && *begin == '-' ? begin + 1 : begin;
-    if (digits == end_ || !(isDigit(*digits) || *digits == '.')) {
-        return fail(); // keeps "inf" and "nan" out
-    }
-    float parsed = 0.0F;
-    const auto [stop, error] = std::from_chars(begin, end_, parsed);
-    if (error == std::errc::invalid_argument) {
-        return fail();
-    }
-    if (stop < end_ && (*stop == 'e' || *stop == 'E') &&
-        std::string_view(begin, stop).find_first_of("eE") == std::string_view::npos) {
-        return fail(); // an exponent that was begun and has no digits
-    }
-    if (error == std::errc::result_out_of_range) {
-        const auto inRange = outOfRangeValue({begin, stop});
-        if (!inRange) {
-            return fail();
-        }
-        parsed = *inRange;
-    }
-    value = parsed;
-    next_ = stop;
-    return true;
-}
-
-void TextScanner::skipSpace() {
-    while (next_ != end_ && isSpace(*next_)) {
-        ++next_;
-    }
-}
-
-const char* TextScanner::afterPlus() const {
-    const bool plus = next_ != end_ && *next_ == '+' && next_ + 1 != end_ && next_[1] != '-';
-    return plus ? next_ + 1 : next_;
-}
-
-bool TextScanner::fail() {
+void TextScanner::fail() {
     next_ = end_;
-    return false;
+    if (window_ != nullptr) {
+        window_->close();
+    }
 }
 
 } // namespace korvane

@@ -1,52 +1,118 @@
 #pragma once
 
+#include "formats/NumberText.h"
+#include "formats/TextWindow.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <span>
 #include <string_view>
 
 namespace korvane {
 
-/// Reads lines, numbers and single characters from the bytes of a text, with the results that
-/// formatted stream extraction in the classic locale would give: numbers and characters skip the
-/// white space before them, a number is the longest text that could be one, and the first
-/// extraction that fails ends the text, so that all later ones fail too. (Unlike a stream a line
-/// may be of any length, and CR LF counts as one line end.)
+/// Reads lines, numbers and single characters from a text, with the results that formatted stream
+/// extraction in the classic locale would give: numbers and characters skip the white space before
+/// them, a number is the longest text that could be one, and the first extraction that fails ends
+/// the text, so that all later ones fail too. (Unlike a stream a line may be of any length, and
+/// CR LF counts as one line end.)
 class TextScanner {
   public:
+    /// Scans bytes in memory, which must outlive the scanner.
     explicit TextScanner(std::span<const char> bytes)
         : next_(bytes.data()), end_(bytes.data() + bytes.size()) {}
+    /// Scans what passes by in a window, which must outlive the scanner and serve no other. Of
+    /// several copies of a scanner only the one that went furthest can go on.
+    explicit TextScanner(TextWindow& window) : window_(&window) {}
 
     /// Whether nothing is left, or an extraction failed.
-    [[nodiscard]] bool ended() const { return next_ == end_; }
+    [[nodiscard]] bool ended() { return next_ == end_ && !more(); }
     /// How many bytes are left: no list that follows can have more elements.
-    [[nodiscard]] std::size_t remaining() const { return static_cast<std::size_t>(end_ - next_); }
+    [[nodiscard]] std::size_t remaining() const {
+        return inSight() + (window_ != nullptr ? window_->unread() : 0);
+    }
 
-    /// Up to the next line end, which is consumed and not returned; nothing at the end.
+    /// Up to the next line end, which is consumed and not returned; nothing at the end. Valid until
+    /// the next call, as is what until() gives.
     std::optional<std::string_view> line();
     /// Up to the next `mark`, which is consumed and not returned; nothing (and the end of the text)
     /// when there is none.
     std::optional<std::string_view> until(char mark);
 
+    /// Consumes and gives the next `count` bytes, or as many as there are. Valid as above.
+    std::string_view take(std::size_t count);
+
     /// Consumes one character, whatever it is; false at the end of the text.
-    bool separator();
+    bool separator() {
+        skipSpace();
+        if (next_ == end_) {
+            return false;
+        }
+        ++next_;
+        return true;
+    }
     /// Extracts a decimal integer. False, and the end of the text, when there is none or 32 bits do
     /// not hold it; `value` is then unchanged.
-    bool integer(std::int32_t& value);
+    bool integer(std::int32_t& value) {
+        skipSpace();
+        const char* stop = reach() ? quickInteger(next_, value) : nullptr;
+        return goOn(stop != nullptr ? stop : exactNumber(value));
+    }
     /// Extracts a decimal number, rounded to the nearest float; tiny ones become 0 or a subnormal.
     /// False, and the end of the text, when there is none or it is too large for a float; `value`
     /// is then unchanged. "inf", "nan" and hexadecimal notation are no numbers.
-    bool real(float& value);
+    bool real(float& value) {
+        skipSpace();
+        const char* stop = reach() ? quickReal(next_, value) : nullptr;
+        return goOn(stop != nullptr ? stop : exactNumber(value));
+    }
 
   private:
-    void skipSpace();
-    /// Steps over a plus sign that a digit or, in reals, a point follows.
-    [[nodiscard]] const char* afterPlus() const;
-    bool fail();
+    [[nodiscard]] std::size_t inSight() const { return static_cast<std::size_t>(end_ - next_); }
+    /// Whether the quick parsers can look ahead as far as they need.
+    [[nodiscard]] bool reach() {
+        return inSight() >= quickNumberReach || (more() && inSight() >= quickNumberReach);
+    }
 
-    const char* next_;
-    const char* end_;
+    void skipSpace() {
+        do {
+            while (next_ != end_ && (*next_ == ' ' || (*next_ >= '\t' && *next_ <= '\r'))) {
+                skipBlanks();
+                ++next_;
+            }
+        } while (next_ == end_ && more());
+    }
+    /// Skips most of a run of blanks, by which lists are indented, leaving one at least.
+    void skipBlanks() {
+        constexpr std::uint64_t eightBlanks = 0x2020202020202020U;
+        std::uint64_t word = 0;
+        while (inSight() > 8 && (std::memcpy(&word, next_, 8), word == eightBlanks)) {
+            next_ += 7;
+        }
+    }
+
+    /// Goes on behind a number, or to the end of the text where there was none.
+    bool goOn(const char* stop) {
+        if (stop == nullptr) {
+            fail();
+            return false;
+        }
+        next_ = stop;
+        return true;
+    }
+
+    std::optional<std::string_view> find(char mark);
+    template <class Number>
+    const char* exactNumber(Number& value);
+    void showWholeNumber();
+    /// Brings more of the text into sight; false at its end.
+    bool more();
+    void fail();
+
+    const char* next_ = nullptr;
+    const char* end_ = nullptr;
+    TextWindow* window_ = nullptr;
 };
 
 } // namespace korvane

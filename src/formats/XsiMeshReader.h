@@ -16,14 +16,10 @@ class XsiMeshReader {
     void read(FrameRecord& frame);
 
   private:
-    bool readGeometry(MeshRecord& mesh);
-    void makeRoom(PolygonList& polygons, std::int32_t announced);
-    bool readFaces(PolygonList& faces);
-    void readDirectXTexCoords(MeshRecord& mesh);
+    /// Reads a block of elements and the polygons that index them, up to its closing line.
     template <class Element>
-    bool readElements(std::vector<Element>& list);
-    bool readCorners(PolygonList& polygons, std::int32_t count);
-    bool readCornerLists(PolygonList& polygons);
+    void readParallelList(std::vector<Element>& elements, PolygonList& polygons);
+    void readDirectXTexCoords(MeshRecord& mesh);
 
     LineReader& lines_;
     XsiMaterialReader materials_;

@@ -9,53 +9,20 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <string_view>
 
 namespace korvane {
 
 namespace {
 
-constexpr std::size_t headerSize = 16;
-
-bool isHeader(std::span<const char> bytes) {
+/// Whether the text begins with one of the headers; steps over it.
+bool readHeader(TextScanner& text) {
+    constexpr std::size_t headerSize = 16;
     constexpr std::array<std::string_view, 3> headers = {"xsi 0101txt 0032", "xof 0302txt 0032",
                                                          "xof 0302txt 0064"};
-    if (bytes.size() < headerSize) {
-        return false;
-    }
-    std::string folded(bytes.data(), headerSize);
-    for (char& c : folded) {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
-    return std::find(headers.begin(), headers.end(), folded) != headers.end();
-}
-
-/// The bytes of a file, without the cost of clearing memory that is overwritten at once.
-struct FileBytes {
-    std::unique_ptr<char[]> data;
-    std::size_t size = 0;
-
-    [[nodiscard]] std::span<const char> view() const { return {data.get(), size}; }
-};
-
-/// Reads the file's header and then, where it is one of a model, the rest.
-bool readFile(QFile& file, FileBytes& bytes) {
-    std::array<char, headerSize> header{};
-    const qint64 got = file.read(header.data(), headerSize);
-    if (got < 0) {
-        return false;
-    }
-    const auto headerBytes = std::span<const char>(header).first(static_cast<std::size_t>(got));
-    const qint64 rest = isHeader(headerBytes) ? std::max<qint64>(file.size() - got, 0) : 0;
-    bytes.data = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(got + rest));
-    std::copy(headerBytes.begin(), headerBytes.end(), bytes.data.get());
-    const qint64 read = rest > 0 ? file.read(bytes.data.get() + got, rest) : 0;
-    if (read < 0) {
-        return false;
-    }
-    bytes.size = static_cast<std::size_t>(got + read);
-    return true;
+    std::string header(text.take(headerSize));
+    foldCase(header);
+    return std::find(headers.begin(), headers.end(), header) != headers.end();
 }
 
 ReadStatus openAndRead(const QString& fileName, ModelDocument& document) {
@@ -68,20 +35,21 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document) {
     if (!info.isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return ReadStatus::CannotOpen;
     }
-    FileBytes bytes;
-    if (!readFile(file, bytes)) {
-        return ReadStatus::CannotOpen;
-    }
-    return readXsi(bytes.view(), document);
+    const ByteSource source = [&file](std::span<char> space) {
+        return static_cast<std::size_t>(
+            std::max<qint64>(file.read(space.data(), static_cast<qint64>(space.size())), 0));
+    };
+    TextWindow window(source, static_cast<std::size_t>(std::max<qint64>(file.size(), 0)));
+    return readXsi(TextScanner(window), document);
 }
 
 } // namespace
 
-ReadStatus readXsi(std::span<const char> bytes, ModelDocument& document) {
-    if (!isHeader(bytes)) {
+ReadStatus readXsi(TextScanner text, ModelDocument& document) {
+    if (!readHeader(text)) {
         return ReadStatus::NotValid;
     }
-    LineReader lines(bytes.subspan(headerSize));
+    LineReader lines(text);
     XsiFrameReader frames(lines, document.Materials);
     XsiAnimationReader animations(lines, document.Root);
     while (lines.next()) {

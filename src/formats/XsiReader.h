@@ -1,10 +1,9 @@
 #pragma once
 
+#include "formats/TextScanner.h"
 #include "model/ModelDocument.h"
 
 #include <QString>
-
-#include <span>
 
 namespace korvane {
 
@@ -21,7 +20,7 @@ enum class ReadStatus {
 /// follows the header never fails: reading ends where a number cannot be extracted, and everything
 /// completed by then is kept. Gives Done or NotValid; throws std::bad_alloc or std::length_error
 /// when the model does not fit into memory.
-ReadStatus readXsi(std::span<const char> bytes, ModelDocument& document);
+ReadStatus readXsi(TextScanner text, ModelDocument& document);
 
 /// Opens and reads the file into a new document, gives it the flags and the FileName that follow
 /// from the outcome, and selects the root. A model that does not fit into memory counts as one that

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <bit>
-#include <clocale>
 #include <locale>
+#include <memory>
 #include <random>
 #include <sstream>
 
@@ -33,22 +35,30 @@ Extracted<Number> byStream(const std::string& text) {
 }
 
 template <class Number>
-Extracted<Number> byScanner(const std::string& text) {
-    TextScanner in(text);
+Extracted<Number> byScanner(TextScanner in) {
     Extracted<Number> result;
     if constexpr (std::is_same_v<Number, float>) {
         result.ok = in.real(result.value);
     } else {
         result.ok = in.integer(result.value);
     }
-    result.rest = result.ok ? text.substr(text.size() - in.remaining()) : "";
+    result.rest = result.ok ? in.take(in.remaining()) : "";
     return result;
 }
 
+/// Gives a text in pieces of the given size.
+ByteSource inPieces(std::string_view text, std::size_t piece) {
+    return [text, piece](std::span<char> space) mutable {
+        const std::size_t size = std::min({piece, space.size(), text.size()});
+        std::copy_n(text.begin(), size, space.begin());
+        text.remove_prefix(size);
+        return size;
+    };
+}
+
 template <class Number>
-void compareWithStream(const std::string& text) {
-    const auto expected = byStream<Number>(text);
-    const auto got = byScanner<Number>(text);
+void expectSame(const std::string& text, const Extracted<Number>& expected,
+                const Extracted<Number>& got) {
     ASSERT_EQ(got.ok, expected.ok) << '"' << text << '"';
     if (expected.ok) {
         ASSERT_EQ(got.rest, expected.rest) << '"' << text << '"';
@@ -60,6 +70,16 @@ void compareWithStream(const std::string& text) {
             ASSERT_EQ(got.value, expected.value) << '"' << text << '"';
         }
     }
+}
+
+/// Alone, with so much text behind it that the quick parsers take it, and through a tiny window.
+template <class Number>
+void compareWithStream(const std::string& text) {
+    expectSame(text, byStream<Number>(text), byScanner<Number>(TextScanner(text)));
+    const std::string inContext = text + ";                                        x";
+    expectSame(inContext, byStream<Number>(inContext), byScanner<Number>(TextScanner(inContext)));
+    TextWindow window(inPieces(text, 3), text.size(), 4);
+    expectSame(text, byStream<Number>(text), byScanner<Number>(TextScanner(window)));
 }
 
 void compare(const std::string& text) {
@@ -166,6 +186,38 @@ TEST(TextScanner, FailureEndsTheText) {
     EXPECT_TRUE(in.ended());
     EXPECT_FALSE(in.separator());
     EXPECT_FALSE(in.line().has_value());
+
+    TextWindow window(inPieces("x 1 2", 2), 5, 2);
+    TextScanner inWindow(window);
+    EXPECT_FALSE(inWindow.real(*std::make_unique<float>()));
+    EXPECT_TRUE(inWindow.ended());
+    EXPECT_EQ(inWindow.remaining(), 0U);
+}
+
+TEST(TextScanner, AWindowOfAnySizeShowsTheSameText) {
+    const std::string text = "line one\r\n" + std::string(100, ' ') + "12 -3.5e2;" +
+                             std::string(50, '7') + "\n\"quoted\" 2147483647\nlast";
+    for (std::size_t capacity = 1; capacity < 80; ++capacity) {
+        TextWindow window(inPieces(text, 1 + capacity % 5), text.size(), capacity);
+        TextScanner in(window);
+        std::int32_t integer = 0;
+        float real = 0;
+        EXPECT_EQ(in.line(), "line one");
+        EXPECT_TRUE(in.integer(integer));
+        EXPECT_EQ(integer, 12);
+        EXPECT_TRUE(in.real(real));
+        EXPECT_EQ(real, -350);
+        EXPECT_TRUE(in.separator());
+        EXPECT_EQ(in.line(), std::string(50, '7'));
+        EXPECT_EQ(in.until('"'), "");
+        EXPECT_EQ(in.until('"'), "quoted");
+        EXPECT_TRUE(in.integer(integer));
+        EXPECT_EQ(integer, 2147483647);
+        EXPECT_EQ(in.line(), "");
+        EXPECT_EQ(in.remaining(), 4U);
+        EXPECT_EQ(in.line(), "last");
+        EXPECT_TRUE(in.ended());
+    }
 }
 
 TEST(TextScanner, LinesEndWithOrWithoutCarriageReturn) {

@@ -46,7 +46,8 @@ TEST(XsiHeader, DecidesBySixteenBytesInAnyCase) {
     };
     for (const auto& row : rows) {
         ModelDocument document;
-        EXPECT_EQ(readXsi(std::string_view(row.text), document), row.expected) << row.text;
+        EXPECT_EQ(readXsi(TextScanner(std::string_view(row.text)), document), row.expected)
+            << row.text;
         EXPECT_EQ(document.NeverSaved, row.expected != ReadStatus::Done);
         EXPECT_EQ(document.Modified, row.expected != ReadStatus::Done);
     }

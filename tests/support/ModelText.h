@@ -16,7 +16,7 @@ inline constexpr std::string_view directXHeader = "xof 0302txt 0032\n";
 /// Reads a whole text, header included, expecting that it is one of a model.
 inline ModelDocument readText(std::string_view text) {
     ModelDocument document;
-    EXPECT_EQ(readXsi(text, document), ReadStatus::Done);
+    EXPECT_EQ(readXsi(TextScanner(text), document), ReadStatus::Done);
     return document;
 }
 
