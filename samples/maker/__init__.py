@@ -1,0 +1,1 @@
+"""What make_samples.py draws and writes the sample models with."""
