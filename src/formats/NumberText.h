@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 
 namespace korvane {
@@ -88,5 +89,15 @@ inline const char* quickReal(const char* p, float& value) {
     value = static_cast<float>(negative ? -result : result);
     return p;
 }
+
+/// No number is longer than this.
+inline constexpr std::size_t mostNumberLength = 24;
+
+/// Writes a decimal integer and gives the position behind it.
+char* writeInteger(char* out, std::int32_t value);
+
+/// Writes a number with six significant digits at the most, in general notation and without
+/// trailing zeros, as std::to_chars does, and gives the position behind it.
+char* writeReal(char* out, float value);
 
 } // namespace korvane

@@ -1,32 +1,24 @@
 #include "formats/TextOutput.h"
 
-#include <array>
-#include <charconv>
+#include <algorithm>
+#include <limits>
+#include <string>
 
 namespace korvane {
 
-TextOutput& TextOutput::line(std::string_view text) {
-    buffer_ += text;
-    buffer_ += '\n';
-    if (buffer_.size() >= pieceSize) {
-        flush();
+TextOutput& TextOutput::indent(std::size_t units) {
+    constexpr std::string_view blanks = "                                                ";
+    for (std::size_t left = 3 * units; left > 0;) {
+        const std::size_t some = std::min(left, blanks.size());
+        text(blanks.substr(0, some));
+        left -= some;
     }
     return *this;
 }
 
-TextOutput& TextOutput::integer(std::int64_t value) {
-    std::array<char, 24> digits{};
-    const auto result = std::to_chars(digits.begin(), digits.end(), value);
-    buffer_.append(digits.begin(), result.ptr);
-    return *this;
-}
-
-TextOutput& TextOutput::real(float value) {
-    std::array<char, 24> digits{};
-    const auto result =
-        std::to_chars(digits.begin(), digits.end(), value, std::chars_format::general, 6);
-    buffer_.append(digits.begin(), result.ptr);
-    return *this;
+TextOutput& TextOutput::count(std::size_t value) {
+    const bool small = value <= static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max());
+    return small ? integer(static_cast<std::int32_t>(value)) : text(std::to_string(value));
 }
 
 bool TextOutput::finish() {
@@ -34,9 +26,21 @@ bool TextOutput::finish() {
     return !stopped_;
 }
 
+void TextOutput::longText(std::string_view text) {
+    while (!text.empty()) {
+        if (room() == 0) {
+            flush();
+        }
+        const std::size_t some = std::min(text.size(), room());
+        std::memcpy(next(), text.data(), some);
+        used_ += some;
+        text.remove_prefix(some);
+    }
+}
+
 void TextOutput::flush() {
-    stopped_ = stopped_ || !sink_(buffer_);
-    buffer_.clear();
+    stopped_ = stopped_ || !sink_({buffer_.data(), used_});
+    used_ = 0;
 }
 
 } // namespace korvane

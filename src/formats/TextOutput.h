@@ -1,10 +1,13 @@
 #pragma once
 
+#include "formats/NumberText.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
-#include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvane {
 
@@ -15,23 +18,33 @@ using TextSink = std::function<bool(std::string_view)>;
 /// in the classic locale would by default.
 class TextOutput {
   public:
-    explicit TextOutput(const TextSink& sink) : sink_(sink) { buffer_.reserve(pieceSize + slack); }
+    explicit TextOutput(const TextSink& sink) : sink_(sink), buffer_(pieceSize) {}
 
     TextOutput& text(std::string_view text) {
-        buffer_ += text;
+        if (text.size() > room()) {
+            longText(text);
+        } else {
+            std::memcpy(next(), text.data(), text.size());
+            used_ += text.size();
+        }
         return *this;
     }
-    /// Ends the line; only here is a finished piece handed on.
-    TextOutput& line(std::string_view text = {});
+    /// Ends the line behind some more text.
+    TextOutput& line(std::string_view last = {}) { return text(last).text("\n"); }
     /// Indents by so many units of three blanks.
-    TextOutput& indent(std::size_t units) {
-        buffer_.append(3 * units, ' ');
+    TextOutput& indent(std::size_t units);
+    TextOutput& integer(std::int32_t value) {
+        makeRoom();
+        used_ = static_cast<std::size_t>(writeInteger(next(), value) - buffer_.data());
         return *this;
     }
-    TextOutput& integer(std::int64_t value);
-    TextOutput& count(std::size_t value) { return integer(static_cast<std::int64_t>(value)); }
+    TextOutput& count(std::size_t value);
     /// Six significant digits at the most, in general notation, without trailing zeros.
-    TextOutput& real(float value);
+    TextOutput& real(float value) {
+        makeRoom();
+        used_ = static_cast<std::size_t>(writeReal(next(), value) - buffer_.data());
+        return *this;
+    }
 
     /// Hands on the rest; false when the sink stopped the writing.
     bool finish();
@@ -40,12 +53,21 @@ class TextOutput {
 
   private:
     static constexpr std::size_t pieceSize = 1U << 18U;
-    static constexpr std::size_t slack = 1U << 12U;
 
+    [[nodiscard]] char* next() { return buffer_.data() + used_; }
+    [[nodiscard]] std::size_t room() const { return buffer_.size() - used_; }
+    /// Makes room for one number.
+    void makeRoom() {
+        if (room() < mostNumberLength) {
+            flush();
+        }
+    }
+    void longText(std::string_view text);
     void flush();
 
     const TextSink& sink_;
-    std::string buffer_;
+    std::vector<char> buffer_;
+    std::size_t used_ = 0;
     bool stopped_ = false;
 };
 

@@ -100,9 +100,10 @@ void XsiAnimationReader::readKeys() {
 bool XsiAnimationReader::readKey(AnimationKeyRecord& key) {
     TextScanner& in = lines_.numbers();
     std::int32_t count = 0;
-    if (!(in.integer(key.Time) && in.separator() && in.integer(count) && in.separator())) {
+    if (!(in.integer(key.Time) && in.separator() && in.integer(count))) {
         return false;
     }
+    in.separator();
     key.Values.reserve(credible(count, in.remaining() / 2));
     for (std::int32_t i = 0; i < count; ++i) {
         float value = 0.0F;

@@ -33,8 +33,9 @@ FrameDeclaration parseFrameDeclaration(std::string_view line) {
     return declaration;
 }
 
-XsiFrameReader::XsiFrameReader(LineReader& lines, std::vector<MaterialRecord>& table)
-    : lines_(lines), meshes_(lines, table) {}
+XsiFrameReader::XsiFrameReader(LineReader& lines, std::vector<MaterialRecord>& table,
+                               const TextureSource& textures)
+    : lines_(lines), meshes_(lines, table, textures) {}
 
 void XsiFrameReader::readTopLevel(FrameRecord& root) {
     FrameDeclaration declaration = parseFrameDeclaration(lines_.line());

@@ -26,7 +26,8 @@ FrameDeclaration parseFrameDeclaration(std::string_view line);
 /// Reads frames with all that they hold.
 class XsiFrameReader {
   public:
-    XsiFrameReader(LineReader& lines, std::vector<MaterialRecord>& table);
+    XsiFrameReader(LineReader& lines, std::vector<MaterialRecord>& table,
+                   const TextureSource& textures);
 
     /// Reads the top-level frame that the current line declares into `root`, up to and including
     /// its closing line. An earlier top-level frame's children, vertices and faces are dropped; its

@@ -23,8 +23,9 @@ bool isReference(std::string_view line) {
 
 } // namespace
 
-XsiMaterialReader::XsiMaterialReader(LineReader& lines, std::vector<MaterialRecord>& table)
-    : lines_(lines), table_(table), known_(0, Hash{&table}, Same{&table}) {}
+XsiMaterialReader::XsiMaterialReader(LineReader& lines, std::vector<MaterialRecord>& table,
+                                     const TextureSource& textures)
+    : lines_(lines), table_(table), textures_(textures), known_(0, Hash{&table}, Same{&table}) {}
 
 void XsiMaterialReader::readList(FrameRecord& frame) {
     TextScanner& in = lines_.numbers();
@@ -144,6 +145,8 @@ void XsiMaterialReader::addToTable(MaterialRecord material, MeshRecord& mesh) {
     const auto [entry, isNew] = known_.insert(static_cast<std::int32_t>(table_.size()) - 1);
     if (!isNew) {
         table_.pop_back();
+    } else if (table_.back().HasTexture && textures_) {
+        table_.back().TextureImage = textures_(table_.back().TextureFile);
     }
     mesh.MaterialSlotList.push_back(*entry);
 }

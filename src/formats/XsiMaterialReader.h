@@ -11,7 +11,8 @@ namespace korvane {
 /// become one.
 class XsiMaterialReader {
   public:
-    XsiMaterialReader(LineReader& lines, std::vector<MaterialRecord>& table);
+    XsiMaterialReader(LineReader& lines, std::vector<MaterialRecord>& table,
+                      const TextureSource& textures);
 
     /// Reads a material list into the frame's mesh; the current line is the one that opens it.
     void readList(FrameRecord& frame);
@@ -43,6 +44,7 @@ class XsiMaterialReader {
 
     LineReader& lines_;
     std::vector<MaterialRecord>& table_;
+    const TextureSource& textures_;
     std::unordered_set<std::int32_t, Hash, Same> known_; ///< the table's indices by content
 };
 

@@ -72,7 +72,11 @@ bool readFaces(TextScanner& in, PolygonList& faces) {
     makeRoom(in, faces, count);
     for (std::int32_t i = 0; i < count; ++i) {
         std::int32_t corners = 0;
-        if (!(in.integer(corners) && in.separator() && readCorners(in, faces, corners))) {
+        if (!in.integer(corners)) {
+            return false;
+        }
+        in.separator();
+        if (!readCorners(in, faces, corners)) {
             return false;
         }
         in.separator();
@@ -91,12 +95,17 @@ bool readCornerLists(TextScanner& in, PolygonList& polygons) {
     bool numbered = false;
     for (std::int32_t i = 0; i < count; ++i) {
         std::int32_t corners = 0;
-        if (!(in.separator() && in.integer(corners) && in.separator())) {
+        in.separator();
+        if (!in.integer(corners)) {
             return false;
         }
+        in.separator();
         numbered = numbered || (i == 0 && corners == 0);
-        if (numbered && !(in.integer(corners) && in.separator())) {
+        if (numbered && !in.integer(corners)) {
             return false;
+        }
+        if (numbered) {
+            in.separator();
         }
         if (!readCorners(in, polygons, corners)) {
             return false;
@@ -116,8 +125,9 @@ bool readWithCopy(TextScanner& scanner, Read read) {
 
 } // namespace
 
-XsiMeshReader::XsiMeshReader(LineReader& lines, std::vector<MaterialRecord>& table)
-    : lines_(lines), materials_(lines, table), copiesLeft_(lines.numbers().remaining()) {}
+XsiMeshReader::XsiMeshReader(LineReader& lines, std::vector<MaterialRecord>& table,
+                             const TextureSource& textures)
+    : lines_(lines), materials_(lines, table, textures), copiesLeft_(lines.numbers().remaining()) {}
 
 void XsiMeshReader::read(FrameRecord& frame) {
     frame.HasMesh = true;

@@ -9,7 +9,8 @@ namespace korvane {
 /// Reads the meshes of frames.
 class XsiMeshReader {
   public:
-    XsiMeshReader(LineReader& lines, std::vector<MaterialRecord>& table);
+    XsiMeshReader(LineReader& lines, std::vector<MaterialRecord>& table,
+                  const TextureSource& textures);
 
     /// Reads a mesh into the frame, up to and including its closing line; the current line is the
     /// one that opens it. What an earlier mesh of the frame left in the lists stays before it.

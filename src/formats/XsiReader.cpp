@@ -1,6 +1,7 @@
 #include "formats/XsiReader.h"
 
 #include "formats/LineReader.h"
+#include "formats/TextureLoader.h"
 #include "formats/XsiAnimationReader.h"
 #include "formats/XsiFrameReader.h"
 
@@ -40,17 +41,19 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document) {
             std::max<qint64>(file.read(space.data(), static_cast<qint64>(space.size())), 0));
     };
     TextWindow window(source, static_cast<std::size_t>(std::max<qint64>(file.size(), 0)));
-    return readXsi(TextScanner(window), document);
+    TextureLoader loader(info.path());
+    return readXsi(TextScanner(window), document,
+                   [&loader](const std::string& name) { return loader.load(name); });
 }
 
 } // namespace
 
-ReadStatus readXsi(TextScanner text, ModelDocument& document) {
+ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures) {
     if (!readHeader(text)) {
         return ReadStatus::NotValid;
     }
     LineReader lines(text);
-    XsiFrameReader frames(lines, document.Materials);
+    XsiFrameReader frames(lines, document.Materials, textures);
     XsiAnimationReader animations(lines, document.Root);
     while (lines.next()) {
         const bool isTemplate = lines.holds("template");
@@ -95,18 +98,6 @@ QString failureCaption(ReadStatus status, const QString& fileName) {
         break;
     }
     return {};
-}
-
-QString upperExtension(const QString& fileName) {
-    const qsizetype folder =
-        std::max(fileName.lastIndexOf(QLatin1Char('/')), fileName.lastIndexOf(QLatin1Char('\\')));
-    const qsizetype dot = fileName.lastIndexOf(QLatin1Char('.'));
-    return dot > folder ? fileName.mid(dot).toUpper() : QString();
-}
-
-bool isTextModelName(const QString& fileName) {
-    const QString extension = upperExtension(fileName);
-    return extension == QStringLiteral(".XSI") || extension == QStringLiteral(".X");
 }
 
 } // namespace korvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "formats/FileNames.h"
 #include "formats/TextScanner.h"
 #include "model/ModelDocument.h"
 
@@ -18,9 +19,10 @@ enum class ReadStatus {
 /// Reads a dotXSI or DirectX text file into a new document (empty root, empty table). On success
 /// NeverSaved and Modified are cleared and the derived data of all frames is computed. Text that
 /// follows the header never fails: reading ends where a number cannot be extracted, and everything
-/// completed by then is kept. Gives Done or NotValid; throws std::bad_alloc or std::length_error
+/// completed by then is kept. Without a source of textures every image is the 1 x 1
+/// one. Gives Done or NotValid; throws std::bad_alloc or std::length_error
 /// when the model does not fit into memory.
-ReadStatus readXsi(TextScanner text, ModelDocument& document);
+ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures = {});
 
 /// Opens and reads the file into a new document, gives it the flags and the FileName that follow
 /// from the outcome, and selects the root. A model that does not fit into memory counts as one that
@@ -30,11 +32,5 @@ ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document);
 /// The caption of the message box for a failure, whose text is the file name; empty where no
 /// message is shown.
 QString failureCaption(ReadStatus status, const QString& fileName);
-
-/// The extension of a file name with its dot, in upper case; empty if it has none.
-QString upperExtension(const QString& fileName);
-
-/// Whether the name ends in an extension that FileOpenXSI is for: ".XSI" or ".X" in any case.
-bool isTextModelName(const QString& fileName);
 
 } // namespace korvane

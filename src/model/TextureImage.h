@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace korvane {
@@ -26,6 +28,9 @@ struct TextureImage {
 
     bool operator==(const TextureImage&) const = default;
 };
+
+/// Gives the image of a texture as a model names it; never null.
+using TextureSource = std::function<std::shared_ptr<const TextureImage>(const std::string& name)>;
 
 /// The one 1 x 1 image that every material without a texture of its own shares.
 const std::shared_ptr<const TextureImage>& blankTextureImage();

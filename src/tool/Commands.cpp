@@ -12,11 +12,15 @@ ExitStatus refuse(const QString& file, const QString& reason) {
 }
 
 ExitStatus usage(const QString& reason) {
-    std::fprintf(stderr,
-                 "korvane-tool: %s\n"
-                 "usage: korvane-tool info FILE...            what the models hold\n"
-                 "       korvane-tool convert IN OUT.xsi      save a model as dotXSI\n",
-                 qPrintable(reason));
+    std::fprintf(
+        stderr,
+        "korvane-tool: %s\n"
+        "usage: korvane-tool info FILE...            what the models hold\n"
+        "       korvane-tool convert IN OUT.xsi [--repeat N]\n"
+        "                                            save a model as dotXSI; N times, with the\n"
+        "                                            median times of loading and saving\n"
+        "       korvane-tool texture IN OUT.png      a texture as the editor decodes it\n",
+        qPrintable(reason));
     return ExitStatus::Usage;
 }
 

@@ -15,6 +15,7 @@ using Command = ExitStatus (*)(const QStringList& words);
 
 ExitStatus info(const QStringList& words);
 ExitStatus convert(const QStringList& words);
+ExitStatus texture(const QStringList& words);
 
 /// Prints "FILE: reason" on standard error.
 ExitStatus refuse(const QString& file, const QString& reason);

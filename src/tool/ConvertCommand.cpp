@@ -2,23 +2,76 @@
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
+#include <QCommandLineParser>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
 namespace korvane::tool {
 
-ExitStatus convert(const QStringList& words) {
-    if (words.size() != 2) {
-        return usage(QStringLiteral("convert needs IN and OUT.xsi"));
-    }
-    const QString& in = words[0];
-    const QString& out = words[1];
-    if (upperExtension(out) != QStringLiteral(".XSI")) {
-        return usage(QStringLiteral("the name of the output must end in .xsi"));
-    }
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double millisecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+ExitStatus convertOnce(const QString& in, const QString& out, double& load, double& save) {
+    const Clock::time_point start = Clock::now();
     ModelDocument document;
     if (!open(in, document)) {
         return ExitStatus::Refused;
     }
-    return SaveFileXSI(document, out) ? ExitStatus::Done
-                                      : refuse(out, QString::fromLatin1(saveFailureCaption));
+    load = millisecondsSince(start);
+    const Clock::time_point loaded = Clock::now();
+    if (!SaveFileXSI(document, out)) {
+        return refuse(out, QString::fromLatin1(saveFailureCaption));
+    }
+    save = millisecondsSince(loaded);
+    return ExitStatus::Done;
+}
+
+} // namespace
+
+ExitStatus convert(const QStringList& words) {
+    const QCommandLineOption repeat(QStringLiteral("repeat"), {}, QStringLiteral("N"));
+    QCommandLineParser parser;
+    parser.addOption(repeat);
+    if (!parser.parse(QStringList(QStringLiteral("convert")) + words)) {
+        return usage(parser.errorText());
+    }
+    const QStringList files = parser.positionalArguments();
+    bool valid = true;
+    const int rounds = parser.isSet(repeat) ? parser.value(repeat).toInt(&valid) : 1;
+    if (files.size() != 2 || !valid || rounds < 1) {
+        return usage(
+            QStringLiteral("convert needs IN and OUT.xsi, and a number above 0 to repeat"));
+    }
+    if (upperExtension(files[1]) != QLatin1String(".XSI")) {
+        return usage(QStringLiteral("the name of the output must end in .xsi"));
+    }
+    std::vector<double> loads;
+    std::vector<double> saves;
+    for (int round = 0; round < rounds; ++round) {
+        const ExitStatus status =
+            convertOnce(files[0], files[1], loads.emplace_back(), saves.emplace_back());
+        if (status != ExitStatus::Done) {
+            return status;
+        }
+    }
+    if (parser.isSet(repeat)) {
+        std::printf("load median %.3f ms\nsave median %.3f ms\n", median(loads), median(saves));
+    }
+    return ExitStatus::Done;
 }
 
 } // namespace korvane::tool

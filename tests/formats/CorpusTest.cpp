@@ -1,9 +1,8 @@
 #include "model/ModelCounts.h"
 #include "support/ModelText.h"
+#include "support/TestFiles.h"
 
-#include <QDir>
-#include <QFile>
-
+#include <array>
 #include <map>
 
 namespace korvane {
@@ -13,10 +12,10 @@ namespace {
 class Corpus : public testing::Test {
   protected:
     void SetUp() override {
-        if (qEnvironmentVariableIsEmpty("KORVANE_CORPUS")) {
+        if (test::corpusFolder().isEmpty()) {
             GTEST_SKIP() << "KORVANE_CORPUS names no folder";
         }
-        folder_.setPath(qEnvironmentVariable("KORVANE_CORPUS"));
+        folder_.setPath(test::corpusFolder());
     }
     [[nodiscard]] QStringList models(const char* subfolder) const {
         QStringList paths;

@@ -1,9 +1,5 @@
 #include "support/ModelText.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
+#include "support/TestFiles.h"
 
 #include <csignal>
 #include <sys/resource.h>
@@ -12,29 +8,7 @@
 namespace korvane {
 namespace {
 
-/// A folder of its own for each test.
-class Files : public testing::Test {
-  protected:
-    [[nodiscard]] QString path(const char* name) const {
-        return folder_.filePath(QString::fromLatin1(name));
-    }
-    QString write(const char* name, const std::string& content) const {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content.data(), static_cast<qint64>(content.size()));
-        return path(name);
-    }
-    static std::string content(const QString& name) {
-        QFile file(name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "(none)";
-    }
-    [[nodiscard]] qsizetype filesInFolder() const {
-        return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden | QDir::System).size();
-    }
-
-  private:
-    QTemporaryDir folder_;
-};
+using Files = test::TestFiles;
 
 TEST_F(Files, OpeningSetsTheFlagsAndNames) {
     const QString good = write("good.x", "xof 0302txt 0064\nframe frm-a {\n frame b {\n }\n}\n");

@@ -1,14 +1,17 @@
 #include "support/ModelText.h"
+#include "support/TestFiles.h"
 
-#include <QFile>
+#include <QImage>
 #include <QProcess>
-#include <QTemporaryDir>
+#include <QRegularExpression>
 
 namespace korvane {
 namespace {
 
+using namespace std::string_literals;
+
 /// The companion program, run with files in a folder of the test's own.
-class Tool : public testing::Test {
+class Tool : public test::TestFiles {
   protected:
     struct Outcome {
         int status;
@@ -17,30 +20,19 @@ class Tool : public testing::Test {
     };
 
     void SetUp() override {
-        QFile model(path("good.x"));
-        ASSERT_TRUE(model.open(QIODevice::WriteOnly));
-        model.write("xof 0302txt 0032\nframe frm-a {\nmesh {\n1;\n1;2;3;;\n1;\n3;0,0,0;;\n"
-                    "MeshNormals {\n1;\n0;0;1;;\n0;\n}\n}\n}\n");
-        QFile bad(path("bad.x"));
-        ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
-        bad.write("nothing");
-        QFile other(path("a.msh"));
-        ASSERT_TRUE(other.open(QIODevice::WriteOnly));
-    }
-    [[nodiscard]] QString path(const char* name) const {
-        return folder_.filePath(QString::fromLatin1(name));
+        write("good.x", "xof 0302txt 0032\nframe frm-a {\nmesh {\n1;\n1;2;3;;\n1;\n3;0,0,0;;\n"
+                        "MeshNormals {\n1;\n0;0;1;;\n0;\n}\n}\n}\n");
+        write("bad.x", "nothing");
+        write("a.msh", "");
     }
     [[nodiscard]] Outcome run(const QStringList& words) const {
         QProcess process;
-        process.setWorkingDirectory(folder_.path());
+        process.setWorkingDirectory(folder());
         process.start(QStringLiteral(KORVANE_TOOL), words);
         EXPECT_TRUE(process.waitForFinished());
         return {process.exitCode(), process.readAllStandardOutput().toStdString(),
                 process.readAllStandardError().toStdString()};
     }
-
-  private:
-    QTemporaryDir folder_;
 };
 
 TEST_F(Tool, InfoShowsTheStructureWithCounts) {
@@ -60,9 +52,27 @@ TEST_F(Tool, ConvertSavesWhatTheEditorWould) {
         0);
     ModelDocument document;
     ASSERT_EQ(FileOpenXSI(path("good.x"), document), ReadStatus::Done);
-    QFile saved(path("o.XSI"));
-    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
-    EXPECT_EQ(saved.readAll().toStdString(), test::writeText(document));
+    EXPECT_EQ(content(path("o.XSI")), test::writeText(document));
+    const Outcome timed =
+        run({QStringLiteral("convert"), QStringLiteral("good.x"), QStringLiteral("o.xsi"),
+             QStringLiteral("--repeat"), QStringLiteral("3")});
+    EXPECT_EQ(timed.status, 0);
+    EXPECT_TRUE(
+        QRegularExpression(QStringLiteral("^load median [0-9.]+ ms\nsave median [0-9.]+ ms\n$"))
+            .match(QString::fromStdString(timed.output))
+            .hasMatch())
+        << timed.output;
+}
+
+TEST_F(Tool, TextureSavesThePictureDecoded) {
+    const std::string tga = "\0\0\2\0\0\0\0\0\0\0\0\0\2\0\1\0\30\0\1\2\3\4\5\6"s;
+    write("a.tga", tga);
+    EXPECT_EQ(run({QStringLiteral("texture"), QStringLiteral("a"), QStringLiteral("o.png")}).status,
+              0);
+    const QImage picture(path("o.png"));
+    ASSERT_EQ(picture.size(), QSize(2, 1));
+    EXPECT_EQ(picture.pixel(0, 0), qRgba(3, 2, 1, 255));
+    EXPECT_EQ(picture.pixel(1, 0), qRgba(6, 5, 4, 255));
 }
 
 TEST_F(Tool, SaysInOneLineWhyItRefuses) {
@@ -78,6 +88,12 @@ TEST_F(Tool, SaysInOneLineWhyItRefuses) {
         {"convert good.x no/o.xsi", 1, "no/o.xsi: Unable to save\n"},
         {"convert good.x o.x", 2, nullptr},
         {"convert good.x", 2, nullptr},
+        {"convert good.x o.xsi --repeat 0", 2, nullptr},
+        {"convert good.x o.xsi --repeat many", 2, nullptr},
+        {"convert good.x o.xsi --frobnicate", 2, nullptr},
+        {"texture none.tga o.png", 1, "none.tga: No such file\n"},
+        {"texture bad.x no/o.png", 1, "no/o.png: Unable to save\n"},
+        {"texture bad.x", 2, nullptr},
         {"info", 2, nullptr},
         {"", 2, nullptr},
         {"frobnicate", 2, nullptr},

@@ -1,0 +1,119 @@
+#include "formats/TextureLoader.h"
+
+#include "formats/FileNames.h"
+#include "formats/TextureDecoders.h"
+#include "model/ModelText.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+std::span<const std::uint8_t> bytesOf(const QByteArray& data) {
+    return {reinterpret_cast<const std::uint8_t*>(data.constData()),
+            static_cast<std::size_t>(data.size())};
+}
+
+/// Whether there is a file of that name; folders and devices are none.
+bool isFile(const QString& name) {
+    return QFileInfo(name).isFile();
+}
+
+} // namespace
+
+TextureLoader::TextureLoader(QString modelFolder) : folder_(std::move(modelFolder)) {}
+
+std::shared_ptr<const TextureImage> TextureLoader::load(const std::string& name) {
+    const auto [entry, isNew] = images_.try_emplace(name, blankTextureImage());
+    if (isNew) {
+        if (const auto file = find(shownText(name))) {
+            TextureImage image = loadTextureFile(*file);
+            if (image != *blankTextureImage()) {
+                entry->second = std::make_shared<const TextureImage>(std::move(image));
+            }
+        }
+    }
+    return entry->second;
+}
+
+std::optional<QString> TextureLoader::find(const QString& name) {
+    if (!upperExtension(name).isEmpty()) {
+        return findFile(name);
+    }
+    for (const char* extension : {".PIC", ".TGA", ".BMP"}) {
+        if (auto file = findFile(name + QLatin1String(extension))) {
+            return file;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> TextureLoader::findFile(const QString& name) {
+    if (isFile(name)) {
+        return name;
+    }
+    const QString beside = QDir(folder_).filePath(name);
+    if (isFile(beside)) {
+        return beside;
+    }
+    if (auto file = findInAnyCase(name)) {
+        return file;
+    }
+    const qsizetype backslash = name.lastIndexOf(u'\\');
+    return backslash < 0 ? std::nullopt : findInAnyCase(name.mid(backslash + 1));
+}
+
+std::optional<QString> TextureLoader::findInAnyCase(const QString& name) {
+    QString path = folder_;
+    QString separated = name;
+    separated.replace(u'\\', u'/');
+    for (const QString& part : separated.split(u'/', Qt::SkipEmptyParts)) {
+        const QHash<QString, QString>& names = entries(path);
+        const auto entry = names.constFind(part.toCaseFolded());
+        if (entry == names.constEnd()) {
+            return std::nullopt;
+        }
+        path = QDir(path).filePath(*entry);
+    }
+    return isFile(path) ? std::optional(path) : std::nullopt;
+}
+
+const QHash<QString, QString>& TextureLoader::entries(const QString& folder) {
+    const auto known = entries_.constFind(folder);
+    if (known != entries_.constEnd()) {
+        return *known;
+    }
+    QHash<QString, QString> names;
+    for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::AllDirs)) {
+        names.insert(name.toCaseFolded(), name);
+    }
+    return *entries_.insert(folder, names);
+}
+
+TextureImage loadTextureFile(const QString& fileName) {
+    const QString extension = upperExtension(fileName);
+    QFile file(fileName);
+    if (!isFile(fileName) || !file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    if (extension == QLatin1String(".TGA")) {
+        return decodeTga(bytesOf(file.readAll()));
+    }
+    if (extension == QLatin1String(".PIC")) {
+        return decodePic(bytesOf(file.readAll()));
+    }
+    if (extension == QLatin1String(".BMP")) {
+        return decodeWithQt(bytesOf(file.readAll()), "BMP");
+    }
+    if (extension == QLatin1String(".ICO")) {
+        return decodeWithQt(bytesOf(file.readAll()), "ICO");
+    }
+    return {};
+}
+
+} // namespace korvane

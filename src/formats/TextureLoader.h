@@ -1,0 +1,45 @@
+#pragma once
+
+#include "model/TextureImage.h"
+
+#include <QHash>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+namespace korvane {
+
+/// Finds and decodes the textures that a model names. Each name is looked up and decoded once and
+/// its image shared.
+class TextureLoader {
+  public:
+    /// `modelFolder` is where the model file stands; it may be empty.
+    explicit TextureLoader(QString modelFolder);
+
+    /// The image of a texture as the model names it; the 1 x 1 image where there is no such file
+    /// or none that can be decoded.
+    std::shared_ptr<const TextureImage> load(const std::string& name);
+
+    /// The file that a name stands for. It is looked for as named, then beside the model, then
+    /// there in any case with backslashes as separators, at last by what follows the last of them.
+    /// A name without extension stands for the first of .PIC, .TGA and .BMP that exists.
+    std::optional<QString> find(const QString& name);
+
+  private:
+    std::optional<QString> findFile(const QString& name);
+    std::optional<QString> findInAnyCase(const QString& name);
+    const QHash<QString, QString>& entries(const QString& folder);
+
+    QString folder_;
+    std::unordered_map<std::string, std::shared_ptr<const TextureImage>> images_;
+    /// For each folder looked into, the names in it by their case-folded form.
+    QHash<QString, QHash<QString, QString>> entries_;
+};
+
+/// Decodes a file by its extension; the 1 x 1 image where that cannot be done.
+TextureImage loadTextureFile(const QString& fileName);
+
+} // namespace korvane

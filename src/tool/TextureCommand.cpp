@@ -1,0 +1,35 @@
+#include "formats/AtomicFile.h"
+#include "formats/TextureLoader.h"
+#include "tool/Commands.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImage>
+
+namespace korvane::tool {
+
+ExitStatus texture(const QStringList& words) {
+    if (words.size() != 2) {
+        return usage(QStringLiteral("texture needs IN and OUT.png"));
+    }
+    const QString& in = words[0];
+    const QString& out = words[1];
+    TextureLoader loader{QFileInfo(in).path()};
+    const auto file = loader.find(in);
+    if (!file) {
+        return refuse(in, QStringLiteral("No such file"));
+    }
+    const TextureImage image = loadTextureFile(*file);
+    const QImage picture(reinterpret_cast<const uchar*>(image.pixels.data()), image.width,
+                         image.height, image.width * static_cast<int>(sizeof(Rgba8)),
+                         QImage::Format_RGBA8888);
+    QBuffer png;
+    png.open(QIODevice::WriteOnly);
+    const bool saved = picture.save(&png, "PNG") && replaceFile(out, [&png](const TextSink& sink) {
+                           const QByteArray& bytes = png.data();
+                           return sink({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+                       });
+    return saved ? ExitStatus::Done : refuse(out, QStringLiteral("Unable to save"));
+}
+
+} // namespace korvane::tool
