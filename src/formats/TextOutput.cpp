@@ -32,7 +32,7 @@ void TextOutput::longText(std::string_view text) {
             flush();
         }
         const std::size_t some = std::min(text.size(), room());
-        std::memcpy(next(), text.data(), some);
+        std::copy_n(text.begin(), some, next());
         used_ += some;
         text.remove_prefix(some);
     }

@@ -2,9 +2,9 @@
 
 #include "formats/NumberText.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -24,7 +24,7 @@ class TextOutput {
         if (text.size() > room()) {
             longText(text);
         } else {
-            std::memcpy(next(), text.data(), text.size());
+            std::copy(text.begin(), text.end(), next());
             used_ += text.size();
         }
         return *this;

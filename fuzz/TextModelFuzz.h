@@ -1,0 +1,49 @@
+#pragma once
+
+#include "formats/XsiReader.h"
+#include "formats/XsiWriter.h"
+#include "model/StructureTree.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace korvane::fuzz {
+
+inline std::string saved(const ModelDocument& document) {
+    std::string text;
+    writeXsi(document, [&text](std::string_view piece) {
+        text += piece;
+        return true;
+    });
+    return text;
+}
+
+/// Reads a text under the given header, at once and through a small window, which must give the
+/// same model; shows it and saves it.
+inline void readModel(std::string_view header, const std::uint8_t* data, std::size_t size) {
+    std::string text(header);
+    text.append(reinterpret_cast<const char*>(data), size);
+
+    ModelDocument document;
+    readXsi(TextScanner(text), document);
+    const StructureTree tree(document);
+
+    std::string_view left = text;
+    const ByteSource source = [&left](std::span<char> space) {
+        const std::size_t some = std::min({space.size(), left.size(), std::size_t{7}});
+        left.copy(space.data(), some);
+        left.remove_prefix(some);
+        return some;
+    };
+    TextWindow window(source, text.size(), 16);
+    ModelDocument again;
+    readXsi(TextScanner(window), again);
+    if (saved(document) != saved(again)) {
+        std::abort();
+    }
+}
+
+} // namespace korvane::fuzz

@@ -1,0 +1,6 @@
+#include "TextModelFuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    korvane::fuzz::readModel("xof 0302txt 0032", data, size);
+    return 0;
+}
