@@ -19,7 +19,7 @@ std::string_view referencedName(std::string_view line) {
 
 void XsiAnimationReader::forgetFrames() {
     target_ = &root_;
-    framesByName_.clear();
+    framesByName_ = {}; // clearing would keep, and walk over, all the buckets it ever had
     lastFrame_ = nullptr;
 }
 

@@ -6,6 +6,30 @@
 
 namespace korvane {
 
+FramePath::FramePath(std::span<const std::int32_t> childNumbers) {
+    for (const std::int32_t number : childNumbers) {
+        *this = child(number);
+    }
+}
+
+FramePath FramePath::child(std::int32_t number) const {
+    FramePath path;
+    path.last_ = std::make_shared<const Step>(Step{last_, depth() + 1, number});
+    return path;
+}
+
+std::vector<std::int32_t> FramePath::childNumbers() const {
+    std::vector<std::int32_t> numbers(depth());
+    for (const Step* step = last_.get(); step != nullptr; step = step->before.get()) {
+        numbers[step->depth - 1] = step->childNumber;
+    }
+    return numbers;
+}
+
+bool FramePath::operator==(const FramePath& other) const {
+    return childNumbers() == other.childNumbers();
+}
+
 const FrameRecord* frameAt(const FrameRecord& root, std::span<const std::int32_t> childNumbers) {
     const FrameRecord* frame = &root;
     for (const std::int32_t number : childNumbers) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -11,21 +12,30 @@ struct FrameRecord;
 
 /// Where a frame stands: the 1-based child numbers that lead to it from the root, whose own path is
 /// empty. Frames are held by value and move when a sibling list changes, so this is the only way to
-/// refer to one across an edit.
+/// refer to one across an edit. Paths share what they have in common: every frame has one, and a
+/// tree may be deep.
 class FramePath {
   public:
     FramePath() = default;
-    explicit FramePath(std::span<const std::int32_t> childNumbers)
-        : childNumbers_(childNumbers.begin(), childNumbers.end()) {}
+    explicit FramePath(std::span<const std::int32_t> childNumbers);
+
+    /// The path of a child of this path's frame, by its 1-based number.
+    [[nodiscard]] FramePath child(std::int32_t number) const;
 
     /// How far below the root: 0 for the root itself.
-    [[nodiscard]] std::size_t depth() const { return childNumbers_.size(); }
-    [[nodiscard]] std::span<const std::int32_t> childNumbers() const { return childNumbers_; }
+    [[nodiscard]] std::size_t depth() const { return last_ == nullptr ? 0 : last_->depth; }
+    [[nodiscard]] std::vector<std::int32_t> childNumbers() const;
 
-    bool operator==(const FramePath&) const = default;
+    bool operator==(const FramePath& other) const;
 
   private:
-    std::vector<std::int32_t> childNumbers_;
+    struct Step {
+        std::shared_ptr<const Step> before; ///< null for the first step
+        std::size_t depth;
+        std::int32_t childNumber;
+    };
+
+    std::shared_ptr<const Step> last_; ///< null for the root
 };
 
 /// The frame that the child numbers lead to from the root, or null where they lead to none. The

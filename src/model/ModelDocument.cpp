@@ -3,6 +3,7 @@
 #include "model/FrameWalk.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane {
 
@@ -47,23 +48,25 @@ void computeBounds(FrameRecord& frame) {
     }
 }
 
-void computeFrameData(FrameRecord& frame, std::span<const std::int32_t> childNumbers) {
+void computeFrameData(FrameRecord& frame, FramePath path) {
     computeFaceNormals(frame.Mesh);
     computeBounds(frame);
-    frame.Path = FramePath(childNumbers);
-    frame.PathDepth = static_cast<std::int32_t>(childNumbers.size());
+    frame.PathDepth = static_cast<std::int32_t>(path.depth());
+    frame.Path = std::move(path);
 }
 
 } // namespace
 
 void ModelDocument::Nonfiledata(FrameRecord& frame) {
     IncRenderList();
-    computeFrameData(frame, Cursor.childNumbers());
+    computeFrameData(frame, FramePath(Cursor.childNumbers()));
 }
 
 void ModelDocument::computeDerivedData() {
     for (FrameWalk walk(Root); !walk.done(); walk.next()) {
-        computeFrameData(walk.frame(), walk.childNumbers());
+        computeFrameData(walk.frame(), walk.depth() == 0
+                                           ? FramePath()
+                                           : walk.parent().Path.child(walk.childNumbers().back()));
     }
 }
 
