@@ -1,8 +1,8 @@
-# Sourced by ./run and ./test: installs the Debian packages that are missing, and only those.
+# Sourced by the scripts: installs the Debian packages that are missing, and only those.
 
 run_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
     libqt6svg6 libgl-dev libglu1-mesa-dev libopengl-dev libgl1-mesa-dri libxkbcommon-dev fonts-dejavu-core"
-test_packages="$run_packages libgtest-dev locales xvfb xauth openbox libclang-rt-14-dev clang"
+test_packages="$run_packages libgtest-dev locales xvfb xauth openbox"
 
 ensure_packages() {
     local missing=()

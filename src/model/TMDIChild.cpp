@@ -1,5 +1,6 @@
 #include "model/TMDIChild.h"
 
+#include "formats/MshOpener.h"
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
 #include "model/ModelCounts.h"
@@ -103,6 +104,24 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     }
 }
 
+void TMDIChild::FileOpenMSH(const QString& fileName) {
+    const MshOutcome outcome = korvane::FileOpenMSH(fileName, *model_);
+    const QString failure = failureCaption(outcome.status, fileName);
+    if (!failure.isEmpty()) {
+        showMessage(*this, QStringLiteral("ReadFailure"), QMessageBox::Critical, failure, fileName,
+                    QMessageBox::Ok);
+    }
+    if (!outcome.saveFailed.isEmpty()) {
+        showSaveFailure(outcome.saveFailed);
+    }
+    setCaption();
+}
+
+void TMDIChild::showSaveFailure(const QString& fileName) {
+    showMessage(*this, QStringLiteral("SaveFailure"), QMessageBox::Critical,
+                QString::fromLatin1(saveFailureCaption), fileName, QMessageBox::Ok);
+}
+
 void TMDIChild::FileSaveExecute() {
     if (model_->NeverSaved) {
         FileSaveAsExecute();
@@ -142,8 +161,7 @@ void TMDIChild::SaveFileXSI() {
         return;
     }
     if (!korvane::SaveFileXSI(*model_, fileName)) {
-        showMessage(*this, QStringLiteral("SaveFailure"), QMessageBox::Critical,
-                    QString::fromLatin1(saveFailureCaption), fileName, QMessageBox::Ok);
+        showSaveFailure(fileName);
     }
 }
 

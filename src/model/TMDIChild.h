@@ -35,6 +35,10 @@ class TMDIChild : public QMdiSubWindow {
     /// How much was read from the file, for the status bar; empty if nothing was.
     [[nodiscard]] const QString& readSummary() const { return readSummary_; }
 
+    /// Opens a binary mesh file for a window just constructed; no command does so. Nothing is read
+    /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
+    void FileOpenMSH(const QString& fileName);
+
     void FileSaveExecute();
     void FileSaveAsExecute();
 
@@ -58,6 +62,7 @@ class TMDIChild : public QMdiSubWindow {
 
     void FileOpenXSI(const QString& fileName);
     void SaveFileXSI();
+    void showSaveFailure(const QString& fileName);
     void setCaption();
     void rebuildTree();
     void fitTreeColumn();

@@ -284,5 +284,30 @@ TEST_F(TMDIChildTest, YesWithItsSaveAsCancelledStillCloses) {
     EXPECT_TRUE(closes(window));
 }
 
+TEST_F(TMDIChildTest, AMeshFileIsNotReadAndFailuresAreShown) {
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(path(""));
+    TMDIChild& window = open(path("a.msh"));
+    window.FileOpenMSH(path("missing.msh"));
+    EXPECT_FALSE(QFile::exists(path("loaded.xsi")));
+    window.FileOpenMSH(file("a.msh", "mesh"));
+    EXPECT_TRUE(QFile::exists(path("loaded.xsi")));
+    EXPECT_EQ(window.windowTitle(), path("a.msh"));
+    EXPECT_TRUE(window.document()->NeverSaved);
+
+    QFile::remove(path("loaded.xsi"));
+    QDir().mkdir(path("loaded.xsi"));
+    answerBox(QStringLiteral("SaveFailure"), QStringLiteral("loaded.xsi"),
+              QStringLiteral("Unable to save"), QMessageBox::Ok, QMessageBox::Ok);
+    window.FileOpenMSH(path("a.msh"));
+    QDir().mkdir(path("folder.msh"));
+    answerBox(QStringLiteral("ReadFailure"), path("folder.msh"),
+              QStringLiteral("Unable to open file"), QMessageBox::Ok, QMessageBox::Ok);
+    window.FileOpenMSH(path("folder.msh"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled"));
+    EXPECT_TRUE(allAnswered());
+    QDir::setCurrent(before);
+}
+
 } // namespace
 } // namespace korvane::test
