@@ -21,10 +21,10 @@ constexpr auto makeDigitPairs() {
 constexpr std::array<char, 200> digitPairs = makeDigitPairs();
 
 /// Writes six digits, leading zeros included.
-void writeSixDigits(char* out, std::uint32_t number) {
-    std::memcpy(out, &digitPairs[static_cast<std::size_t>(2 * (number / 10000))], 2);
-    std::memcpy(out + 2, &digitPairs[static_cast<std::size_t>(2 * (number / 100 % 100))], 2);
-    std::memcpy(out + 4, &digitPairs[static_cast<std::size_t>(2 * (number % 100))], 2);
+void writeSixDigits(char* out, std::size_t number) {
+    std::memcpy(out, &digitPairs[2 * (number / 10000)], 2);
+    std::memcpy(out + 2, &digitPairs[2 * (number / 100 % 100)], 2);
+    std::memcpy(out + 4, &digitPairs[2 * (number % 100)], 2);
 }
 
 char* writeExactReal(char* out, float value) {
@@ -38,7 +38,7 @@ char* writeInteger(char* out, std::int32_t value) {
         return std::to_chars(out, out + mostNumberLength, value).ptr;
     }
     std::array<char, 6> digits{};
-    writeSixDigits(digits.data(), static_cast<std::uint32_t>(value));
+    writeSixDigits(digits.data(), static_cast<std::size_t>(value));
     std::size_t leading = 0;
     while (leading < 5 && digits[leading] == '0') {
         ++leading;
@@ -74,7 +74,7 @@ char* writeReal(char* out, float value) {
     }
     // A float times a power of ten up to 1e9 is exact in double precision, so that this rounds the
     // true value, and a tie to the even digit.
-    auto digits = static_cast<std::uint32_t>(std::nearbyint(exact * scales[rank]));
+    auto digits = static_cast<std::size_t>(std::nearbyint(exact * scales[rank]));
     if (digits == 1000000) {
         if (++rank == 10) {
             return writeExactReal(out, value);
@@ -88,8 +88,9 @@ char* writeReal(char* out, float value) {
         --significant;
     }
     if (rank < 4) { // below 1: zeros up to the first digit
-        std::memcpy(out, "0.000", 5);
-        out += 5 - rank;
+        constexpr std::array<char, 5> zeros = {'0', '.', '0', '0', '0'};
+        std::memcpy(out, zeros.data(), zeros.size());
+        out += zeros.size() - rank;
         std::memcpy(out, text.data(), 6);
         return out + significant;
     }

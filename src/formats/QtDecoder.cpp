@@ -12,7 +12,7 @@ TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* forma
     // The densest data of these formats, runs of a bitmap, gives 128 pixels a byte at the most; a
     // picture of an icon may be compressed better, but is small.
     constexpr std::int64_t mostPixelsPerByte = 128;
-    constexpr std::int64_t iconPixels = 256 * 256;
+    constexpr std::int64_t iconPixels = 65536; // 256 x 256
     QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                               static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);

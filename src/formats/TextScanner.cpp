@@ -1,7 +1,9 @@
 #include "formats/TextScanner.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
+#include <cstring>
 #include <limits>
 #include <system_error>
 
@@ -120,6 +122,24 @@ std::string_view TextScanner::take(std::size_t count) {
     const std::string_view text(next_, std::min(count, inSight()));
     next_ += text.size();
     return text;
+}
+
+void TextScanner::skipSpaces() {
+    constexpr std::uint64_t eightBlanks = 0x2020202020202020U;
+    do {
+        while (next_ != end_) {
+            if (*next_ == ' ' && inSight() >= 8) {
+                // lists are indented by many blanks
+                std::uint64_t word = 0;
+                std::memcpy(&word, next_, sizeof word);
+                next_ += std::countr_zero(word ^ eightBlanks) / 8;
+            } else if (*next_ == ' ' || (*next_ >= '\t' && *next_ <= '\r')) {
+                ++next_;
+            } else {
+                return;
+            }
+        }
+    } while (more());
 }
 
 /// The general case of number extraction.

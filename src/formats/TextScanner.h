@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -76,21 +75,11 @@ class TextScanner {
     }
 
     void skipSpace() {
-        do {
-            while (next_ != end_ && (*next_ == ' ' || (*next_ >= '\t' && *next_ <= '\r'))) {
-                skipBlanks();
-                ++next_;
-            }
-        } while (next_ == end_ && more());
-    }
-    /// Skips most of a run of blanks, by which lists are indented, leaving one at least.
-    void skipBlanks() {
-        constexpr std::uint64_t eightBlanks = 0x2020202020202020U;
-        std::uint64_t word = 0;
-        while (inSight() > 8 && (std::memcpy(&word, next_, 8), word == eightBlanks)) {
-            next_ += 7;
+        if (next_ == end_ || static_cast<unsigned char>(*next_) <= ' ') {
+            skipSpaces();
         }
     }
+    void skipSpaces();
 
     /// Goes on behind a number, or to the end of the text where there was none.
     bool goOn(const char* stop) {

@@ -20,9 +20,9 @@ ExitStatus texture(const QStringList& words) {
         return refuse(in, QStringLiteral("No such file"));
     }
     const TextureImage image = loadTextureFile(*file);
-    const QImage picture(reinterpret_cast<const uchar*>(image.pixels.data()), image.width,
-                         image.height, image.width * static_cast<int>(sizeof(Rgba8)),
-                         QImage::Format_RGBA8888);
+    const QImage picture(
+        reinterpret_cast<const uchar*>(image.pixels.data()), image.width, image.height,
+        qsizetype{image.width} * static_cast<qsizetype>(sizeof(Rgba8)), QImage::Format_RGBA8888);
     QBuffer png;
     png.open(QIODevice::WriteOnly);
     const bool saved = picture.save(&png, "PNG") && replaceFile(out, [&png](const TextSink& sink) {

@@ -1,7 +1,10 @@
+#include "formats/TextureLoader.h"
 #include "model/FrameWalk.h"
 #include "model/ModelCounts.h"
 #include "support/ModelText.h"
 #include "support/RandomModel.h"
+
+#include <QDir>
 
 #include <algorithm>
 
@@ -160,6 +163,23 @@ TEST(HostileInput, RandomDamageHarmsNothing) {
             }
             const ModelDocument document = readText(damaged);
             test::writeText(document);
+        }
+    }
+}
+
+/// Inputs that once did harm, each named after what was wrong.
+TEST(HostileInput, FormerHarmIsHarmless) {
+    const QDir folder(QStringLiteral(KORVANE_REGRESSION));
+    const QStringList names = folder.entryList(QDir::Files);
+    EXPECT_FALSE(names.isEmpty());
+    for (const QString& name : names) {
+        const QString file = folder.filePath(name);
+        if (isTextModelName(file)) {
+            ModelDocument document;
+            EXPECT_EQ(FileOpenXSI(file, document), ReadStatus::Done) << qPrintable(name);
+            EXPECT_FALSE(test::writeText(document).empty());
+        } else {
+            EXPECT_GT(loadTextureFile(file).pixels.size(), 0U) << qPrintable(name);
         }
     }
 }
