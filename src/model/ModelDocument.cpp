@@ -11,41 +11,41 @@ namespace {
 
 /// One averaged normal per entry of NormalFaces; an index that leads nowhere adds nothing.
 void computeFaceNormals(MeshRecord& mesh) {
-    mesh.FaceNormals.clear();
-    mesh.FaceNormals.reserve(mesh.NormalFaces.size());
-    std::vector<Vec3> gathered;
+    const std::span<const Vec3> normals = mesh.Normals;
+    mesh.FaceNormals.resize(mesh.NormalFaces.size());
     for (std::size_t i = 0; i < mesh.NormalFaces.size(); ++i) {
-        gathered.clear();
+        VectorSum sum;
         for (const std::uint32_t index : mesh.NormalFaces[i]) {
-            if (index < mesh.Normals.size()) {
-                gathered.push_back(mesh.Normals[index]);
+            if (index < normals.size()) {
+                sum.add(normals[index]);
             }
         }
-        mesh.FaceNormals.push_back(AverageNorm(gathered));
+        mesh.FaceNormals[i] = Normalize(sum.rounded());
     }
 }
 
 /// The box starts as the last corner of the first polygon alone and grows by the corners of the
 /// others: the first polygon's other corners deliberately take no part.
 void computeBounds(FrameRecord& frame) {
-    const MeshRecord& mesh = frame.Mesh;
-    frame.BoundMin = frame.BoundMax = Vec3{};
-    for (std::size_t i = 0; i < mesh.Faces.size(); ++i) {
-        for (const std::uint32_t index : mesh.Faces[i]) {
-            if (index >= mesh.Vertices.size()) {
+    const std::span<const Vec3> vertices = frame.Mesh.Vertices;
+    const PolygonList& faces = frame.Mesh.Faces;
+    Vec3 low;
+    Vec3 high;
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+        for (const std::uint32_t index : faces[i]) {
+            if (index >= vertices.size()) {
                 continue;
             }
-            const Vec3& v = mesh.Vertices[index];
-            if (i == 0) {
-                frame.BoundMin = frame.BoundMax = v;
-                continue;
-            }
-            frame.BoundMin = {std::min(frame.BoundMin.x, v.x), std::min(frame.BoundMin.y, v.y),
-                              std::min(frame.BoundMin.z, v.z)};
-            frame.BoundMax = {std::max(frame.BoundMax.x, v.x), std::max(frame.BoundMax.y, v.y),
-                              std::max(frame.BoundMax.z, v.z)};
+            const Vec3 v = vertices[index];
+            low =
+                i == 0 ? v : Vec3{std::min(low.x, v.x), std::min(low.y, v.y), std::min(low.z, v.z)};
+            high = i == 0
+                       ? v
+                       : Vec3{std::max(high.x, v.x), std::max(high.y, v.y), std::max(high.z, v.z)};
         }
     }
+    frame.BoundMin = low;
+    frame.BoundMax = high;
 }
 
 void computeFrameData(FrameRecord& frame, FramePath path) {

@@ -12,24 +12,6 @@ double turned(const Vec3& p, const Matrix4& a, std::size_t c) {
     return double{p.x} * a[c] + double{p.y} * a[4 + c] + double{p.z} * a[8 + c];
 }
 
-/// A sum of vectors that is rounded only when it is taken out.
-class VectorSum {
-  public:
-    void add(const Vec3& v) {
-        x_ += v.x;
-        y_ += v.y;
-        z_ += v.z;
-    }
-    [[nodiscard]] Vec3 rounded() const {
-        return {static_cast<float>(x_), static_cast<float>(y_), static_cast<float>(z_)};
-    }
-
-  private:
-    double x_ = 0.0;
-    double y_ = 0.0;
-    double z_ = 0.0;
-};
-
 } // namespace
 
 Matrix4 MatrixMatrix(const Matrix4& a, const Matrix4& b) {
@@ -83,15 +65,6 @@ Matrix4 AddMatrix(const Matrix4& a, const Matrix4& b) {
 
 float dotproduct(const Vec3& p, const Vec3& q) {
     return static_cast<float>(double{p.x} * q.x + double{p.y} * q.y + double{p.z} * q.z);
-}
-
-Vec3 Normalize(const Vec3& p) {
-    auto length =
-        static_cast<float>(std::sqrt(double{p.x} * p.x + double{p.y} * p.y + double{p.z} * p.z));
-    if (length == 0.0F || std::isnan(length)) {
-        length = 1e-6F;
-    }
-    return {p.x / length, p.y / length, p.z / length};
 }
 
 float AverageZ(std::span<const RenderVertex> vertices) {

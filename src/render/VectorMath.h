@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <span>
 
@@ -72,7 +73,32 @@ Matrix4 AddMatrix(const Matrix4& a, const Matrix4& b);
 float dotproduct(const Vec3& p, const Vec3& q);
 
 /// p divided by its length; a zero vector stays zero, a very short one is divided as any other.
-Vec3 Normalize(const Vec3& p);
+inline Vec3 Normalize(const Vec3& p) {
+    auto length =
+        static_cast<float>(std::sqrt(double{p.x} * p.x + double{p.y} * p.y + double{p.z} * p.z));
+    if (length == 0.0F || std::isnan(length)) {
+        length = 1e-6F;
+    }
+    return {p.x / length, p.y / length, p.z / length};
+}
+
+/// A sum of vectors that is rounded only when it is taken out.
+class VectorSum {
+  public:
+    void add(const Vec3& v) {
+        x_ += v.x;
+        y_ += v.y;
+        z_ += v.z;
+    }
+    [[nodiscard]] Vec3 rounded() const {
+        return {static_cast<float>(x_), static_cast<float>(y_), static_cast<float>(z_)};
+    }
+
+  private:
+    double x_ = 0.0;
+    double y_ = 0.0;
+    double z_ = 0.0;
+};
 
 /// The mean z of the vertices; NaN when there are none.
 float AverageZ(std::span<const RenderVertex> vertices);
