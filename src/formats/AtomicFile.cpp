@@ -31,22 +31,13 @@ TextSink sinkOf(QIODevice& device) {
     };
 }
 
-bool writeInPlace(const QString& name, const std::function<bool(const TextSink&)>& write) {
-    QFile file(name);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered)) {
-        return false;
-    }
-    const QByteArray before = file.readAll();
-    if (before.size() != file.size() || !file.seek(0)) {
-        return false;
-    }
-    if (write(sinkOf(file)) && file.resize(file.pos())) {
-        return true;
-    }
-    file.seek(0);
-    file.write(before);
-    file.resize(before.size());
-    return false;
+bool writeAll(QFile& file, const QByteArray& bytes) {
+    return file.seek(0) && file.write(bytes) == bytes.size() && file.resize(bytes.size());
+}
+
+/// Whether the folder of a file lets files be added.
+bool takesNewFiles(const QString& fileName) {
+    return QFileInfo(QFileInfo(fileName).path()).isWritable();
 }
 
 bool replaceOrThrow(const QString& fileName, const std::function<bool(const TextSink&)>& write) {
@@ -57,7 +48,7 @@ bool replaceOrThrow(const QString& fileName, const std::function<bool(const Text
     QSaveFile file(*name);
     // Buffered, an error of the last flush would go unnoticed and a cut file would count as saved.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        return writeInPlace(*name, write);
+        return !takesNewFiles(*name) && overwriteFile(*name, write);
     }
     if (!write(sinkOf(file))) {
         file.cancelWriting();
@@ -66,7 +57,39 @@ bool replaceOrThrow(const QString& fileName, const std::function<bool(const Text
     return file.commit();
 }
 
+bool overwriteOrThrow(const QString& fileName, const std::function<bool(const TextSink&)>& write) {
+    // Both texts are in memory before the first byte of the file is touched: from then on only the
+    // disk itself can fail.
+    QByteArray text;
+    const bool complete = write([&text](std::string_view piece) {
+        text.append(piece.data(), static_cast<qsizetype>(piece.size()));
+        return true;
+    });
+    QFile file(fileName);
+    if (!complete ||
+        !file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered)) {
+        return false;
+    }
+    const QByteArray before = file.readAll();
+    if (before.size() != file.size()) {
+        return false;
+    }
+    if (writeAll(file, text)) {
+        return true;
+    }
+    writeAll(file, before); // these bytes had room
+    return false;
+}
+
 } // namespace
+
+bool overwriteFile(const QString& fileName, const std::function<bool(const TextSink&)>& write) {
+    try {
+        return overwriteOrThrow(fileName, write);
+    } catch (const std::exception&) {
+        return false;
+    }
+}
 
 bool replaceFile(const QString& fileName, const std::function<bool(const TextSink&)>& write) {
     try {

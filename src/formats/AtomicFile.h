@@ -11,8 +11,12 @@ namespace korvane {
 /// Replaces the contents of a file by what `write` puts into its sink, all or nothing: the text
 /// goes into a file beside the target, which takes the target's place at the end. Symbolic links
 /// are followed and the target's permissions kept. A writable file in a folder where none can be
-/// made is written in place, and given its old contents back when that fails. Devices and pipes are
-/// refused. False on failure, with the old file as it was; nothing is thrown.
+/// made is overwritten. Devices and pipes are refused. False on failure, with the old file as it
+/// was; nothing is thrown.
 bool replaceFile(const QString& fileName, const std::function<bool(const TextSink&)>& write);
+
+/// The same for a file that is there and keeps its place: the new contents are written over the old
+/// ones, which are written back when that fails.
+bool overwriteFile(const QString& fileName, const std::function<bool(const TextSink&)>& write);
 
 } // namespace korvane

@@ -27,6 +27,10 @@ class ByteReader {
         const std::uint8_t low = byte();
         return static_cast<std::uint16_t>(low | byte() << 8);
     }
+    std::uint32_t littleEndian32() {
+        const std::uint32_t low = littleEndian16();
+        return low | std::uint32_t{littleEndian16()} << 16U;
+    }
     std::uint16_t bigEndian16() {
         const std::uint8_t high = byte();
         return static_cast<std::uint16_t>(high << 8 | byte());

@@ -119,7 +119,7 @@ void PicDecoder::readPixel(Rgba8& pixel, ChannelMask mask) {
 } // namespace
 
 TextureImage decodePic(std::span<const std::uint8_t> bytes) {
-    return PicDecoder(bytes).decode();
+    return decodedOrBlank([bytes] { return PicDecoder(bytes).decode(); });
 }
 
 } // namespace korvane

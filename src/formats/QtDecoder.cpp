@@ -1,3 +1,4 @@
+#include "formats/ByteReader.h"
 #include "formats/TextureDecoders.h"
 
 #include <QBuffer>
@@ -5,31 +6,42 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <string_view>
 
 namespace korvane {
 
-TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* format) {
-    // The densest data of these formats, runs of a bitmap, gives 128 pixels a byte at the most; a
-    // picture of an icon may be compressed better, but is small.
-    constexpr std::int64_t mostPixelsPerByte = 128;
-    constexpr std::int64_t iconPixels = 65536; // 256 x 256
-    QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
-                                              static_cast<qsizetype>(bytes.size()));
-    QBuffer buffer(&data);
-    QImageReader reader(&buffer, format);
-    reader.setAutoDetectImageFormat(false);
-    reader.setDecideFormatFromContent(false);
-    const QSize size = reader.size();
-    // the height of a picture stored from the top down is negative
-    const std::int64_t pixels = std::abs(std::int64_t{size.width()} * size.height());
-    const auto bytesThere = static_cast<std::int64_t>(bytes.size());
-    if (pixels > std::max(iconPixels, bytesThere * mostPixelsPerByte)) {
-        return {};
-    }
-    const QImage picture = reader.read().convertToFormat(QImage::Format_RGBA8888);
-    if (picture.isNull()) {
-        return {};
-    }
+namespace {
+
+/// How many pixels the bytes of a bitmap file can hold at the most: its rows have so many bits a
+/// pixel, or runs of up to 255 equal pixels in two bytes.
+std::int64_t mostPixels(std::span<const std::uint8_t> bytes) {
+    constexpr std::uint32_t oldHeaderSize = 12;
+    constexpr std::int64_t pixelsPerRunByte = 128;
+    ByteReader in(bytes);
+    in.skip(14); // the file header
+    const std::uint32_t headerSize = in.littleEndian32();
+    in.skip(headerSize == oldHeaderSize ? 6 : 10);
+    const std::int64_t bitsPerPixel = std::max<std::int64_t>(in.littleEndian16(), 1);
+    const bool runs = headerSize != oldHeaderSize && (bitsPerPixel == 4 || bitsPerPixel == 8) &&
+                      in.littleEndian32() != 0;
+    const auto size = static_cast<std::int64_t>(bytes.size());
+    return runs ? size * pixelsPerRunByte : size * 8 / bitsPerPixel;
+}
+
+/// While it lives Qt decodes no picture larger than the largest icon, 256 x 256.
+class IconSizeLimit {
+  public:
+    IconSizeLimit() { QImageReader::setAllocationLimit(1); }
+    ~IconSizeLimit() { QImageReader::setAllocationLimit(before_); }
+    IconSizeLimit(const IconSizeLimit&) = delete;
+    IconSizeLimit& operator=(const IconSizeLimit&) = delete;
+
+  private:
+    int before_ = QImageReader::allocationLimit(); ///< megabytes
+};
+
+/// Row by row, so that no second picture of the same size is needed in between.
+TextureImage copyOf(const QImage& picture) {
     TextureImage image;
     image.width = picture.width();
     image.height = picture.height();
@@ -37,12 +49,42 @@ TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* forma
     image.pixels.reserve(static_cast<std::size_t>(image.width) *
                          static_cast<std::size_t>(image.height));
     for (int y = 0; y < picture.height(); ++y) {
-        const uchar* row = picture.constScanLine(y);
-        for (int x = 0; x < picture.width(); ++x, row += 4) {
-            image.pixels.push_back({row[0], row[1], row[2], 255});
+        const QImage line =
+            picture.copy(0, y, picture.width(), 1).convertToFormat(QImage::Format_RGBA8888);
+        const uchar* pixel = line.constScanLine(0);
+        for (int x = 0; x < line.width(); ++x, pixel += 4) {
+            image.pixels.push_back({pixel[0], pixel[1], pixel[2], 255});
         }
     }
     return image;
+}
+
+TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format) {
+    QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                              static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&data);
+    QImageReader reader(&buffer, QByteArray(format.data(), static_cast<qsizetype>(format.size())));
+    reader.setAutoDetectImageFormat(false);
+    reader.setDecideFormatFromContent(false);
+    if (format == "BMP") {
+        const QSize size = reader.size();
+        // the height of a picture stored from the top down is negative
+        if (std::abs(std::int64_t{size.width()} * size.height()) > mostPixels(bytes)) {
+            return {};
+        }
+        const QImage picture = reader.read();
+        return picture.isNull() ? TextureImage() : copyOf(picture);
+    }
+    // a picture in an icon may be compressed, and larger than the icon says
+    const IconSizeLimit limit;
+    const QImage picture = reader.read();
+    return picture.isNull() ? TextureImage() : copyOf(picture);
+}
+
+} // namespace
+
+TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* format) {
+    return decodedOrBlank([bytes, format] { return decode(bytes, format); });
 }
 
 } // namespace korvane

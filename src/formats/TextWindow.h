@@ -7,7 +7,8 @@
 
 namespace korvane {
 
-/// Puts the next bytes of a text into a buffer and tells how many; 0 at the end.
+/// Puts the next bytes of a text into a buffer and tells how many; 0 at the end. Throws where they
+/// cannot be read.
 using ByteSource = std::function<std::size_t(std::span<char>)>;
 
 /// A text that passes by in a window: only what is being looked at is in memory, and it stays in

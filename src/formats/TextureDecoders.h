@@ -3,21 +3,33 @@
 #include "model/TextureImage.h"
 
 #include <cstdint>
+#include <exception>
 #include <span>
 
 namespace korvane {
 
-// Each decoder gives the 1 x 1 image for what it cannot decode, and allocates no picture that the
-// bytes at hand could not fill. Memory that runs out shows as std::bad_alloc.
+// Each decoder gives the 1 x 1 image for what it cannot decode or what memory cannot hold, and
+// allocates no picture that the bytes at hand could not fill.
 
 /// A Truevision TGA picture, uncompressed, with 16, 24 or 32 bits a pixel. The fourth byte of a
 /// pixel is ignored: alpha is 255.
 TextureImage decodeTga(std::span<const std::uint8_t> bytes);
 
-/// A Softimage PIC picture. Where its data breaks off, the rest stays opaque white.
+/// A Softimage PIC picture. Where its data breaks off, the rest stays opaque white, unless so much
+/// is missing that the longest runs could not make up for it.
 TextureImage decodePic(std::span<const std::uint8_t> bytes);
 
 /// A picture that Qt reads: `format` is "BMP" or "ICO" and is not guessed. Alpha is 255.
 TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* format);
+
+/// What `decode` gives, or the 1 x 1 image where it throws.
+template <class Decode>
+TextureImage decodedOrBlank(Decode decode) {
+    try {
+        return decode();
+    } catch (const std::exception&) {
+        return {};
+    }
+}
 
 } // namespace korvane

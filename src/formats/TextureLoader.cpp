@@ -29,16 +29,27 @@ bool isFile(const QString& name) {
 TextureLoader::TextureLoader(QString modelFolder) : folder_(std::move(modelFolder)) {}
 
 std::shared_ptr<const TextureImage> TextureLoader::load(const std::string& name) {
-    const auto [entry, isNew] = images_.try_emplace(name, blankTextureImage());
+    const auto [entry, isNew] = byName_.try_emplace(name, blankTextureImage());
     if (isNew) {
         if (const auto file = find(shownText(name))) {
-            TextureImage image = loadTextureFile(*file);
-            if (image != *blankTextureImage()) {
-                entry->second = std::make_shared<const TextureImage>(std::move(image));
-            }
+            entry->second = loadOnce(*file);
         }
     }
     return entry->second;
+}
+
+std::shared_ptr<const TextureImage> TextureLoader::loadOnce(const QString& file) {
+    const QString path = QFileInfo(file).canonicalFilePath();
+    const auto known = byFile_.constFind(path);
+    if (known != byFile_.constEnd()) {
+        return *known;
+    }
+    TextureImage image = loadTextureFile(file);
+    auto shared = image == *blankTextureImage()
+                      ? blankTextureImage()
+                      : std::make_shared<const TextureImage>(std::move(image));
+    byFile_.insert(path, shared);
+    return shared;
 }
 
 std::optional<QString> TextureLoader::find(const QString& name) {
@@ -69,9 +80,9 @@ std::optional<QString> TextureLoader::findFile(const QString& name) {
 }
 
 std::optional<QString> TextureLoader::findInAnyCase(const QString& name) {
-    QString path = folder_;
     QString separated = name;
     separated.replace(u'\\', u'/');
+    QString path = separated.startsWith(u'/') ? QStringLiteral("/") : folder_;
     for (const QString& part : separated.split(u'/', Qt::SkipEmptyParts)) {
         const QHash<QString, QString>& names = entries(path);
         const auto entry = names.constFind(part.toCaseFolded());
@@ -96,24 +107,26 @@ const QHash<QString, QString>& TextureLoader::entries(const QString& folder) {
 }
 
 TextureImage loadTextureFile(const QString& fileName) {
-    const QString extension = upperExtension(fileName);
-    QFile file(fileName);
-    if (!isFile(fileName) || !file.open(QIODevice::ReadOnly)) {
+    return decodedOrBlank([&fileName]() -> TextureImage {
+        const QString extension = upperExtension(fileName);
+        QFile file(fileName);
+        if (!isFile(fileName) || !file.open(QIODevice::ReadOnly)) {
+            return {};
+        }
+        if (extension == QLatin1String(".TGA")) {
+            return decodeTga(bytesOf(file.readAll()));
+        }
+        if (extension == QLatin1String(".PIC")) {
+            return decodePic(bytesOf(file.readAll()));
+        }
+        if (extension == QLatin1String(".BMP")) {
+            return decodeWithQt(bytesOf(file.readAll()), "BMP");
+        }
+        if (extension == QLatin1String(".ICO")) {
+            return decodeWithQt(bytesOf(file.readAll()), "ICO");
+        }
         return {};
-    }
-    if (extension == QLatin1String(".TGA")) {
-        return decodeTga(bytesOf(file.readAll()));
-    }
-    if (extension == QLatin1String(".PIC")) {
-        return decodePic(bytesOf(file.readAll()));
-    }
-    if (extension == QLatin1String(".BMP")) {
-        return decodeWithQt(bytesOf(file.readAll()), "BMP");
-    }
-    if (extension == QLatin1String(".ICO")) {
-        return decodeWithQt(bytesOf(file.readAll()), "ICO");
-    }
-    return {};
+    });
 }
 
 } // namespace korvane

@@ -12,8 +12,8 @@
 
 namespace korvane {
 
-/// Finds and decodes the textures that a model names. Each name is looked up and decoded once and
-/// its image shared.
+/// Finds and decodes the textures that a model names. Each name is looked up once, each file
+/// decoded once and its image shared, whatever names lead to it.
 class TextureLoader {
   public:
     /// `modelFolder` is where the model file stands; it may be empty.
@@ -24,17 +24,19 @@ class TextureLoader {
     std::shared_ptr<const TextureImage> load(const std::string& name);
 
     /// The file that a name stands for. It is looked for as named, then beside the model, then
-    /// there in any case with backslashes as separators, at last by what follows the last of them.
+    /// in any case with backslashes as separators, at last by what follows the last of them.
     /// A name without extension stands for the first of .PIC, .TGA and .BMP that exists.
     std::optional<QString> find(const QString& name);
 
   private:
+    std::shared_ptr<const TextureImage> loadOnce(const QString& file);
     std::optional<QString> findFile(const QString& name);
     std::optional<QString> findInAnyCase(const QString& name);
     const QHash<QString, QString>& entries(const QString& folder);
 
     QString folder_;
-    std::unordered_map<std::string, std::shared_ptr<const TextureImage>> images_;
+    std::unordered_map<std::string, std::shared_ptr<const TextureImage>> byName_;
+    QHash<QString, std::shared_ptr<const TextureImage>> byFile_;
     /// For each folder looked into, the names in it by their case-folded form.
     QHash<QString, QHash<QString, QString>> entries_;
 };

@@ -24,12 +24,9 @@ Rgba8 readPixel(ByteReader& in, unsigned depth) {
     return {red, green, blue, 255};
 }
 
-} // namespace
-
-TextureImage decodeTga(std::span<const std::uint8_t> bytes) {
+TextureImage decode(ByteReader in) {
     constexpr unsigned trueColor = 2;
     constexpr unsigned topDown = 0x20;
-    ByteReader in(bytes);
     const std::size_t idLength = in.byte();
     const unsigned mapType = in.byte();
     const unsigned imageType = in.byte();
@@ -61,6 +58,12 @@ TextureImage decodeTga(std::span<const std::uint8_t> bytes) {
         }
     }
     return image;
+}
+
+} // namespace
+
+TextureImage decodeTga(std::span<const std::uint8_t> bytes) {
+    return decodedOrBlank([bytes] { return decode(ByteReader(bytes)); });
 }
 
 } // namespace korvane

@@ -10,6 +10,9 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 
 namespace korvane {
@@ -37,8 +40,11 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document) {
         return ReadStatus::CannotOpen;
     }
     const ByteSource source = [&file](std::span<char> space) {
-        return static_cast<std::size_t>(
-            std::max<qint64>(file.read(space.data(), static_cast<qint64>(space.size())), 0));
+        const qint64 got = file.read(space.data(), static_cast<qint64>(space.size()));
+        if (got < 0) {
+            throw std::runtime_error("the file cannot be read to its end");
+        }
+        return static_cast<std::size_t>(got);
     };
     TextWindow window(source, static_cast<std::size_t>(std::max<qint64>(file.size(), 0)));
     TextureLoader loader(info.path());
@@ -46,9 +52,7 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document) {
                    [&loader](const std::string& name) { return loader.load(name); });
 }
 
-} // namespace
-
-ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures) {
+ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureSource& textures) {
     if (!readHeader(text)) {
         return ReadStatus::NotValid;
     }
@@ -71,13 +75,26 @@ ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSourc
     return ReadStatus::Done;
 }
 
-ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document) {
-    ReadStatus status = ReadStatus::CannotOpen;
+/// Half a model is worse than none: where the bytes break off or memory ends the document is empty.
+template <class Read>
+ReadStatus wholeOrNothing(ModelDocument& document, Read read) {
     try {
-        status = openAndRead(fileName, document);
+        return read();
     } catch (const std::exception&) {
-        document = ModelDocument(); // the model did not fit into memory
+        document = ModelDocument();
+        return ReadStatus::CannotOpen;
     }
+}
+
+} // namespace
+
+ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures) {
+    return wholeOrNothing(document, [&] { return readOrThrow(text, document, textures); });
+}
+
+ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document) {
+    const ReadStatus status =
+        wholeOrNothing(document, [&] { return openAndRead(fileName, document); });
     document.FileName = fileName;
     if (status == ReadStatus::CannotOpen || status == ReadStatus::NotValid) {
         document.FileName = QStringLiteral("Untitled");

@@ -1,3 +1,4 @@
+#include "formats/AtomicFile.h"
 #include "support/ModelText.h"
 #include "support/TestFiles.h"
 
@@ -17,6 +18,8 @@ TEST_F(Files, OpeningSetsTheFlagsAndNames) {
     QDir().mkdir(path("folder.x"));
     ASSERT_EQ(::mkfifo(qPrintable(path("pipe.x")), 0600), 0);
     ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path("device.x")));
+    // a file whose first page cannot be read
+    ASSERT_TRUE(QFile::link(QStringLiteral("/proc/self/mem"), path("unreadable.x")));
     const QString untitled = QStringLiteral("Untitled");
     const struct {
         QString file;
@@ -35,6 +38,8 @@ TEST_F(Files, OpeningSetsTheFlagsAndNames) {
          true},
         {path("device.x"), ReadStatus::CannotOpen, QStringLiteral("Unable to open file"), untitled,
          true},
+        {path("unreadable.x"), ReadStatus::CannotOpen, QStringLiteral("Unable to open file"),
+         untitled, true},
     };
     for (const auto& row : rows) {
         ModelDocument document;
@@ -130,6 +135,45 @@ TEST_F(Files, ADiskThatRunsFullLeavesTheOldFile) {
     }
     EXPECT_EQ(content(target), "old");
     EXPECT_EQ(filesInFolder(), 1);
+}
+
+TEST_F(Files, OverwritingGivesTheOldContentsBackWhenItFails) {
+    const QString target = write("old.xsi", "old contents");
+    const auto put = [&target](const std::string& text) {
+        return overwriteFile(target, [&text](const TextSink& sink) { return sink(text); });
+    };
+    {
+        const FileSizeLimit limit(100);
+        EXPECT_FALSE(put(std::string(1000, 'n')));
+    }
+    EXPECT_EQ(content(target), "old contents");
+    EXPECT_FALSE(overwriteFile(target, [](const TextSink& sink) {
+        sink("half");
+        return false;
+    }));
+    EXPECT_FALSE(overwriteFile(target, [](const TextSink&) -> bool { throw std::bad_alloc(); }));
+    EXPECT_EQ(content(target), "old contents");
+    EXPECT_TRUE(put("new"));
+    EXPECT_EQ(content(target), "new");
+    EXPECT_FALSE(overwriteFile(path("none.xsi"), [](const TextSink&) { return true; }));
+    EXPECT_EQ(filesInFolder(), 1);
+}
+
+TEST(Reading, WhereTheBytesBreakOffNothingIsKept) {
+    const std::string text = "xof 0302txt 0064\nframe frm-a {\n}\n";
+    std::size_t calls = 0;
+    TextWindow window(
+        [&](std::span<char> space) {
+            if (++calls > 1) {
+                throw std::runtime_error("gone");
+            }
+            return text.copy(space.data(), space.size());
+        },
+        2 * text.size());
+    ModelDocument document;
+    EXPECT_EQ(readXsi(TextScanner(window), document), ReadStatus::CannotOpen);
+    EXPECT_GT(calls, 1U);
+    EXPECT_EQ(document.Root, FrameRecord());
 }
 
 } // namespace

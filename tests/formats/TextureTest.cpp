@@ -4,6 +4,9 @@
 #include "support/ModelText.h"
 #include "support/TestFiles.h"
 
+#include <QBuffer>
+#include <QImage>
+
 #include <map>
 
 namespace korvane {
@@ -211,11 +214,18 @@ TEST_F(Textures, AreLookedForInOrder) {
 
 TEST_F(Textures, AreDecodedOnceAndShared) {
     picture("a.tga", 1);
+    picture("b.TGA", 2);
     TextureLoader loader(folder());
     const auto first = loader.load("a.tga");
     QFile::remove(path("a.tga"));
     EXPECT_EQ(loader.load("a.tga"), first);
-    EXPECT_EQ(loader.load("b.tga"), blankTextureImage());
+    EXPECT_EQ(loader.load("A.TGA"), blankTextureImage()); // not decoded, and gone by now
+    const auto other = loader.load("B.tga");
+    EXPECT_NE(other, first);
+    for (const char* alias : {"b", "b.TGA", ".\\b.tga", "c:\\b.tga"}) {
+        EXPECT_EQ(loader.load(alias), other) << alias;
+    }
+    EXPECT_EQ(loader.load("c.tga"), blankTextureImage());
 }
 
 TEST_F(Textures, AreAttachedByTheReader) {
@@ -254,6 +264,47 @@ TEST_F(Textures, BitmapsAndIconsGoByTheirExtensionAlone) {
     for (const char* name : {"wrong.ico", "wrong.wmf", "cut.bmp", "huge.bmp"}) {
         EXPECT_EQ(loader.load(name), blankTextureImage()) << name;
     }
+}
+
+/// An icon of one picture in PNG form, which claims 16 x 16 pixels.
+std::string icon(int side) {
+    QImage picture(side, side, QImage::Format_Mono);
+    picture.fill(0);
+    QBuffer png;
+    png.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(picture.save(&png, "PNG"));
+    std::string bytes = "\0\0\1\0\1\0\x10\x10\0\0\1\0\x20\0SIZE\x16\0\0\0"s;
+    for (int i = 0; i < 4; ++i) {
+        bytes[14 + static_cast<std::size_t>(i)] = static_cast<char>(png.size() >> (8 * i));
+    }
+    return bytes + png.data().toStdString();
+}
+
+TEST_F(Textures, PicturesThatUnpackIntoFarMoreAreBlank) {
+    TextureLoader loader(folder());
+    write("good.ico", icon(256));
+    EXPECT_EQ(loader.load("good.ico")->width, 256);
+    const std::string bomb = icon(20000); // 60 kilobytes, 50 megabytes unpacked
+    EXPECT_LT(bomb.size(), 100000U);
+    write("bomb.ico", bomb);
+    EXPECT_EQ(loader.load("bomb.ico"), blankTextureImage());
+
+    // 100 x 100 pixels of 24 bits in 2000 bytes; the same as runs could be whole
+    std::string bmp = "BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x64\0\0\0\x64\0\0\0\1\0\x18"s;
+    bmp.resize(2000);
+    write("cut.bmp", bmp);
+    EXPECT_EQ(loader.load("cut.bmp"), blankTextureImage());
+    bmp[28] = 8;  // bits
+    bmp[30] = 1;  // runs
+    bmp[46] = 2;  // colours
+    bmp[10] = 62; // where the runs begin
+    bmp.replace(54, 8, "\1\2\3\0\4\5\6\0"s);
+    for (std::size_t row = 0; row < 100; ++row) {
+        bmp.replace(62 + 4 * row, 4, "\x64\1\0\0"s);
+    }
+    write("runs.bmp", bmp);
+    EXPECT_EQ(loader.load("runs.bmp")->width, 100);
+    EXPECT_EQ(loader.load("runs.bmp")->pixels.back(), (Rgba8{6, 5, 4, 255}));
 }
 
 TEST_F(Textures, OfTheCorpusDecodeOrHarmNothing) {
