@@ -41,22 +41,25 @@ inline LeadingDigits leadingDigits(const char* p) {
     return {static_cast<std::uint32_t>(word), count};
 }
 
-/// Parses a short decimal integer (an optional minus sign and up to nine digits) the way
+/// Parses a short decimal integer (an optional minus sign and up to eight digits) the way
 /// std::from_chars does. Null where it is none of these: the exact parser has to decide. (Digit by
 /// digit: indices are short, and a predicted loop end is quicker than taking eight at once.)
 inline const char* quickInteger(const char* p, std::int32_t& value) {
     const bool negative = *p == '-';
     p += negative ? 1 : 0;
-    const char* const first = p;
-    std::int32_t number = 0;
-    while (isDigit(*p) && p - first < 9) {
-        number = number * 10 + (*p++ - '0');
-    }
-    if (p == first || isDigit(*p)) {
+    auto number = static_cast<std::int32_t>(static_cast<unsigned char>(*p - '0'));
+    if (number > 9) {
         return nullptr;
     }
-    value = negative ? -number : number;
-    return p;
+    for (int i = 1; i < 9; ++i) {
+        const auto digit = static_cast<std::int32_t>(static_cast<unsigned char>(p[i] - '0'));
+        if (digit > 9) {
+            value = negative ? -number : number;
+            return p + i;
+        }
+        number = number * 10 + digit;
+    }
+    return nullptr;
 }
 
 /// Parses a decimal number of up to 19 digits, eight of them before the point, to the float that

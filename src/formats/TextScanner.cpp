@@ -127,18 +127,25 @@ std::string_view TextScanner::take(std::size_t count) {
 void TextScanner::skipSpaces() {
     constexpr std::uint64_t eightBlanks = 0x2020202020202020U;
     do {
-        while (next_ != end_) {
-            if (*next_ == ' ' && inSight() >= 8) {
+        const char* p = next_;
+        while (p != end_) {
+            if (*p == ' ' && end_ - p >= 8) {
                 // lists are indented by many blanks
                 std::uint64_t word = 0;
-                std::memcpy(&word, next_, sizeof word);
-                next_ += std::countr_zero(word ^ eightBlanks) / 8;
-            } else if (*next_ == ' ' || (*next_ >= '\t' && *next_ <= '\r')) {
-                ++next_;
+                std::memcpy(&word, p, sizeof word);
+                if (word == eightBlanks) {
+                    p += 8;
+                } else {
+                    p += std::countr_zero(word ^ eightBlanks) / 8;
+                }
+            } else if (*p == ' ' || (*p >= '\t' && *p <= '\r')) {
+                ++p;
             } else {
+                next_ = p;
                 return;
             }
         }
+        next_ = p;
     } while (more());
 }
 

@@ -58,6 +58,30 @@ class TextScanner {
         const char* stop = reach() ? quickInteger(next_, value) : nullptr;
         return goOn(stop != nullptr ? stop : exactNumber(value));
     }
+    /// Extracts integers, each with a separator behind it (the very end of the text may take the
+    /// last one's place), as unsigned numbers of the same bits. False, and the end of the text,
+    /// when there are fewer.
+    bool integers(std::span<std::uint32_t> values) {
+        // most stand close together, with just the separator between them
+        const char* p = next_;
+        for (std::uint32_t& value : values) {
+            std::int32_t number = 0;
+            const char* stop = end_ - p >= quickNumberReach ? quickInteger(p, number) : nullptr;
+            if (stop != nullptr && !isBlank(*stop)) {
+                p = stop + 1;
+            } else {
+                next_ = p;
+                if (!integer(number)) {
+                    return false;
+                }
+                separator();
+                p = next_;
+            }
+            value = static_cast<std::uint32_t>(number);
+        }
+        next_ = p;
+        return true;
+    }
     /// Extracts a decimal number, rounded to the nearest float; tiny ones become 0 or a subnormal.
     /// False, and the end of the text, when there is none or it is too large for a float; `value`
     /// is then unchanged. "inf", "nan" and hexadecimal notation are no numbers.
@@ -68,6 +92,8 @@ class TextScanner {
     }
 
   private:
+    /// True for all white space (and for other control characters, rightly or not).
+    static bool isBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
     [[nodiscard]] std::size_t inSight() const { return static_cast<std::size_t>(end_ - next_); }
     /// Whether the quick parsers can look ahead as far as they need.
     [[nodiscard]] bool reach() {
@@ -75,7 +101,7 @@ class TextScanner {
     }
 
     void skipSpace() {
-        if (next_ == end_ || static_cast<unsigned char>(*next_) <= ' ') {
+        if (next_ == end_ || isBlank(*next_)) {
             skipSpaces();
         }
     }

@@ -17,7 +17,7 @@ class TextWindow {
   public:
     /// `size` is how many bytes the source is expected to give, `capacity` how many the window
     /// holds to begin with.
-    TextWindow(ByteSource source, std::size_t size, std::size_t capacity = 1U << 20U);
+    TextWindow(ByteSource source, std::size_t size, std::size_t capacity = 1U << 18U);
 
     /// Moves the window so that it begins with `rest`, the end of what it shows now, and shows more
     /// behind it; at the end of the text it shows just the rest. Views of it become invalid.

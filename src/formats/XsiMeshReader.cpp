@@ -50,14 +50,14 @@ void makeRoom(const TextScanner& in, PolygonList& polygons, std::int32_t announc
 
 /// That many indices, each with a separator behind it, as one polygon.
 bool readCorners(TextScanner& in, PolygonList& polygons, std::int32_t count) {
-    for (std::int32_t i = 0; i < count; ++i) {
-        std::int32_t index = 0;
-        if (!in.integer(index)) {
+    constexpr std::int32_t mostAtOnce = 1024; // the count may be far beyond what follows
+    while (count > 0) {
+        const std::int32_t some = std::min(count, mostAtOnce);
+        if (!in.integers(polygons.openCorners(static_cast<std::size_t>(some)))) {
             polygons.dropOpenPolygon();
             return false;
         }
-        polygons.pushCorner(static_cast<std::uint32_t>(index));
-        in.separator();
+        count -= some;
     }
     polygons.closePolygon();
     return true;

@@ -3,6 +3,8 @@
 #include "model/FrameWalk.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <span>
 #include <utility>
 
 namespace korvane {
@@ -24,28 +26,40 @@ void computeFaceNormals(MeshRecord& mesh) {
     }
 }
 
+struct Range {
+    float low;
+    float high;
+
+    void include(float value) {
+        low = value < low ? value : low;
+        high = high < value ? value : high;
+    }
+};
+
 /// The box starts as the last corner of the first polygon alone and grows by the corners of the
 /// others: the first polygon's other corners deliberately take no part.
 void computeBounds(FrameRecord& frame) {
     const std::span<const Vec3> vertices = frame.Mesh.Vertices;
     const PolygonList& faces = frame.Mesh.Faces;
-    Vec3 low;
-    Vec3 high;
-    for (std::size_t i = 0; i < faces.size(); ++i) {
-        for (const std::uint32_t index : faces[i]) {
-            if (index >= vertices.size()) {
-                continue;
-            }
-            const Vec3 v = vertices[index];
-            low =
-                i == 0 ? v : Vec3{std::min(low.x, v.x), std::min(low.y, v.y), std::min(low.z, v.z)};
-            high = i == 0
-                       ? v
-                       : Vec3{std::max(high.x, v.x), std::max(high.y, v.y), std::max(high.z, v.z)};
+    Vec3 start;
+    for (std::size_t corner = 0; !faces.empty() && corner < faces[0].size(); ++corner) {
+        if (faces[0][corner] < vertices.size()) {
+            start = vertices[faces[0][corner]];
         }
     }
-    frame.BoundMin = low;
-    frame.BoundMax = high;
+    Range x = {start.x, start.x};
+    Range y = {start.y, start.y};
+    Range z = {start.z, start.z};
+    for (const std::uint32_t index : faces.cornersFrom(1)) {
+        if (index < vertices.size()) {
+            const Vec3& v = vertices[index];
+            x.include(v.x);
+            y.include(v.y);
+            z.include(v.z);
+        }
+    }
+    frame.BoundMin = {x.low, y.low, z.low};
+    frame.BoundMax = {x.high, y.high, z.high};
 }
 
 void computeFrameData(FrameRecord& frame, FramePath path) {

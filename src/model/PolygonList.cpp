@@ -2,7 +2,6 @@
 
 #include "model/Reserve.h"
 
-#include <limits>
 #include <stdexcept>
 
 namespace korvane {
@@ -12,12 +11,9 @@ void PolygonList::push_back(std::span<const std::uint32_t> corners) {
     closePolygon();
 }
 
-void PolygonList::closePolygon() {
-    if (indices_.size() > std::numeric_limits<std::uint32_t>::max()) {
-        dropOpenPolygon();
-        throw std::length_error("polygon list");
-    }
-    ends_.push_back(static_cast<std::uint32_t>(indices_.size()));
+void PolygonList::refuseOpenPolygon() {
+    dropOpenPolygon();
+    throw std::length_error("polygon list");
 }
 
 void PolygonList::reserveMore(std::size_t polygons, std::size_t corners) {

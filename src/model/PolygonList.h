@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -20,13 +21,28 @@ class PolygonList {
         return {indices_.data() + begin, ends_[i] - begin};
     }
 
+    /// The corners of polygon i and of all behind it, one after the other; valid as above.
+    [[nodiscard]] std::span<const std::uint32_t> cornersFrom(std::size_t i) const {
+        const std::size_t begin = i == 0 ? 0 : i < ends_.size() ? ends_[i - 1] : indices_.size();
+        return std::span(indices_).subspan(begin);
+    }
+
     /// Appends one polygon. Throws std::length_error past 2^32 - 1 indices in all.
     void push_back(std::span<const std::uint32_t> corners);
 
-    /// Appends one corner to the polygon being built, which is no part of the list until
-    /// closePolygon(); dropOpenPolygon() forgets it.
-    void pushCorner(std::uint32_t index) { indices_.push_back(index); }
-    void closePolygon();
+    /// Adds corners to the polygon being built and gives them to be filled in, valid until the list
+    /// changes. That polygon is no part of the list until closePolygon(); dropOpenPolygon() forgets
+    /// it.
+    std::span<std::uint32_t> openCorners(std::size_t count) {
+        indices_.resize(indices_.size() + count);
+        return {indices_.data() + indices_.size() - count, count};
+    }
+    void closePolygon() {
+        if (indices_.size() > std::numeric_limits<std::uint32_t>::max()) {
+            refuseOpenPolygon();
+        }
+        ends_.push_back(static_cast<std::uint32_t>(indices_.size()));
+    }
     void dropOpenPolygon() { indices_.resize(closedEnd()); }
 
     /// Makes room for more polygons with so many corners in all.
@@ -36,6 +52,7 @@ class PolygonList {
     bool operator==(const PolygonList&) const = default;
 
   private:
+    [[noreturn]] void refuseOpenPolygon();
     [[nodiscard]] std::size_t closedEnd() const { return ends_.empty() ? 0 : ends_.back(); }
 
     std::vector<std::uint32_t> ends_; ///< for each polygon the end of its run in indices_

@@ -84,11 +84,12 @@ TEST(Traversal, PathsLeadToFramesOrNowhere) {
 }
 
 void addFace(MeshRecord& mesh, std::vector<Vec3> corners) {
-    for (const Vec3& corner : corners) {
-        mesh.Faces.pushCorner(static_cast<std::uint32_t>(mesh.Vertices.size()));
-        mesh.Vertices.push_back(corner);
+    std::uint32_t next = static_cast<std::uint32_t>(mesh.Vertices.size());
+    for (std::uint32_t& corner : mesh.Faces.openCorners(corners.size())) {
+        corner = next++;
     }
     mesh.Faces.closePolygon();
+    mesh.Vertices.insert(mesh.Vertices.end(), corners.begin(), corners.end());
 }
 
 TEST(DerivedData, BoundsIgnoreAllButTheLastCornerOfTheFirstFace) {

@@ -113,8 +113,9 @@ MaterialRecord RandomModel::material() {
 PolygonList RandomModel::polygons(std::size_t count) {
     PolygonList list;
     for (std::size_t i = 0; i < count; ++i) {
-        for (int corner = chance(5) ? 40 : number(1, 6); corner > 0; --corner) {
-            list.pushCorner(static_cast<std::uint32_t>(number(-2, 40)));
+        const int corners = chance(5) ? 40 : number(1, 6);
+        for (std::uint32_t& corner : list.openCorners(static_cast<std::size_t>(corners))) {
+            corner = static_cast<std::uint32_t>(number(-2, 40));
         }
         list.closePolygon();
     }
