@@ -1,8 +1,8 @@
 #pragma once
 
-#include "formats/FileNames.h"
 #include "formats/TextScanner.h"
 #include "model/ModelDocument.h"
+#include "model/TextureImage.h"
 
 #include <QString>
 
@@ -11,7 +11,7 @@ namespace korvane {
 /// How the reading of a model file ended.
 enum class ReadStatus {
     Done,       ///< the model is what the file held, up to the first number that is none
-    Missing,    ///< no file of that name; the document is untouched
+    Missing,    ///< no file of that name; nothing was read
     CannotOpen, ///< the file is there but cannot be read
     NotValid,   ///< the first 16 bytes are none of the headers
 };
@@ -19,14 +19,13 @@ enum class ReadStatus {
 /// Reads a dotXSI or DirectX text file into a new document (empty root, empty table). On success
 /// NeverSaved and Modified are cleared and the derived data of all frames is computed. Text that
 /// follows the header never fails: reading ends where a number cannot be extracted, and everything
-/// completed by then is kept. Without a source of textures every image is the 1 x 1
-/// one. Gives Done or NotValid; throws std::bad_alloc or std::length_error
-/// when the model does not fit into memory.
+/// completed by then is kept. Without a source of textures every image is the 1 x 1 one. Gives Done
+/// or NotValid; throws std::bad_alloc or std::length_error when the model does not fit into memory.
 ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures = {});
 
 /// Opens and reads the file into a new document, gives it the flags and the FileName that follow
-/// from the outcome, and selects the root. A model that does not fit into memory counts as one that
-/// cannot be opened.
+/// from the outcome, and selects the root. A missing file gives an empty document of that name that
+/// was never saved. A model that does not fit into memory counts as one that cannot be opened.
 ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document);
 
 /// The caption of the message box for a failure, whose text is the file name; empty where no

@@ -1,5 +1,6 @@
 #include "tool/Commands.h"
 
+#include "formats/FileNames.h"
 #include "formats/XsiReader.h"
 
 #include <cstdio>

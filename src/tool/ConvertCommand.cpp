@@ -1,4 +1,4 @@
-#include "formats/XsiReader.h"
+#include "formats/FileNames.h"
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <cstdio>
+#include <ratio>
 #include <vector>
 
 namespace korvane::tool {

@@ -3,7 +3,10 @@
 #include "model/StructureTree.h"
 #include "tool/Commands.h"
 
+#include <cstddef>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 namespace korvane::tool {
 

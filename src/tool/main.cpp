@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdio>
 #include <exception>
+#include <string>
 #include <string_view>
 #include <utility>
 

@@ -1,3 +1,4 @@
+#include "formats/FileNames.h"
 #include "support/ModelText.h"
 #include "support/TestFiles.h"
 

@@ -1,3 +1,4 @@
+#include "formats/FileNames.h"
 #include "formats/TextureLoader.h"
 #include "model/FrameWalk.h"
 #include "model/ModelCounts.h"
