@@ -27,8 +27,8 @@ ModelDocument reloaded(const ModelDocument& document) {
     return readText(writeText(document));
 }
 
-/// Tells the contents of records with six digits a number, as files have them, but each under the
-/// name of its list: a reader and a writer that agree on a wrong order do not deceive it.
+/// Tells the contents of a model's records, with six digits a number as in files: what is lost on
+/// the way or lands in another list shows, even where a second save gives the same text again.
 class Description {
   public:
     explicit Description(const ModelDocument& document) : table_(document.Materials) {
