@@ -1,12 +1,15 @@
 #include "app/TMainForm.h"
 
-#include "formats/XsiReader.h"
+#include "formats/FileNames.h"
+#include "model/ModelDocument.h"
 #include "model/TMDIChild.h"
 #include "ui_TMainForm.h"
 
 #include <QAbstractEventDispatcher>
+#include <QAction>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QMdiSubWindow>
 #include <QStyle>
 
 #include <utility>

@@ -7,8 +7,8 @@
 
 namespace korvane {
 
-/// Reads the bytes of a picture one after the other. Past the end it gives zeros; check ended()
-/// or remaining() where that matters.
+/// Reads the bytes of a picture one after the other. Past the end it gives zeros; check
+/// remaining() where that matters.
 class ByteReader {
   public:
     explicit ByteReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}

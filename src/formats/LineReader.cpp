@@ -1,5 +1,7 @@
 #include "formats/LineReader.h"
 
+#include <cstddef>
+
 namespace korvane {
 
 bool LineReader::next() {

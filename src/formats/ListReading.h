@@ -1,7 +1,5 @@
 #pragma once
 
-#include "model/Reserve.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

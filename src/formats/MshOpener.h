@@ -1,6 +1,9 @@
 #pragma once
 
 #include "formats/XsiReader.h"
+#include "model/ModelDocument.h"
+
+#include <QString>
 
 namespace korvane {
 

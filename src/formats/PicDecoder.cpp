@@ -1,6 +1,9 @@
 #include "formats/ByteReader.h"
 #include "formats/TextureDecoders.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <span>
 #include <vector>
 
 namespace korvane {

@@ -1,6 +1,10 @@
 #include "formats/ByteReader.h"
 #include "formats/TextureDecoders.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
 namespace korvane {
 
 namespace {

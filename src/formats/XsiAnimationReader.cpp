@@ -1,7 +1,13 @@
 #include "formats/XsiAnimationReader.h"
 
 #include "formats/ListReading.h"
+#include "model/AnimationKeyRecord.h"
 #include "model/FrameWalk.h"
+#include "model/Reserve.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
 
 namespace korvane {
 

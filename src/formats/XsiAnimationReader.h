@@ -1,7 +1,7 @@
 #pragma once
 
 #include "formats/LineReader.h"
-#include "model/ModelDocument.h"
+#include "model/FrameRecord.h"
 
 #include <string_view>
 #include <unordered_map>

@@ -1,5 +1,9 @@
 #include "formats/XsiFrameReader.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
 namespace korvane {
 
 namespace {

@@ -2,10 +2,14 @@
 
 #include "formats/LineReader.h"
 #include "formats/XsiMeshReader.h"
-#include "model/ModelDocument.h"
+#include "model/FrameRecord.h"
+#include "model/MaterialRecord.h"
+#include "model/TextureImage.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvane {
 

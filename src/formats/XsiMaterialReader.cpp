@@ -1,8 +1,14 @@
 #include "formats/XsiMaterialReader.h"
 
 #include "formats/ListReading.h"
+#include "model/Color.h"
+#include "model/Reserve.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace korvane {
 

@@ -1,9 +1,15 @@
 #pragma once
 
 #include "formats/LineReader.h"
-#include "model/ModelDocument.h"
+#include "model/FrameRecord.h"
+#include "model/MaterialRecord.h"
+#include "model/MeshRecord.h"
+#include "model/TextureImage.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <unordered_set>
+#include <vector>
 
 namespace korvane {
 

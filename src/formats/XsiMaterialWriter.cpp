@@ -1,5 +1,7 @@
 #include "formats/XsiMaterialWriter.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <utility>
 

@@ -2,6 +2,9 @@
 
 #include "formats/TextOutput.h"
 #include "model/MaterialRecord.h"
+#include "render/VectorMath.h"
+
+#include <cstddef>
 
 namespace korvane {
 

@@ -1,8 +1,15 @@
 #include "formats/XsiMeshReader.h"
 
 #include "formats/ListReading.h"
+#include "model/Color.h"
+#include "model/MeshRecord.h"
+#include "model/Reserve.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 namespace korvane {
 

@@ -2,7 +2,13 @@
 
 #include "formats/LineReader.h"
 #include "formats/XsiMaterialReader.h"
-#include "model/ModelDocument.h"
+#include "model/FrameRecord.h"
+#include "model/MaterialRecord.h"
+#include "model/PolygonList.h"
+#include "model/TextureImage.h"
+
+#include <cstddef>
+#include <vector>
 
 namespace korvane {
 

@@ -1,6 +1,8 @@
 #include "formats/XsiReader.h"
 
+#include "formats/FileNames.h"
 #include "formats/LineReader.h"
+#include "formats/TextWindow.h"
 #include "formats/TextureLoader.h"
 #include "formats/XsiAnimationReader.h"
 #include "formats/XsiFrameReader.h"
@@ -10,7 +12,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <exception>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>

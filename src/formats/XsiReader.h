@@ -1,8 +1,8 @@
 #pragma once
 
-#include "formats/FileNames.h"
 #include "formats/TextScanner.h"
 #include "model/ModelDocument.h"
+#include "model/TextureImage.h"
 
 #include <QString>
 
@@ -11,7 +11,7 @@ namespace korvane {
 /// How the reading of a model file ended.
 enum class ReadStatus {
     Done,       ///< the model is what the file held, up to the first number that is none
-    Missing,    ///< no file of that name; the document is untouched
+    Missing,    ///< no file of that name; nothing was read
     CannotOpen, ///< the file is there but cannot be read, or not into this memory
     NotValid,   ///< the first 16 bytes are none of the headers
 };
@@ -25,7 +25,8 @@ enum class ReadStatus {
 ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures = {});
 
 /// Opens and reads the file into a new document, gives it the flags and the FileName that follow
-/// from the outcome, and selects the root.
+/// from the outcome, and selects the root. A missing file gives an empty document of that name that
+/// was never saved.
 ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document);
 
 /// The caption of the message box for a failure, whose text is the file name; empty where no

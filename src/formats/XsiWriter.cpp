@@ -4,6 +4,12 @@
 #include "formats/XsiMaterialWriter.h"
 #include "model/FrameWalk.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
 namespace korvane {
 
 namespace {
@@ -129,9 +135,10 @@ void writeMaterialList(TextOutput& out, std::size_t units, const FrameRecord& fr
         out.line(entryEnd(i, mesh.FaceSlotIndex.size()));
     }
     out.line();
+    const MaterialRecord newMaterial; // stands in where a slot leads nowhere
     for (const std::int32_t entry : mesh.MaterialSlotList) {
         const auto index = static_cast<std::size_t>(entry);
-        writeMaterial(out, units + 1, index < table.size() ? table[index] : MaterialRecord(),
+        writeMaterial(out, units + 1, index < table.size() ? table[index] : newMaterial,
                       frame.Emissive);
     }
     out.indent(units).line("}");

@@ -6,6 +6,7 @@
 #include "render/VectorMath.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>

@@ -2,6 +2,7 @@
 
 #include "model/FrameRecord.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>

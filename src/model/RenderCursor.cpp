@@ -1,5 +1,7 @@
 #include "model/RenderCursor.h"
 
+#include <cstddef>
+
 namespace korvane {
 
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/FrameRecord.h"
+#include "render/VectorMath.h"
 
 #include <cstdint>
 #include <span>

@@ -3,6 +3,8 @@
 #include "model/FrameWalk.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 namespace korvane {
 

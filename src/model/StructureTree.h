@@ -3,6 +3,7 @@
 #include "model/ModelDocument.h"
 #include "model/NodeData.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>

@@ -2,6 +2,10 @@
 
 #include "model/ModelText.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
 namespace korvane {
 
 void StructureTreeModel::setTree(StructureTree tree) {

@@ -4,6 +4,8 @@
 
 #include <QAbstractItemModel>
 
+#include <cstdint>
+
 namespace korvane {
 
 /// The structure tree as an item model of one column; an index's internal id is its node number.

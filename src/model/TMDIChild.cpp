@@ -1,9 +1,11 @@
 #include "model/TMDIChild.h"
 
+#include "formats/FileNames.h"
 #include "formats/MshOpener.h"
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
 #include "model/ModelCounts.h"
+#include "model/StructureTree.h"
 #include "ui_TMDIChild.h"
 
 #include <QCloseEvent>
@@ -93,11 +95,7 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     const ReadStatus status = korvane::FileOpenXSI(fileName, *model_);
     rebuildTree();
     selectRoot();
-    const QString failure = failureCaption(status, fileName);
-    if (!failure.isEmpty()) {
-        showMessage(*this, QStringLiteral("ReadFailure"), QMessageBox::Critical, failure, fileName,
-                    QMessageBox::Ok);
-    }
+    showReadFailure(status, fileName);
     setCaption();
     if (status == ReadStatus::Done) {
         readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
@@ -106,15 +104,19 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
 
 void TMDIChild::FileOpenMSH(const QString& fileName) {
     const MshOutcome outcome = korvane::FileOpenMSH(fileName, *model_);
-    const QString failure = failureCaption(outcome.status, fileName);
-    if (!failure.isEmpty()) {
-        showMessage(*this, QStringLiteral("ReadFailure"), QMessageBox::Critical, failure, fileName,
-                    QMessageBox::Ok);
-    }
+    showReadFailure(outcome.status, fileName);
     if (!outcome.saveFailed.isEmpty()) {
         showSaveFailure(outcome.saveFailed);
     }
     setCaption();
+}
+
+void TMDIChild::showReadFailure(ReadStatus status, const QString& fileName) {
+    const QString failure = failureCaption(status, fileName);
+    if (!failure.isEmpty()) {
+        showMessage(*this, QStringLiteral("ReadFailure"), QMessageBox::Critical, failure, fileName,
+                    QMessageBox::Ok);
+    }
 }
 
 void TMDIChild::showSaveFailure(const QString& fileName) {
@@ -123,6 +125,9 @@ void TMDIChild::showSaveFailure(const QString& fileName) {
 }
 
 void TMDIChild::FileSaveExecute() {
+    if (!model_) {
+        return;
+    }
     if (model_->NeverSaved) {
         FileSaveAsExecute();
         return;
@@ -134,6 +139,9 @@ void TMDIChild::FileSaveExecute() {
 }
 
 void TMDIChild::FileSaveAsExecute() {
+    if (!model_) {
+        return;
+    }
     QFileDialog dialog(this);
     dialog.setObjectName(QStringLiteral("SaveDialog1"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -145,7 +153,7 @@ void TMDIChild::FileSaveAsExecute() {
     if (model_->FileName.contains(u'/')) {
         dialog.setDirectory(QFileInfo(model_->FileName).path());
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
         return;
     }
     model_->FileName = dialog.selectedFiles().constFirst();

@@ -4,6 +4,7 @@
 #include "model/StructureTreeModel.h"
 
 #include <QMdiSubWindow>
+#include <QString>
 
 #include <memory>
 #include <optional>
@@ -11,6 +12,8 @@
 class QItemSelection;
 
 namespace korvane {
+
+enum class ReadStatus;
 
 namespace Ui {
 class TMDIChild;
@@ -39,6 +42,7 @@ class TMDIChild : public QMdiSubWindow {
     /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
     void FileOpenMSH(const QString& fileName);
 
+    // Saving does nothing once the window has been closed.
     void FileSaveExecute();
     void FileSaveAsExecute();
 
@@ -62,6 +66,8 @@ class TMDIChild : public QMdiSubWindow {
 
     void FileOpenXSI(const QString& fileName);
     void SaveFileXSI();
+    /// Shows nothing where the file was read or is just missing.
+    void showReadFailure(ReadStatus status, const QString& fileName);
     void showSaveFailure(const QString& fileName);
     void setCaption();
     void rebuildTree();

@@ -1,13 +1,39 @@
 #include "tool/Commands.h"
 
+#include "formats/FileNames.h"
 #include "formats/XsiReader.h"
+#include "model/ModelText.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace korvane::tool {
 
+namespace {
+
+bool isControl(QChar c) {
+    return c.category() == QChar::Other_Control;
+}
+
+} // namespace
+
+std::string printable(std::string_view text) {
+    const QString shown = shownText(text);
+    return std::any_of(shown.begin(), shown.end(), isControl) ? printable(shown)
+                                                              : std::string(text);
+}
+
+std::string printable(const QString& text) {
+    QString escaped;
+    for (const QChar c : text) {
+        escaped += isControl(c) ? QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'))
+                                : QString(c);
+    }
+    return escaped.toStdString();
+}
+
 ExitStatus refuse(const QString& file, const QString& reason) {
-    std::fprintf(stderr, "%s: %s\n", qPrintable(file), qPrintable(reason));
+    std::fprintf(stderr, "%s: %s\n", printable(file).c_str(), printable(reason).c_str());
     return ExitStatus::Refused;
 }
 
@@ -20,7 +46,7 @@ ExitStatus usage(const QString& reason) {
         "                                            save a model as dotXSI; N times, with the\n"
         "                                            median times of loading and saving\n"
         "       korvane-tool texture IN OUT.png      a texture as the editor decodes it\n",
-        qPrintable(reason));
+        printable(reason).c_str());
     return ExitStatus::Usage;
 }
 

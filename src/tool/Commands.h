@@ -5,6 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <string>
+#include <string_view>
+
 namespace korvane::tool {
 
 /// How a command ended, as the program's exit status.
@@ -16,6 +19,11 @@ using Command = ExitStatus (*)(const QStringList& words);
 ExitStatus info(const QStringList& words);
 ExitStatus convert(const QStringList& words);
 ExitStatus texture(const QStringList& words);
+
+/// A text of unknown origin as it may go to a terminal. Control characters, which could steer the
+/// terminal, are shown as "\x1b"; a text without any stays as it is, byte by byte.
+std::string printable(std::string_view text);
+std::string printable(const QString& text);
 
 /// Prints "FILE: reason" on standard error.
 ExitStatus refuse(const QString& file, const QString& reason);

@@ -1,4 +1,4 @@
-#include "formats/XsiReader.h"
+#include "formats/FileNames.h"
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <cstdio>
 #include <limits>
+#include <ratio>
 #include <vector>
 
 #ifdef __GLIBC__

@@ -3,7 +3,10 @@
 #include "model/StructureTree.h"
 #include "tool/Commands.h"
 
+#include <cstddef>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 namespace korvane::tool {
 
@@ -48,7 +51,7 @@ void printTree(ModelDocument& document) {
         }
         depths.push_back(node.parent < 0 ? 0 : depths[static_cast<std::size_t>(node.parent)] + 1);
         std::string line(3 * depths.back(), ' ');
-        line += node.text;
+        line += printable(node.text);
         const std::string extra = counts(node.kind, *frame, document);
         line += extra.empty() ? "\n" : " (" + extra + ")\n";
         std::fwrite(line.data(), 1, line.size(), stdout);
@@ -69,7 +72,7 @@ ExitStatus info(const QStringList& words) {
             continue;
         }
         const ModelCounts found = countModel(document.Root);
-        std::printf("%s: %s, %s, %s\n", qPrintable(file),
+        std::printf("%s: %s, %s, %s\n", printable(file).c_str(),
                     counted(found.meshes, "mesh", "meshes").c_str(),
                     counted(found.vertices, "vertex", "vertices").c_str(),
                     counted(found.faces, "face", "faces").c_str());

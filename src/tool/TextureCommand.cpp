@@ -1,10 +1,14 @@
 #include "formats/AtomicFile.h"
+#include "formats/TextOutput.h"
 #include "formats/TextureLoader.h"
+#include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
+
+#include <cstddef>
 
 namespace korvane::tool {
 
@@ -29,7 +33,7 @@ ExitStatus texture(const QStringList& words) {
                            const QByteArray& bytes = png.data();
                            return sink({bytes.constData(), static_cast<std::size_t>(bytes.size())});
                        });
-    return saved ? ExitStatus::Done : refuse(out, QStringLiteral("Unable to save"));
+    return saved ? ExitStatus::Done : refuse(out, QString::fromLatin1(saveFailureCaption));
 }
 
 } // namespace korvane::tool

@@ -1,3 +1,4 @@
+#include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
 #include <QCoreApplication>
@@ -5,6 +6,7 @@
 #include <array>
 #include <cstdio>
 #include <exception>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -37,8 +39,10 @@ int main(int argc, char** argv) {
     try {
         const QCoreApplication application(argc, argv);
         ExitStatus status = run(QCoreApplication::arguments().mid(1));
-        if (std::fflush(stdout) != 0) {
-            status = refuse(QStringLiteral("standard output"), QStringLiteral("Unable to save"));
+        // an earlier failure need not show again when the rest is flushed
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+            status = refuse(QStringLiteral("standard output"),
+                            QString::fromLatin1(korvane::saveFailureCaption));
         }
         return static_cast<int>(status);
     } catch (const std::exception& error) {

@@ -1,4 +1,5 @@
 #include "formats/AtomicFile.h"
+#include "formats/FileNames.h"
 #include "support/ModelText.h"
 #include "support/TestFiles.h"
 
@@ -68,10 +69,8 @@ TEST_F(Files, ExtensionsDecideInAnyCase) {
     }
 }
 
-TEST_F(Files, SavingReplacesTheFileAndKeepsLinksAndPermissions) {
+TEST_F(Files, SavingReplacesTheFileAndKeepsLinks) {
     const QString target = write("target.xsi", "old");
-    const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
-    ASSERT_TRUE(QFile::setPermissions(target, permissions));
     ASSERT_TRUE(QFile::link(QStringLiteral("target.xsi"), path("one.xsi")));
     ASSERT_TRUE(QFile::link(path("one.xsi"), path("two.xsi")));
     const ModelDocument document;
@@ -80,12 +79,35 @@ TEST_F(Files, SavingReplacesTheFileAndKeepsLinksAndPermissions) {
     EXPECT_EQ(content(target), expected);
     EXPECT_TRUE(QFileInfo(path("one.xsi")).isSymbolicLink());
     EXPECT_TRUE(QFileInfo(path("two.xsi")).isSymbolicLink());
-    EXPECT_EQ(QFile::permissions(target) &
-                  (QFile::ReadOther | QFile::WriteOther | QFile::ReadGroup),
-              QFile::ReadOther);
     EXPECT_TRUE(SaveFileXSI(document, path("new.xsi")));
     EXPECT_EQ(content(path("new.xsi")), expected);
     EXPECT_EQ(filesInFolder(), 4);
+}
+
+/// Gives new files of this process other permissions than usual.
+class FileMask {
+  public:
+    explicit FileMask(mode_t mask) : before_(::umask(mask)) {}
+    ~FileMask() { ::umask(before_); }
+    FileMask(const FileMask&) = delete;
+    FileMask& operator=(const FileMask&) = delete;
+
+  private:
+    mode_t before_;
+};
+
+TEST_F(Files, SavingKeepsThePermissionsWhateverNewFilesGet) {
+    const QString target = write("target.xsi", "old");
+    for (const mode_t mask : {0U, 022U, 0777U}) {
+        const FileMask newFiles(mask);
+        for (const mode_t permissions : {0600U, 0640U, 0604U, 0666U}) {
+            ASSERT_EQ(::chmod(qPrintable(target), permissions), 0);
+            EXPECT_TRUE(SaveFileXSI(ModelDocument(), target));
+            struct stat saved = {};
+            ASSERT_EQ(::stat(qPrintable(target), &saved), 0);
+            EXPECT_EQ(saved.st_mode & 0777U, permissions);
+        }
+    }
 }
 
 TEST_F(Files, AFailedSaveLeavesTheOldFile) {

@@ -2,11 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstdio>
 #include <limits>
 #include <random>
 #include <string>
+#include <system_error>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -101,6 +107,68 @@ TEST(NumberText, IntegersAreWrittenAsTheLibraryDoes) {
         std::array<char, mostNumberLength> text{};
         ASSERT_EQ(std::string(text.data(), writeInteger(text.data(), value)),
                   std::to_string(value));
+    }
+}
+
+/// That the quick parser either gives the library's value and end, or leaves the number to it.
+bool compareInteger(const std::string& number, char behind = ';') {
+    const std::string text = number + std::string(quickNumberReach, behind);
+    std::int32_t expected = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), expected);
+    constexpr std::int32_t untouched = 12345678;
+    std::int32_t value = untouched;
+    const char* stop = quickInteger(text.data(), value);
+    if (stop == nullptr) {
+        EXPECT_EQ(value, untouched) << number;
+        return false;
+    }
+    EXPECT_EQ(result.ec, std::errc()) << number;
+    EXPECT_EQ(stop - text.data(), result.ptr - text.data()) << number;
+    EXPECT_EQ(value, expected) << number;
+    return true;
+}
+
+TEST(NumberText, IntegersAreParsedAsTheLibraryDoes) {
+    for (const char* number : {"0", "-0", "7", "-7", "000", "-00000001", "99999999", "-99999999",
+                               "1.5", "12e3", "12-3", "1x"}) {
+        EXPECT_TRUE(compareInteger(number)) << number;
+    }
+    // no numbers, or too long for the quick way: among them what 32 bits hold just so or not at all
+    for (const char* number : {"",
+                               "-",
+                               "+",
+                               "+1",
+                               "--1",
+                               "-+1",
+                               " 1",
+                               ".5",
+                               "x",
+                               "0000000001",
+                               "1000000000",
+                               "2147483647",
+                               "2147483648",
+                               "-2147483648",
+                               "-2147483649",
+                               "4294967295",
+                               "4294967297",
+                               "9999999999",
+                               "18446744073709551617",
+                               "-99999999999999999999999999999999"}) {
+        EXPECT_FALSE(compareInteger(number)) << number;
+    }
+    for (int behind = 0; behind < 256;
+         ++behind) { // what may end a number, and what goes on with it
+        const char c = static_cast<char>(behind);
+        EXPECT_EQ(compareInteger("-42", c), !isDigit(c)) << behind;
+    }
+    std::mt19937 random(6);
+    for (int i = 0; i < 300000; ++i) {
+        const auto length = static_cast<std::size_t>(random() % 24);
+        std::string number = random() % 2 == 0 ? "-" : "";
+        for (std::size_t digit = 0; digit < length; ++digit) {
+            number += static_cast<char>('0' + random() % 10);
+        }
+        EXPECT_EQ(compareInteger(number), length >= 1 && length <= 8) << number;
     }
 }
 

@@ -284,6 +284,19 @@ TEST_F(TMDIChildTest, YesWithItsSaveAsCancelledStillCloses) {
     EXPECT_TRUE(closes(window));
 }
 
+TEST_F(TMDIChildTest, AClosedWindowSavesNothing) {
+    const QString name = file("small.xsi", smallModel());
+    TMDIChild& window = open(name);
+    window.document()->Root.Name = "other";
+    window.close(); // frees itself only when the event loop goes on
+    ASSERT_EQ(window.document(), nullptr);
+    window.FileSaveExecute();
+    window.FileSaveAsExecute(); // no dialog comes up
+    QFile kept(name);
+    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+    EXPECT_EQ(kept.readAll().toStdString(), smallModel());
+}
+
 TEST_F(TMDIChildTest, AMeshFileIsNotReadAndFailuresAreShown) {
     const QString before = QDir::currentPath();
     QDir::setCurrent(path(""));

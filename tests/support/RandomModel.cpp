@@ -2,6 +2,9 @@
 
 #include <bit>
 #include <cmath>
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace korvane::test {
 
@@ -78,18 +81,23 @@ MeshRecord RandomModel::mesh() {
     }
     if (chance(60)) {
         mesh.HasNormals = true;
-        mesh.Normals.assign(static_cast<std::size_t>(number(0, 5)), vec3());
+        for (int i = number(0, 5); i > 0; --i) {
+            mesh.Normals.push_back(vec3());
+        }
         mesh.NormalFaces = polygons(faces);
     }
     if (chance(60)) {
         mesh.HasTexCoords = true;
-        mesh.TexCoords.assign(static_cast<std::size_t>(number(0, 5)), {real(), real()});
+        for (int i = number(0, 5); i > 0; --i) {
+            mesh.TexCoords.push_back({real(), real()});
+        }
         mesh.TexCoordFaces = polygons(faces);
     }
     if (chance(30)) {
         mesh.HasVertexColors = true;
-        mesh.VertexColors.assign(static_cast<std::size_t>(number(0, 5)),
-                                 {real(), real(), real(), real()});
+        for (int i = number(0, 5); i > 0; --i) {
+            mesh.VertexColors.push_back({real(), real(), real(), real()});
+        }
         mesh.VertexColorFaces = polygons(faces);
     }
     return mesh;
@@ -105,8 +113,16 @@ MaterialRecord RandomModel::material() {
     material.Ambient = color();
     material.ShadingModel = 2;
     material.HasTexture = chance(50);
-    material.TextureFile = material.HasTexture ? "Dir\\Skin {1} Frame.tga" : "";
+    material.TextureFile = material.HasTexture ? textureName() : "";
     return material;
+}
+
+/// Of characters that mean something elsewhere in a file; some names come more than once.
+std::string RandomModel::textureName() {
+    const char* const forms[] = {"Dir\\Skin {%} Frame.tga", "MESH%.BMP", "si_material__%",
+                                 "  % ;;,.pic", "gr\xc3\xbc\xdf%.ICO"};
+    std::string name = forms[number(0, 4)];
+    return name.replace(name.find('%'), 1, std::to_string(number(1, 9)));
 }
 
 /// No empty polygon, but any index.

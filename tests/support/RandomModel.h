@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <random>
+#include <string>
+#include <vector>
 
 namespace korvane::test {
 
@@ -27,6 +29,7 @@ class RandomModel {
     FrameRecord frame(int depth);
     MeshRecord mesh();
     MaterialRecord material();
+    std::string textureName();
     PolygonList polygons(std::size_t count);
     std::vector<AnimationKeyRecord> keys();
 

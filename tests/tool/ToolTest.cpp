@@ -25,8 +25,10 @@ class Tool : public test::TestFiles {
         write("bad.x", "nothing");
         write("a.msh", "");
     }
-    [[nodiscard]] Outcome run(const QStringList& words) const {
+    /// The output can be sent to a file instead.
+    [[nodiscard]] Outcome run(const QStringList& words, const QString& outputFile = {}) const {
         QProcess process;
+        process.setStandardOutputFile(outputFile);
         process.setWorkingDirectory(folder());
         process.start(QStringLiteral(KORVANE_TOOL), words);
         EXPECT_TRUE(process.waitForFinished());
@@ -44,6 +46,41 @@ TEST_F(Tool, InfoShowsTheStructureWithCounts) {
                               "   Mesh a (1 vertex, 1 face)\n"
                               "      MeshNormals (1 normal, 0 faces)\n"
                               "Materials (0 materials)\n");
+}
+
+TEST_F(Tool, InfoKeepsControlCharactersFromTheTerminal) {
+    const struct {
+        std::string name;
+        std::string shown;
+    } rows[] = {
+        {"a\x1b[2j\x07", "a\\x1b[2j\\x07"},
+        {"del\x7f", "del\\x7f"},
+        {"\xc2\x9b"s + "6n", "\\x9b6n"},         // one character in UTF-8
+        {"\x9b"s + "6n\xe9", "\\x9b6n\xc3\xa9"}, // one byte each: no UTF-8
+        {"gr\xc3\xbc\xc3\x9f\\x1b", "gr\xc3\xbc\xc3\x9f\\x1b"},
+        {"gr\xfc\xdf", "gr\xfc\xdf"},
+    };
+    for (const auto& row : rows) {
+        write("odd.x", "xof 0302txt 0032\nframe frm-" + row.name + " {\n}\n");
+        const Outcome outcome = run({QStringLiteral("info"), QStringLiteral("odd.x")});
+        EXPECT_EQ(outcome.output, "odd.x: 0 meshes, 0 vertices, 0 faces\nFrame frm-" + row.shown +
+                                      "\nMaterials (0 materials)\n");
+    }
+    EXPECT_EQ(run({QStringLiteral("info"), QStringLiteral("no\x1b.x")}).errors,
+              "no\\x1b.x: No such file\n");
+}
+
+TEST_F(Tool, OutputThatCannotBeWrittenIsAFailure) {
+    std::string frames; // more than any buffer holds
+    for (int i = 0; i < 20000; ++i) {
+        frames += "frame child {\n}\n";
+    }
+    write("large.x", "xof 0302txt 0032\nframe root {\n" + frames + "}\n");
+    for (const QString& name : {QStringLiteral("good.x"), QStringLiteral("large.x")}) {
+        const Outcome outcome = run({QStringLiteral("info"), name}, QStringLiteral("/dev/full"));
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.errors, "standard output: Unable to save\n");
+    }
 }
 
 TEST_F(Tool, ConvertSavesWhatTheEditorWould) {

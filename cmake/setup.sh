@@ -1,9 +1,10 @@
-# Sourced by the scripts: installs the Debian packages that are missing, and only those.
+# Sourced by the scripts from the top folder: the packages they need, and how they configure.
 
 run_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
     libqt6svg6 libgl-dev libglu1-mesa-dev libopengl-dev libgl1-mesa-dri libxkbcommon-dev fonts-dejavu-core"
 test_packages="$run_packages libgtest-dev locales xvfb xauth openbox"
 
+# Installs the Debian packages that are missing, and only those.
 ensure_packages() {
     local missing=()
     local package
@@ -19,4 +20,18 @@ ensure_packages() {
     "${as_root[@]}" apt-get update -qq
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Configures build/PRESET unless that was done since the presets or the packages changed. (The build
+# itself configures anew when a CMakeLists.txt changed, but with the values it has.)
+configure() {
+    local preset=$1
+    local stamp=build/$preset/configured
+    if [ -f "build/$preset/build.ninja" ] && [ "$stamp" -nt CMakePresets.json ] &&
+        [ "$stamp" -nt cmake/setup.sh ]; then
+        return 0
+    fi
+    rm -f "$stamp"
+    cmake --fresh --preset "$preset" >/dev/null
+    touch "$stamp"
 }
