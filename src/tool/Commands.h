@@ -2,6 +2,7 @@
 
 #include "model/ModelDocument.h"
 
+#include <QImage>
 #include <QString>
 #include <QStringList>
 
@@ -15,6 +16,7 @@ using Command = ExitStatus (*)(const QStringList& words);
 
 ExitStatus info(const QStringList& words);
 ExitStatus convert(const QStringList& words);
+ExitStatus render(const QStringList& words);
 ExitStatus texture(const QStringList& words);
 
 /// Prints "FILE: reason" on standard error.
@@ -26,5 +28,8 @@ ExitStatus usage(const QString& reason);
 /// Reads a model as the editor's Open does. False, with the reason printed, when the file is
 /// missing, unreadable, not valid or of another kind.
 bool open(const QString& file, ModelDocument& document);
+
+/// Writes a picture as PNG, or refuses if that fails.
+ExitStatus savePng(const QImage& picture, const QString& file);
 
 } // namespace korvane::tool

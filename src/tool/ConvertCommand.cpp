@@ -1,29 +1,16 @@
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
+#include "tool/Timing.h"
 
 #include <QCommandLineParser>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <vector>
 
 namespace korvane::tool {
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-double millisecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 ExitStatus convertOnce(const QString& in, const QString& out, double& load, double& save) {
     const Clock::time_point start = Clock::now();
