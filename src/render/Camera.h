@@ -1,6 +1,9 @@
 #pragma once
 
+#include "render/Lanes.h"
 #include "render/ViewState.h"
+
+#include <array>
 
 namespace korvane {
 
@@ -12,16 +15,21 @@ Matrix4 cameraMatrix(DrawApi api, const CameraAngles& angles, float distance);
 class Camera {
   public:
     Camera(const CameraAngles& angles, float distance, const Vec3& centre)
-        : matrix_(cameraMatrix(DrawApi::Software, angles, distance)), centre_(centre) {}
+        : matrix_(cameraMatrix(DrawApi::Software, angles, distance)), centre_(centre) {
+        for (std::size_t row = 0; row < rows_.size(); ++row) {
+            rows_[row] = loadLanes<FloatLanes>(&matrix_.m[4 * row]);
+        }
+    }
 
-    /// The point in view space. In single precision: this runs for every vertex of every picture.
+    /// The point in view space, x, y and z in the first three lanes. In single precision: this runs
+    /// for every vertex of every picture.
+    [[nodiscard]] FloatLanes toViewLanes(const Vec3& p) const {
+        return rows_[0] * allLanes(p.x - centre_.x) + rows_[1] * allLanes(p.y - centre_.y) +
+               rows_[2] * allLanes(p.z - centre_.z) + rows_[3];
+    }
     [[nodiscard]] Vec3 toView(const Vec3& p) const {
-        const float x = p.x - centre_.x;
-        const float y = p.y - centre_.y;
-        const float z = p.z - centre_.z;
-        return {x * matrix_[0] + y * matrix_[4] + z * matrix_[8] + matrix_[12],
-                x * matrix_[1] + y * matrix_[5] + z * matrix_[9] + matrix_[13],
-                x * matrix_[2] + y * matrix_[6] + z * matrix_[10] + matrix_[14]};
+        const FloatLanes view = toViewLanes(p);
+        return {view[0], view[1], view[2]};
     }
     /// A direction of view space in world space. The camera only turns, so the scalar product of
     /// two directions is the same in both spaces.
@@ -33,6 +41,7 @@ class Camera {
 
   private:
     Matrix4 matrix_;
+    std::array<FloatLanes, 4> rows_{}; ///< of the matrix
     Vec3 centre_;
 };
 

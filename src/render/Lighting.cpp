@@ -1,5 +1,7 @@
 #include "render/Lighting.h"
 
+#include <cmath>
+
 namespace korvane {
 
 // Exporters write an ambient of (0.5, 0.5, 0.5) into nearly every material, meant as the share of a
@@ -15,7 +17,7 @@ ColorRGB additiveColor(const MaterialRecord& material) {
 
 SurfaceColors::SurfaceColors(const MaterialRecord& material)
     : face{material.FaceColor.red, material.FaceColor.green, material.FaceColor.blue},
-      additive(additiveColor(material)), specular(material.Specular), power(material.Power) {}
+      additive(additiveColor(material)), specular(material.Specular), power(material.Power), noHighlight(power > 0 ? std::exp2(-16.0F / power) : 0.0F) {}
 
 Vec3 halfVector(const Vec3& light, const Vec3& eye) {
     return {(light.x + eye.x) * 0.5F, (light.y + eye.y) * 0.5F, (light.z + eye.z) * 0.5F};

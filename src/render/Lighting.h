@@ -38,7 +38,7 @@ struct SurfaceColors {
     /// half vector.
     [[nodiscard]] LitColor lit(float normalLight, float normalHalf) const {
         float t = std::min(normalHalf, 1.0F);
-        t = t > 0 && power != 0 ? std::pow(t, power) : 0.0F;
+        t = t > noHighlight && power != 0 ? std::pow(t, power) : 0.0F;
         const float d = clampUnit(normalLight);
         return {{clampUnit(face.red * d + additive.red), clampUnit(face.green * d + additive.green),
                  clampUnit(face.blue * d + additive.blue)},
@@ -49,6 +49,8 @@ struct SurfaceColors {
     ColorRGB additive;
     ColorRGB specular;
     float power;
+    /// Products with the half vector up to this give no highlight that 16 bits could show.
+    float noHighlight;
 };
 
 /// The half vector of the lighting; deliberately not normalised.

@@ -33,6 +33,48 @@ std::int64_t fanProduct(std::size_t corners, const Corner& corner) {
     return most;
 }
 
+/// The product of two edges, given in square subpixels, in pixels: negative for front faces. A
+/// mirrored mesh keeps its outside.
+float facing(std::int64_t product, bool mirrored) {
+    constexpr float unit = 1.0F / (static_cast<float>(subpixels) * subpixels);
+    const float pixels = static_cast<float>(product) * unit;
+    return mirrored ? -pixels : pixels;
+}
+
+/// Where the corners of a face lie.
+struct FaceExtent {
+    /// False if some corner leads nowhere.
+    bool add(std::span<const std::uint32_t> corners, std::span<const ScreenVertex> screen) {
+        for (const std::uint32_t corner : corners) {
+            if (corner >= screen.size()) {
+                return false;
+            }
+            const ScreenVertex& at = screen[corner];
+            someOutside |= at.outside;
+            allOutside &= at.outside;
+            left = std::min(left, at.x);
+            right = std::max(right, at.x);
+            top = std::min(top, at.y);
+            bottom = std::max(bottom, at.y);
+        }
+        return true;
+    }
+    /// Whether the centre of a pixel is within the box around the corners: in dense meshes many
+    /// faces lie between the centres.
+    [[nodiscard]] bool holdsPixel() const {
+        constexpr std::int32_t half = subpixels / 2;
+        return (left + half - 1) / subpixels < (right + half) / subpixels &&
+               (top + half - 1) / subpixels < (bottom + half) / subpixels;
+    }
+
+    std::uint32_t someOutside = 0;
+    std::uint32_t allOutside = ~0U;
+    std::int32_t left = std::numeric_limits<std::int32_t>::max();
+    std::int32_t top = std::numeric_limits<std::int32_t>::max();
+    std::int32_t right = std::numeric_limits<std::int32_t>::min();
+    std::int32_t bottom = std::numeric_limits<std::int32_t>::min();
+};
+
 } // namespace
 
 void MeshPainter::begin(std::span<const MaterialRecord> materials, const ViewState& state) {
@@ -51,7 +93,6 @@ void MeshPainter::draw(const DrawContext& context, const DrawItem& item, bool tr
     setUp(context, item, translucentPass);
     projectVertices(context, *cache_, where, screen_);
     collect(translucentPass);
-    chooseThreshold();
     if (translucentPass) {
         sortByDepth();
     }
@@ -99,65 +140,51 @@ void MeshPainter::setUp(const DrawContext& context, const DrawItem& item, bool t
     }
 }
 
-/// Finds the faces that may show. Those with a corner that leads nowhere are left out.
+/// Finds the faces that may show, and by the way how large front faces are. Those with a corner that
+/// leads nowhere are left out.
 void MeshPainter::collect(bool translucentPass) {
     candidates_.clear();
     const bool mixed = materials_.any(!translucentPass);
     const PolygonList& faces = mesh_->Faces;
+    const std::span<const ScreenVertex> screen = screen_;
+    const bool mirrored = cache_->mirrored();
+    double area = 0.0;
+    std::size_t count = 0;
     for (std::size_t i = 0; i < faces.size(); ++i) {
         const std::span<const std::uint32_t> corners = faces[i];
         if (corners.size() < 3 ||
             (mixed && materials_[materials_.slot(*mesh_, i)].translucent != translucentPass)) {
             continue;
         }
-        std::uint32_t some = 0;
-        std::uint32_t all = ~0U;
-        bool known = true;
-        for (const std::uint32_t corner : corners) {
-            if (corner >= screen_.size()) {
-                known = false;
-                break;
-            }
-            some |= screen_[corner].outside;
-            all &= screen_[corner].outside;
-        }
-        if (!known || all != 0) {
+        FaceExtent extent;
+        if (!extent.add(corners, screen) || extent.allOutside != 0) {
             continue;
         }
         const auto face = static_cast<std::uint32_t>(i);
-        if (some != 0) {
+        if (extent.someOutside != 0) {
             candidates_.push_back({face, 0.0F, true});
             continue;
         }
         const float product = facing(
-            fanProduct(corners.size(), [&](std::size_t k) -> const auto& { return screen_[corners[k]]; }));
+            fanProduct(corners.size(),
+                       [&](std::size_t k) -> const ScreenVertex& { return screen[corners[k]]; }),
+            mirrored);
         if (product < 0 || bothSides_) {
-            candidates_.push_back({face, product, false});
+            area += std::abs(product) / 2;
+            ++count;
+            if (extent.holdsPixel()) {
+                candidates_.push_back({face, product, false});
+            }
         }
     }
-}
-
-float MeshPainter::facing(std::int64_t product) const {
-    constexpr float unit = 1.0F / (static_cast<float>(subpixels) * subpixels);
-    const float pixels = static_cast<float>(product) * unit;
-    return cache_->mirrored() ? -pixels : pixels; // a mirrored mesh keeps its outside
+    threshold_ = static_cast<float>(context_->state.backFaceThreshold);
+    if (count > 0 && area < denseFacePixels * static_cast<double>(count)) {
+        threshold_ = 0.0F;
+    }
 }
 
 bool MeshPainter::passes(float product) const {
     return (bothSides_ ? -std::abs(product) : product) < threshold_;
-}
-
-void MeshPainter::chooseThreshold() {
-    threshold_ = static_cast<float>(context_->state.backFaceThreshold);
-    double area = 0.0;
-    std::size_t count = 0;
-    for (const Candidate& candidate : candidates_) {
-        area += std::abs(candidate.product) / 2;
-        count += candidate.crossing ? 0 : 1;
-    }
-    if (count > 0 && area < denseFacePixels * static_cast<double>(count)) {
-        threshold_ = 0.0F;
-    }
 }
 
 void MeshPainter::sortByDepth() {
@@ -176,33 +203,55 @@ void MeshPainter::sortByDepth() {
     orderFarToNear(keys_, keyScratch_);
 }
 
+/// Calls `use` with the number of each corner's normal in turn: that of its own, else that of its
+/// face.
+template <class Use>
+void MeshPainter::forEachNormal(std::size_t face, std::size_t corners, const Use& use) const {
+    const std::span<const Vec3> own = cache_->WorldCache2;
+    const bool allUsable = cache_->WorldCache3.empty();
+    const std::span<const std::uint32_t> normals = face < mesh_->NormalFaces.size()
+                                                       ? mesh_->NormalFaces[face]
+                                                       : std::span<const std::uint32_t>();
+    for (std::size_t k = 0; k < corners; ++k) {
+        if (k < normals.size() && normals[k] < own.size() &&
+            (allUsable || usableNormal(own[normals[k]]))) {
+            use(k, normals[k]);
+        } else {
+            use(k, own.size() + std::min(face, cache_->WorldCache3.size()));
+        }
+    }
+}
+
+LitColor MeshPainter::lit(std::size_t normalNumber, const SurfaceColors& colors) const {
+    const std::size_t own = cache_->WorldCache2.size();
+    Vec3 n;
+    if (normalNumber < own) {
+        n = cache_->WorldCache2[normalNumber];
+    } else if (normalNumber - own < cache_->WorldCache3.size()) {
+        n = cache_->WorldCache3[normalNumber - own];
+    }
+    const float sign = flipNormals_ && dot(n, light_.depth) > 0 ? -1.0F : 1.0F;
+    return colors.lit(sign * dot(n, light_.light), sign * dot(n, light_.half));
+}
+
+const MeshPainter::LitNormal& MeshPainter::smoothColor(std::size_t normalNumber,
+                                                       const SurfaceColors& colors) {
+    LitNormal& known = litNormals_[normalNumber];
+    if (known.stamp != slotStamp_) {
+        const ColorRGB color = lit(normalNumber, colors).withHighlight(colors.specular);
+        known = {color.red * 255, color.green * 255, color.blue * 255, slotStamp_};
+    }
+    return known;
+}
+
 void MeshPainter::drawInside(std::uint32_t face, const DrawMaterial& material) {
     const std::span<const std::uint32_t> vertices = mesh_->Faces[face];
-    std::int32_t left = std::numeric_limits<std::int32_t>::max();
-    std::int32_t top = left;
-    std::int32_t right = std::numeric_limits<std::int32_t>::min();
-    std::int32_t bottom = right;
-    for (const std::uint32_t vertex : vertices) {
-        const ScreenVertex& at = screen_[vertex];
-        left = std::min(left, at.x);
-        right = std::max(right, at.x);
-        top = std::min(top, at.y);
-        bottom = std::max(bottom, at.y);
-    }
-    // faces between the centres of pixels are many in dense meshes and need no light
-    const auto holdsCentre = [](std::int32_t from, std::int32_t to) {
-        constexpr std::int32_t half = subpixels / 2;
-        return (from + half - 1) / subpixels <= (to + half) / subpixels - 1;
-    };
-    if (!holdsCentre(left, right) || !holdsCentre(top, bottom)) {
-        return;
-    }
     corners_.resize(vertices.size());
     if (context_->state.mode == RenderMode::SmoothShading) {
-        for (std::size_t k = 0; k < vertices.size(); ++k) {
-            const LitNormal& color = smoothColor(normalOf(face, k), material.colors);
+        forEachNormal(face, vertices.size(), [&](std::size_t k, std::size_t number) {
+            const LitNormal& color = smoothColor(number, material.colors);
             corners_[k].values = {0, color.red, color.green, color.blue};
-        }
+        });
     } else {
         const ColorRGB color = flatFaceColor(face, vertices.size(), material.colors);
         for (RasterCorner& corner : corners_) {
@@ -247,13 +296,15 @@ void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material)
         // the colour goes through the clipping with the highlight in it, since the clipping does
         // not interpolate the specular intensity
         corner.color = {flat.red, flat.green, flat.blue};
-        if (smooth) {
-            const LitNormal& color = smoothColor(normalOf(face, k), material.colors);
-            corner.color = {color.red, color.green, color.blue};
-        }
         const Vec2 at = coordinates.empty() ? Vec2() : mesh_->TexCoords[coordinates[k]];
         corner.u = at.u;
         corner.v = at.v;
+    }
+    if (smooth) {
+        forEachNormal(face, vertices.size(), [&](std::size_t k, std::size_t number) {
+            const LitNormal& color = smoothColor(number, material.colors);
+            polygon[k].color = {color.red, color.green, color.blue};
+        });
     }
     if (!clipper_.clip(context_->geometry)) {
         return;
@@ -266,7 +317,9 @@ void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material)
                        {from.position.z, from.color[0], from.color[1], from.color[2]},
                        from.u, 1.0F - from.v};
     }
-    if (passes(facing(fanProduct(corners_.size(), [this](std::size_t k) -> const auto& { return corners_[k]; })))) {
+    const std::int64_t product = fanProduct(
+        corners_.size(), [this](std::size_t k) -> const RasterCorner& { return corners_[k]; });
+    if (passes(facing(product, cache_->mirrored()))) {
         fill(material, !coordinates.empty());
     }
 }
@@ -275,59 +328,21 @@ void MeshPainter::fill(const DrawMaterial& material, bool textured) {
     RasterSurface surface;
     surface.texture = textured && placeTexture(material.sampler) ? &material.sampler : nullptr;
     surface.blend = material.translucent;
-    surface.opacity = material.opacity;
+    surface.share = material.share;
     fillPolygon(context_->target, corners_, surface);
-}
-
-Vec3 MeshPainter::normal(std::size_t number) const {
-    const std::size_t own = cache_->WorldCache2.size();
-    if (number < own) {
-        return cache_->WorldCache2[number];
-    }
-    return number - own < cache_->WorldCache3.size() ? cache_->WorldCache3[number - own] : Vec3();
-}
-
-/// The number of a corner's normal: that of its own, else that of its face.
-std::size_t MeshPainter::normalOf(std::size_t face, std::size_t corner) const {
-    const std::vector<Vec3>& own = cache_->WorldCache2;
-    const bool allUsable = cache_->WorldCache3.empty();
-    if (face < mesh_->NormalFaces.size()) {
-        const std::span<const std::uint32_t> normals = mesh_->NormalFaces[face];
-        if (corner < normals.size() && normals[corner] < own.size() &&
-            (allUsable || usableNormal(own[normals[corner]]))) {
-            return normals[corner];
-        }
-    }
-    return own.size() + std::min(face, cache_->WorldCache3.size());
-}
-
-LitColor MeshPainter::lit(std::size_t normalNumber, const SurfaceColors& colors) const {
-    const Vec3 n = normal(normalNumber);
-    const float sign = flipNormals_ && dot(n, light_.depth) > 0 ? -1.0F : 1.0F;
-    return colors.lit(sign * dot(n, light_.light), sign * dot(n, light_.half));
-}
-
-const MeshPainter::LitNormal& MeshPainter::smoothColor(std::size_t normalNumber,
-                                                       const SurfaceColors& colors) {
-    LitNormal& known = litNormals_[normalNumber];
-    if (known.stamp != slotStamp_) {
-        const ColorRGB color = lit(normalNumber, colors).withHighlight(colors.specular);
-        known = {color.red * 255, color.green * 255, color.blue * 255, slotStamp_};
-    }
-    return known;
 }
 
 ColorRGB MeshPainter::flatFaceColor(std::size_t face, std::size_t corners,
                                     const SurfaceColors& colors) const {
     ColorRGB mean;
     float specular = 0.0F;
-    for (std::size_t k = 0; k < corners; ++k) {
-        const LitColor color = lit(normalOf(face, k), colors);
+    forEachNormal(face, corners, [&](std::size_t /*corner*/, std::size_t number) {
+        const LitColor color = lit(number, colors);
         mean.red += color.color.red;
         mean.green += color.color.green;
         mean.blue += color.color.blue;
         specular += color.specular;
-    }
+    });
     const float share = 1.0F / static_cast<float>(corners);
     return flatColor({mean.red * share, mean.green * share, mean.blue * share}, specular * share,
                      colors.specular);

@@ -43,17 +43,14 @@ class MeshPainter {
 
     void setUp(const DrawContext& context, const DrawItem& item, bool translucentPass);
     void collect(bool translucentPass);
-    /// The product of two edges, given in square subpixels, in pixels: negative for front faces.
-    [[nodiscard]] float facing(std::int64_t product) const;
     [[nodiscard]] bool passes(float product) const;
-    void chooseThreshold();
     void sortByDepth();
     void drawInside(std::uint32_t face, const DrawMaterial& material);
     void drawCrossing(std::uint32_t face, const DrawMaterial& material);
     void fill(const DrawMaterial& material, bool textured);
 
-    [[nodiscard]] Vec3 normal(std::size_t number) const;
-    [[nodiscard]] std::size_t normalOf(std::size_t face, std::size_t corner) const;
+    template <class Use>
+    void forEachNormal(std::size_t face, std::size_t corners, const Use& use) const;
     [[nodiscard]] LitColor lit(std::size_t normalNumber, const SurfaceColors& colors) const;
     const LitNormal& smoothColor(std::size_t normalNumber, const SurfaceColors& colors);
     [[nodiscard]] ColorRGB flatFaceColor(std::size_t face, std::size_t corners,

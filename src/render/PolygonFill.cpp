@@ -3,8 +3,7 @@
 #include "render/Lanes.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
+#include <utility>
 
 namespace korvane {
 
@@ -16,6 +15,11 @@ struct PixelBox {
 
     [[nodiscard]] bool empty() const { return left > right || top > bottom; }
 };
+
+template <class Number>
+std::array<Number, 2> range(Number a, Number b, Number c) {
+    return {std::min(std::min(a, b), c), std::max(std::max(a, b), c)};
+}
 
 /// A triangle with its corners in clockwise order as seen (y down), to be filled.
 struct Triangle {
@@ -65,8 +69,7 @@ template <bool Textured, bool Blend>
 class Shader {
   public:
     explicit Shader(const RasterSurface& surface)
-        : texture_(surface.texture), share_(static_cast<std::uint32_t>(
-                                         std::lround(surface.opacity * 256.0F))) {}
+        : texture_(surface.texture), share_(surface.share) {}
 
     void put(BitmapPixel& pixel, std::int32_t red, std::int32_t green, std::int32_t blue,
              std::int32_t s, std::int32_t t) const {
@@ -112,10 +115,8 @@ void fillSmall(const RasterTarget& target, const Triangle& triangle, const Pixel
     Edge<std::int32_t> ca(c, a, box);
     Edge<std::int32_t> ab(a, b, box);
     const Shader<Textured, Blend> shader(surface);
-    const float scale = 1.0F / static_cast<float>(triangle.area);
     const auto atA = loadLanes<FloatLanes>(a.values.data());
-    const FloatLanes toB = loadLanes<FloatLanes>(b.values.data()) - atA;
-    const FloatLanes toC = loadLanes<FloatLanes>(c.values.data()) - atA;
+    float scale = 0.0F; // set at the first pixel: many triangles of a dense mesh have none
     for (std::int32_t y = box.top; y <= box.bottom; ++y) {
         std::int32_t e0 = bc.value;
         std::int32_t e1 = ca.value;
@@ -124,9 +125,13 @@ void fillSmall(const RasterTarget& target, const Triangle& triangle, const Pixel
         for (std::int32_t x = box.left; x <= box.right; ++x) {
             if ((e0 | e1 | e2) >= 0) {
                 const std::size_t at = row + static_cast<std::size_t>(x);
+                if (scale == 0.0F) {
+                    scale = 1.0F / static_cast<float>(triangle.area);
+                }
                 const float shareB = static_cast<float>(e1 + ca.bias) * scale;
                 const float shareC = static_cast<float>(e2 + ab.bias) * scale;
-                const FloatLanes values = atA + toB * allLanes(shareB) + toC * allLanes(shareC);
+                const FloatLanes values = atA + (loadLanes<FloatLanes>(b.values.data()) - atA) * allLanes(shareB) +
+                    (loadLanes<FloatLanes>(c.values.data()) - atA) * allLanes(shareC);
                 const float z = lane(values, 0);
                 if (z < target.depths[at]) {
                     if constexpr (!Blend) {
@@ -196,12 +201,12 @@ class RowFill {
         if constexpr (Textured) {
             planes_[4] = Plane(a.s * wa, b.s * wb, c.s * wc, relative);
             planes_[5] = Plane(a.t * wa, b.t * wb, c.t * wc, relative);
-            const auto [leastS, mostS] = std::minmax({a.s, b.s, c.s});
-            const auto [leastT, mostT] = std::minmax({a.t, b.t, c.t});
+            const auto [leastS, mostS] = range(a.s, b.s, c.s);
+            const auto [leastT, mostT] = range(a.t, b.t, c.t);
             leastPosition_ = {leastS, leastT};
             mostPosition_ = {mostS, mostT};
         }
-        const auto [least, most] = std::minmax({z(a), z(b), z(c)});
+        const auto [least, most] = range(z(a), z(b), z(c));
         leastZ_ = least;
         mostZ_ = most;
     }
@@ -289,7 +294,7 @@ class RowFill {
 /// Narrows the run of pixels [left, right], counted from the box's left column, to those on the
 /// inner side of an edge. The quotients are exact: their parts are whole numbers below 2^53, and
 /// what they differ by from the next whole number is more than the rounding.
-void narrow(const Edge<std::int64_t>& edge, std::int32_t& left, std::int32_t& right) {
+inline void narrow(const Edge<std::int64_t>& edge, std::int32_t& left, std::int32_t& right) {
     const auto value = static_cast<double>(edge.value);
     if (edge.stepX > 0) {
         if (edge.value < 0) {
@@ -331,13 +336,13 @@ bool nearlyFlat(const Triangle& triangle) {
     const RasterCorner& a = *triangle.a;
     const RasterCorner& b = *triangle.b;
     const RasterCorner& c = *triangle.c;
-    const auto [least, most] = std::minmax({a.values[0], b.values[0], c.values[0]});
+    const auto [least, most] = range(a.values[0], b.values[0], c.values[0]);
     if (most >= least * 1.01F) {
         return false;
     }
     if constexpr (Textured) {
-        const auto [leastS, mostS] = std::minmax({a.s, b.s, c.s});
-        const auto [leastT, mostT] = std::minmax({a.t, b.t, c.t});
+        const auto [leastS, mostS] = range(a.s, b.s, c.s);
+        const auto [leastT, mostT] = range(a.t, b.t, c.t);
         const float range = std::max(mostS - leastS, mostT - leastT);
         return (most - least) * range < least * (2 * TextureSampler::steps);
     }
@@ -348,8 +353,8 @@ template <bool Textured, bool Blend>
 void fillTriangle(const RasterTarget& target, const Triangle& triangle,
                   const RasterSurface& surface) {
     constexpr std::int32_t half = subpixels / 2;
-    const auto [minX, maxX] = std::minmax({triangle.a->x, triangle.b->x, triangle.c->x});
-    const auto [minY, maxY] = std::minmax({triangle.a->y, triangle.b->y, triangle.c->y});
+    const auto [minX, maxX] = range(triangle.a->x, triangle.b->x, triangle.c->x);
+    const auto [minY, maxY] = range(triangle.a->y, triangle.b->y, triangle.c->y);
     constexpr std::int32_t shift = 8; // divides by the subpixels, rounding down
     static_assert(1 << shift == subpixels);
     const PixelBox box = {std::max((minX + half - 1) >> shift, 0),
@@ -359,7 +364,7 @@ void fillTriangle(const RasterTarget& target, const Triangle& triangle,
     if (box.empty()) {
         return;
     }
-    constexpr std::int32_t smallSide = 6 * subpixels;
+    constexpr std::int32_t smallSide = 8 * subpixels;
     const bool flat = nearlyFlat<Textured>(triangle);
     if (flat && maxX - minX <= smallSide && maxY - minY <= smallSide) {
         fillSmall<Textured, Blend>(target, triangle, box, surface);

@@ -37,7 +37,7 @@ inline constexpr float maxTexturePosition = 1073741824.0F;
 struct RasterSurface {
     const TextureSampler* texture = nullptr; ///< multiplies the lit colour; none when null
     bool blend = false;                      ///< mix with what is there and leave the depths alone
-    float opacity = 1.0F;                    ///< 0 to 1, used when blending
+    std::uint32_t share = 256;               ///< of the polygon in a mix, 0 to 256
 };
 
 /// Fills a polygon as the fan of triangles around its first corner, nearer pixels winning. A pixel

@@ -74,15 +74,15 @@ void projectVertices(const DrawContext& context, const DrawCache& cache, Contain
     const ViewGeometry& geometry = context.geometry;
     screen.resize(vertices.size());
     if (where == Containment::Inside) {
-        const auto unit = static_cast<float>(subpixels);
+        constexpr auto unit = static_cast<float>(subpixels);
         const float f = geometry.f * unit;
-        const float cx = static_cast<float>(geometry.cx) * unit + 0.5F;
-        const float cy = static_cast<float>(geometry.cy) * unit + 0.5F;
-        for (std::size_t i = 0; i < vertices.size(); ++i) {
-            const Vec3 p = camera.toView(vertices[i]);
-            const float scale = f / p.z;
-            screen[i] = {static_cast<std::int32_t>(cx - p.x * scale),
-                          static_cast<std::int32_t>(cy - p.y * scale), p.z, 0};
+        const FloatLanes centre = {static_cast<float>(geometry.cx) * unit + 0.5F,
+                                   static_cast<float>(geometry.cy) * unit + 0.5F, 0, 0};
+        ScreenVertex* to = screen.data();
+        for (const Vec3& vertex : vertices) {
+            const FloatLanes view = camera.toViewLanes(vertex);
+            const IntLanes at = truncated(centre - view * allLanes(f / view[2]));
+            *to++ = {at[0], at[1], view[2], 0};
         }
         return;
     }
