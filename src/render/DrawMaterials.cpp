@@ -39,7 +39,7 @@ std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
 
 DrawMaterial::DrawMaterial(const MaterialRecord& material, const ViewState& state)
     : colors(material), textured(hasPicture(material)), translucent(isTranslucent(material, state)),
-      share(translucent ? static_cast<std::uint32_t>(clampUnit(material.FaceColor.alpha) * 256 + 0.5F) : 256) {
+      opacity(translucent ? clampUnit(material.FaceColor.alpha) : 1.0F) {
     if (textured) {
         sampler = TextureSampler(*material.TextureImage);
     }

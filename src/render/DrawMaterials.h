@@ -28,7 +28,7 @@ struct DrawMaterial {
     TextureSampler sampler;
     bool textured;
     bool translucent;
-    std::uint32_t share; ///< opacity, 0 to 256
+    float opacity; ///< 0 to 1
 };
 
 /// The materials of a document, and by slot those of the mesh at hand. The textures of the material

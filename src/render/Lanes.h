@@ -56,6 +56,10 @@ inline IntLanes truncated(FloatLanes lanes) {
     return __builtin_convertvector(lanes, IntLanes);
 }
 
+inline FloatLanes numbers(IntLanes lanes) {
+    return __builtin_convertvector(lanes, FloatLanes);
+}
+
 /// Each lane kept between the bounds; a lane that is no number becomes the lower one.
 inline FloatLanes clampLanes(FloatLanes lanes, FloatLanes low, FloatLanes high) {
     const FloatLanes raised = lanes > low ? lanes : low;

@@ -328,7 +328,7 @@ void MeshPainter::fill(const DrawMaterial& material, bool textured) {
     RasterSurface surface;
     surface.texture = textured && placeTexture(material.sampler) ? &material.sampler : nullptr;
     surface.blend = material.translucent;
-    surface.share = material.share;
+    surface.opacity = material.opacity;
     fillPolygon(context_->target, corners_, surface);
 }
 

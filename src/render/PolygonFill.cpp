@@ -1,6 +1,6 @@
 #include "render/PolygonFill.h"
 
-#include "render/Lanes.h"
+#include "render/BlockShader.h"
 
 #include <algorithm>
 #include <utility>
@@ -49,113 +49,124 @@ struct Edge {
     Number value; ///< at the box's left column in the current row
 };
 
-BitmapPixel packed(std::int32_t red, std::int32_t green, std::int32_t blue) {
-    return 0xff000000U | static_cast<BitmapPixel>(red) << 16U |
-           static_cast<BitmapPixel>(green) << 8U | static_cast<BitmapPixel>(blue);
+/// What is interpolated: z or 1 / z, red, green, blue and the position in the texture.
+using Values = std::array<float, 6>;
+
+template <bool Textured>
+inline constexpr std::size_t usedValues = Textured ? 6 : 4;
+
+/// The values of a corner, in perspective divided by z.
+template <bool Perspective, bool Textured>
+Values cornerValues(const RasterCorner& corner) {
+    const float z = corner.values[0];
+    const float weight = Perspective ? 1.0F / z : 1.0F;
+    Values values; // NOLINT(cppcoreguidelines-pro-type-member-init): only the used ones are read
+    values[0] = Perspective ? weight : z;
+    for (std::size_t k = 1; k < 4; ++k) {
+        values[k] = corner.values[k] * weight;
+    }
+    if constexpr (Textured) {
+        values[4] = corner.s * weight;
+        values[5] = corner.t * weight;
+    }
+    return values;
 }
 
-/// A mix of two pixels, the share of the second one from 0 to 256.
-BitmapPixel mixed(BitmapPixel below, BitmapPixel above, std::uint32_t share) {
-    constexpr BitmapPixel redBlue = 0x00ff00ffU;
-    constexpr BitmapPixel green = 0x0000ff00U;
-    const BitmapPixel rb = (below & redBlue) * (256 - share) + (above & redBlue) * share;
-    const BitmapPixel g = (below & green) * (256 - share) + (above & green) * share;
-    return 0xff000000U | (rb >> 8U & redBlue) | (g >> 8U & green);
-}
-
-/// What is put into a pixel that passed the depth test. Colours are 0 to 255, texture positions in
-/// range.
-template <bool Textured, bool Blend>
-class Shader {
+/// Fills a triangle of a few pixels: every pixel of its box is tested, four at once, and values follow
+/// from the corners' shares in it. Without `Perspective` values run straight across the screen; with
+/// it they are divided by z at the corners and multiplied by it again in each pixel.
+template <bool Perspective, bool Textured, bool Blend>
+class SmallFill {
   public:
-    explicit Shader(const RasterSurface& surface)
-        : texture_(surface.texture), share_(surface.share) {}
+    SmallFill(const RasterTarget& target, const Triangle& triangle, const RasterSurface& surface)
+        : target_(target), triangle_(triangle), shader_(surface) {}
 
-    void put(BitmapPixel& pixel, std::int32_t red, std::int32_t green, std::int32_t blue,
-             std::int32_t s, std::int32_t t) const {
-        BitmapPixel color = 0;
-        std::uint32_t share = share_;
-        if constexpr (Textured) {
-            const TextureSampler::Texel texel =
-                texture_->at(static_cast<std::uint32_t>(s), static_cast<std::uint32_t>(t));
-            // 255 times 256 times 257 is a little below 2^24
-            const auto lit = [](std::uint32_t channel, std::int32_t light) {
-                return static_cast<std::int32_t>(
-                    channel * static_cast<std::uint32_t>(light + (light >> 7)) >> 16U);
-            };
-            color = packed(lit(texel.red, red), lit(texel.green, green), lit(texel.blue, blue));
-            share = share * (texel.alpha + (texel.alpha >> 7U)) >> 16U;
-        } else {
-            color = packed(red, green, blue);
+    void fill(const PixelBox& box) {
+        Edge<std::int32_t> bc(*triangle_.b, *triangle_.c, box);
+        Edge<std::int32_t> ca(*triangle_.c, *triangle_.a, box);
+        Edge<std::int32_t> ab(*triangle_.a, *triangle_.b, box);
+        constexpr IntLanes ramp = {0, 1, 2, 3};
+        for (std::int32_t y = box.top; y <= box.bottom; ++y) {
+            IntLanes e0 = allLanes(bc.value) + ramp * allLanes(bc.stepX);
+            IntLanes e1 = allLanes(ca.value) + ramp * allLanes(ca.stepX);
+            IntLanes e2 = allLanes(ab.value) + ramp * allLanes(ab.stepX);
+            const std::size_t row =
+                static_cast<std::size_t>(y) * static_cast<std::size_t>(target_.width);
+            for (std::int32_t x = box.left; x <= box.right; x += laneCount) {
+                const std::int32_t count = box.right - x + 1;
+                const IntLanes inside =
+                    ((e0 | e1 | e2) >= allLanes(0)) & (ramp < allLanes(count));
+                if (anyLane(inside)) {
+                    fillBlock(row + static_cast<std::size_t>(x), inside,
+                              e1 + allLanes(ca.bias), e2 + allLanes(ab.bias));
+                }
+                e0 += allLanes(bc.stepX * laneCount);
+                e1 += allLanes(ca.stepX * laneCount);
+                e2 += allLanes(ab.stepX * laneCount);
+            }
+            bc.value += bc.stepY;
+            ca.value += ca.stepY;
+            ab.value += ab.stepY;
         }
-        if constexpr (Blend) {
-            color = mixed(pixel, color, share);
-        }
-        pixel = color;
     }
 
   private:
-    const TextureSampler* texture_;
-    std::uint32_t share_; ///< opacity from 0 to 256
-};
-
-float lane(const FloatLanes& lanes, int i) {
-    return lanes[i];
-}
-
-/// Fills a triangle of a few pixels: every pixel of its box is tested, and values follow from the
-/// corners' shares in it.
-template <bool Textured, bool Blend>
-void fillSmall(const RasterTarget& target, const Triangle& triangle, const PixelBox& box,
-               const RasterSurface& surface) {
-    const RasterCorner& a = *triangle.a;
-    const RasterCorner& b = *triangle.b;
-    const RasterCorner& c = *triangle.c;
-    Edge<std::int32_t> bc(b, c, box);
-    Edge<std::int32_t> ca(c, a, box);
-    Edge<std::int32_t> ab(a, b, box);
-    const Shader<Textured, Blend> shader(surface);
-    const auto atA = loadLanes<FloatLanes>(a.values.data());
-    float scale = 0.0F; // set at the first pixel: many triangles of a dense mesh have none
-    for (std::int32_t y = box.top; y <= box.bottom; ++y) {
-        std::int32_t e0 = bc.value;
-        std::int32_t e1 = ca.value;
-        std::int32_t e2 = ab.value;
-        const std::size_t row = static_cast<std::size_t>(y) * static_cast<std::size_t>(target.width);
-        for (std::int32_t x = box.left; x <= box.right; ++x) {
-            if ((e0 | e1 | e2) >= 0) {
-                const std::size_t at = row + static_cast<std::size_t>(x);
-                if (scale == 0.0F) {
-                    scale = 1.0F / static_cast<float>(triangle.area);
-                }
-                const float shareB = static_cast<float>(e1 + ca.bias) * scale;
-                const float shareC = static_cast<float>(e2 + ab.bias) * scale;
-                const FloatLanes values = atA + (loadLanes<FloatLanes>(b.values.data()) - atA) * allLanes(shareB) +
-                    (loadLanes<FloatLanes>(c.values.data()) - atA) * allLanes(shareC);
-                const float z = lane(values, 0);
-                if (z < target.depths[at]) {
-                    if constexpr (!Blend) {
-                        target.depths[at] = z;
-                    }
-                    const IntLanes color = truncated(values + allLanes(0.5F));
-                    std::int32_t s = 0;
-                    std::int32_t t = 0;
-                    if constexpr (Textured) {
-                        s = static_cast<std::int32_t>(a.s + (b.s - a.s) * shareB + (c.s - a.s) * shareC);
-                        t = static_cast<std::int32_t>(a.t + (b.t - a.t) * shareB + (c.t - a.t) * shareC);
-                    }
-                    shader.put(target.pixels[at], color[1], color[2], color[3], s, t);
-                }
-            }
-            e0 += bc.stepX;
-            e1 += ca.stepX;
-            e2 += ab.stepX;
+    /// From the parts of twice the area that belong to the corners b and c.
+    void fillBlock(std::size_t at, IntLanes inside, IntLanes partB,
+                   IntLanes partC) {
+        if (!ready_) { // only now: many triangles of a dense mesh hold no pixel
+            prepare();
         }
-        bc.value += bc.stepY;
-        ca.value += ca.stepY;
-        ab.value += ab.stepY;
+        const FloatLanes shareB = numbers(partB);
+        const FloatLanes shareC = numbers(partC);
+        const auto value = [&](std::size_t k) {
+            return allLanes(atA_[k]) + allLanes(toB_[k]) * shareB + allLanes(toC_[k]) * shareC;
+        };
+        const FloatLanes z = Perspective ? allLanes(1.0F) / value(0) : value(0);
+        const auto before = loadLanes<FloatLanes>(target_.depths + at);
+        const IntLanes pass = inside & (z < before);
+        if (!anyLane(pass)) {
+            return;
+        }
+        if constexpr (!Blend) {
+            storeLanes(target_.depths + at, select(pass, z, before));
+        }
+        const auto corrected = [&](std::size_t k) {
+            return Perspective ? value(k) * z : value(k);
+        };
+        FloatLanes s = {};
+        FloatLanes t = {};
+        if constexpr (Textured) {
+            s = clampLanes(corrected(4), allLanes(0.0F), allLanes(maxTexturePosition));
+            t = clampLanes(corrected(5), allLanes(0.0F), allLanes(maxTexturePosition));
+        }
+        constexpr float full = 255.0F;
+        const auto color = [&](std::size_t k) {
+            return clampLanes(corrected(k), allLanes(0.0F), allLanes(full));
+        };
+        shader_.put(target_.pixels + at, pass, {color(1), color(2), color(3)}, s, t);
     }
-}
+    void prepare() {
+        ready_ = true;
+        const Values a = cornerValues<Perspective, Textured>(*triangle_.a);
+        const Values b = cornerValues<Perspective, Textured>(*triangle_.b);
+        const Values c = cornerValues<Perspective, Textured>(*triangle_.c);
+        const float scale = 1.0F / static_cast<float>(triangle_.area);
+        for (std::size_t k = 0; k < usedValues<Textured>; ++k) {
+            atA_[k] = a[k];
+            toB_[k] = (b[k] - a[k]) * scale;
+            toC_[k] = (c[k] - a[k]) * scale;
+        }
+    }
+
+    const RasterTarget& target_;
+    const Triangle& triangle_;
+    BlockShader<Textured, Blend> shader_;
+    bool ready_ = false;
+    Values atA_;
+    Values toB_; ///< difference to the corner b for each part of twice the area
+    Values toC_;
+};
 
 /// A value over the plane of a triangle.
 struct Plane {
@@ -173,8 +184,7 @@ struct Plane {
     float origin = 0.0F;
 };
 
-/// Fills a triangle row by row, four pixels at once. Without `Perspective` values run straight across
-/// the screen; with it they are divided by z at the corners and multiplied by it again in each pixel.
+/// Fills a triangle row by row, four pixels at once; see SmallFill for `Perspective`.
 template <bool Perspective, bool Textured, bool Blend>
 class RowFill {
   public:
@@ -187,28 +197,17 @@ class RowFill {
         const std::array<float, 4> relative = {
             static_cast<float>(b.x - a.x) * scale, static_cast<float>(b.y - a.y) * scale,
             static_cast<float>(c.x - a.x) * scale, static_cast<float>(c.y - a.y) * scale};
-        const auto z = [](const RasterCorner& corner) { return corner.values[0]; };
-        const auto weight = [&z](const RasterCorner& corner) {
-            return Perspective ? 1.0F / z(corner) : 1.0F;
-        };
-        const float wa = weight(a);
-        const float wb = weight(b);
-        const float wc = weight(c);
-        planes_[0] = Perspective ? Plane(wa, wb, wc, relative) : Plane(z(a), z(b), z(c), relative);
-        for (std::size_t k = 1; k < 4; ++k) {
-            planes_[k] = Plane(a.values[k] * wa, b.values[k] * wb, c.values[k] * wc, relative);
+        const Values atA = cornerValues<Perspective, Textured>(a);
+        const Values atB = cornerValues<Perspective, Textured>(b);
+        const Values atC = cornerValues<Perspective, Textured>(c);
+        for (std::size_t k = 0; k < planes_.size(); ++k) {
+            planes_[k] = Plane(atA[k], atB[k], atC[k], relative);
         }
         if constexpr (Textured) {
-            planes_[4] = Plane(a.s * wa, b.s * wb, c.s * wc, relative);
-            planes_[5] = Plane(a.t * wa, b.t * wb, c.t * wc, relative);
-            const auto [leastS, mostS] = range(a.s, b.s, c.s);
-            const auto [leastT, mostT] = range(a.t, b.t, c.t);
-            leastPosition_ = {leastS, leastT};
-            mostPosition_ = {mostS, mostT};
+            positionS_ = range(a.s, b.s, c.s);
+            positionT_ = range(a.t, b.t, c.t);
         }
-        const auto [least, most] = range(z(a), z(b), z(c));
-        leastZ_ = least;
-        mostZ_ = most;
+        z_ = range(a.values[0], b.values[0], c.values[0]);
     }
 
     /// Fills the pixels from `left` to `right` of a row.
@@ -217,7 +216,7 @@ class RowFill {
         constexpr float unit = 1.0F / static_cast<float>(subpixels);
         const float fromX = (static_cast<float>(left) + half) - static_cast<float>(originX_) * unit;
         const float fromY = (static_cast<float>(y) + half) - static_cast<float>(originY_) * unit;
-        constexpr std::size_t used = Textured ? 6 : 4;
+        constexpr std::size_t used = usedValues<Textured>;
         constexpr FloatLanes ramp = {0, 1, 2, 3};
         FloatLanes values[used];
         FloatLanes steps[used];
@@ -232,15 +231,16 @@ class RowFill {
         constexpr IntLanes numbers = {0, 1, 2, 3};
         for (std::int32_t count = right - left + 1; count > 0; count -= laneCount) {
             const FloatLanes z =
-                clampLanes(Perspective ? allLanes(1.0F) / values[0] : values[0], allLanes(leastZ_),
-                           allLanes(mostZ_));
+                clampLanes(Perspective ? allLanes(1.0F) / values[0] : values[0], allLanes(z_[0]),
+                           allLanes(z_[1]));
             const auto before = loadLanes<FloatLanes>(depths);
             const IntLanes pass = (z < before) & (numbers < allLanes(count));
             if (anyLane(pass)) {
                 if constexpr (!Blend) {
                     storeLanes(depths, select(pass, z, before));
                 }
-                put(pixels, pass, values, Perspective ? z : allLanes(1.0F));
+                put(pixels, pass, values,
+                    Perspective ? z : allLanes(1.0F));
             }
             for (std::size_t k = 0; k < used; ++k) {
                 values[k] += steps[k];
@@ -251,44 +251,32 @@ class RowFill {
     }
 
   private:
-    void put(BitmapPixel* pixels, IntLanes pass, const FloatLanes* values, FloatLanes z) const {
-        const FloatLanes half = allLanes(0.5F);
-        IntLanes color[3];
-        for (std::size_t k = 0; k < 3; ++k) {
-            color[k] = truncated(
-                clampLanes((Perspective ? values[k + 1] * z : values[k + 1]) + half, allLanes(0.0F),
-                           allLanes(255.0F)));
+    void put(BitmapPixel* pixels, IntLanes pass, const FloatLanes* values,
+             FloatLanes z) const {
+        const auto value = [&](std::size_t k, float least, float most) {
+            return clampLanes(Perspective ? values[k] * z : values[k], allLanes(least),
+                              allLanes(most));
+        };
+        constexpr float full = 255.0F;
+        FloatLanes s = {};
+        FloatLanes t = {};
+        if constexpr (Textured) {
+            s = value(4, positionS_[0], positionS_[1]);
+            t = value(5, positionT_[0], positionT_[1]);
         }
-        if constexpr (!Textured && !Blend) {
-            const IntLanes whole =
-                allLanes(-0x1000000) | color[0] << 16 | color[1] << 8 | color[2];
-            storeLanes(pixels, select(pass, whole, loadLanes<IntLanes>(pixels)));
-        } else {
-            IntLanes s = {};
-            IntLanes t = {};
-            if constexpr (Textured) {
-                s = truncated(clampLanes(Perspective ? values[4] * z : values[4],
-                                         allLanes(leastPosition_[0]), allLanes(mostPosition_[0])));
-                t = truncated(clampLanes(Perspective ? values[5] * z : values[5],
-                                         allLanes(leastPosition_[1]), allLanes(mostPosition_[1])));
-            }
-            for (int i = 0; i < laneCount; ++i) {
-                if (pass[i] != 0) {
-                    shader_.put(pixels[i], color[0][i], color[1][i], color[2][i], s[i], t[i]);
-                }
-            }
-        }
+        shader_.put(pixels, pass, {value(1, 0, full), value(2, 0, full), value(3, 0, full)},
+                    s, t);
     }
 
     const RasterTarget& target_;
-    Shader<Textured, Blend> shader_;
+    BlockShader<Textured, Blend> shader_;
     std::int32_t originX_;
     std::int32_t originY_;
-    std::array<Plane, Textured ? 6 : 4> planes_; ///< z or 1 / z, red, green, blue, s, t
-    float leastZ_ = 0.0F;
-    float mostZ_ = 0.0F;
-    std::array<float, 2> leastPosition_{};
-    std::array<float, 2> mostPosition_{};
+    std::array<Plane, usedValues<Textured>> planes_;
+    // the ranges at the corners, which values may leave by a rounding error
+    std::array<float, 2> z_;
+    std::array<float, 2> positionS_{};
+    std::array<float, 2> positionT_{};
 };
 
 /// Narrows the run of pixels [left, right], counted from the box's left column, to those on the
@@ -329,8 +317,9 @@ void fillRows(const RasterTarget& target, const Triangle& triangle, const PixelB
     }
 }
 
-/// Whether values may run straight across the screen: z varies so little that the error, a quarter
-/// of its variation at most, stays below a grey level and half a pixel of the texture.
+/// Whether values may run straight across the screen. Halfway along an edge they are then off by a
+/// quarter of the variation of z, as a part of how much they change: this has to stay below a grey
+/// level and half a pixel of the texture.
 template <bool Textured>
 bool nearlyFlat(const Triangle& triangle) {
     const RasterCorner& a = *triangle.a;
@@ -364,10 +353,13 @@ void fillTriangle(const RasterTarget& target, const Triangle& triangle,
     if (box.empty()) {
         return;
     }
-    constexpr std::int32_t smallSide = 8 * subpixels;
+    constexpr std::int32_t smallSide = 12 * subpixels;
+    const bool small = maxX - minX <= smallSide && maxY - minY <= smallSide;
     const bool flat = nearlyFlat<Textured>(triangle);
-    if (flat && maxX - minX <= smallSide && maxY - minY <= smallSide) {
-        fillSmall<Textured, Blend>(target, triangle, box, surface);
+    if (small && flat) {
+        SmallFill<false, Textured, Blend>(target, triangle, surface).fill(box);
+    } else if (small) {
+        SmallFill<true, Textured, Blend>(target, triangle, surface).fill(box);
     } else if (flat) {
         fillRows<false, Textured, Blend>(target, triangle, box, surface);
     } else {

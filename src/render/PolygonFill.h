@@ -26,7 +26,7 @@ struct RasterCorner {
     std::int32_t x; ///< in subpixels from the left edge of the picture
     std::int32_t y; ///< in subpixels from the top edge
     /// View space z, above 0, then the lit colour: red, green and blue from 0 to 255.
-    alignas(16) std::array<float, 4> values;
+    std::array<float, 4> values;
     float s = 0.0F; ///< texture column in steps of a TextureSampler, 0 to maxTexturePosition
     float t = 0.0F; ///< texture row
 };
@@ -37,7 +37,7 @@ inline constexpr float maxTexturePosition = 1073741824.0F;
 struct RasterSurface {
     const TextureSampler* texture = nullptr; ///< multiplies the lit colour; none when null
     bool blend = false;                      ///< mix with what is there and leave the depths alone
-    std::uint32_t share = 256;               ///< of the polygon in a mix, 0 to 256
+    float opacity = 1.0F;                    ///< 0 to 1, used when blending
 };
 
 /// Fills a polygon as the fan of triangles around its first corner, nearer pixels winning. A pixel

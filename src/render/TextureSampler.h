@@ -24,13 +24,11 @@ class TextureSampler {
     [[nodiscard]] std::uint32_t width() const { return width_; }
     [[nodiscard]] std::uint32_t height() const { return height_; }
 
-    /// Four channels, each 255 times `steps` at most.
-    struct Texel {
-        std::uint32_t red;
-        std::uint32_t green;
-        std::uint32_t blue;
-        std::uint32_t alpha;
-    };
+    /// What a channel of a Texel is at most.
+    static constexpr std::int32_t whole = 255 * steps;
+
+    /// Red, blue, green and alpha from the lowest, 16 bits each.
+    using Texel = std::uint64_t;
 
     /// The colour at a position in steps from the centre of the top left pixel, 0 or more.
     [[nodiscard]] Texel at(std::uint32_t x, std::uint32_t y) const {
@@ -44,14 +42,9 @@ class TextureSampler {
         const std::uint32_t fy = y % steps;
         // the weights add up to 256 exactly, so that no channel overflows its sixteen bits
         const std::uint32_t both = fx * fy / steps;
-        const std::uint64_t sum = spread(upper[column]) * (steps - fx - fy + both) +
-                                  spread(upper[nextColumn]) * (fx - both) +
-                                  spread(lower[column]) * (fy - both) +
-                                  spread(lower[nextColumn]) * both;
-        const auto channel = [sum](unsigned shift) {
-            return static_cast<std::uint32_t>(sum >> shift & 0xffffU);
-        };
-        return {channel(0), channel(32), channel(16), channel(48)};
+        return spread(upper[column]) * (steps - fx - fy + both) +
+               spread(upper[nextColumn]) * (fx - both) + spread(lower[column]) * (fy - both) +
+               spread(lower[nextColumn]) * both;
     }
 
   private:
