@@ -126,10 +126,9 @@ TEST(Wheel, ZoomsByAFactorANotchAndComesBack) {
 
 TEST(StartCamera, ShowsTheWholeModelAnyWayRound) {
     test::Scene scene({test::plain(1, 1, 1)});
-    for (const auto& [half, offset] : {std::pair{3.0F, 100.0F}, {0.01F, 0.0F}, {1200.0F, 3.0F}}) {
-        MeshRecord& mesh = scene.mesh();
-        mesh = MeshRecord();
-        test::addSquare(mesh, half, 0);
+    for (const auto& [half, offset] : {std::pair{3.0F, 100.0F}, {0.01F, 0.0F}, {500.0F, 3.0F}}) {
+        scene.clearMesh();
+        test::addSquare(scene.mesh(), half, 0);
         scene.document.Root.Matrix[12] = offset;
         scene.document.Root.RenderBackwards = true;
         for (const auto& [width, height] : {std::pair{300, 100}, {100, 300}}) {
@@ -158,7 +157,7 @@ TEST(StartCamera, ShowsTheWholeModelAnyWayRound) {
 TEST(StartCamera, KeepsWithinTheDepthOfTheViewAndSurvivesAnyModel) {
     test::Scene scene({});
     const auto distanceOf = [&scene](float half) {
-        scene.mesh() = MeshRecord();
+        scene.clearMesh();
         test::addSquare(scene.mesh(), half, 0);
         startCamera(scene.document, scene.view.geometry());
         return scene.document.CameraDistance;
@@ -168,9 +167,10 @@ TEST(StartCamera, KeepsWithinTheDepthOfTheViewAndSurvivesAnyModel) {
     EXPECT_GT(distanceOf(5000), 5000) << "too large for the view whatever is done";
     scene.mesh().Vertices[0].x = std::numeric_limits<float>::quiet_NaN();
     scene.mesh().Vertices[1] = {3e38F, -3e38F, 3e38F};
+    scene.document.Root.Cache.clear();
     startCamera(scene.document, scene.view.geometry());
     scene.redraw();
-    scene.mesh() = MeshRecord();
+    scene.clearMesh();
     startCamera(scene.document, scene.view.geometry());
     EXPECT_EQ(scene.document.CameraCenter, Vec3());
     EXPECT_EQ(scene.document.CameraDistance, 10);

@@ -179,9 +179,9 @@ TEST(SoftwareView, TexturesStandUpright) {
     mesh.TexCoordFaces = mesh.Faces;
     scene.redraw();
     const auto quarter = static_cast<int>(scene.view.geometry().f / 10);
-    EXPECT_LE(difference(scene.at(100 - quarter, 100 - quarter), red), 8);
-    EXPECT_LE(difference(scene.at(100 + quarter, 100 - quarter), green), 8);
-    EXPECT_LE(difference(scene.at(100 - quarter, 100 + quarter), 0xff0000ffU), 8);
+    EXPECT_LE(difference(scene.at(100 - quarter, 100 - quarter), red), 16);
+    EXPECT_LE(difference(scene.at(100 + quarter, 100 - quarter), green), 16);
+    EXPECT_LE(difference(scene.at(100 - quarter, 100 + quarter), 0xff0000ffU), 16);
 }
 
 TEST(SoftwareView, DenseMeshesKeepTheirSmallFaces) {
@@ -202,7 +202,7 @@ TEST(SoftwareView, DenseMeshesKeepTheirSmallFaces) {
     const float size = 4 * scene.view.geometry().f / 10;
     EXPECT_NEAR(static_cast<double>(drawn), double{size} * size, 2.0 * size);
     // a small face beside large ones is left out, and so is it when its corners are moved together
-    mesh = MeshRecord();
+    scene.clearMesh();
     addSquare(mesh, 2, 0);
     mesh.Vertices.insert(mesh.Vertices.end(), {{2.2F, 0, 0}, {2.3F, 0, 0}, {2.3F, 0.1F, 0}});
     addFace(mesh, {4, 5, 6});
@@ -220,9 +220,10 @@ TEST(SoftwareView, FacesAcrossTheEdgesOfTheViewAreCut) {
     scene.redraw();
     EXPECT_EQ(scene.drawn(), 200U * 200U);
     // a floor from behind the eye to far away fills the lower half
-    scene.mesh() = MeshRecord();
+    scene.clearMesh();
     scene.mesh().Vertices = {{-900, -1, 900}, {900, -1, 900}, {900, -1, -900}, {-900, -1, -900}};
     addFace(scene.mesh(), {0, 1, 2, 3});
+    scene.document.Materials[0].Emissive = {1, 0, 0}; // seen edge on, it takes no light
     scene.redraw();
     EXPECT_NE(scene.at(100, 190), black);
     EXPECT_NE(scene.at(3, 199), black);
@@ -254,7 +255,7 @@ TEST(SoftwareView, WireframeUsesTheColoursOfTheSelection) {
     scene.redraw();
     EXPECT_GT(scene.drawn(), 100U);
     // in the shaded modes the selected frame has its box around it
-    scene.mesh() = MeshRecord();
+    scene.clearMesh();
     addSquare(scene.mesh(), 2, 0);
     scene.state.mode = RenderMode::FlatShading;
     EXPECT_EQ(edge(), red);
@@ -286,7 +287,7 @@ TEST(SoftwareView, WhatCannotBeDrawnIsLeftOut) {
     for (const float odd : {nan, infinity, -infinity, 3e38F, 1e16F}) {
         for (const RenderMode mode :
              {RenderMode::Wireframe, RenderMode::FlatShading, RenderMode::SmoothShading}) {
-            scene.mesh() = MeshRecord();
+            scene.clearMesh();
             addSquare(scene.mesh(), 1, 0);
             scene.mesh().Vertices[2].x = odd;
             addSquare(scene.mesh(), 1, 0);
@@ -315,7 +316,7 @@ TEST(SoftwareView, WhatCannotBeDrawnIsLeftOut) {
         scene.view.resize(width, height);
         scene.redraw();
     }
-    scene.mesh() = MeshRecord();
+    scene.clearMesh();
     scene.redraw();
     EXPECT_EQ(scene.drawn(), 0U);
 }

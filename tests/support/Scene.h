@@ -45,6 +45,14 @@ struct Scene {
         view.resize(200, 200);
     }
 
+    /// Empties the mesh but for its material slots.
+    void clearMesh() {
+        MeshRecord fresh;
+        fresh.HasMaterials = true;
+        fresh.MaterialSlotList = mesh().MaterialSlotList;
+        mesh() = fresh;
+        document.Root.Cache.clear();
+    }
     MeshRecord& mesh() { return document.Root.Mesh; }
     void redraw() { view.redraw(document, state); }
     BitmapPixel at(std::int32_t x, std::int32_t y) const { return view.bitmap().at(x, y); }
