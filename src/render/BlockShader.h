@@ -57,9 +57,8 @@ class BlockShader {
             if (wanted[lane] == 0) {
                 continue;
             }
-            const TextureSampler::Texel texel =
-                texture_->at(static_cast<std::uint32_t>(columns[lane]),
-                             static_cast<std::uint32_t>(rows[lane]));
+            const TextureSampler::Texel texel = texture_->at(
+                static_cast<std::uint32_t>(columns[lane]), static_cast<std::uint32_t>(rows[lane]));
             std::memcpy(&texels[2 * lane], &texel, sizeof texel);
         }
         const auto first = loadLanes<IntLanes>(texels.data());

@@ -10,14 +10,14 @@ namespace korvane {
 //
 //     x_gl = -x,   y_gl = y,   z_gl = -z.
 //
-// OpenGL projects to x_gl / -z_gl and y_gl / -z_gl, y up. In pixels from the top left corner, f being
-// the focal length, the software view therefore has to draw at
+// OpenGL projects to x_gl / -z_gl and y_gl / -z_gl, y up. In pixels from the top left corner, f
+// being the focal length, the software view therefore has to draw at
 //
 //     cx - f x / z,   cy - f y / z.
 //
-// OpenGL counts faces as front faces whose corners run anticlockwise with y up. Seen with y down the
-// product of two edges (x1 y2 - y1 x2, taken in the order of the corners) is negative for them: this
-// is what the test against the negative back-face threshold asks for.
+// OpenGL counts faces as front faces whose corners run anticlockwise with y up. Seen with y down
+// the product of two edges (x1 y2 - y1 x2, taken in the order of the corners) is negative for them:
+// this is what the test against the negative back-face threshold asks for.
 Matrix4 cameraMatrix(DrawApi api, const CameraAngles& angles, float distance) {
     float a = angles.pitch;
     float b = angles.yaw;

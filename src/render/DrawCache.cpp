@@ -14,16 +14,16 @@ bool finite(const Vec3& p) {
     return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
 
-/// The matrix that turns normals: the inverse transpose of the upper 3 x 3 but for a positive factor,
-/// so that a matrix that flattens has one as well.
+/// The matrix that turns normals: the inverse transpose of the upper 3 x 3 but for a positive
+/// factor, so that a matrix that flattens has one as well.
 struct NormalMatrix {
     explicit NormalMatrix(const Matrix4& m) {
         const auto minor = [&m](std::size_t a, std::size_t b, std::size_t c, std::size_t d) {
             return double{m[a]} * m[d] - double{m[b]} * m[c];
         };
-        cofactors = {minor(5, 6, 9, 10),   -minor(4, 6, 8, 10), minor(4, 5, 8, 9),
-                     -minor(1, 2, 9, 10),  minor(0, 2, 8, 10),  -minor(0, 1, 8, 9),
-                     minor(1, 2, 5, 6),    -minor(0, 2, 4, 6),  minor(0, 1, 4, 5)};
+        cofactors = {minor(5, 6, 9, 10),  -minor(4, 6, 8, 10), minor(4, 5, 8, 9),
+                     -minor(1, 2, 9, 10), minor(0, 2, 8, 10),  -minor(0, 1, 8, 9),
+                     minor(1, 2, 5, 6),   -minor(0, 2, 4, 6),  minor(0, 1, 4, 5)};
         mirrors = m[0] * cofactors[0] + m[1] * cofactors[1] + m[2] * cofactors[2] < 0;
         // the size does not matter: keep extreme matrices within range
         double largest = 0.0;

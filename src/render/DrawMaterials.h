@@ -16,8 +16,8 @@ struct MeshRecord;
 /// Whether faces of the material go to the transparent pass: only smooth shading mixes colours.
 bool isTranslucent(const MaterialRecord& material, const ViewState& state);
 
-/// The slot of a face in its mesh, which may lead nowhere: the last slot for faces without an entry,
-/// -1 in a mesh without materials.
+/// The slot of a face in its mesh, which may lead nowhere: the last slot for faces without an
+/// entry, -1 in a mesh without materials.
 std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face);
 
 /// A material as drawing needs it, taken once a redraw.

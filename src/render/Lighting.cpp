@@ -5,8 +5,8 @@
 namespace korvane {
 
 // Exporters write an ambient of (0.5, 0.5, 0.5) into nearly every material, meant as the share of a
-// scene's dim ambient light that the surface gives back. Added as it is it would bleach every model to
-// grey. Half of it, of the face colour, lifts the sides that turn away and keeps the hue.
+// scene's dim ambient light that the surface gives back. Added as it is it would bleach every model
+// to grey. Half of it, of the face colour, lifts the sides that turn away and keeps the hue.
 ColorRGB additiveColor(const MaterialRecord& material) {
     constexpr float ambientLight = 0.5F;
     const ColorRGBA& face = material.FaceColor;
@@ -17,7 +17,8 @@ ColorRGB additiveColor(const MaterialRecord& material) {
 
 SurfaceColors::SurfaceColors(const MaterialRecord& material)
     : face{material.FaceColor.red, material.FaceColor.green, material.FaceColor.blue},
-      additive(additiveColor(material)), specular(material.Specular), power(material.Power), noHighlight(power > 0 ? std::exp2(-16.0F / power) : 0.0F) {}
+      additive(additiveColor(material)), specular(material.Specular), power(material.Power),
+      noHighlight(power > 0 ? std::exp2(-16.0F / power) : 0.0F) {}
 
 Vec3 halfVector(const Vec3& light, const Vec3& eye) {
     return {(light.x + eye.x) * 0.5F, (light.y + eye.y) * 0.5F, (light.z + eye.z) * 0.5F};
@@ -39,7 +40,8 @@ ColorRGB flatColor(const ColorRGB& meanColor, float meanSpecular, const ColorRGB
     const auto channel = [s](float mean, float spec) {
         return clampUnit((1 - s) * mean + s * spec) * 255;
     };
-    return {channel(meanColor.red, specularColor.red), channel(meanColor.green, specularColor.green),
+    return {channel(meanColor.red, specularColor.red),
+            channel(meanColor.green, specularColor.green),
             channel(meanColor.blue, specularColor.blue)};
 }
 

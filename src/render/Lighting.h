@@ -56,8 +56,8 @@ struct SurfaceColors {
 /// The half vector of the lighting; deliberately not normalised.
 Vec3 halfVector(const Vec3& light, const Vec3& eye);
 
-/// Lights a corner in view space: sets its colour and specular intensity. With `flipNormals` a normal
-/// that points away from the eye, which looks along +z, is turned round first.
+/// Lights a corner in view space: sets its colour and specular intensity. With `flipNormals` a
+/// normal that points away from the eye, which looks along +z, is turned round first.
 void lightVertex(RenderVertex& vertex, const Vec3& light, const Vec3& eye,
                  const SurfaceColors& surface, bool flipNormals);
 

@@ -126,8 +126,8 @@ void MeshPainter::setUp(const DrawContext& context, const DrawItem& item, bool t
     light_ = {context.camera.directionToWorld(context.state.light),
               context.camera.directionToWorld(half), context.camera.directionToWorld({0, 0, 1})};
     // far sides that are shown are lit as OpenGL lights them, from the side they are seen from
-    bothSides_ = item.frame->RenderBackwards ||
-                 (translucentPass && context.state.showHiddenTransparent);
+    bothSides_ =
+        item.frame->RenderBackwards || (translucentPass && context.state.showHiddenTransparent);
     flipNormals_ = bothSides_;
     // one more for corners that have no normal at all
     const std::size_t normals = cache_->WorldCache2.size() + cache_->WorldCache3.size() + 1;
@@ -140,8 +140,8 @@ void MeshPainter::setUp(const DrawContext& context, const DrawItem& item, bool t
     }
 }
 
-/// Finds the faces that may show, and by the way how large front faces are. Those with a corner that
-/// leads nowhere are left out.
+/// Finds the faces that may show, and by the way how large front faces are. Those with a corner
+/// that leads nowhere are left out.
 void MeshPainter::collect(bool translucentPass) {
     candidates_.clear();
     const bool mixed = materials_.any(!translucentPass);
@@ -279,9 +279,9 @@ void MeshPainter::drawInside(std::uint32_t face, const DrawMaterial& material) {
 
 void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material) {
     const std::span<const std::uint32_t> vertices = mesh_->Faces[face];
-    const std::span<const std::uint32_t> coordinates =
-        material.textured ? textureCorners(face, vertices.size())
-                          : std::span<const std::uint32_t>();
+    const std::span<const std::uint32_t> coordinates = material.textured
+                                                           ? textureCorners(face, vertices.size())
+                                                           : std::span<const std::uint32_t>();
     const bool smooth = context_->state.mode == RenderMode::SmoothShading;
     const ColorRGB flat =
         smooth ? ColorRGB() : flatFaceColor(face, vertices.size(), material.colors);
@@ -313,9 +313,11 @@ void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material)
     for (std::size_t k = 0; k < polygon.size(); ++k) {
         const RenderVertex& from = polygon[k];
         const auto at = projected(context_->geometry, from.position);
-        corners_[k] = {at[0], at[1],
+        corners_[k] = {at[0],
+                       at[1],
                        {from.position.z, from.color[0], from.color[1], from.color[2]},
-                       from.u, 1.0F - from.v};
+                       from.u,
+                       1.0F - from.v};
     }
     const std::int64_t product = fanProduct(
         corners_.size(), [this](std::size_t k) -> const RasterCorner& { return corners_[k]; });

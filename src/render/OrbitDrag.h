@@ -39,8 +39,8 @@ class OrbitDrag {
     float startDistance_ = 0.0F;
 };
 
-/// The camera distance after the wheel turned by so many notches, forward being positive: a constant
-/// factor a notch.
+/// The camera distance after the wheel turned by so many notches, forward being positive: a
+/// constant factor a notch.
 float wheelDistance(float distance, float notches);
 
 } // namespace korvane

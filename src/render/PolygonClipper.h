@@ -8,8 +8,8 @@
 
 namespace korvane {
 
-/// Cuts polygons at planes of view space. Holds the polygon being cut; polygons of any size fit, and
-/// once the buffers have grown nothing is allocated.
+/// Cuts polygons at planes of view space. Holds the polygon being cut; polygons of any size fit,
+/// and once the buffers have grown nothing is allocated.
 class PolygonClipper {
   public:
     /// The polygon to cut, for the caller to fill.

@@ -72,9 +72,9 @@ Values cornerValues(const RasterCorner& corner) {
     return values;
 }
 
-/// Fills a triangle of a few pixels: every pixel of its box is tested, four at once, and values follow
-/// from the corners' shares in it. Without `Perspective` values run straight across the screen; with
-/// it they are divided by z at the corners and multiplied by it again in each pixel.
+/// Fills a triangle of a few pixels: every pixel of its box is tested, four at once, and values
+/// follow from the corners' shares in it. Without `Perspective` values run straight across the
+/// screen; with it they are divided by z at the corners and multiplied by it again in each pixel.
 template <bool Perspective, bool Textured, bool Blend>
 class SmallFill {
   public:
@@ -94,11 +94,10 @@ class SmallFill {
                 static_cast<std::size_t>(y) * static_cast<std::size_t>(target_.width);
             for (std::int32_t x = box.left; x <= box.right; x += laneCount) {
                 const std::int32_t count = box.right - x + 1;
-                const IntLanes inside =
-                    ((e0 | e1 | e2) >= allLanes(0)) & (ramp < allLanes(count));
+                const IntLanes inside = ((e0 | e1 | e2) >= allLanes(0)) & (ramp < allLanes(count));
                 if (anyLane(inside)) {
-                    fillBlock(row + static_cast<std::size_t>(x), inside,
-                              e1 + allLanes(ca.bias), e2 + allLanes(ab.bias));
+                    fillBlock(row + static_cast<std::size_t>(x), inside, e1 + allLanes(ca.bias),
+                              e2 + allLanes(ab.bias));
                 }
                 e0 += allLanes(bc.stepX * laneCount);
                 e1 += allLanes(ca.stepX * laneCount);
@@ -112,8 +111,7 @@ class SmallFill {
 
   private:
     /// From the parts of twice the area that belong to the corners b and c.
-    void fillBlock(std::size_t at, IntLanes inside, IntLanes partB,
-                   IntLanes partC) {
+    void fillBlock(std::size_t at, IntLanes inside, IntLanes partB, IntLanes partC) {
         if (!ready_) { // only now: many triangles of a dense mesh hold no pixel
             prepare();
         }
@@ -131,9 +129,7 @@ class SmallFill {
         if constexpr (!Blend) {
             storeLanes(target_.depths + at, select(pass, z, before));
         }
-        const auto corrected = [&](std::size_t k) {
-            return Perspective ? value(k) * z : value(k);
-        };
+        const auto corrected = [&](std::size_t k) { return Perspective ? value(k) * z : value(k); };
         FloatLanes s = {};
         FloatLanes t = {};
         if constexpr (Textured) {
@@ -224,23 +220,22 @@ class RowFill {
             values[k] = allLanes(planes_[k].at(fromX, fromY)) + ramp * allLanes(planes_[k].dx);
             steps[k] = allLanes(planes_[k].dx * laneCount);
         }
-        const std::size_t at = static_cast<std::size_t>(y) * static_cast<std::size_t>(target_.width) +
-                               static_cast<std::size_t>(left);
+        const std::size_t at =
+            static_cast<std::size_t>(y) * static_cast<std::size_t>(target_.width) +
+            static_cast<std::size_t>(left);
         BitmapPixel* pixels = target_.pixels + at;
         float* depths = target_.depths + at;
         constexpr IntLanes numbers = {0, 1, 2, 3};
         for (std::int32_t count = right - left + 1; count > 0; count -= laneCount) {
-            const FloatLanes z =
-                clampLanes(Perspective ? allLanes(1.0F) / values[0] : values[0], allLanes(z_[0]),
-                           allLanes(z_[1]));
+            const FloatLanes z = clampLanes(Perspective ? allLanes(1.0F) / values[0] : values[0],
+                                            allLanes(z_[0]), allLanes(z_[1]));
             const auto before = loadLanes<FloatLanes>(depths);
             const IntLanes pass = (z < before) & (numbers < allLanes(count));
             if (anyLane(pass)) {
                 if constexpr (!Blend) {
                     storeLanes(depths, select(pass, z, before));
                 }
-                put(pixels, pass, values,
-                    Perspective ? z : allLanes(1.0F));
+                put(pixels, pass, values, Perspective ? z : allLanes(1.0F));
             }
             for (std::size_t k = 0; k < used; ++k) {
                 values[k] += steps[k];
@@ -251,8 +246,7 @@ class RowFill {
     }
 
   private:
-    void put(BitmapPixel* pixels, IntLanes pass, const FloatLanes* values,
-             FloatLanes z) const {
+    void put(BitmapPixel* pixels, IntLanes pass, const FloatLanes* values, FloatLanes z) const {
         const auto value = [&](std::size_t k, float least, float most) {
             return clampLanes(Perspective ? values[k] * z : values[k], allLanes(least),
                               allLanes(most));
@@ -264,8 +258,7 @@ class RowFill {
             s = value(4, positionS_[0], positionS_[1]);
             t = value(5, positionT_[0], positionT_[1]);
         }
-        shader_.put(pixels, pass, {value(1, 0, full), value(2, 0, full), value(3, 0, full)},
-                    s, t);
+        shader_.put(pixels, pass, {value(1, 0, full), value(2, 0, full), value(3, 0, full)}, s, t);
     }
 
     const RasterTarget& target_;
@@ -375,7 +368,8 @@ void fillFan(const RasterTarget& target, std::span<const RasterCorner> corners,
         const RasterCorner& a = *triangle.a;
         const RasterCorner& b = *triangle.b;
         const RasterCorner& c = *triangle.c;
-        triangle.area = std::int64_t{b.x - a.x} * (c.y - a.y) - std::int64_t{b.y - a.y} * (c.x - a.x);
+        triangle.area =
+            std::int64_t{b.x - a.x} * (c.y - a.y) - std::int64_t{b.y - a.y} * (c.x - a.x);
         if (triangle.area < 0) {
             std::swap(triangle.b, triangle.c);
             triangle.area = -triangle.area;

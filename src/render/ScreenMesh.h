@@ -31,7 +31,8 @@ enum class Containment { Outside, Crossing, Inside };
 /// The frame's cache must be up to date.
 Containment containment(const DrawContext& context, const DrawItem& item);
 
-/// Where a point of view space in front of the near plane lies on the screen, in subpixels: x and y.
+/// Where a point of view space in front of the near plane lies on the screen, in subpixels: x and
+/// y.
 std::array<std::int32_t, 2> projected(const ViewGeometry& geometry, const Vec3& p);
 
 /// A vertex on the screen.

@@ -51,7 +51,8 @@ void startCamera(ModelDocument& document, const ViewGeometry& geometry) {
         }
         for (const Vec3& vertex : item.frame->Cache.WorldVertices) {
             const double squared = squaredDistance(vertex, centre);
-            squaredRadius = std::isfinite(squared) ? std::max(squaredRadius, squared) : squaredRadius;
+            squaredRadius =
+                std::isfinite(squared) ? std::max(squaredRadius, squared) : squaredRadius;
         }
     }
     const double radius = std::sqrt(squaredRadius);

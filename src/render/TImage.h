@@ -12,8 +12,8 @@ class TImage : public QWidget {
   public:
     explicit TImage(QWidget* parent = nullptr);
 
-    /// Shows a picture made for the control's size in device pixels. Its memory is used as it is and
-    /// must stay in place until another one is shown.
+    /// Shows a picture made for the control's size in device pixels. Its memory is used as it is
+    /// and must stay in place until another one is shown.
     void showPicture(const QImage& picture);
     [[nodiscard]] const QImage& picture() const { return picture_; }
 

@@ -8,7 +8,8 @@
 
 namespace korvane {
 
-/// Looks colours of a texture up: bilinear between the centres of its pixels, repeating, at any size.
+/// Looks colours of a texture up: bilinear between the centres of its pixels, repeating, at any
+/// size.
 class TextureSampler {
   public:
     /// Fractions of a pixel that positions are counted in.

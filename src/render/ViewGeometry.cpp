@@ -13,7 +13,8 @@ ViewGeometry::ViewGeometry(std::int32_t viewWidth, std::int32_t viewHeight)
     width = std::max(width, 1);
     height = std::max(height, 1);
     constexpr float fieldOfView = (1.0F / 3.0F) * viewPi;
-    f = static_cast<float>((cx / std::tan(fieldOfView / 2.0)) * (static_cast<double>(height) / width));
+    f = static_cast<float>((cx / std::tan(fieldOfView / 2.0)) *
+                           (static_cast<double>(height) / width));
     if (f == 0.0F) {
         f = 1.0F;
     }

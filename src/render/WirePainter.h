@@ -9,8 +9,8 @@ namespace korvane {
 /// The wire colour of a frame by how it stands to the selected one.
 BitmapPixel wireColor(const ViewColors& colors, SelectState state);
 
-/// Draws lines and points into the 3D picture, nearer pixels winning. It keeps its working memory, so
-/// that drawing allocates nothing once that has grown.
+/// Draws lines and points into the 3D picture, nearer pixels winning. It keeps its working memory,
+/// so that drawing allocates nothing once that has grown.
 class WirePainter {
   public:
     /// Outlines every face of the frame's mesh, or with dots marks their corners only. The frame's

@@ -1,4 +1,5 @@
 #include "render/Camera.h"
+
 #include "render/OrbitDrag.h"
 #include "render/StartCamera.h"
 #include "support/Scene.h"
@@ -70,7 +71,9 @@ TEST(Camera, MatrixWithRollHasTheGivenElements) {
 
 class Drag : public testing::Test {
   protected:
-    void press(DragButton button, float x, float y) { drag.begin({button, x, y}, angles, distance); }
+    void press(DragButton button, float x, float y) {
+        drag.begin({button, x, y}, angles, distance);
+    }
     void move(float x, float y) { drag.update({DragButton::Other, x, y}, view, angles, distance); }
 
     ViewGeometry view{400, 300};

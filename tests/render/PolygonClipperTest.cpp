@@ -127,8 +127,8 @@ TEST(PolygonClipper, KeepsTheAreaWithinTheView) {
         std::vector<Point> triangle;
         for (int k = 0; k < 3; ++k) {
             clipper.polygon().push_back(vertex(position(random), position(random), 4));
-            triangle.push_back({clipper.polygon().back().position.x,
-                                clipper.polygon().back().position.y});
+            triangle.push_back(
+                {clipper.polygon().back().position.x, clipper.polygon().back().position.y});
         }
         std::vector<Point> left;
         if (clipper.clip(view)) {

@@ -43,7 +43,8 @@ TEST(PolygonFill, TrianglesThatShareEdgesTakeEveryPixelOnce) {
     RasterSurface half;
     half.blend = true;
     half.opacity = 0.5F;
-    for (const auto& [cells, slant] : {std::pair{60, 0.0}, {9, 0.0}, {3, 0.0}, {9, 0.6}, {2, 0.6}}) {
+    for (const auto& [cells, slant] :
+         {std::pair{60, 0.0}, {9, 0.0}, {3, 0.0}, {9, 0.6}, {2, 0.6}}) {
         Canvas canvas(90, 90);
         std::mt19937 random(static_cast<unsigned>(cells));
         std::uniform_real_distribution<double> jitter(-0.2, 0.2);
@@ -135,7 +136,7 @@ TEST(PolygonFill, TexturesAreBilinearRepeatAndMultiplyTheLight) {
     TextureImage image; // of a size that is no power of two
     image.width = 3;
     image.height = 2;
-    image.pixels = {{0, 0, 0, 255},   {100, 0, 0, 255}, {200, 0, 0, 255},
+    image.pixels = {{0, 0, 0, 255},  {100, 0, 0, 255}, {200, 0, 0, 255},
                     {40, 40, 40, 0}, {40, 40, 40, 0},  {40, 40, 40, 128}};
     const TextureSampler sampler(image);
     constexpr std::uint32_t steps = TextureSampler::steps;
