@@ -65,6 +65,7 @@ TMDIChild::TMDIChild(QWidget* parent)
     fillPanel(*ui_->Panel5, Qt::white);
     fillPanel(*ui_->Panel6, Qt::white);
     fillPanel(*ui_->Panel7, Qt::white);
+    ui_->ThreeDWinFrame->setDocument(document());
     ui_->Panel3->installEventFilter(this);
     connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
 
@@ -95,10 +96,18 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     const ReadStatus status = korvane::FileOpenXSI(fileName, *model_);
     rebuildTree();
     selectRoot();
+    ui_->ThreeDWinFrame->placeCamera();
+    render3d();
     showReadFailure(status, fileName);
     setCaption();
     if (status == ReadStatus::Done) {
         readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
+    }
+}
+
+void TMDIChild::render3d() {
+    if (model_) {
+        ui_->ThreeDWinFrame->redraw();
     }
 }
 
@@ -202,6 +211,7 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 }
 
 void TMDIChild::FormClose() {
+    ui_->ThreeDWinFrame->setDocument(nullptr);
     model_.reset();
 }
 
@@ -251,6 +261,7 @@ void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
     showSelectedButtons();
     if (model_->Selected.Frame && model_->Selected.Frame != oldFrame) {
         model_->markSelection(*model_->Selected.Frame);
+        render3d();
     }
 }
 

@@ -46,6 +46,9 @@ class TMDIChild : public QMdiSubWindow {
     void FileSaveExecute();
     void FileSaveAsExecute();
 
+    /// Redraws the views; does nothing once the window has been closed.
+    void render3d();
+
     /// Whether FormCanClose would ask the user.
     [[nodiscard]] bool needsCloseQuestion() const { return model_ && model_->Modified; }
     /// Asks what to do about changes that are not saved; false if the user wants to keep the
