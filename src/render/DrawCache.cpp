@@ -101,14 +101,14 @@ DrawCache& DrawCache::operator=(const DrawCache& other) {
 
 bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     const auto place = [](const auto* data) { return reinterpret_cast<std::size_t>(data); };
-    Key key = {world,
-               {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
-                place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
-                std::size_t{mesh.HasNormals}}};
+    const Key key = {world,
+                     {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
+                      place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
+                      std::size_t{mesh.HasNormals}}};
     if (key_ == key) {
         return false;
     }
-    key_ = std::move(key);
+    key_ = key;
     bounds_ = Bounds();
     allFinite_ = true;
     WorldVertices.resize(mesh.Vertices.size());

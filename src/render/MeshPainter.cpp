@@ -11,10 +11,6 @@ namespace {
 /// Meshes whose front faces average less than this many pixels are dense.
 constexpr double denseFacePixels = 12.0;
 
-float dot(const Vec3& a, const Vec3& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
 /// Of the products of two edges on the screen that start at the first corner the largest, so that
 /// corners on one line do not hide a face. `corner` gives the corner of a number.
 template <class Corner>
@@ -227,8 +223,7 @@ LitColor MeshPainter::lit(std::size_t normalNumber, const SurfaceColors& colors)
     } else if (normalNumber - own < cache_->WorldCache3.size()) {
         n = cache_->WorldCache3[normalNumber - own];
     }
-    const float sign = flipNormals_ && dot(n, light_.depth) > 0 ? -1.0F : 1.0F;
-    return colors.lit(sign * dot(n, light_.light), sign * dot(n, light_.half));
+    return lightNormal(n, light_, colors, flipNormals_);
 }
 
 const MeshPainter::LitNormal& MeshPainter::smoothColor(std::size_t normalNumber,
