@@ -1,5 +1,7 @@
 #include "edit/EditHistory.h"
 
+#include "edit/PendingScalarEdit.h"
+
 #include <gtest/gtest.h>
 
 namespace korvane {
@@ -233,6 +235,53 @@ TEST_F(History, ExceptionFrameDialogCancelled) {
     history.undo(document);
     EXPECT_TRUE(document.Root.Children[0].GFlag);
     EXPECT_EQ(document.Root.Children[0].Name, "a");
+}
+
+TEST_F(History, PendingOpacityIsOneStep) {
+    float& opacity = document.Materials[1].FaceColor.alpha;
+    PendingOpacity pending;
+    pending.start(opacity);
+    pending.commit(history, document, 1);
+    EXPECT_FALSE(history.canUndo()); // nothing was changed
+    for (const float step : {0.9F, 0.5F, 0.25F}) {
+        opacity = step;
+        pending.change();
+    }
+    pending.commit(history, document, 1);
+    pending.commit(history, document, 1);
+    EXPECT_EQ(history.position(), 0);
+    opacity = 0.5F;
+    pending.change();
+    opacity = 0.25F; // and back again
+    pending.change();
+    pending.commit(history, document, 1);
+    EXPECT_EQ(history.position(), 0);
+    history.undo(document);
+    EXPECT_EQ(opacity, 1.0F);
+    history.redo(document);
+    EXPECT_EQ(opacity, 0.25F);
+}
+
+TEST_F(History, PendingShininessGoesByTheTextOfItsField) {
+    float& power = document.Materials[0].Power;
+    PendingShininess pending;
+    pending.start("200");
+    for (const float step : {1.0F, 15.0F}) {
+        power = step;
+        pending.change();
+    }
+    pending.commit(history, document, 0, "15");
+    EXPECT_EQ(history.position(), 0);
+    pending.change();
+    pending.commit(history, document, 0, "15"); // the text is what it was
+    pending.change();
+    pending.commit(history, document, 0, "15.0"); // another text, the same number
+    EXPECT_EQ(history.position(), 0);
+    history.undo(document);
+    EXPECT_EQ(power, 200.0F);
+    pending.change();
+    pending.commit(history, document, 9, "3"); // no such material
+    EXPECT_EQ(history.position(), -1);
 }
 
 TEST_F(History, TexturesAreLoadedAnew) {
