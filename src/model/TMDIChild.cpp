@@ -1,11 +1,13 @@
 #include "model/TMDIChild.h"
 
+#include "app/PaletteIcon.h"
 #include "formats/FileNames.h"
 #include "formats/MshOpener.h"
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
 #include "model/ModelCounts.h"
 #include "model/StructureTree.h"
+#include "model/TReadProgress.h"
 #include "ui_TMDIChild.h"
 
 #include <QCloseEvent>
@@ -14,7 +16,6 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QMessageBox>
-#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -23,7 +24,7 @@ namespace korvane {
 
 namespace {
 
-void fillPanel(QWidget& panel, Qt::GlobalColor color) {
+void fillPanel(QWidget& panel, const QColor& color) {
     QPalette palette = panel.palette();
     palette.setColor(QPalette::Window, color);
     panel.setPalette(palette);
@@ -49,7 +50,7 @@ QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectNa
 
 } // namespace
 
-TMDIChild::TMDIChild(QWidget* parent)
+TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     : QMdiSubWindow(parent), ui_(std::make_unique<Ui::TMDIChild>()), model_(std::in_place) {
     setObjectName(QStringLiteral("MDIChild"));
     setAccessibleName(QStringLiteral("Model window"));
@@ -58,10 +59,11 @@ TMDIChild::TMDIChild(QWidget* parent)
     ui_->setupUi(content);
     setWidget(content);
     setWindowTitle(QStringLiteral("MDI Child"));
-    setWindowIcon(style()->standardIcon(QStyle::SP_FileIcon));
+    setWindowIcon(paletteIcon(QStringLiteral("document")));
     resize(520, 311);
 
-    fillPanel(*ui_->Panel1, Qt::black);
+    view_.colors = colors;
+    fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
     fillPanel(*ui_->Panel5, Qt::white);
     fillPanel(*ui_->Panel6, Qt::white);
     fillPanel(*ui_->Panel7, Qt::white);
@@ -89,10 +91,21 @@ void TMDIChild::create(const QString& name) {
     if (isTextModelName(name)) {
         FileOpenXSI(name);
     }
+    render3d();
 }
 
 void TMDIChild::FileOpenXSI(const QString& fileName) {
-    const ReadStatus status = korvane::FileOpenXSI(fileName, *model_);
+    ReadStatus status = ReadStatus::Cancelled;
+    {
+        TReadProgress progress(*this, fileName, progressDelay_);
+        status = korvane::FileOpenXSI(fileName, *model_, [&](std::size_t done, std::size_t size) {
+            return progress.goOn(done, size);
+        });
+    }
+    if (status == ReadStatus::Cancelled) {
+        closeUnasked();
+        return;
+    }
     rebuildTree();
     selectRoot();
     showReadFailure(status, fileName);
@@ -148,6 +161,9 @@ void TMDIChild::FileSaveAsExecute() {
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setSizeGripEnabled(true);
     dialog.setDefaultSuffix(QStringLiteral("xsi"));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(filter.section(u'.', -1).chopped(1));
+    });
     dialog.setNameFilters({QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
     if (model_->FileName.contains(u'/')) {
@@ -212,6 +228,8 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
     return QMdiSubWindow::eventFilter(watched, event);
 }
 
+void TMDIChild::render3d() {}
+
 void TMDIChild::FormResize() {
     if (!model_) {
         return;
@@ -235,6 +253,19 @@ void TMDIChild::TwoDVisibleExecute() {
         panel->setVisible(visible);
     }
     FormResize();
+}
+
+void TMDIChild::setDrawingInterface(DrawApi api) {
+    view_.api = api;
+}
+
+void TMDIChild::setViewColors(const ViewColors& colors) {
+    view_.colors = colors;
+    if (view_.api == DrawApi::OpenGL) {
+        // the background is part of what is set up when the mode differs from that drawn last
+        constexpr auto noMode = static_cast<RenderMode>(10);
+        view_.lastDrawnMode = noMode;
+    }
 }
 
 void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {

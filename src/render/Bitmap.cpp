@@ -1,0 +1,28 @@
+#include "render/Bitmap.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+void Bitmap::resize(std::int32_t width, std::int32_t height) {
+    width_ = std::max(width, 1);
+    height_ = std::max(height, 1);
+    pixels_.resize(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_) + slack);
+}
+
+void Bitmap::fill(BitmapPixel color) {
+    std::fill(pixels_.begin(), pixels_.end(), color);
+}
+
+std::size_t Bitmap::countOtherThan(BitmapPixel color) const {
+    const auto end = pixels_.begin() + static_cast<std::ptrdiff_t>(pixelCount());
+    return pixelCount() - static_cast<std::size_t>(std::count(pixels_.begin(), end, color));
+}
+
+QImage imageOf(const Bitmap& bitmap) {
+    return {reinterpret_cast<const uchar*>(bitmap.pixels()), bitmap.width(), bitmap.height(),
+            qsizetype{bitmap.width()} * static_cast<qsizetype>(sizeof(BitmapPixel)),
+            QImage::Format_RGB32};
+}
+
+} // namespace korvane

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QImage>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace korvane {
+
+/// A pixel of a Bitmap: 0xffRRGGBB as an integer.
+using BitmapPixel = std::uint32_t;
+
+/// A picture in memory that drawing goes into: rows of 32-bit pixels, top row first, without gaps. A
+/// QImage of the format RGB32 can wrap its memory.
+class Bitmap {
+  public:
+    /// Pixels behind the last row that may be read, and written with what they hold: drawing goes
+    /// over rows in whole blocks.
+    static constexpr std::size_t slack = 16;
+
+    /// Changes the size, each side taken as at least 1; the content is unspecified afterwards.
+    void resize(std::int32_t width, std::int32_t height);
+    void fill(BitmapPixel color);
+
+    [[nodiscard]] std::int32_t width() const { return width_; }
+    [[nodiscard]] std::int32_t height() const { return height_; }
+    [[nodiscard]] BitmapPixel* pixels() { return pixels_.data(); }
+    [[nodiscard]] const BitmapPixel* pixels() const { return pixels_.data(); }
+    /// width() times height().
+    [[nodiscard]] std::size_t pixelCount() const { return pixels_.size() - slack; }
+
+    /// The pixel at a column and row within the picture.
+    [[nodiscard]] BitmapPixel at(std::int32_t x, std::int32_t y) const {
+        return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
+                       static_cast<std::size_t>(x)];
+    }
+    /// How many pixels differ from the colour.
+    [[nodiscard]] std::size_t countOtherThan(BitmapPixel color) const;
+
+  private:
+    std::int32_t width_ = 1;
+    std::int32_t height_ = 1;
+    std::vector<BitmapPixel> pixels_ = std::vector<BitmapPixel>(1 + slack);
+};
+
+/// The bitmap as an image that uses its memory: valid until the bitmap is resized or gone.
+QImage imageOf(const Bitmap& bitmap);
+
+} // namespace korvane
