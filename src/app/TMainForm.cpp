@@ -3,6 +3,7 @@
 #include "app/EditorForms.h"
 #include "app/MdiArrange.h"
 #include "app/PaletteIcon.h"
+#include "app/ToolButtons.h"
 #include "formats/FileNames.h"
 #include "model/ModelDocument.h"
 #include "model/TMDIChild.h"
@@ -16,7 +17,6 @@
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QStatusTipEvent>
-#include <QToolButton>
 
 #include <utility>
 
@@ -83,21 +83,9 @@ void TMainForm::setIcons() {
 
 void TMainForm::setUpToolBar() {
     ui_->PageScroller1->setWidget(ui_->ToolBar1);
-    for (QAction* action : ui_->ToolBar1->actions()) {
-        if (auto* button = qobject_cast<QToolButton*>(ui_->ToolBar1->widgetForAction(action))) {
-            button->setObjectName(action->objectName() + QStringLiteral("Button"));
-            button->setAccessibleName(action->iconText());
-        }
-    }
-    for (QAction* action : {ui_->EditUndo1, ui_->EditRedo1}) {
-        auto* button = qobject_cast<QToolButton*>(ui_->ToolBar1->widgetForAction(action));
-        auto* menu = new QMenu(button);
-        menu->setObjectName(action->objectName() + QStringLiteral("Menu"));
-        menu->setAccessibleName(action->iconText());
-        menu->addAction(action);
-        button->setMenu(menu);
-        button->setPopupMode(QToolButton::MenuButtonPopup);
-    }
+    nameToolButtons(*ui_->ToolBar1);
+    addDropDown(*ui_->ToolBar1, *ui_->EditUndo1);
+    addDropDown(*ui_->ToolBar1, *ui_->EditRedo1);
 }
 
 void TMainForm::connectActions() {
@@ -142,7 +130,8 @@ void TMainForm::connectActions() {
     // shortcuts work wherever the focus is, whether or not their items show
     addActions({ui_->FileNew1, ui_->FileOpen1, ui_->EditCut, ui_->EditCopy, ui_->EditPaste});
 
-    connect(ui_->Window1, &QMenu::aboutToShow, this, &TMainForm::listWindows);
+    connect(ui_->Window1, &QMenu::aboutToShow, this,
+            [this] { windowList_.refresh(*this, *ui_->Window1); });
     connect(ui_->MDIArea, &QMdiArea::subWindowActivated, this, &TMainForm::showStatus);
     // queued: reading may ask the user something, which neither an activation event nor the idle
     // moment can wait for
@@ -153,13 +142,16 @@ void TMainForm::connectActions() {
 }
 
 TMDIChild* TMainForm::activeDocument() const {
-    return qobject_cast<TMDIChild*>(ui_->MDIArea->currentSubWindow());
+    auto* document = qobject_cast<TMDIChild*>(ui_->MDIArea->currentSubWindow());
+    return document != nullptr && document->document() != nullptr ? document : nullptr;
 }
 
 QList<TMDIChild*> TMainForm::documents() const {
     QList<TMDIChild*> documents;
     for (QMdiSubWindow* window : ui_->MDIArea->subWindowList(QMdiArea::CreationOrder)) {
-        if (auto* document = qobject_cast<TMDIChild*>(window)) {
+        auto* document = qobject_cast<TMDIChild*>(window);
+        // one that was just closed is on its way out
+        if (document != nullptr && document->document() != nullptr) {
             documents.push_back(document);
         }
     }
@@ -267,8 +259,8 @@ void TMainForm::FileClose1Update() {
 
 void TMainForm::Filesaveupdate() {
     const TMDIChild* window = activeDocument();
-    const ModelDocument* model = window != nullptr ? window->document() : nullptr;
-    ui_->FileSave->setEnabled(model != nullptr && (model->Modified || model->NeverSaved));
+    ui_->FileSave->setEnabled(window != nullptr &&
+                              (window->document()->Modified || window->document()->NeverSaved));
 }
 
 void TMainForm::Filesaveasupdate() {
@@ -422,7 +414,7 @@ void TMainForm::backwardsupdate() {
 void TMainForm::setDrawingInterface(DrawApi api) {
     TMDIChild* const document = activeDocument();
     if (document != nullptr && document->view().api != api) {
-        document->setDrawingInterface(api);
+        document->view().api = api;
         document->render3d();
     }
 }
@@ -527,40 +519,6 @@ void TMainForm::createDocument(const QString& name) {
     document->showMaximized();
     document->create(name);
     showStatus();
-}
-
-void TMainForm::listWindows() {
-    qDeleteAll(windowItems_);
-    windowItems_.clear();
-    const QList<TMDIChild*> open = documents();
-    if (open.isEmpty()) {
-        return;
-    }
-    windowItems_.push_back(ui_->Window1->addSeparator());
-    constexpr int widest = 480;
-    int number = 0;
-    for (TMDIChild* document : open) {
-        ++number;
-        QString text =
-            fontMetrics().elidedText(document->document()->FileName, Qt::ElideMiddle, widest);
-        text.replace(u'&', QStringLiteral("&&"));
-        // the first nine by their digit
-        QAction* item =
-            ui_->Window1->addAction(QStringLiteral("%1%2 %3")
-                                        .arg(number < 10 ? QStringLiteral("&") : QString())
-                                        .arg(number)
-                                        .arg(text));
-        item->setObjectName(QStringLiteral("WindowItem%1").arg(number));
-        item->setCheckable(true);
-        item->setChecked(document == activeDocument());
-        connect(item, &QAction::triggered, document, [this, document] {
-            if (document->isMinimized()) {
-                document->showNormal();
-            }
-            ui_->MDIArea->setActiveSubWindow(document);
-        });
-        windowItems_.push_back(item);
-    }
 }
 
 void TMainForm::showStatus() {

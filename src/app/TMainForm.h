@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/WindowList.h"
 #include "render/ViewState.h"
 
 #include <QLabel>
@@ -103,7 +104,6 @@ class TMainForm : public QMainWindow {
     void idle();
     void scheduleFirstActivation();
     void createDocument(const QString& name);
-    void listWindows();
     void showStatus();
 
     void setRenderMode(QAction& action, RenderMode mode);
@@ -121,7 +121,7 @@ class TMainForm : public QMainWindow {
     bool activated_ = false; ///< the first activation has been handled or is about to be
     QLabel* statusPanel_;
     QString hint_; ///< of the item under the pointer
-    QList<QAction*> windowItems_;
+    WindowList windowList_;
 };
 
 } // namespace korvane

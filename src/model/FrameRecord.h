@@ -3,6 +3,7 @@
 #include "model/AnimationKeyRecord.h"
 #include "model/FramePath.h"
 #include "model/MeshRecord.h"
+#include "render/DrawCache.h"
 #include "render/VectorMath.h"
 
 #include <array>
@@ -47,9 +48,8 @@ struct FrameRecord {
     std::int32_t AnimationKeyType = 0;
     std::vector<AnimationKeyRecord> AnimationKeys;
 
-    std::vector<Vec3> WorldVertices; ///< drawing cache, in world space
-    std::vector<Vec3> WorldCache2;   ///< drawing cache of the 3D view
-    std::vector<Vec3> WorldCache3;   ///< drawing cache of the 3D view
+    /// `WorldVertices`, `WorldCache2` and `WorldCache3`: built by the views, copied with no frame.
+    DrawCache Cache;
 
     bool operator==(const FrameRecord&) const = default;
 };

@@ -23,6 +23,9 @@ struct ModelDocument {
     RenderCursor Cursor;    ///< `CursorDepth` and `CursorPath`
     NodeData Selected;      ///< the selection in the structure tree
     NodeData SelectionCopy; ///< kept equal to Selected
+    // What the document's views share.
+    Vec3 CameraCenter; ///< the point in world space that the 3D view looks at and turns about
+    float CameraDistance = 10.0F; ///< of the eye from that point
 
     // The traversal of the document's own cursor; see RenderCursor.
     void ResetRenderList() { Cursor.ResetRenderList(); }

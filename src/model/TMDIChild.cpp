@@ -62,11 +62,12 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setWindowIcon(paletteIcon(QStringLiteral("document")));
     resize(520, 311);
 
-    view_.colors = colors;
+    view().colors = colors;
     fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
     fillPanel(*ui_->Panel5, Qt::white);
     fillPanel(*ui_->Panel6, Qt::white);
     fillPanel(*ui_->Panel7, Qt::white);
+    ui_->ThreeDWinFrame->setDocument(document());
     ui_->Panel3->installEventFilter(this);
     connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
 
@@ -95,10 +96,12 @@ void TMDIChild::create(const QString& name) {
 }
 
 void TMDIChild::FileOpenXSI(const QString& fileName) {
+    // events run while the progress shows: the views must not find half a model
+    ModelDocument read;
     ReadStatus status = ReadStatus::Cancelled;
     {
         TReadProgress progress(*this, fileName, progressDelay_);
-        status = korvane::FileOpenXSI(fileName, *model_, [&](std::size_t done, std::size_t size) {
+        status = korvane::FileOpenXSI(fileName, read, [&](std::size_t done, std::size_t size) {
             return progress.goOn(done, size);
         });
     }
@@ -106,12 +109,20 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
         closeUnasked();
         return;
     }
+    *model_ = std::move(read);
     rebuildTree();
     selectRoot();
+    ui_->ThreeDWinFrame->placeCamera();
     showReadFailure(status, fileName);
     setCaption();
     if (status == ReadStatus::Done) {
         readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
+    }
+}
+
+void TMDIChild::render3d() {
+    if (model_) {
+        ui_->ThreeDWinFrame->redraw();
     }
 }
 
@@ -218,6 +229,7 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 }
 
 void TMDIChild::FormClose() {
+    ui_->ThreeDWinFrame->setDocument(nullptr);
     model_.reset();
 }
 
@@ -227,8 +239,6 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
     }
     return QMdiSubWindow::eventFilter(watched, event);
 }
-
-void TMDIChild::render3d() {}
 
 void TMDIChild::FormResize() {
     if (!model_) {
@@ -255,16 +265,16 @@ void TMDIChild::TwoDVisibleExecute() {
     FormResize();
 }
 
-void TMDIChild::setDrawingInterface(DrawApi api) {
-    view_.api = api;
+ViewState& TMDIChild::view() {
+    return ui_->ThreeDWinFrame->state();
 }
 
 void TMDIChild::setViewColors(const ViewColors& colors) {
-    view_.colors = colors;
-    if (view_.api == DrawApi::OpenGL) {
+    view().colors = colors;
+    if (view().api == DrawApi::OpenGL) {
         // the background is part of what is set up when the mode differs from that drawn last
         constexpr auto noMode = static_cast<RenderMode>(10);
-        view_.lastDrawnMode = noMode;
+        view().lastDrawnMode = noMode;
     }
 }
 
@@ -282,6 +292,7 @@ void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
     showSelectedButtons();
     if (model_->Selected.Frame && model_->Selected.Frame != oldFrame) {
         model_->markSelection(*model_->Selected.Frame);
+        render3d();
     }
 }
 

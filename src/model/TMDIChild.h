@@ -38,11 +38,9 @@ class TMDIChild : public QMdiSubWindow {
     void setProgressDelay(std::chrono::milliseconds delay) { progressDelay_ = delay; }
 
     /// The settings of the 3D view; changes show with the next render3d().
-    [[nodiscard]] ViewState& view() { return view_; }
-    void setDrawingInterface(DrawApi api);
+    [[nodiscard]] ViewState& view();
     /// Gives the 3D view other colours, which show when it is drawn next.
     void setViewColors(const ViewColors& colors);
-    void render3d();
 
     /// The model; null once the window has been closed.
     [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
@@ -57,6 +55,9 @@ class TMDIChild : public QMdiSubWindow {
     // Saving does nothing once the window has been closed.
     void FileSaveExecute();
     void FileSaveAsExecute();
+
+    /// Redraws the views; does nothing once the window has been closed.
+    void render3d();
 
     /// Whether FormCanClose would ask the user.
     [[nodiscard]] bool needsCloseQuestion() const { return model_ && model_->Modified; }
@@ -90,7 +91,6 @@ class TMDIChild : public QMdiSubWindow {
 
     std::unique_ptr<Ui::TMDIChild> ui_;
     std::optional<ModelDocument> model_;
-    ViewState view_;
     StructureTreeModel structure_;
     std::chrono::milliseconds progressDelay_{500};
     QString readSummary_;

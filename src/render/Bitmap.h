@@ -11,8 +11,8 @@ namespace korvane {
 /// A pixel of a Bitmap: 0xffRRGGBB as an integer.
 using BitmapPixel = std::uint32_t;
 
-/// A picture in memory that drawing goes into: rows of 32-bit pixels, top row first, without gaps. A
-/// QImage of the format RGB32 can wrap its memory.
+/// A picture in memory that drawing goes into: rows of 32-bit pixels, top row first, without gaps.
+/// A QImage of the format RGB32 can wrap its memory.
 class Bitmap {
   public:
     /// Pixels behind the last row that may be read, and written with what they hold: drawing goes

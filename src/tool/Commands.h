@@ -2,6 +2,7 @@
 
 #include "model/ModelDocument.h"
 
+#include <QImage>
 #include <QString>
 #include <QStringList>
 
@@ -18,6 +19,7 @@ using Command = ExitStatus (*)(const QStringList& words);
 
 ExitStatus info(const QStringList& words);
 ExitStatus convert(const QStringList& words);
+ExitStatus render(const QStringList& words);
 ExitStatus texture(const QStringList& words);
 
 /// A text of unknown origin as it may go to a terminal. Control characters, which could steer the
@@ -34,5 +36,8 @@ ExitStatus usage(const QString& reason);
 /// Reads a model as the editor's Open does. False, with the reason printed, when the file is
 /// missing, unreadable, not valid or of another kind.
 bool open(const QString& file, ModelDocument& document);
+
+/// Writes a picture as PNG, or refuses if that fails.
+ExitStatus savePng(const QImage& picture, const QString& file);
 
 } // namespace korvane::tool

@@ -1,15 +1,12 @@
 #include "formats/FileNames.h"
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
+#include "tool/Timing.h"
 
 #include <QCommandLineParser>
 
-#include <algorithm>
-#include <chrono>
-#include <cstddef>
 #include <cstdio>
 #include <limits>
-#include <ratio>
 #include <vector>
 
 #ifdef __GLIBC__
@@ -19,18 +16,6 @@
 namespace korvane::tool {
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-double millisecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 /// Lets each round reuse the memory of the one before: otherwise the system takes it back and hands
 /// it out again, which is a fifth of the time of a load and not what the medians are meant to tell.

@@ -1,10 +1,7 @@
-#include "formats/AtomicFile.h"
-#include "formats/TextOutput.h"
 #include "formats/TextureLoader.h"
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
-#include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 
@@ -27,13 +24,7 @@ ExitStatus texture(const QStringList& words) {
     const QImage picture(
         reinterpret_cast<const uchar*>(image.pixels.data()), image.width, image.height,
         qsizetype{image.width} * static_cast<qsizetype>(sizeof(Rgba8)), QImage::Format_RGBA8888);
-    QBuffer png;
-    png.open(QIODevice::WriteOnly);
-    const bool saved = picture.save(&png, "PNG") && replaceFile(out, [&png](const TextSink& sink) {
-                           const QByteArray& bytes = png.data();
-                           return sink({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-                       });
-    return saved ? ExitStatus::Done : refuse(out, QString::fromLatin1(saveFailureCaption));
+    return savePng(picture, out);
 }
 
 } // namespace korvane::tool

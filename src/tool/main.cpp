@@ -14,9 +14,10 @@ namespace {
 
 using namespace korvane::tool;
 
-constexpr std::array<std::pair<std::string_view, Command>, 3> commands = {{
+constexpr std::array<std::pair<std::string_view, Command>, 4> commands = {{
     {"info", info},
     {"convert", convert},
+    {"render", render},
     {"texture", texture},
 }};
 

@@ -112,6 +112,45 @@ TEST_F(Tool, TextureSavesThePictureDecoded) {
     EXPECT_EQ(picture.pixel(1, 0), qRgba(6, 5, 4, 255));
 }
 
+TEST_F(Tool, RenderDrawsThePictureAskedFor) {
+    write("t.x", "xof 0302txt 0032\nframe frm-a {\nmesh "
+                 "{\n3;\n0;0;0;,\n4;0;0;,\n0;4;0;;\n1;\n3;0,1,2;;\n}\n}\n");
+    const auto picture = [this](const char* options) {
+        const Outcome outcome =
+            run(QStringLiteral("render t.x o.png --pitch 0 --yaw 3.1415925 --size 64x48 %1")
+                    .arg(QString::fromLatin1(options))
+                    .split(QLatin1Char(' '), Qt::SkipEmptyParts));
+        EXPECT_EQ(outcome.status, 0) << options << outcome.errors;
+        return QImage(path("o.png"));
+    };
+    const auto drawn = [](const QImage& image) {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                count += image.pixelColor(x, y) != QColor(Qt::black) ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    const QImage smooth = picture("--mode flat");
+    EXPECT_EQ(smooth.size(), QSize(64, 48));
+    const int whole = drawn(smooth);
+    EXPECT_GT(whole, 200);
+    EXPECT_LT(drawn(picture("--mode wireframe")), whole);
+    EXPECT_LT(drawn(picture("--mode flat --distance 30")), whole / 2);
+    EXPECT_EQ(drawn(picture("--mode flat --center 500,0,0")), 0);
+    EXPECT_NE(picture("--yaw 2.8 --api software --view 3d"), picture("--yaw 3.3"));
+    EXPECT_EQ(picture("--no-transparent --no-hidden-transparent"), picture(""));
+    const Outcome timed =
+        run({QStringLiteral("render"), QStringLiteral("t.x"), QStringLiteral("o.png"),
+             QStringLiteral("--repeat"), QStringLiteral("3")});
+    EXPECT_TRUE(
+        QRegularExpression(QStringLiteral("^frame median [0-9.]+ ms\npixels [1-9][0-9]*\n$"))
+            .match(QString::fromStdString(timed.output))
+            .hasMatch())
+        << timed.output;
+}
+
 TEST_F(Tool, SaysInOneLineWhyItRefuses) {
     const struct {
         const char* words;
@@ -128,6 +167,18 @@ TEST_F(Tool, SaysInOneLineWhyItRefuses) {
         {"convert good.x o.xsi --repeat 0", 2, nullptr},
         {"convert good.x o.xsi --repeat many", 2, nullptr},
         {"convert good.x o.xsi --frobnicate", 2, nullptr},
+        {"render bad.x o.png", 1, "bad.x: Not a valid .X file\n"},
+        {"render good.x no/o.png", 1, "no/o.png: Unable to save\n"},
+        {"render good.x o.png --api opengl", 1, "good.x: no OpenGL here\n"},
+        {"render good.x", 2, nullptr},
+        {"render good.x o.png --mode pretty", 2, nullptr},
+        {"render good.x o.png --view xy", 2, nullptr},
+        {"render good.x o.png --size 0x9", 2, nullptr},
+        {"render good.x o.png --size 9", 2, nullptr},
+        {"render good.x o.png --center 1,2", 2, nullptr},
+        {"render good.x o.png --pitch nan", 2, nullptr},
+        {"render good.x o.png --distance -1", 2, nullptr},
+        {"render good.x o.png --repeat 0", 2, nullptr},
         {"texture none.tga o.png", 1, "none.tga: No such file\n"},
         {"texture bad.x no/o.png", 1, "no/o.png: Unable to save\n"},
         {"texture bad.x", 2, nullptr},

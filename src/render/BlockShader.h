@@ -1,0 +1,83 @@
+#pragma once
+
+#include "render/Lanes.h"
+#include "render/PolygonFill.h"
+
+#include <array>
+
+namespace korvane {
+
+/// Puts colours into four neighbouring pixels of a row: the lit colour, multiplied by a texture and
+/// mixed with what is there as far as asked for.
+template <bool Textured, bool Blend>
+class BlockShader {
+  public:
+    explicit BlockShader(const RasterSurface& surface)
+        : texture_(surface.texture), opacity_(surface.opacity) {}
+
+    /// `light` is red, green and blue from 0 to 255, s and t are positions in the texture. Pixels
+    /// outside of `pass` keep what they hold; of lanes from `used` on nothing is looked at.
+    void put(BitmapPixel* pixels, IntLanes pass, const std::array<FloatLanes, 3>& light,
+             FloatLanes s, FloatLanes t) const {
+        const auto before = loadLanes<IntLanes>(pixels);
+        std::array<FloatLanes, 3> color = light;
+        FloatLanes share = allLanes(opacity_);
+        if constexpr (Textured) {
+            multiplyByTexture(color, share, pass, s, t);
+        }
+        if constexpr (Blend) {
+            for (std::size_t k = 0; k < 3; ++k) {
+                const FloatLanes below = numbers(before >> shift(k) & byteMask);
+                color[k] = below + (color[k] - below) * share;
+            }
+        }
+        IntLanes packed = allLanes(-0x1000000);
+        for (std::size_t k = 0; k < 3; ++k) {
+            packed |= truncated(color[k] + allLanes(0.5F)) << shift(k);
+        }
+        storeLanes(pixels, select(pass, packed, before));
+    }
+
+  private:
+    static constexpr std::int32_t byteMask = 0xff;
+
+    /// Where red, green and blue stand in a pixel.
+    static constexpr int shift(std::size_t channel) { return 16 - 8 * static_cast<int>(channel); }
+
+    void multiplyByTexture(std::array<FloatLanes, 3>& color, FloatLanes& share, IntLanes pass,
+                           FloatLanes s, FloatLanes t) const {
+        std::array<std::int32_t, laneCount> wanted{};
+        std::array<std::int32_t, laneCount> columns{};
+        std::array<std::int32_t, laneCount> rows{};
+        storeLanes(wanted.data(), pass);
+        storeLanes(columns.data(), truncated(s));
+        storeLanes(rows.data(), truncated(t));
+        std::array<std::int32_t, 2 * laneCount> texels{};
+        for (std::size_t lane = 0; lane < laneCount; ++lane) {
+            if (wanted[lane] == 0) {
+                continue;
+            }
+            const TextureSampler::Texel texel = texture_->at(
+                static_cast<std::uint32_t>(columns[lane]), static_cast<std::uint32_t>(rows[lane]));
+            std::memcpy(&texels[2 * lane], &texel, sizeof texel);
+        }
+        const auto first = loadLanes<IntLanes>(texels.data());
+        const auto second = loadLanes<IntLanes>(&texels[laneCount]);
+        const IntLanes redBlue = __builtin_shufflevector(first, second, 0, 2, 4, 6);
+        const IntLanes greenAlpha = __builtin_shufflevector(first, second, 1, 3, 5, 7);
+        constexpr float whole = 1.0F / static_cast<float>(TextureSampler::whole);
+        color[0] *= numbers(redBlue & lowHalf) * allLanes(whole);
+        color[1] *= numbers(greenAlpha & lowHalf) * allLanes(whole);
+        color[2] *= numbers(redBlue >> 16 & lowHalf) * allLanes(whole);
+        if constexpr (Blend) {
+            share *= numbers(greenAlpha >> 16 & lowHalf) * allLanes(whole);
+        }
+    }
+
+    static constexpr std::int32_t lowHalf = 0xffff;
+
+    const TextureSampler* texture_;
+    float opacity_;
+};
+
+} // namespace korvane

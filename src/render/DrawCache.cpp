@@ -1,0 +1,157 @@
+#include "render/DrawCache.h"
+
+#include "model/MeshRecord.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace korvane {
+
+namespace {
+
+bool finite(const Vec3& p) {
+    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+
+/// The matrix that turns normals: the inverse transpose of the upper 3 x 3 but for a positive
+/// factor, so that a matrix that flattens has one as well.
+struct NormalMatrix {
+    explicit NormalMatrix(const Matrix4& m) {
+        const auto minor = [&m](std::size_t a, std::size_t b, std::size_t c, std::size_t d) {
+            return double{m[a]} * m[d] - double{m[b]} * m[c];
+        };
+        cofactors = {minor(5, 6, 9, 10),  -minor(4, 6, 8, 10), minor(4, 5, 8, 9),
+                     -minor(1, 2, 9, 10), minor(0, 2, 8, 10),  -minor(0, 1, 8, 9),
+                     minor(1, 2, 5, 6),   -minor(0, 2, 4, 6),  minor(0, 1, 4, 5)};
+        mirrors = m[0] * cofactors[0] + m[1] * cofactors[1] + m[2] * cofactors[2] < 0;
+        // the size does not matter: keep extreme matrices within range
+        double largest = 0.0;
+        for (const double c : cofactors) {
+            largest = std::max(largest, std::abs(c));
+        }
+        const double factor = (mirrors ? -1.0 : 1.0) / (largest > 0 ? largest : 1.0);
+        for (double& c : cofactors) {
+            c *= factor;
+        }
+    }
+    /// The unit normal, zero where there is none.
+    [[nodiscard]] Vec3 turned(const Vec3& n) const {
+        const double x = n.x * cofactors[0] + n.y * cofactors[3] + n.z * cofactors[6];
+        const double y = n.x * cofactors[1] + n.y * cofactors[4] + n.z * cofactors[7];
+        const double z = n.x * cofactors[2] + n.y * cofactors[5] + n.z * cofactors[8];
+        const double length = std::sqrt(x * x + y * y + z * z);
+        if (!(length > 0) || !std::isfinite(length)) {
+            return {};
+        }
+        return {static_cast<float>(x / length), static_cast<float>(y / length),
+                static_cast<float>(z / length)};
+    }
+
+    std::array<double, 9> cofactors{};
+    bool mirrors = false;
+};
+
+/// The normal of a polygon of any shape, the sum over all its edges, so that corners on one line do
+/// no harm. Zero if a corner leads nowhere or there is no area.
+Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3> vertices,
+                   bool mirrored) {
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const std::size_t from = corners[i];
+        const std::size_t to = corners[i + 1 == corners.size() ? 0 : i + 1];
+        if (from >= vertices.size() || to >= vertices.size()) {
+            return {};
+        }
+        const Vec3& a = vertices[from];
+        const Vec3& b = vertices[to];
+        x += (double{a.y} - b.y) * (double{a.z} + b.z);
+        y += (double{a.z} - b.z) * (double{a.x} + b.x);
+        z += (double{a.x} - b.x) * (double{a.y} + b.y);
+    }
+    const double length = std::sqrt(x * x + y * y + z * z);
+    if (!(length > 0) || !std::isfinite(length)) {
+        return {};
+    }
+    const double factor = (mirrored ? -1.0 : 1.0) / length;
+    return {static_cast<float>(x * factor), static_cast<float>(y * factor),
+            static_cast<float>(z * factor)};
+}
+
+} // namespace
+
+bool usableNormal(const Vec3& normal) {
+    return finite(normal) && normal != Vec3{};
+}
+
+void Bounds::add(const Vec3& p) {
+    if (!finite(p)) {
+        return;
+    }
+    low = empty ? p : Vec3{std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
+    high = empty ? p : Vec3{std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z)};
+    empty = false;
+}
+
+DrawCache& DrawCache::operator=(const DrawCache& other) {
+    if (this != &other) {
+        clear();
+    }
+    return *this;
+}
+
+bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
+    const auto place = [](const auto* data) { return reinterpret_cast<std::size_t>(data); };
+    Key key = {world,
+               {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
+                place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
+                std::size_t{mesh.HasNormals}}};
+    if (key_ == key) {
+        return false;
+    }
+    key_ = std::move(key);
+    bounds_ = Bounds();
+    allFinite_ = true;
+    WorldVertices.resize(mesh.Vertices.size());
+    for (std::size_t i = 0; i < mesh.Vertices.size(); ++i) {
+        bounds_.add(mesh.Vertices[i]);
+        WorldVertices[i] = VectorMatrix(mesh.Vertices[i], world);
+        allFinite_ = allFinite_ && finite(WorldVertices[i]);
+    }
+    buildNormals(mesh, world);
+    buildFaceNormals(mesh);
+    return true;
+}
+
+void DrawCache::buildNormals(const MeshRecord& mesh, const Matrix4& world) {
+    const NormalMatrix matrix(world);
+    mirrored_ = matrix.mirrors;
+    WorldCache2.resize(mesh.HasNormals ? mesh.Normals.size() : 0);
+    for (std::size_t i = 0; i < WorldCache2.size(); ++i) {
+        WorldCache2[i] = matrix.turned(mesh.Normals[i]);
+    }
+}
+
+void DrawCache::buildFaceNormals(const MeshRecord& mesh) {
+    const auto hasAllNormals = [&](std::size_t face) {
+        if (face >= mesh.NormalFaces.size() ||
+            mesh.NormalFaces[face].size() < mesh.Faces[face].size()) {
+            return false;
+        }
+        const auto normals = mesh.NormalFaces[face];
+        return std::all_of(normals.begin(), normals.end(), [&](std::uint32_t n) {
+            return n < WorldCache2.size() && usableNormal(WorldCache2[n]);
+        });
+    };
+    WorldCache3.clear();
+    for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
+        if (!hasAllNormals(face)) {
+            WorldCache3.resize(mesh.Faces.size());
+            WorldCache3[face] = polygonNormal(mesh.Faces[face], WorldVertices, mirrored_);
+        }
+    }
+}
+
+} // namespace korvane

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "render/VectorMath.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace korvane {
+
+struct MeshRecord;
+
+/// The bounds of points: empty until one is added. Points that are not finite are left out.
+struct Bounds {
+    Vec3 low;
+    Vec3 high;
+    bool empty = true;
+
+    void add(const Vec3& p);
+};
+
+/// What drawing derives from a frame's mesh and world matrix. It belongs to the frame it was built
+/// for: copies of a frame start without one, and it takes no part in comparing frames. It is built
+/// anew when the matrix, the size or the place of a list changes; whoever changes elements of a
+/// mesh's lists calls clear().
+class DrawCache {
+  public:
+    std::vector<Vec3> WorldVertices; ///< one position in world space per vertex
+    std::vector<Vec3> WorldCache2;   ///< one unit normal in world space per normal of the mesh
+    /// One unit normal in world space per face, by its shape alone; empty when every corner of the
+    /// mesh has a normal of its own.
+    std::vector<Vec3> WorldCache3;
+
+    DrawCache() = default;
+    DrawCache(const DrawCache& /*unused*/) {}
+    DrawCache(DrawCache&&) = default;
+    DrawCache& operator=(const DrawCache& other);
+    DrawCache& operator=(DrawCache&&) = default;
+    ~DrawCache() = default;
+    bool operator==(const DrawCache& /*unused*/) const { return true; }
+
+    /// Forgets everything; the next refresh() builds it again.
+    void clear() { *this = DrawCache(); }
+    /// Makes the cache hold for the mesh under the world matrix. True if it had to be built.
+    bool refresh(const MeshRecord& mesh, const Matrix4& world);
+
+    /// The bounds over all vertices in the mesh's own space.
+    [[nodiscard]] const Bounds& bounds() const { return bounds_; }
+    /// Whether every vertex of WorldVertices is a finite point.
+    [[nodiscard]] bool allFinite() const { return allFinite_; }
+    /// Whether the world matrix mirrors: faces then run the other way round.
+    [[nodiscard]] bool mirrored() const { return mirrored_; }
+
+  private:
+    /// What a cache was built for.
+    struct Key {
+        Matrix4 world;
+        std::array<std::size_t, 7> lists{}; ///< sizes and places
+
+        bool operator==(const Key&) const = default;
+    };
+
+    void buildNormals(const MeshRecord& mesh, const Matrix4& world);
+    void buildFaceNormals(const MeshRecord& mesh);
+
+    std::optional<Key> key_;
+    Bounds bounds_;
+    bool allFinite_ = true;
+    bool mirrored_ = false;
+};
+
+/// Whether the vector is finite and not zero, as a normal has to be.
+bool usableNormal(const Vec3& normal);
+
+} // namespace korvane

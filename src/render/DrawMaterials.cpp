@@ -1,0 +1,75 @@
+#include "render/DrawMaterials.h"
+
+#include "model/MeshRecord.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+/// Whether the material has a picture that can be looked up: the single white pixel that stands for
+/// one that could not be loaded would change nothing.
+bool hasPicture(const MaterialRecord& material) {
+    const TextureImage* image = material.TextureImage.get();
+    if (!material.HasTexture || image == nullptr || image->width < 1 || image->height < 1) {
+        return false;
+    }
+    const std::size_t pixels =
+        static_cast<std::size_t>(image->width) * static_cast<std::size_t>(image->height);
+    return image->pixels.size() >= pixels && (pixels > 1 || image->pixels[0] != Rgba8{});
+}
+
+} // namespace
+
+bool isTranslucent(const MaterialRecord& material, const ViewState& state) {
+    return state.mode == RenderMode::SmoothShading && state.allowTransparent &&
+           (material.FaceColor.alpha != 1.0F ||
+            (hasPicture(material) && material.TextureImage->HasAlpha));
+}
+
+std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
+    if (!mesh.HasMaterials) {
+        return -1;
+    }
+    return face < mesh.FaceSlotIndex.size()
+               ? std::int64_t{mesh.FaceSlotIndex[face]}
+               : static_cast<std::int64_t>(mesh.MaterialSlotList.size()) - 1;
+}
+
+DrawMaterial::DrawMaterial(const MaterialRecord& material, const ViewState& state)
+    : colors(material), textured(hasPicture(material)), translucent(isTranslucent(material, state)),
+      opacity(translucent ? clampUnit(material.FaceColor.alpha) : 1.0F) {
+    if (textured) {
+        sampler = TextureSampler(*material.TextureImage);
+    }
+}
+
+void DrawMaterials::take(std::span<const MaterialRecord> table, const ViewState& state) {
+    table_.clear();
+    table_.reserve(table.size() + 1);
+    for (const MaterialRecord& material : table) {
+        table_.emplace_back(material, state);
+    }
+    table_.emplace_back(MaterialRecord(), state);
+}
+
+void DrawMaterials::select(const MeshRecord& mesh) {
+    const auto known = static_cast<std::int64_t>(table_.size()) - 1;
+    slots_.clear();
+    if (mesh.HasMaterials) {
+        for (const std::int32_t index : mesh.MaterialSlotList) {
+            slots_.push_back(index >= 0 && index < known ? &table_[static_cast<std::size_t>(index)]
+                                                         : &table_.back());
+        }
+    }
+    slots_.push_back(&table_.back());
+}
+
+bool DrawMaterials::any(bool translucent) const {
+    return std::any_of(slots_.begin(), slots_.end(), [translucent](const DrawMaterial* material) {
+        return material->translucent == translucent;
+    });
+}
+
+} // namespace korvane

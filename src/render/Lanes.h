@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+
+namespace korvane {
+
+// Four numbers side by side. The compilers turn these into the vector instructions of whatever
+// machine they build for; loops over single numbers they do not, once a depth test is in them.
+using FloatLanes [[gnu::vector_size(16)]] = float;
+using IntLanes [[gnu::vector_size(16)]] = std::int32_t;
+
+inline constexpr std::int32_t laneCount = 4;
+
+template <class Lanes, class Number>
+Lanes loadLanes(const Number* from) {
+    static_assert(sizeof(Lanes) == laneCount * sizeof(Number));
+    Lanes lanes;
+    std::memcpy(&lanes, from, sizeof lanes);
+    return lanes;
+}
+
+template <class Lanes, class Number>
+void storeLanes(Number* to, const Lanes& lanes) {
+    static_assert(sizeof(Lanes) == laneCount * sizeof(Number));
+    std::memcpy(to, &lanes, sizeof lanes);
+}
+
+inline FloatLanes allLanes(float value) {
+    return FloatLanes{value, value, value, value};
+}
+
+inline IntLanes allLanes(std::int32_t value) {
+    return IntLanes{value, value, value, value};
+}
+
+/// Each lane of a where the lane of the mask is all ones, of b where it is zero.
+inline IntLanes select(IntLanes mask, IntLanes a, IntLanes b) {
+    return (mask & a) | (~mask & b);
+}
+
+inline FloatLanes select(IntLanes mask, FloatLanes a, FloatLanes b) {
+    return reinterpret_cast<FloatLanes>(
+        select(mask, reinterpret_cast<IntLanes>(a), reinterpret_cast<IntLanes>(b)));
+}
+
+/// Whether any lane of a mask is set.
+inline bool anyLane(IntLanes mask) {
+    std::uint64_t halves[2];
+    std::memcpy(halves, &mask, sizeof halves);
+    return (halves[0] | halves[1]) != 0;
+}
+
+/// Truncated toward zero; every lane has to be within range.
+inline IntLanes truncated(FloatLanes lanes) {
+    return __builtin_convertvector(lanes, IntLanes);
+}
+
+inline FloatLanes numbers(IntLanes lanes) {
+    return __builtin_convertvector(lanes, FloatLanes);
+}
+
+/// Each lane kept between the bounds; a lane that is no number becomes the lower one.
+inline FloatLanes clampLanes(FloatLanes lanes, FloatLanes low, FloatLanes high) {
+    const FloatLanes raised = lanes > low ? lanes : low;
+    return raised < high ? raised : high;
+}
+
+} // namespace korvane

@@ -1,0 +1,104 @@
+#include "render/ScreenMesh.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace korvane {
+
+bool usablePosition(const Vec3& p) {
+    // what is larger would leave the range of single precision on its way through the clipping
+    constexpr float limit = 1e15F;
+    return std::abs(p.x) < limit && std::abs(p.y) < limit && std::abs(p.z) < limit;
+}
+
+std::array<Vec3, 8> boxCorners(const Bounds& bounds) {
+    std::array<Vec3, 8> corners;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        corners[i] = {(i & 1U) != 0 ? bounds.high.x : bounds.low.x,
+                      (i & 2U) != 0 ? bounds.high.y : bounds.low.y,
+                      (i & 4U) != 0 ? bounds.high.z : bounds.low.z};
+    }
+    return corners;
+}
+
+Containment containment(const DrawContext& context, const DrawItem& item) {
+    const DrawCache& cache = item.frame->Cache;
+    if (cache.bounds().empty) {
+        return Containment::Outside;
+    }
+    std::array<Vec3, 8> corners = boxCorners(cache.bounds());
+    float size = 0.0F;
+    for (Vec3& corner : corners) {
+        corner = VectorMatrix(corner, item.world);
+        size = std::max({size, std::abs(corner.x), std::abs(corner.y), std::abs(corner.z)});
+        corner = context.camera.toView(corner);
+        if (!usablePosition(corner)) {
+            return Containment::Crossing;
+        }
+        size = std::max({size, std::abs(corner.x), std::abs(corner.y), std::abs(corner.z)});
+    }
+    const float margin = size * 1e-5F; // well above the rounding of a vertex within the box
+    bool inside = cache.allFinite();
+    for (const ClipPlane& plane : context.geometry.planes) {
+        float least = std::numeric_limits<float>::max();
+        float most = std::numeric_limits<float>::lowest();
+        for (const Vec3& corner : corners) {
+            const float distance = plane.distance(corner);
+            least = std::min(least, distance);
+            most = std::max(most, distance);
+        }
+        if (most < -margin) {
+            return Containment::Outside;
+        }
+        inside = inside && least > margin;
+    }
+    return inside ? Containment::Inside : Containment::Crossing;
+}
+
+std::array<std::int32_t, 2> projected(const ViewGeometry& geometry, const Vec3& p) {
+    const float scale = geometry.f / p.z;
+    const auto position = [](float pixels) {
+        constexpr float farthest = 4194304.0F;
+        const float at = pixels * static_cast<float>(subpixels) + 0.5F;
+        return static_cast<std::int32_t>(at > -farthest ? std::min(at, farthest) : -farthest);
+    };
+    return {position(static_cast<float>(geometry.cx) - p.x * scale),
+            position(static_cast<float>(geometry.cy) - p.y * scale)};
+}
+
+void projectVertices(const DrawContext& context, const DrawCache& cache, Containment where,
+                     std::vector<ScreenVertex>& screen) {
+    const std::vector<Vec3>& vertices = cache.WorldVertices;
+    const Camera camera = context.camera;
+    const ViewGeometry& geometry = context.geometry;
+    screen.resize(vertices.size());
+    if (where == Containment::Inside) {
+        constexpr auto unit = static_cast<float>(subpixels);
+        const float f = geometry.f * unit;
+        const FloatLanes centre = {static_cast<float>(geometry.cx) * unit + 0.5F,
+                                   static_cast<float>(geometry.cy) * unit + 0.5F, 0, 0};
+        ScreenVertex* to = screen.data();
+        for (const Vec3& vertex : vertices) {
+            const FloatLanes view = camera.toViewLanes(vertex);
+            const IntLanes at = truncated(centre - view * allLanes(f / view[2]));
+            *to++ = {at[0], at[1], view[2], 0};
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+        const Vec3 p = camera.toView(vertices[i]);
+        ScreenVertex vertex = {0, 0, p.z, 0};
+        for (std::size_t k = 0; k < geometry.planes.size(); ++k) {
+            vertex.outside |= geometry.planes[k].distance(p) >= 0 ? 0U : 1U << k;
+        }
+        if (vertex.outside == 0) {
+            const auto at = projected(geometry, p);
+            vertex.x = at[0];
+            vertex.y = at[1];
+        }
+        screen[i] = vertex;
+    }
+}
+
+} // namespace korvane

@@ -1,0 +1,48 @@
+#include "render/SoftwareView.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+void SoftwareView::resize(std::int32_t width, std::int32_t height) {
+    geometry_ = ViewGeometry(width, height);
+    bitmap_.resize(geometry_.width, geometry_.height);
+    depths_.resize(bitmap_.pixelCount() + Bitmap::slack);
+}
+
+void SoftwareView::redraw(ModelDocument& document, ViewState& state) {
+    std::fill(depths_.begin(), depths_.end(), ViewGeometry::farZ);
+    bitmap_.fill(state.colors.background);
+    const Camera camera(state.angles, document.CameraDistance, document.CameraCenter);
+    const DrawContext context = {
+        {bitmap_.pixels(), depths_.data(), geometry_.width, geometry_.height},
+        geometry_,
+        state,
+        camera};
+    list_.rebuild(document.Root);
+    meshes_.begin(document.Materials, state);
+    for (const bool translucentPass : {false, true}) {
+        for (const DrawItem& item : list_.items()) {
+            if (item.frame->HasMesh) {
+                drawFrame(context, item, translucentPass);
+            }
+        }
+    }
+    state.lastDrawnMode = state.mode;
+}
+
+void SoftwareView::drawFrame(const DrawContext& context, const DrawItem& item,
+                             bool translucentPass) {
+    FrameRecord& frame = *item.frame;
+    frame.Cache.refresh(frame.Mesh, item.world);
+    if (context.state.mode != RenderMode::Wireframe) {
+        meshes_.draw(context, item, translucentPass);
+        if (!translucentPass && frame.SelectState == SelectState::Selected) {
+            WirePainter::drawBox(context, item);
+        }
+    } else if (!translucentPass) {
+        wires_.drawMesh(context, item);
+    }
+}
+
+} // namespace korvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/ModelDocument.h"
+#include "render/Bitmap.h"
+#include "render/MeshPainter.h"
+#include "render/ViewState.h"
+#include "render/WirePainter.h"
+
+#include <vector>
+
+namespace korvane {
+
+/// Draws a model into a bitmap, without a graphics card.
+class SoftwareView {
+  public:
+    /// Sets the size in device pixels; a side of 0 gives one pixel.
+    void resize(std::int32_t width, std::int32_t height);
+    [[nodiscard]] const ViewGeometry& geometry() const { return geometry_; }
+    /// The picture of the last redraw.
+    [[nodiscard]] const Bitmap& bitmap() const { return bitmap_; }
+
+    /// Draws the document's frames as its camera sees them, and brings their drawing caches up to
+    /// date. Remembers the mode drawn in the state.
+    void redraw(ModelDocument& document, ViewState& state);
+
+  private:
+    void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
+
+    ViewGeometry geometry_{1, 1};
+    Bitmap bitmap_;
+    std::vector<float> depths_ = std::vector<float>(1 + Bitmap::slack);
+    DrawList list_;
+    MeshPainter meshes_;
+    WirePainter wires_;
+};
+
+} // namespace korvane

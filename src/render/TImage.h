@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+namespace korvane {
+
+/// An image control: shows a picture pixel by pixel of the screen, whatever the scale factor. It
+/// handles no mouse event, so that its parent gets them.
+class TImage : public QWidget {
+    Q_OBJECT
+  public:
+    explicit TImage(QWidget* parent = nullptr);
+
+    /// Shows a picture made for the control's size in device pixels. Its memory is used as it is
+    /// and must stay in place until another one is shown.
+    void showPicture(const QImage& picture);
+    [[nodiscard]] const QImage& picture() const { return picture_; }
+
+    /// The size of the control in device pixels.
+    [[nodiscard]] QSize sizeInPixels() const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QImage picture_;
+};
+
+} // namespace korvane

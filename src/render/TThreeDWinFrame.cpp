@@ -1,0 +1,135 @@
+#include "render/TThreeDWinFrame.h"
+
+#include "render/StartCamera.h"
+#include "ui_TThreeDWinFrame.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+namespace korvane {
+
+TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::TThreeDWinFrame>()) {
+    ui_->setupUi(this);
+    // clicked or tabbed to: Escape has to arrive here while a drag runs
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+TThreeDWinFrame::~TThreeDWinFrame() = default;
+
+void TThreeDWinFrame::setDocument(ModelDocument* document) {
+    cancelDrag();
+    document_ = document;
+}
+
+void TThreeDWinFrame::redraw() {
+    if (document_ == nullptr || !isVisible()) {
+        return; // drawn when shown
+    }
+    const QSize size = ui_->Image1->sizeInPixels();
+    if (size != QSize(view_.bitmap().width(), view_.bitmap().height())) {
+        view_.resize(size.width(), size.height());
+    }
+    if (cameraPending_ && !size.isEmpty()) {
+        cameraPending_ = false;
+        startCamera(*document_, view_.geometry());
+    }
+    view_.redraw(*document_, state_);
+    ui_->Image1->showPicture(imageOf(view_.bitmap()));
+}
+
+void TThreeDWinFrame::FrameResize() {
+    redraw();
+}
+
+void TThreeDWinFrame::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    FrameResize();
+}
+
+void TThreeDWinFrame::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    redraw();
+}
+
+void TThreeDWinFrame::hideEvent(QHideEvent* event) {
+    cancelDrag();
+    QWidget::hideEvent(event);
+}
+
+void TThreeDWinFrame::focusOutEvent(QFocusEvent* event) {
+    cancelDrag();
+    QWidget::focusOutEvent(event);
+}
+
+void TThreeDWinFrame::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && drag_.active()) {
+        cancelDrag();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void TThreeDWinFrame::mousePressEvent(QMouseEvent* event) {
+    mouseDown(dragInput(*event));
+}
+
+void TThreeDWinFrame::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() == Qt::NoButton) {
+        cancelDrag(); // the release went elsewhere
+        return;
+    }
+    mouseMove(dragInput(*event));
+}
+
+void TThreeDWinFrame::mouseReleaseEvent(QMouseEvent* event) {
+    mouseUp(dragInput(*event));
+}
+
+void TThreeDWinFrame::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    if (document_ == nullptr || drag_.active()) {
+        return;
+    }
+    constexpr float notch = 120.0F; // eighths of a degree
+    const float notches = static_cast<float>(event->angleDelta().y()) / notch;
+    document_->CameraDistance = wheelDistance(document_->CameraDistance, notches);
+    redraw();
+}
+
+DragInput TThreeDWinFrame::dragInput(const QMouseEvent& event) const {
+    const QPointF at = event.position() * devicePixelRatioF();
+    const DragButton button = event.button() == Qt::LeftButton    ? DragButton::Left
+                              : event.button() == Qt::RightButton ? DragButton::Right
+                                                                  : DragButton::Other;
+    return {button, static_cast<float>(at.x()), static_cast<float>(at.y())};
+}
+
+void TThreeDWinFrame::mouseDown(const DragInput& input) {
+    if (document_ != nullptr) {
+        drag_.begin(input, state_.angles, document_->CameraDistance);
+    }
+}
+
+void TThreeDWinFrame::mouseMove(const DragInput& input) {
+    if (document_ != nullptr &&
+        drag_.update(input, view_.geometry(), state_.angles, document_->CameraDistance)) {
+        redraw();
+    }
+}
+
+void TThreeDWinFrame::mouseUp(const DragInput& input) {
+    if (document_ != nullptr &&
+        drag_.end(input, view_.geometry(), state_.angles, document_->CameraDistance)) {
+        redraw();
+    }
+}
+
+void TThreeDWinFrame::cancelDrag() {
+    if (document_ != nullptr && drag_.cancel(state_.angles, document_->CameraDistance)) {
+        redraw();
+    }
+}
+
+} // namespace korvane

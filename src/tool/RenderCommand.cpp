@@ -1,0 +1,191 @@
+#include "render/SoftwareView.h"
+#include "render/StartCamera.h"
+#include "tool/Commands.h"
+#include "tool/Timing.h"
+
+#include <QCommandLineParser>
+
+#include <cmath>
+#include <cstdio>
+#include <optional>
+
+namespace korvane::tool {
+
+namespace {
+
+/// What was asked for; what was not is left to the start camera.
+struct RenderRequest {
+    QString in;
+    QString out;
+    ViewState state;
+    std::int32_t width = 1024;
+    std::int32_t height = 768;
+    std::optional<float> distance;
+    std::optional<Vec3> centre;
+    std::optional<int> repeat;
+    bool view3d = true;
+};
+
+std::optional<float> number(const QString& text) {
+    bool valid = false;
+    const float value = text.toFloat(&valid);
+    return valid && std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+/// Turns the options into a request, one after the other; the first one that makes no sense is
+/// remembered.
+class RenderOptions {
+  public:
+    RenderOptions() {
+        for (const char* name :
+             {"api", "mode", "view", "size", "pitch", "yaw", "distance", "center", "repeat"}) {
+            parser_.addOption({QString::fromLatin1(name), {}, QStringLiteral("value")});
+        }
+        parser_.addOption(QCommandLineOption(QStringLiteral("no-transparent")));
+        parser_.addOption(QCommandLineOption(QStringLiteral("no-hidden-transparent")));
+    }
+
+    /// The reason why the words are no request, or an empty text.
+    QString parse(const QStringList& words, RenderRequest& request) {
+        if (!parser_.parse(QStringList(QStringLiteral("render")) + words)) {
+            return parser_.errorText();
+        }
+        const QStringList files = parser_.positionalArguments();
+        if (files.size() != 2) {
+            return QStringLiteral("render needs IN and OUT.png");
+        }
+        request.in = files[0];
+        request.out = files[1];
+        request.state.allowTransparent = !parser_.isSet(QStringLiteral("no-transparent"));
+        request.state.showHiddenTransparent =
+            !parser_.isSet(QStringLiteral("no-hidden-transparent"));
+        readChoices(request);
+        readNumbers(request);
+        return wrong_.isEmpty() ? QString()
+                                : QStringLiteral("\"%1\" is no value for --%2")
+                                      .arg(parser_.value(wrong_), wrong_);
+    }
+
+  private:
+    /// Where the option's value stands among the words, or nothing if it was not given.
+    std::optional<int> choice(const char* name, const QStringList& known) {
+        const QString option = QString::fromLatin1(name);
+        if (!parser_.isSet(option)) {
+            return std::nullopt;
+        }
+        const auto index = static_cast<int>(known.indexOf(parser_.value(option)));
+        check(option, index >= 0);
+        return index;
+    }
+    /// As many numbers with the separator between them as asked for, or nothing.
+    QList<float> numbers(const char* name, qsizetype count, QChar separator) {
+        const QString option = QString::fromLatin1(name);
+        QList<float> values;
+        if (!parser_.isSet(option)) {
+            return values;
+        }
+        const QStringList texts = parser_.value(option).split(separator);
+        for (const QString& text : texts) {
+            const std::optional<float> value = number(text);
+            check(option, value.has_value());
+            values.push_back(value.value_or(0.0F));
+        }
+        check(option, values.size() == count);
+        return values.size() == count ? values : QList<float>();
+    }
+    void check(const QString& option, bool valid) {
+        if (!valid && wrong_.isEmpty()) {
+            wrong_ = option;
+        }
+    }
+
+    void readChoices(RenderRequest& request) {
+        request.state.api = DrawApi::Software;
+        if (const auto api =
+                choice("api", {QStringLiteral("software"), QStringLiteral("opengl")})) {
+            request.state.api = *api == 0 ? DrawApi::Software : DrawApi::OpenGL;
+        }
+        if (const auto mode = choice("mode", {QStringLiteral("wireframe"), QStringLiteral("flat"),
+                                              QStringLiteral("smooth")})) {
+            request.state.mode = static_cast<RenderMode>(*mode);
+        }
+        if (const auto view = choice("view", {QStringLiteral("3d"), QStringLiteral("xy"),
+                                              QStringLiteral("xz"), QStringLiteral("zy")})) {
+            request.view3d = *view == 0;
+        }
+    }
+    void readNumbers(RenderRequest& request) {
+        if (const auto size = numbers("size", 2, u'x'); !size.isEmpty()) {
+            constexpr float largest = 8192.0F;
+            check(QStringLiteral("size"),
+                  size[0] >= 1 && size[1] >= 1 && size[0] <= largest && size[1] <= largest);
+            if (wrong_.isEmpty()) {
+                request.width = static_cast<std::int32_t>(size[0]);
+                request.height = static_cast<std::int32_t>(size[1]);
+            }
+        }
+        if (const auto pitch = numbers("pitch", 1, u','); !pitch.isEmpty()) {
+            request.state.angles.pitch = pitch[0];
+        }
+        if (const auto yaw = numbers("yaw", 1, u','); !yaw.isEmpty()) {
+            request.state.angles.yaw = yaw[0];
+        }
+        if (const auto distance = numbers("distance", 1, u','); !distance.isEmpty()) {
+            check(QStringLiteral("distance"), distance[0] >= 0);
+            request.distance = distance[0];
+        }
+        if (const auto centre = numbers("center", 3, u','); !centre.isEmpty()) {
+            request.centre = Vec3{centre[0], centre[1], centre[2]};
+        }
+        if (const auto repeat = numbers("repeat", 1, u','); !repeat.isEmpty()) {
+            check(QStringLiteral("repeat"), repeat[0] >= 1 && repeat[0] < 1e6F);
+            request.repeat = wrong_.isEmpty() ? static_cast<int>(repeat[0]) : 1;
+        }
+    }
+
+    QCommandLineParser parser_;
+    QString wrong_; ///< the first option with a value that makes no sense
+};
+
+void drawRepeatedly(SoftwareView& view, ModelDocument& document, ViewState& state, int rounds) {
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        const Clock::time_point start = Clock::now();
+        view.redraw(document, state);
+        times.push_back(millisecondsSince(start));
+    }
+    std::printf("frame median %.3f ms\npixels %zu\n", median(times),
+                view.bitmap().countOtherThan(state.colors.background));
+}
+
+} // namespace
+
+ExitStatus render(const QStringList& words) {
+    RenderRequest request;
+    RenderOptions options;
+    if (const QString reason = options.parse(words, request); !reason.isEmpty()) {
+        return usage(reason);
+    }
+    if (!request.view3d) {
+        return usage(QStringLiteral("only the 3d view can be drawn"));
+    }
+    ModelDocument document;
+    if (!open(request.in, document)) {
+        return ExitStatus::Refused;
+    }
+    if (request.state.api == DrawApi::OpenGL) {
+        return refuse(request.in, QStringLiteral("no OpenGL here"));
+    }
+    SoftwareView view;
+    view.resize(request.width, request.height);
+    startCamera(document, view.geometry());
+    document.CameraCenter = request.centre.value_or(document.CameraCenter);
+    document.CameraDistance = request.distance.value_or(document.CameraDistance);
+    view.redraw(document, request.state);
+    if (request.repeat) {
+        drawRepeatedly(view, document, request.state, *request.repeat);
+    }
+    return savePng(imageOf(view.bitmap()), request.out);
+}
+
+} // namespace korvane::tool

@@ -1,0 +1,129 @@
+#include "render/TThreeDWinFrame.h"
+
+#include "model/TMDIChild.h"
+#include "render/TImage.h"
+#include "support/GuiTest.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QMdiArea>
+#include <QTest>
+#include <QTreeView>
+#include <QWheelEvent>
+
+namespace korvane::test {
+namespace {
+
+class TThreeDWinFrameTest : public GuiTest {
+  protected:
+    TThreeDWinFrameTest() {
+        area_.resize(900, 600);
+        area_.show();
+        window_ = new TMDIChild(ViewColors());
+        area_.addSubWindow(window_);
+        window_->showMaximized();
+        window_->create(file("small.xsi", smallModel()));
+        settle();
+        image_ = &child<TImage>(*window_, "Image1");
+        view_ = &child<TThreeDWinFrame>(*window_, "ThreeDWinFrame");
+    }
+
+    QImage picture() const { return image_->picture().copy(); }
+    float distance() const { return window_->document()->CameraDistance; }
+    void press(Qt::MouseButton button, QPoint at) {
+        QTest::mousePress(image_, button, Qt::NoModifier, at);
+    }
+    /// A move with the button held down, which the test library's own moves do not tell.
+    void drag(Qt::MouseButton button, QPoint at) {
+        QMouseEvent event(QEvent::MouseMove, QPointF(at), QPointF(image_->mapToGlobal(at)),
+                          Qt::NoButton, button, Qt::NoModifier);
+        QApplication::sendEvent(image_, &event);
+    }
+    void release(Qt::MouseButton button, QPoint at) {
+        QTest::mouseRelease(image_, button, Qt::NoModifier, at);
+    }
+
+    QMdiArea area_;
+    TMDIChild* window_;
+    TImage* image_;
+    TThreeDWinFrame* view_;
+};
+
+TEST_F(TThreeDWinFrameTest, ShowsTheModelInTheSizeOfTheControl) {
+    const QImage shown = picture();
+    EXPECT_EQ(shown.size(), image_->sizeInPixels());
+    EXPECT_GT(shown.width(), 100);
+    // on the screen it is what was drawn
+    EXPECT_EQ(image_->grab().toImage().convertToFormat(QImage::Format_RGB32), shown);
+    const float distance = this->distance();
+    child<QCheckBox>(*window_, "TwoDVisibleBox").setChecked(false);
+    settle();
+    EXPECT_EQ(picture().size(), image_->sizeInPixels());
+    EXPECT_GT(picture().width(), shown.width());
+    EXPECT_EQ(this->distance(), distance) << "a resize leaves the camera alone";
+}
+
+TEST_F(TThreeDWinFrameTest, LeftButtonTurnsTheModelWhileItIsDragged) {
+    const QImage before = picture();
+    const CameraAngles start = view_->state().angles;
+    press(Qt::LeftButton, {50, 50});
+    EXPECT_TRUE(view_->hasFocus());
+    drag(Qt::LeftButton, {70, 55});
+    const QImage during = picture();
+    EXPECT_NE(during, before);
+    EXPECT_NE(view_->state().angles.pitch, start.pitch);
+    release(Qt::LeftButton, {90, 60});
+    EXPECT_NE(picture(), during);
+    const CameraAngles turned = view_->state().angles;
+    const float cx = static_cast<float>(picture().width() / 2);
+    const auto ratio = static_cast<float>(image_->devicePixelRatioF());
+    EXPECT_NEAR(turned.yaw, start.yaw - 40 * ratio / cx * viewPi, 1e-4);
+    QTest::mouseMove(image_, {20, 20});
+    EXPECT_EQ(view_->state().angles, turned) << "the drag is over";
+}
+
+TEST_F(TThreeDWinFrameTest, RightButtonAndWheelZoom) {
+    const float start = distance();
+    const QImage before = picture();
+    press(Qt::RightButton, {50, 50});
+    drag(Qt::RightButton, {50, 60});
+    release(Qt::RightButton, {50, 60});
+    EXPECT_GT(distance(), start);
+    EXPECT_NE(picture(), before);
+    const float farther = distance();
+    QWheelEvent wheel({50, 50}, view_->mapToGlobal(QPointF(50, 50)), {}, {0, 120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(view_, &wheel);
+    EXPECT_LT(distance(), farther);
+}
+
+TEST_F(TThreeDWinFrameTest, EscapeAndLosingTheMouseCancelADrag) {
+    const CameraAngles start = view_->state().angles;
+    const QImage before = picture();
+    press(Qt::LeftButton, {50, 50});
+    drag(Qt::LeftButton, {70, 55});
+    QTest::keyClick(view_, Qt::Key_Escape);
+    EXPECT_EQ(view_->state().angles, start);
+    EXPECT_EQ(picture(), before);
+    drag(Qt::LeftButton, {90, 55});
+    EXPECT_EQ(view_->state().angles, start) << "cancelled for good";
+    press(Qt::LeftButton, {50, 50});
+    drag(Qt::LeftButton, {70, 55});
+    child<QTreeView>(*window_, "TreeView1").setFocus();
+    EXPECT_EQ(view_->state().angles, start);
+}
+
+TEST_F(TThreeDWinFrameTest, SelectingAFrameShows) {
+    const QImage before = picture();
+    auto& tree = child<QTreeView>(*window_, "TreeView1");
+    // the frame below the root that has no mesh
+    const QModelIndex root = tree.model()->index(0, 0);
+    tree.setCurrentIndex(tree.model()->index(1, 0, root));
+    EXPECT_NE(picture(), before) << "the root's box is gone";
+    view_->state().mode = RenderMode::Wireframe;
+    window_->render3d();
+    EXPECT_NE(picture(), before);
+}
+
+} // namespace
+} // namespace korvane::test
