@@ -1,11 +1,13 @@
 #include "model/TMDIChild.h"
 
+#include "app/PaletteIcon.h"
 #include "formats/FileNames.h"
 #include "formats/MshOpener.h"
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
 #include "model/ModelCounts.h"
 #include "model/StructureTree.h"
+#include "model/TReadProgress.h"
 #include "ui_TMDIChild.h"
 
 #include <QCloseEvent>
@@ -14,7 +16,6 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QMessageBox>
-#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -23,7 +24,7 @@ namespace korvane {
 
 namespace {
 
-void fillPanel(QWidget& panel, Qt::GlobalColor color) {
+void fillPanel(QWidget& panel, const QColor& color) {
     QPalette palette = panel.palette();
     palette.setColor(QPalette::Window, color);
     panel.setPalette(palette);
@@ -49,7 +50,7 @@ QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectNa
 
 } // namespace
 
-TMDIChild::TMDIChild(QWidget* parent)
+TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     : QMdiSubWindow(parent), ui_(std::make_unique<Ui::TMDIChild>()), model_(std::in_place) {
     setObjectName(QStringLiteral("MDIChild"));
     setAccessibleName(QStringLiteral("Model window"));
@@ -58,10 +59,11 @@ TMDIChild::TMDIChild(QWidget* parent)
     ui_->setupUi(content);
     setWidget(content);
     setWindowTitle(QStringLiteral("MDI Child"));
-    setWindowIcon(style()->standardIcon(QStyle::SP_FileIcon));
+    setWindowIcon(paletteIcon(QStringLiteral("document")));
     resize(520, 311);
 
-    fillPanel(*ui_->Panel1, Qt::black);
+    view().colors = colors;
+    fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
     fillPanel(*ui_->Panel5, Qt::white);
     fillPanel(*ui_->Panel6, Qt::white);
     fillPanel(*ui_->Panel7, Qt::white);
@@ -90,14 +92,27 @@ void TMDIChild::create(const QString& name) {
     if (isTextModelName(name)) {
         FileOpenXSI(name);
     }
+    render3d();
 }
 
 void TMDIChild::FileOpenXSI(const QString& fileName) {
-    const ReadStatus status = korvane::FileOpenXSI(fileName, *model_);
+    // events run while the progress shows: the views must not find half a model
+    ModelDocument read;
+    ReadStatus status = ReadStatus::Cancelled;
+    {
+        TReadProgress progress(*this, fileName, progressDelay_);
+        status = korvane::FileOpenXSI(fileName, read, [&](std::size_t done, std::size_t size) {
+            return progress.goOn(done, size);
+        });
+    }
+    if (status == ReadStatus::Cancelled) {
+        closeUnasked();
+        return;
+    }
+    *model_ = std::move(read);
     rebuildTree();
     selectRoot();
     ui_->ThreeDWinFrame->placeCamera();
-    render3d();
     showReadFailure(status, fileName);
     setCaption();
     if (status == ReadStatus::Done) {
@@ -157,6 +172,9 @@ void TMDIChild::FileSaveAsExecute() {
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setSizeGripEnabled(true);
     dialog.setDefaultSuffix(QStringLiteral("xsi"));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(filter.section(u'.', -1).chopped(1));
+    });
     dialog.setNameFilters({QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
     if (model_->FileName.contains(u'/')) {
@@ -245,6 +263,19 @@ void TMDIChild::TwoDVisibleExecute() {
         panel->setVisible(visible);
     }
     FormResize();
+}
+
+ViewState& TMDIChild::view() {
+    return ui_->ThreeDWinFrame->state();
+}
+
+void TMDIChild::setViewColors(const ViewColors& colors) {
+    view().colors = colors;
+    if (view().api == DrawApi::OpenGL) {
+        // the background is part of what is set up when the mode differs from that drawn last
+        constexpr auto noMode = static_cast<RenderMode>(10);
+        view().lastDrawnMode = noMode;
+    }
 }
 
 void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {

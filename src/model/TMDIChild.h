@@ -2,10 +2,12 @@
 
 #include "model/ModelDocument.h"
 #include "model/StructureTreeModel.h"
+#include "render/ViewState.h"
 
 #include <QMdiSubWindow>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -24,13 +26,21 @@ class TMDIChild;
 class TMDIChild : public QMdiSubWindow {
     Q_OBJECT
   public:
-    /// A window with an empty model that was never saved.
-    explicit TMDIChild(QWidget* parent = nullptr);
+    /// A window with an empty model that was never saved, whose 3D view has these colours.
+    explicit TMDIChild(const ViewColors& colors, QWidget* parent = nullptr);
     ~TMDIChild() override;
 
     /// Gives a window just constructed its name, and reads the file of that name if it is that of a
-    /// text model. Failures are shown to the user and leave the model empty.
+    /// text model. Failures are shown to the user and leave the model empty; a reading that the
+    /// user cancels closes the window.
     void create(const QString& name);
+    /// How long create() reads before it shows its progress.
+    void setProgressDelay(std::chrono::milliseconds delay) { progressDelay_ = delay; }
+
+    /// The settings of the 3D view; changes show with the next render3d().
+    [[nodiscard]] ViewState& view();
+    /// Gives the 3D view other colours, which show when it is drawn next.
+    void setViewColors(const ViewColors& colors);
 
     /// The model; null once the window has been closed.
     [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
@@ -82,6 +92,7 @@ class TMDIChild : public QMdiSubWindow {
     std::unique_ptr<Ui::TMDIChild> ui_;
     std::optional<ModelDocument> model_;
     StructureTreeModel structure_;
+    std::chrono::milliseconds progressDelay_{500};
     QString readSummary_;
     bool filling_ = false; ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;

@@ -26,7 +26,7 @@ class TMDIChildTest : public GuiTest {
     }
 
     TMDIChild& open(const QString& name) {
-        auto* window = new TMDIChild;
+        auto* window = new TMDIChild(ViewColors());
         area_.addSubWindow(window);
         window->showMaximized();
         window->create(name);
