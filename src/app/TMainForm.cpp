@@ -270,16 +270,26 @@ void TMainForm::Filesaveasupdate() {
 // No window records its changes or exchanges anything with the clipboard yet: there is nothing that
 // these commands could do.
 
-void TMainForm::EditUndo1Execute() {}
-
-void TMainForm::EditUndo1Update() {
-    ui_->EditUndo1->setEnabled(false);
+void TMainForm::EditUndo1Execute() {
+    if (TMDIChild* document = activeDocument()) {
+        document->undo();
+    }
 }
 
-void TMainForm::EditRedo1Execute() {}
+void TMainForm::EditUndo1Update() {
+    const TMDIChild* document = activeDocument();
+    ui_->EditUndo1->setEnabled(document != nullptr && document->canUndo());
+}
+
+void TMainForm::EditRedo1Execute() {
+    if (TMDIChild* document = activeDocument()) {
+        document->redo();
+    }
+}
 
 void TMainForm::EditRedo1Update() {
-    ui_->EditRedo1->setEnabled(false);
+    const TMDIChild* document = activeDocument();
+    ui_->EditRedo1->setEnabled(document != nullptr && document->canRedo());
 }
 
 void TMainForm::EditCutExecute() {}
@@ -515,6 +525,7 @@ void TMainForm::scheduleFirstActivation() {
 void TMainForm::createDocument(const QString& name) {
     // the MDI area owns the window, which frees itself when it is closed
     auto* document = new TMDIChild(forms_.colorOptions.viewColors(), ui_->MDIArea);
+    document->setDialogs({&forms_.frameOptions, &forms_.renameFrame});
     ui_->MDIArea->addSubWindow(document);
     document->showMaximized();
     document->create(name);

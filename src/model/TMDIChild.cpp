@@ -8,13 +8,13 @@
 #include "model/ModelCounts.h"
 #include "model/StructureTree.h"
 #include "model/TReadProgress.h"
+#include "model/TStructureView.h"
 #include "ui_TMDIChild.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -68,22 +68,24 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     fillPanel(*ui_->Panel6, Qt::white);
     fillPanel(*ui_->Panel7, Qt::white);
     ui_->ThreeDWinFrame->setDocument(document());
+    loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
     connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
 
-    ui_->TreeView1->setModel(&structure_);
+    structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TMDIChild::ChildSelectedChange);
-    connect(ui_->TreeView1, &QTreeView::expanded, this, &TMDIChild::fitTreeColumn);
-    connect(ui_->TreeView1, &QTreeView::collapsed, this, &TMDIChild::fitTreeColumn);
+    connect(ui_->TreeView1, &QTreeView::expanded, this, [this] { structure_->fitColumn(); });
+    connect(ui_->TreeView1, &QTreeView::collapsed, this, [this] { structure_->fitColumn(); });
+    connect(ui_->EditButton, &QPushButton::clicked, this, &TMDIChild::EditButtonClick);
+    connect(ui_->RenameButton, &QPushButton::clicked, this, &TMDIChild::RenameButtonClick);
+    connect(ui_->DeleteButton, &QPushButton::clicked, this, &TMDIChild::Deletebuttonclick);
+    connect(ui_->AddButton, &QPushButton::clicked, this, &TMDIChild::Addbuttonclick);
     fitPages();
     rebuildTree();
 }
 
-TMDIChild::~TMDIChild() {
-    // the view is a child widget and outlives the structure
-    ui_->TreeView1->setModel(nullptr);
-}
+TMDIChild::~TMDIChild() = default;
 
 void TMDIChild::create(const QString& name) {
     model_->FileName = name;
@@ -278,67 +280,10 @@ void TMDIChild::setViewColors(const ViewColors& colors) {
     }
 }
 
-void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
-    if (!model_ || filling_) {
-        return;
-    }
-    const std::optional<FramePath> oldFrame = model_->Selected.Frame;
-    const QModelIndexList indexes = selected.indexes();
-    model_->Selected =
-        indexes.isEmpty()
-            ? NodeData()
-            : structure_.tree().nodeData(StructureTreeModel::nodeOf(indexes.constFirst()));
-    model_->SelectionCopy = model_->Selected;
-    showSelectedButtons();
-    if (model_->Selected.Frame && model_->Selected.Frame != oldFrame) {
-        model_->markSelection(*model_->Selected.Frame);
-        render3d();
-    }
-}
-
-void TMDIChild::showSelectedButtons() {
-    const NodeData& node = model_->Selected;
-    ui_->EditButton->setEnabled(node.CanEdit);
-    ui_->AddButton->setEnabled(node.CanAdd);
-    ui_->DeleteButton->setEnabled(node.CanDelete);
-    ui_->RenameButton->setEnabled(node.Frame.has_value());
-    if (!node.AddByKind) {
-        ui_->AddButton->setText(QStringLiteral("Add"));
-        return;
-    }
-    switch (node.NodeKind) {
-    case NodeKind::Frame:
-        ui_->AddButton->setText(QStringLiteral("Add Frame"));
-        break;
-    case NodeKind::MeshMaterialList:
-    case NodeKind::MaterialSlot:
-    case NodeKind::MaterialTable:
-    case NodeKind::TableMaterial:
-        ui_->AddButton->setText(QStringLiteral("Add Material"));
-        break;
-    case NodeKind::None:
-    case NodeKind::Mesh:
-    case NodeKind::MeshNormals:
-        break; // keeps the caption it had
-    }
-}
-
 void TMDIChild::setCaption() {
     // window titles take "[*]" as the place of a mark for unsaved changes, unless it is doubled
     setWindowTitle(
         QString(model_->FileName).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
-}
-
-void TMDIChild::rebuildTree() {
-    structure_.setTree(StructureTree(*model_));
-    fitTreeColumn();
-}
-
-void TMDIChild::fitTreeColumn() {
-    // the column fills the view, so that the selection does, but never cuts a text off: deep trees
-    // scroll sideways; only the rows in sight are measured
-    const QAbstractItemView& tree = *ui_->TreeView1;
-    ui_->TreeView1->header()->setMinimumSectionSize(tree.sizeHintForColumn(0));
 }
 
 void TMDIChild::fitPages() {
@@ -357,18 +302,6 @@ void TMDIChild::fitPages() {
     ui_->PageControl1->setMinimumWidth(width);
     ui_->Splitter2->setSizes({width, 1});
     ui_->Splitter2->setStretchFactor(1, 1);
-}
-
-void TMDIChild::selectRoot() {
-    const QModelIndex root = structure_.indexOf(0);
-    filling_ = true;
-    ui_->TreeView1->setCurrentIndex(root);
-    filling_ = false;
-    ui_->TreeView1->expand(root);
-    // the document marks its frames itself when it is read: only the window has to follow
-    model_->Selected = structure_.tree().nodeData(0);
-    model_->SelectionCopy = model_->Selected;
-    showSelectedButtons();
 }
 
 } // namespace korvane
