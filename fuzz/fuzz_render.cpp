@@ -42,8 +42,9 @@ class Source {
         PolygonList list;
         const int most = static_cast<int>(count) + 1;
         for (int face = number(0, 12); face > 0; --face) {
-            for (int corner = number(0, flag() ? 4 : 40); corner > 0; --corner) {
-                list.pushCorner(static_cast<std::uint32_t>(number(-1, most)));
+            const int corners = number(0, flag() ? 4 : 40);
+            for (std::uint32_t& corner : list.openCorners(static_cast<std::size_t>(corners))) {
+                corner = static_cast<std::uint32_t>(number(-1, most));
             }
             list.closePolygon();
         }

@@ -49,6 +49,9 @@ struct MaterialRecord {
     float Roughness = 0.0F;
     /// The decoded texture, shared by the materials that name the same file; never null.
     std::shared_ptr<const korvane::TextureImage> TextureImage = blankTextureImage();
+
+    /// Whether all fields are equal, the image being the same one; compare sameMaterial().
+    bool operator==(const MaterialRecord&) const = default;
 };
 
 /// Whether two materials count as one: equal colours, opacity and power, and the same texture or

@@ -84,6 +84,34 @@ void ModelDocument::computeDerivedData() {
     }
 }
 
+void ModelDocument::refreshPaths(FrameRecord& parent, std::size_t position) {
+    for (std::size_t i = position; i < parent.Children.size(); ++i) {
+        FrameRecord& child = parent.Children[i];
+        child.Path = parent.Path.child(static_cast<std::int32_t>(i) + 1);
+        for (FrameWalk walk(child); !walk.done(); walk.next()) {
+            FrameRecord& frame = walk.frame();
+            if (walk.depth() > 0) {
+                frame.Path = walk.parent().Path.child(walk.childNumbers().back());
+            }
+            frame.PathDepth = static_cast<std::int32_t>(frame.Path.depth());
+        }
+    }
+}
+
+void ModelDocument::selectFrame(const FramePath& path) {
+    Selected = {.Frame = path,
+                .CanAdd = true,
+                .CanDelete = path.depth() > 0,
+                .CanEdit = true,
+                .AddByKind = true,
+                .NodeKind = NodeKind::Frame};
+    SelectionCopy = Selected;
+    Cursor.CursorPath = path.childNumbers();
+    Cursor.CursorDepth = static_cast<std::int32_t>(path.depth());
+    Cursor.CursorPath.push_back(0);
+    markSelection(path);
+}
+
 void ModelDocument::markSelection(const FramePath& path) {
     for (FrameWalk walk(Root); !walk.done(); walk.next()) {
         walk.frame().SelectState = SelectState::Other;

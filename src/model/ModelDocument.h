@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <vector>
 
 namespace korvane {
@@ -40,6 +41,14 @@ struct ModelDocument {
 
     /// Computes the data that files do not hold for every frame, whatever order they came in.
     void computeDerivedData();
+
+    /// Sets the paths of a frame's children, from the one at a position (from 0) on, and of all
+    /// frames below them: they change with the number of their predecessors.
+    static void refreshPaths(FrameRecord& parent, std::size_t position);
+
+    /// Makes the frame at the path the selection, with its node in the structure tree, and moves
+    /// the cursor to it. The path must lead to a frame.
+    void selectFrame(const FramePath& path);
 
     /// Marks the frame at the path as selected, the frames below it as its descendants and all
     /// others as neither. A path that leads nowhere leaves all unmarked.

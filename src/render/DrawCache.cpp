@@ -24,7 +24,7 @@ struct NormalMatrix {
         cofactors = {minor(5, 6, 9, 10),  -minor(4, 6, 8, 10), minor(4, 5, 8, 9),
                      -minor(1, 2, 9, 10), minor(0, 2, 8, 10),  -minor(0, 1, 8, 9),
                      minor(1, 2, 5, 6),   -minor(0, 2, 4, 6),  minor(0, 1, 4, 5)};
-        mirrors = m[0] * cofactors[0] + m[1] * cofactors[1] + m[2] * cofactors[2] < 0;
+        const bool mirrors = m[0] * cofactors[0] + m[1] * cofactors[1] + m[2] * cofactors[2] < 0;
         // the size does not matter: keep extreme matrices within range
         double largest = 0.0;
         for (const double c : cofactors) {
@@ -49,13 +49,11 @@ struct NormalMatrix {
     }
 
     std::array<double, 9> cofactors{};
-    bool mirrors = false;
 };
 
 /// The normal of a polygon of any shape, the sum over all its edges, so that corners on one line do
 /// no harm. Zero if a corner leads nowhere or there is no area.
-Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3> vertices,
-                   bool mirrored) {
+Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3> vertices) {
     double x = 0.0;
     double y = 0.0;
     double z = 0.0;
@@ -75,9 +73,8 @@ Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3>
     if (!(length > 0) || !std::isfinite(length)) {
         return {};
     }
-    const double factor = (mirrored ? -1.0 : 1.0) / length;
-    return {static_cast<float>(x * factor), static_cast<float>(y * factor),
-            static_cast<float>(z * factor)};
+    return {static_cast<float>(x / length), static_cast<float>(y / length),
+            static_cast<float>(z / length)};
 }
 
 } // namespace
@@ -104,14 +101,14 @@ DrawCache& DrawCache::operator=(const DrawCache& other) {
 
 bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     const auto place = [](const auto* data) { return reinterpret_cast<std::size_t>(data); };
-    Key key = {world,
-               {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
-                place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
-                std::size_t{mesh.HasNormals}}};
+    const Key key = {world,
+                     {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
+                      place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
+                      std::size_t{mesh.HasNormals}}};
     if (key_ == key) {
         return false;
     }
-    key_ = std::move(key);
+    key_ = key;
     bounds_ = Bounds();
     allFinite_ = true;
     WorldVertices.resize(mesh.Vertices.size());
@@ -127,7 +124,6 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
 
 void DrawCache::buildNormals(const MeshRecord& mesh, const Matrix4& world) {
     const NormalMatrix matrix(world);
-    mirrored_ = matrix.mirrors;
     WorldCache2.resize(mesh.HasNormals ? mesh.Normals.size() : 0);
     for (std::size_t i = 0; i < WorldCache2.size(); ++i) {
         WorldCache2[i] = matrix.turned(mesh.Normals[i]);
@@ -149,7 +145,7 @@ void DrawCache::buildFaceNormals(const MeshRecord& mesh) {
     for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
         if (!hasAllNormals(face)) {
             WorldCache3.resize(mesh.Faces.size());
-            WorldCache3[face] = polygonNormal(mesh.Faces[face], WorldVertices, mirrored_);
+            WorldCache3[face] = polygonNormal(mesh.Faces[face], WorldVertices);
         }
     }
 }

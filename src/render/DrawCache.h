@@ -49,8 +49,6 @@ class DrawCache {
     [[nodiscard]] const Bounds& bounds() const { return bounds_; }
     /// Whether every vertex of WorldVertices is a finite point.
     [[nodiscard]] bool allFinite() const { return allFinite_; }
-    /// Whether the world matrix mirrors: faces then run the other way round.
-    [[nodiscard]] bool mirrored() const { return mirrored_; }
 
   private:
     /// What a cache was built for.
@@ -67,7 +65,6 @@ class DrawCache {
     std::optional<Key> key_;
     Bounds bounds_;
     bool allFinite_ = true;
-    bool mirrored_ = false;
 };
 
 /// Whether the vector is finite and not zero, as a normal has to be.

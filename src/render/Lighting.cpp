@@ -24,17 +24,6 @@ Vec3 halfVector(const Vec3& light, const Vec3& eye) {
     return {(light.x + eye.x) * 0.5F, (light.y + eye.y) * 0.5F, (light.z + eye.z) * 0.5F};
 }
 
-void lightVertex(RenderVertex& vertex, const Vec3& light, const Vec3& eye,
-                 const SurfaceColors& surface, bool flipNormals) {
-    Vec3& n = vertex.normal;
-    if (flipNormals && n.z > 0) {
-        n = {-n.x, -n.y, -n.z};
-    }
-    const LitColor lit = surface.lit(dotproduct(n, light), dotproduct(n, halfVector(light, eye)));
-    vertex.color = {lit.color.red, lit.color.green, lit.color.blue};
-    vertex.specularIntensity = lit.specular;
-}
-
 ColorRGB flatColor(const ColorRGB& meanColor, float meanSpecular, const ColorRGB& specularColor) {
     const float s = meanSpecular;
     const auto channel = [s](float mean, float spec) {

@@ -53,13 +53,27 @@ struct SurfaceColors {
     float noHighlight;
 };
 
-/// The half vector of the lighting; deliberately not normalised.
+/// Where light comes from and how the eye looks, all in the space that normals are given in.
+struct LightDirections {
+    Vec3 light; ///< to the light
+    Vec3 half;  ///< halfway to the eye; deliberately not normalised
+    Vec3 depth; ///< that the eye looks in
+};
+
+/// The half vector of a light direction and a view vector.
 Vec3 halfVector(const Vec3& light, const Vec3& eye);
 
-/// Lights a corner in view space: sets its colour and specular intensity. With `flipNormals` a
-/// normal that points away from the eye, which looks along +z, is turned round first.
-void lightVertex(RenderVertex& vertex, const Vec3& light, const Vec3& eye,
-                 const SurfaceColors& surface, bool flipNormals);
+/// Lights a corner with the normal. With `flipNormals` a normal that points away from the eye is
+/// turned round first.
+inline LitColor lightNormal(const Vec3& normal, const LightDirections& directions,
+                            const SurfaceColors& surface, bool flipNormals) {
+    // in single precision: this runs for every normal of every picture
+    const auto dot = [&normal](const Vec3& v) {
+        return normal.x * v.x + normal.y * v.y + normal.z * v.z;
+    };
+    const float sign = flipNormals && dot(directions.depth) > 0 ? -1.0F : 1.0F;
+    return surface.lit(sign * dot(directions.light), sign * dot(directions.half));
+}
 
 /// The one colour of a face in flat shading, channels 0 to 255, from the means of its corners.
 ColorRGB flatColor(const ColorRGB& meanColor, float meanSpecular, const ColorRGB& specularColor);

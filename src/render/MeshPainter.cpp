@@ -11,10 +11,6 @@ namespace {
 /// Meshes whose front faces average less than this many pixels are dense.
 constexpr double denseFacePixels = 12.0;
 
-float dot(const Vec3& a, const Vec3& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
 /// Of the products of two edges on the screen that start at the first corner the largest, so that
 /// corners on one line do not hide a face. `corner` gives the corner of a number.
 template <class Corner>
@@ -33,12 +29,10 @@ std::int64_t fanProduct(std::size_t corners, const Corner& corner) {
     return most;
 }
 
-/// The product of two edges, given in square subpixels, in pixels: negative for front faces. A
-/// mirrored mesh keeps its outside.
-float facing(std::int64_t product, bool mirrored) {
+/// The product of two edges, given in square subpixels, in pixels: negative for front faces.
+float inPixels(std::int64_t product) {
     constexpr float unit = 1.0F / (static_cast<float>(subpixels) * subpixels);
-    const float pixels = static_cast<float>(product) * unit;
-    return mirrored ? -pixels : pixels;
+    return static_cast<float>(product) * unit;
 }
 
 /// Where the corners of a face lie.
@@ -147,7 +141,6 @@ void MeshPainter::collect(bool translucentPass) {
     const bool mixed = materials_.any(!translucentPass);
     const PolygonList& faces = mesh_->Faces;
     const std::span<const ScreenVertex> screen = screen_;
-    const bool mirrored = cache_->mirrored();
     double area = 0.0;
     std::size_t count = 0;
     for (std::size_t i = 0; i < faces.size(); ++i) {
@@ -165,10 +158,10 @@ void MeshPainter::collect(bool translucentPass) {
             candidates_.push_back({face, 0.0F, true});
             continue;
         }
-        const float product = facing(
-            fanProduct(corners.size(),
-                       [&](std::size_t k) -> const ScreenVertex& { return screen[corners[k]]; }),
-            mirrored);
+        const float product =
+            inPixels(fanProduct(corners.size(), [&](std::size_t k) -> const ScreenVertex& {
+                return screen[corners[k]];
+            }));
         if (product < 0 || bothSides_) {
             area += std::abs(product) / 2;
             ++count;
@@ -230,8 +223,7 @@ LitColor MeshPainter::lit(std::size_t normalNumber, const SurfaceColors& colors)
     } else if (normalNumber - own < cache_->WorldCache3.size()) {
         n = cache_->WorldCache3[normalNumber - own];
     }
-    const float sign = flipNormals_ && dot(n, light_.depth) > 0 ? -1.0F : 1.0F;
-    return colors.lit(sign * dot(n, light_.light), sign * dot(n, light_.half));
+    return lightNormal(n, light_, colors, flipNormals_);
 }
 
 const MeshPainter::LitNormal& MeshPainter::smoothColor(std::size_t normalNumber,
@@ -321,7 +313,7 @@ void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material)
     }
     const std::int64_t product = fanProduct(
         corners_.size(), [this](std::size_t k) -> const RasterCorner& { return corners_[k]; });
-    if (passes(facing(product, cache_->mirrored()))) {
+    if (passes(inPixels(product))) {
         fill(material, !coordinates.empty());
     }
 }

@@ -35,11 +35,6 @@ class MeshPainter {
         float product; ///< of its edges on the screen, in pixels; not set for faces to be clipped
         bool crossing; ///< has to be clipped
     };
-    struct MeshLight {
-        Vec3 light; ///< all in world space
-        Vec3 half;
-        Vec3 depth; ///< the direction that the eye looks in
-    };
 
     void setUp(const DrawContext& context, const DrawItem& item, bool translucentPass);
     void collect(bool translucentPass);
@@ -67,7 +62,7 @@ class MeshPainter {
     const DrawContext* context_ = nullptr;
     const MeshRecord* mesh_ = nullptr;
     const DrawCache* cache_ = nullptr;
-    MeshLight light_;
+    LightDirections light_; ///< in world space
     bool flipNormals_ = false;
     bool bothSides_ = false;
     float threshold_ = 0.0F;

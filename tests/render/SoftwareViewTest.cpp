@@ -47,10 +47,8 @@ TEST(SoftwareView, FacesAreDrawnFromTheirFrontUnlessTheFrameRendersBackwards) {
     scene.redraw();
     EXPECT_EQ(scene.at(100, 100), red) << "lit from the side that is seen";
     scene.document.Root.RenderBackwards = false;
-    scene.document.Root.Matrix[0] = -1; // mirrored: the outside stays the outside
-    scene.redraw();
-    EXPECT_EQ(scene.drawn(), 0U);
-    scene.state.angles.yaw = viewPi;
+    // exporters that mirror write faces that run right on the screen: only that counts
+    scene.document.Root.Matrix[0] = -1;
     scene.redraw();
     EXPECT_EQ(scene.at(100, 100), red);
 }

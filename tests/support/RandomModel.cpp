@@ -57,7 +57,7 @@ FrameRecord RandomModel::frame(int depth) {
             frame.AnimationKeys = keys();
         }
     }
-    for (int i = depth < 4 ? number(0, 3) : 0; i > 0; --i) {
+    for (int i = depth < deepest_ ? number(0, 3) : 0; i > 0; --i) {
         frame.Children.push_back(this->frame(depth + 1));
     }
     return frame;

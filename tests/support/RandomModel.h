@@ -13,7 +13,8 @@ namespace korvane::test {
 /// that the format deliberately loses (see the named exceptions in the round trip tests).
 class RandomModel {
   public:
-    explicit RandomModel(std::uint32_t seed) : random_(seed) {}
+    /// Frames stand up to `deepest` below the root.
+    explicit RandomModel(std::uint32_t seed, int deepest = 4) : random_(seed), deepest_(deepest) {}
 
     ModelDocument make();
 
@@ -34,6 +35,7 @@ class RandomModel {
     std::vector<AnimationKeyRecord> keys();
 
     std::mt19937 random_;
+    int deepest_;
     int frames_ = 0;
     std::vector<MaterialRecord> table_;
 };

@@ -1,0 +1,331 @@
+#include "edit/EditHistory.h"
+
+#include "edit/PendingScalarEdit.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+FrameRecord named(std::string name, std::vector<FrameRecord> children = {}) {
+    FrameRecord frame;
+    frame.Name = std::move(name);
+    frame.Children = std::move(children);
+    return frame;
+}
+
+FramePath path(std::vector<std::int32_t> numbers) {
+    return FramePath(numbers);
+}
+
+std::string namesOf(const std::vector<FrameRecord>& frames) {
+    std::string names;
+    for (const FrameRecord& frame : frames) {
+        names += frame.Name + (frame.Children.empty() ? "" : "(" + namesOf(frame.Children) + ")");
+    }
+    return names;
+}
+
+class History : public ::testing::Test {
+  protected:
+    History() {
+        document.Root = named("r", {named("a", {named("x"), named("y")}), named("b"), named("c")});
+        document.Materials.resize(3);
+        document.computeDerivedData();
+        document.Modified = false;
+    }
+    /// Gives the mesh of a frame slots and faces.
+    MeshRecord& mesh(FrameRecord& frame, std::vector<std::int32_t> slots,
+                     std::vector<std::int32_t> faces) {
+        frame.HasMesh = frame.Mesh.HasMaterials = true;
+        frame.Mesh.MaterialSlotList = std::move(slots);
+        frame.Mesh.FaceSlotIndex = std::move(faces);
+        return frame.Mesh;
+    }
+
+    ModelDocument document;
+    EditHistory history;
+};
+
+TEST_F(History, PositionAndTail) {
+    EXPECT_FALSE(history.canUndo());
+    EXPECT_FALSE(history.canRedo());
+    EXPECT_EQ(history.undo(document), RefreshFlags());
+    EXPECT_EQ(history.redo(document), RefreshFlags());
+    EXPECT_FALSE(document.Modified);
+    history.renameFrame(document, path({1}), "one");
+    history.renameFrame(document, path({1}), "two");
+    EXPECT_TRUE(document.Modified);
+    EXPECT_EQ(history.position(), 1);
+    document.Modified = false;
+    history.undo(document);
+    EXPECT_TRUE(document.Modified);
+    EXPECT_TRUE(history.canUndo() && history.canRedo());
+    history.renameFrame(document, path({1}), "three");
+    EXPECT_FALSE(history.canRedo());
+    EXPECT_EQ(history.entries().size(), 2U);
+    document.Modified = false;
+    history.undo(document);
+    history.undo(document);
+    EXPECT_EQ(document.Root.Children[0].Name, "a");
+    history.redo(document);
+    history.redo(document);
+    EXPECT_EQ(document.Root.Children[0].Name, "three");
+    EXPECT_TRUE(document.Modified);
+}
+
+TEST_F(History, RefreshFlagsByKind) {
+    const FramePath a = path({1});
+    mesh(document.Root.Children[0], {0, 1}, {0, 1}).TexCoords.resize(2);
+    const std::int32_t first[] = {0};
+    const RefreshFlags m = {true, false, false};
+    const RefreshFlags mg = {true, true, false};
+    const RefreshFlags t = {false, false, true};
+    const RefreshFlags mt = {true, false, true};
+    const RefreshFlags mgt = {true, true, true};
+    const struct {
+        std::function<void()> record;
+        EditKind kind;
+        RefreshFlags flags;
+    } rows[] = {
+        {[&] { history.textureFile(document, 0, "a.tga"); }, EditKind::TextureFile, m},
+        {[&] { history.ambient(document, 0, {}); }, EditKind::Ambient, m},
+        {[&] { history.faceColor(document, 0, {}); }, EditKind::FaceColor, m},
+        {[&] { history.specular(document, 0, {}); }, EditKind::Specular, m},
+        {[&] { history.emissive(document, 0, {}); }, EditKind::Emissive, m},
+        {[&] { history.opacity(document, 0, 1, 0); }, EditKind::Opacity, m},
+        {[&] { history.textureOn(document, 0, true); }, EditKind::TextureOn, m},
+        {[&] {
+             history.texCoords(document, a, first, {{0, 0}}, {{1, 1}});
+         },
+         EditKind::TexCoords, m},
+        {[&] { history.faceSlot(document, a, 0, 1); }, EditKind::FaceSlot, m},
+        {[&] { history.appendSlot(document, a, 2); }, EditKind::AppendSlot, mt},
+        {[&] { history.removeSlot(document, a, 0); }, EditKind::RemoveSlot, mt},
+        {[&] { history.addMeshMaterial(document, a); }, EditKind::AddMeshMaterial, mt},
+        {[&] { history.addMaterial(document); }, EditKind::AddMaterial, mt},
+        {[&] { history.deleteMaterial(document, 0); }, EditKind::DeleteMaterial, mt},
+        {[&] { history.moveFrame(document, a, {}, {}); }, EditKind::MoveFrame, mg},
+        {[&] { history.renameFrame(document, a, "n"); }, EditKind::RenameFrame, t},
+        {[&] { history.addFrame(document, a, ""); }, EditKind::AddFrame, mgt},
+        {[&] { history.deleteFrame(document, a); }, EditKind::DeleteFrame, mgt},
+        {[&] { history.frameOptions(document, a, {}); }, EditKind::FrameOptions, mgt},
+        {[&] { history.power(document, 0, 1, 0); }, EditKind::Power, m},
+        {[&] { history.pasteMaterials(document, {{}}); }, EditKind::PasteMaterials, mt},
+        {[&] { history.pasteMeshMaterials(document, a, {{}}); }, EditKind::PasteMeshMaterials, mt},
+        {[&] { history.pasteFrame(document, a, {}, {}); }, EditKind::PasteFrame, mgt},
+    };
+    std::uint32_t kind = 0;
+    for (const auto& row : rows) {
+        row.record();
+        ++kind;
+        ASSERT_EQ(history.position(), 0) << kind;
+        EXPECT_EQ(static_cast<std::uint32_t>(history.entries()[0].kind), kind);
+        EXPECT_EQ(row.kind, history.entries()[0].kind);
+        EXPECT_EQ(history.undo(document), row.flags) << kind;
+        EXPECT_EQ(history.redo(document), row.flags) << kind;
+        history.undo(document);
+    }
+}
+
+TEST_F(History, FrameKindsSelectTheFrameOfTheirEntry) {
+    history.renameFrame(document, path({1, 2}), "n");
+    document.selectFrame(path({3}));
+    history.undo(document);
+    EXPECT_EQ(document.Selected.Frame, path({1, 2}));
+    EXPECT_EQ(document.SelectionCopy, document.Selected);
+    EXPECT_EQ(document.GetFramePtr()->Name, "y");
+    EXPECT_EQ(document.Root.Children[0].Children[1].SelectState, SelectState::Selected);
+    EXPECT_EQ(document.Root.Children[2].SelectState, SelectState::Other);
+
+    history.deleteFrame(document, path({1, 1})); // drops the rename
+    EXPECT_EQ(document.Selected.Frame, path({1}));
+    EXPECT_EQ(document.Root.Children[0].Children[0].SelectState, SelectState::Descendant);
+    document.selectFrame(path({2}));
+    history.undo(document);
+    EXPECT_EQ(document.Selected.Frame, path({1}));
+    EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc");
+
+    document.selectFrame(path({3}));
+    history.ambient(document, 0, {});
+    history.undo(document);
+    EXPECT_EQ(document.Selected.Frame, path({3})); // no frame kind: stays
+}
+
+TEST_F(History, FramesComeAndGoInTheirPlaces) {
+    history.addFrame(document, path({1}), "");
+    EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc"); // the new one has no name
+    EXPECT_EQ(document.Root.Children[0].Children.size(), 3U);
+    history.deleteFrame(document, path({1}));
+    EXPECT_EQ(namesOf(document.Root.Children), "bc");
+    EXPECT_EQ(document.Root.Children[0].Path, path({1}));
+    history.undo(document);
+    EXPECT_EQ(document.Root.Children[0].Children[1].Path, path({1, 2}));
+    EXPECT_EQ(document.Root.Children[1].Path, path({2}));
+    history.undo(document);
+    EXPECT_EQ(document.Root.Children[0].Children.size(), 2U);
+    history.deleteFrame(document, FramePath()); // the root stays
+    history.deleteFrame(document, path({4}));
+    EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc");
+    EXPECT_FALSE(history.canUndo());
+}
+
+TEST_F(History, FramesNestNoDeeperThanTheLimit) {
+    FrameRecord* deepest = &document.Root;
+    std::vector<std::int32_t> numbers;
+    for (std::size_t depth = 0; depth < maxFrameDepth; ++depth) {
+        deepest->Children.assign(1, FrameRecord());
+        deepest = &deepest->Children[0];
+        numbers.push_back(1);
+    }
+    history.addFrame(document, path(numbers), "");
+    history.pasteFrame(document, path(numbers), {}, {});
+    EXPECT_FALSE(history.canUndo());
+    numbers.pop_back();
+    history.pasteFrame(document, path(numbers), named("p", {named("q")}), {});
+    EXPECT_FALSE(history.canUndo());
+    history.pasteFrame(document, path(numbers), named("p"), {});
+    EXPECT_TRUE(history.canUndo());
+}
+
+TEST_F(History, FacesOfSlotZeroStayWhenASlotGoes) {
+    MeshRecord& m = mesh(document.Root, {2, 0, 1}, {0, 1, 2, 7, -1});
+    history.removeSlot(document, FramePath(), 0);
+    EXPECT_EQ(m.MaterialSlotList, (std::vector<std::int32_t>{0, 1}));
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 1, 6, -1}));
+    history.undo(document);
+    EXPECT_EQ(m.MaterialSlotList, (std::vector<std::int32_t>{2, 0, 1}));
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 1, 2, 7, -1}));
+    history.redo(document);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 1, 6, -1}));
+}
+
+TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
+    MeshRecord& twice = mesh(document.Root, {1, 2, 1}, {0, 1, 2});
+    MeshRecord& once = mesh(document.Root.Children[0].Children[1], {2, 1}, {1, 0});
+    mesh(document.Root.Children[1], {1, 2}, {0});
+    document.Root.Children[1].HasMesh = false; // a frame without a mesh is not looked at
+    document.Materials[1].Power = 7;
+    history.deleteMaterial(document, 1);
+    EXPECT_EQ(document.Materials.size(), 2U);
+    EXPECT_EQ(twice.MaterialSlotList, (std::vector<std::int32_t>{1}));
+    EXPECT_EQ(twice.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 0}));
+    EXPECT_EQ(once.MaterialSlotList, (std::vector<std::int32_t>{1}));
+    EXPECT_EQ(once.FaceSlotIndex, (std::vector<std::int32_t>{0, 0}));
+    EXPECT_EQ(document.Root.Children[1].Mesh.MaterialSlotList, (std::vector<std::int32_t>{1, 2}));
+    history.undo(document);
+    EXPECT_EQ(document.Materials[1].Power, 7);
+    EXPECT_EQ(twice.MaterialSlotList, (std::vector<std::int32_t>{1, 2, 1}));
+    EXPECT_EQ(twice.FaceSlotIndex, (std::vector<std::int32_t>{0, 1, 2}));
+    EXPECT_EQ(once.MaterialSlotList, (std::vector<std::int32_t>{2, 1}));
+    EXPECT_EQ(once.FaceSlotIndex, (std::vector<std::int32_t>{1, 0}));
+}
+
+TEST_F(History, ExceptionFreshDefaultOnRedo) {
+    history.addMaterial(document);
+    document.Materials.back().Power = 1; // not recorded
+    history.undo(document);
+    history.redo(document);
+    EXPECT_EQ(document.Materials.back(), MaterialRecord());
+}
+
+TEST_F(History, ExceptionFrameDialogCancelled) {
+    history.renameFrame(document, path({1}), "n");
+    document.Root.Children[0].GFlag = true; // the dialog writes at once, and Cancel keeps it
+    history.undo(document);
+    EXPECT_TRUE(document.Root.Children[0].GFlag);
+    EXPECT_EQ(document.Root.Children[0].Name, "a");
+}
+
+TEST_F(History, PendingOpacityIsOneStep) {
+    float& opacity = document.Materials[1].FaceColor.alpha;
+    PendingOpacity pending;
+    pending.start(opacity);
+    pending.commit(history, document, 1);
+    EXPECT_FALSE(history.canUndo()); // nothing was changed
+    for (const float step : {0.9F, 0.5F, 0.25F}) {
+        opacity = step;
+        pending.change();
+    }
+    pending.commit(history, document, 1);
+    pending.commit(history, document, 1);
+    EXPECT_EQ(history.position(), 0);
+    opacity = 0.5F;
+    pending.change();
+    opacity = 0.25F; // and back again
+    pending.change();
+    pending.commit(history, document, 1);
+    EXPECT_EQ(history.position(), 0);
+    history.undo(document);
+    EXPECT_EQ(opacity, 1.0F);
+    history.redo(document);
+    EXPECT_EQ(opacity, 0.25F);
+}
+
+TEST_F(History, PendingShininessGoesByTheTextOfItsField) {
+    float& power = document.Materials[0].Power;
+    PendingShininess pending;
+    pending.start("200");
+    for (const float step : {1.0F, 15.0F}) {
+        power = step;
+        pending.change();
+    }
+    pending.commit(history, document, 0, "15");
+    EXPECT_EQ(history.position(), 0);
+    pending.change();
+    pending.commit(history, document, 0, "15"); // the text is what it was
+    pending.change();
+    pending.commit(history, document, 0, "15.0"); // another text, the same number
+    EXPECT_EQ(history.position(), 0);
+    history.undo(document);
+    EXPECT_EQ(power, 200.0F);
+    pending.change();
+    pending.commit(history, document, 9, "3"); // no such material
+    EXPECT_EQ(history.position(), -1);
+}
+
+TEST_F(History, TexturesAreLoadedAnew) {
+    std::vector<std::string> loaded;
+    EditHistory withTextures([&loaded](const std::string& name) {
+        loaded.push_back(name);
+        return std::make_shared<const TextureImage>();
+    });
+    document.Materials[0].TextureFile = "old.tga";
+    withTextures.textureFile(document, 0, "new.tga");
+    const auto image = document.Materials[0].TextureImage;
+    withTextures.undo(document);
+    EXPECT_EQ(document.Materials[0].TextureFile, "old.tga");
+    withTextures.redo(document);
+    EXPECT_NE(document.Materials[0].TextureImage, image);
+    EXPECT_EQ(loaded, (std::vector<std::string>{"new.tga", "old.tga", "new.tga"}));
+}
+
+TEST_F(History, WhatLeadsNowhereIsLeftAlone) {
+    history.ambient(document, 3, {});
+    history.renameFrame(document, path({4}), "n");
+    history.faceSlot(document, path({1}), 0, 0);
+    history.faceSlot(document, path({1}), -1, 0);
+    history.removeSlot(document, path({1}), 0);
+    history.removeSlot(document, path({1}), -1);
+    history.deleteMaterial(document, 3);
+    history.pasteFrame(document, path({9}), {}, {});
+    EXPECT_FALSE(history.canUndo());
+    EXPECT_FALSE(document.Modified);
+    // a change past the history: its entries find nothing, and the position moves all the same
+    history.texCoords(document, path({1}), std::vector<std::int32_t>{5, -1}, {{}, {}}, {{}, {}});
+    history.renameFrame(document, path({3}), "n");
+    history.appendSlot(document, path({3}), 0);
+    history.pasteMaterials(document, {{}, {}});
+    document.Root.Children.pop_back();
+    document.Materials.clear();
+    while (history.canUndo()) {
+        history.undo(document);
+    }
+    while (history.canRedo()) {
+        history.redo(document);
+    }
+    EXPECT_EQ(history.position(), 3);
+}
+
+} // namespace
+} // namespace korvane

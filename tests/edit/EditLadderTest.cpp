@@ -1,0 +1,92 @@
+#include "support/EditLadder.h"
+
+#include "model/FrameWalk.h"
+#include "support/RandomEdits.h"
+#include "support/RandomModel.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+using test::EditSnapshot;
+
+/// A random model without numbers that differ from themselves, as some averaged normals do.
+ModelDocument comparableModel(std::uint32_t seed) {
+    constexpr int deepest = 2; // a snapshot is taken for every edit
+    ModelDocument document = test::RandomModel(seed, deepest).make();
+    document.computeDerivedData();
+    for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+        for (Vec3& normal : walk.frame().Mesh.FaceNormals) {
+            normal = normal == normal ? normal : Vec3();
+        }
+    }
+    return document;
+}
+
+/// Makes edits and keeps the rungs of the ladder: an edit that finds nothing to work on adds none,
+/// one after an undo takes away those that it cuts off.
+class Ladder {
+  public:
+    explicit Ladder(std::uint32_t seed)
+        : document_(comparableModel(seed)), edits_(document_, history_, seed) {
+        rungs_.emplace_back(document_);
+    }
+
+    template <class... Kind>
+    void edit(Kind... kind) {
+        edits_.make(kind...);
+        const auto rung = static_cast<std::size_t>(history_.position() + 1);
+        rungs_.erase(rungs_.begin() + static_cast<std::ptrdiff_t>(rung), rungs_.end());
+        rungs_.emplace_back(document_);
+    }
+    void goBack(int steps) {
+        for (; steps > 0 && history_.canUndo(); --steps) {
+            history_.undo(document_);
+        }
+    }
+    std::string climb() {
+        while (history_.canRedo()) {
+            history_.redo(document_);
+        }
+        return test::climb(document_, history_, rungs_);
+    }
+    [[nodiscard]] std::size_t rungs() const { return rungs_.size(); }
+
+  private:
+    ModelDocument document_;
+    EditHistory history_;
+    test::RandomEdits edits_;
+    std::vector<EditSnapshot> rungs_;
+};
+
+TEST(EditLadder, EveryKindGoesDownAndUpTwice) {
+    for (std::uint32_t kind = 1; kind <= 23; ++kind) {
+        std::size_t edits = 0;
+        for (std::uint32_t seed = 1; seed <= 12; ++seed) {
+            Ladder ladder(100 * kind + seed);
+            for (int i = 0; i < 6; ++i) {
+                ladder.edit(static_cast<EditKind>(kind));
+            }
+            ASSERT_EQ(ladder.climb(), "") << "kind " << kind << " seed " << seed;
+            edits += ladder.rungs() - 1;
+        }
+        EXPECT_GT(edits, 12U) << "kind " << kind;
+    }
+}
+
+TEST(EditLadder, RandomSequences) {
+    for (std::uint32_t seed = 1; seed <= 500; ++seed) {
+        Ladder ladder(seed);
+        for (int i = 0; i < 50; ++i) {
+            ladder.edit();
+            if (seed % 3 == 0 && i == 24) {
+                ladder.goBack(10); // the next edit cuts these off
+            }
+        }
+        ASSERT_EQ(ladder.climb(), "") << "seed " << seed;
+    }
+}
+
+} // namespace
+} // namespace korvane
