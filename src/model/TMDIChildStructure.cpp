@@ -70,17 +70,18 @@ void TMDIChild::rebuildTree() {
 }
 
 void TMDIChild::followSelection() {
-    filling_ = true;
-    structure_->select(model_->Selected);
-    filling_ = false;
-    model_->Selected = structure_->nodeData(ui_->TreeView1->currentIndex());
+    if (model_->Selected.NodeKind != NodeKind::None) {
+        filling_ = true;
+        structure_->select(model_->Selected);
+        filling_ = false;
+        model_->Selected = structure_->nodeData(ui_->TreeView1->currentIndex());
+    }
     model_->SelectionCopy = model_->Selected;
     showSelectedButtons();
 }
 
 void TMDIChild::selectRoot() {
-    // the document marks its frames itself when it is read: only the window has to follow
-    model_->Selected = NodeData();
+    model_->selectFrame(FramePath());
     followSelection();
     ui_->TreeView1->expand(ui_->TreeView1->currentIndex());
 }

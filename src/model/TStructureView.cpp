@@ -108,7 +108,7 @@ std::int32_t TStructureView::nodeOf(const NodeData& data) const {
             data.NodeKind == NodeKind::TableMaterial
                 ? childOfKind(tree, table, NodeKind::TableMaterial, data.ItemIndex)
                 : noNode;
-        return data.NodeKind == NodeKind::None ? 0 : std::max(table, entry);
+        return std::max(table, entry);
     }
     std::int32_t node = 0;
     for (const std::int32_t number : data.Frame->childNumbers()) {
