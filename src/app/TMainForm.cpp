@@ -449,7 +449,7 @@ void TMainForm::D3DUpdate() {
 }
 
 void TMainForm::WindowCascade1Execute() {
-    ui_->MDIArea->cascadeSubWindows();
+    cascadeWindows(*ui_->MDIArea);
 }
 
 void TMainForm::WindowTileHorizontal1Execute() {
