@@ -1,6 +1,7 @@
 #include "app/MdiArrange.h"
 
 #include <QMdiSubWindow>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -44,11 +45,31 @@ QList<QRect> tileRects(const QSize& area, int count, Qt::Orientation orientation
     return tiles;
 }
 
+void cascadeWindows(QMdiArea& area) {
+    QList<QMdiSubWindow*> open = windows(area, false);
+    QMdiSubWindow* const active = area.currentSubWindow();
+    if (open.removeOne(active)) {
+        open.push_back(active);
+    }
+    const QSize space = area.viewport()->size();
+    const QSize size = space * 3 / 4;
+    const int step = area.style()->pixelMetric(QStyle::PM_TitleBarHeight) + 4;
+    const int inStack = std::max((space.height() - size.height()) / step, 1);
+    int place = 0;
+    for (QMdiSubWindow* window : open) {
+        window->showNormal(); // a maximised one has no place of its own
+        window->setGeometry({QPoint(place * step, place * step), size});
+        window->raise();
+        place = (place + 1) % inStack;
+    }
+    area.setActiveSubWindow(active);
+}
+
 void tileWindows(QMdiArea& area, Qt::Orientation orientation) {
     const QList<QMdiSubWindow*> open = windows(area, false);
     QMdiSubWindow* const active = area.currentSubWindow();
     for (QMdiSubWindow* window : open) {
-        window->showNormal(); // a maximised one has no place of its own
+        window->showNormal();
     }
     const QList<QRect> tiles =
         tileRects(area.viewport()->size(), static_cast<int>(open.size()), orientation);

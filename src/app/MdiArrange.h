@@ -11,6 +11,9 @@ namespace korvane {
 /// many rows as columns, or columns as rows.
 QList<QRect> tileRects(const QSize& area, int count, Qt::Orientation orientation);
 
+/// Stacks the windows that are not minimised, each a title lower and further right, the active one
+/// on top.
+void cascadeWindows(QMdiArea& area);
 /// Tiles the windows that are not minimised.
 void tileWindows(QMdiArea& area, Qt::Orientation orientation);
 void minimizeWindows(QMdiArea& area);

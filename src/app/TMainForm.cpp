@@ -137,6 +137,9 @@ void TMainForm::connectActions() {
     // moment can wait for
     connect(this, &TMainForm::firstActivated, this, &TMainForm::MainFormActivate,
             Qt::QueuedConnection);
+    // queued: where the files come from waits for the answer, which reading must not hold up
+    connect(this, &TMainForm::filesDropped, this, &TMainForm::createDocuments,
+            Qt::QueuedConnection);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &TMainForm::idle);
 }
@@ -186,15 +189,7 @@ void TMainForm::dragEnterEvent(QDragEnterEvent* event) {
 
 void TMainForm::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
-    // where the files come from waits for the answer, which reading must not hold up
-    QMetaObject::invokeMethod(
-        this,
-        [this, files = modelFiles(*event->mimeData())] {
-            for (const QString& file : files) {
-                createDocument(file);
-            }
-        },
-        Qt::QueuedConnection);
+    Q_EMIT filesDropped(modelFiles(*event->mimeData()));
 }
 
 void TMainForm::closeEvent(QCloseEvent* event) {
@@ -459,7 +454,7 @@ void TMainForm::D3DUpdate() {
 }
 
 void TMainForm::WindowCascade1Execute() {
-    ui_->MDIArea->cascadeSubWindows();
+    cascadeWindows(*ui_->MDIArea);
 }
 
 void TMainForm::WindowTileHorizontal1Execute() {
@@ -530,6 +525,12 @@ void TMainForm::createDocument(const QString& name) {
     document->showMaximized();
     document->create(name);
     showStatus();
+}
+
+void TMainForm::createDocuments(const QStringList& names) {
+    for (const QString& name : names) {
+        createDocument(name);
+    }
 }
 
 void TMainForm::showStatus() {

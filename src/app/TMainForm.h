@@ -40,6 +40,8 @@ class TMainForm : public QMainWindow {
   Q_SIGNALS:
     /// The frame has been activated for the first time, or idle without having been.
     void firstActivated();
+    /// Model files were dropped on the frame.
+    void filesDropped(const QStringList& files);
 
   protected:
     bool event(QEvent* event) override;
@@ -104,6 +106,7 @@ class TMainForm : public QMainWindow {
     void idle();
     void scheduleFirstActivation();
     void createDocument(const QString& name);
+    void createDocuments(const QStringList& names);
     void showStatus();
 
     void setRenderMode(QAction& action, RenderMode mode);
