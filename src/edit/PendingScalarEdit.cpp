@@ -8,11 +8,12 @@ namespace korvane {
 
 namespace {
 
-/// The number that a text begins with, blind to the locale; the fallback where it is none.
-float numberOf(const std::string& text, float fallback) {
+/// The power that a text stands for, blind to the locale; the fallback where it is none.
+float powerOf(const std::string& text, float fallback) {
     float number = 0.0F;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    return result.ec == std::errc() ? number : fallback;
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end && number >= 0 ? number : fallback;
 }
 
 } // namespace
@@ -35,7 +36,7 @@ void PendingShininess::commit(EditHistory& history, ModelDocument& document, std
     }
     const std::string before = std::exchange(remembered_, text);
     const float current = document.Materials[material].Power;
-    const float start = numberOf(before, current);
+    const float start = powerOf(before, std::exchange(power_, current));
     if (before != text && start != current) {
         history.power(document, material, start, current);
     }

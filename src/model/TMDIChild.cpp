@@ -85,7 +85,10 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     rebuildTree();
 }
 
-TMDIChild::~TMDIChild() = default;
+TMDIChild::~TMDIChild() {
+    // the 3D view is a child widget and outlives the model
+    ui_->ThreeDWinFrame->setDocument(nullptr);
+}
 
 void TMDIChild::create(const QString& name) {
     model_->FileName = name;
