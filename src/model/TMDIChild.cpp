@@ -15,6 +15,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -70,6 +71,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     ui_->ThreeDWinFrame->setDocument(document());
     loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
+    ui_->TreeView1->installEventFilter(this);
     connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
 
     structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
@@ -241,6 +243,11 @@ void TMDIChild::FormClose() {
 bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->Panel3 && event->type() == QEvent::Resize) {
         FormResize();
+    }
+    if (watched == ui_->TreeView1 && event->type() == QEvent::KeyPress &&
+        dynamic_cast<QKeyEvent&>(*event).matches(QKeySequence::Copy)) {
+        // where nothing can be copied a tree would replace what was by the text of its node
+        return true;
     }
     return QMdiSubWindow::eventFilter(watched, event);
 }
