@@ -220,6 +220,7 @@ TEST_F(ClipboardCommands, KeysWorkInTheTreeAndBelongToATextFieldThatHasTheFocus)
     QTest::keyClick(&tree(), Qt::Key_C, Qt::ControlModifier);
     const QByteArray block = clipboardBlock();
     EXPECT_FALSE(block.isEmpty());
+    settle();
     QTest::keyClick(&tree(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(document().Root.Children.size(), 2U);
     select({body, mesh}); // which cannot be copied: neither is its text
