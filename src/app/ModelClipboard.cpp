@@ -49,8 +49,9 @@ ModelClipboard::ModelClipboard() {
 
 void ModelClipboard::put(const QByteArray& block) {
     auto data = std::make_unique<QMimeData>();
-    data->setData(blockFormat(), block);
+    // the block last: some clipboard managers lose the first one of several formats
     data->setData(contentFormat(), block.first(contentSize));
+    data->setData(blockFormat(), block);
     QGuiApplication::clipboard()->setMimeData(data.release()); // takes it over
 }
 
