@@ -149,7 +149,7 @@ class Writer {
         if (size > mostBytes - used) {
             throw std::length_error("clipboard block");
         }
-        bytes_.resize(static_cast<qsizetype>(used + size));
+        bytes_.resize(bytes_.size() + static_cast<qsizetype>(size));
         return reinterpret_cast<std::uint8_t*>(bytes_.data()) + used;
     }
 
