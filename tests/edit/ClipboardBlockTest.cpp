@@ -92,8 +92,8 @@ TEST(ClipboardBlock, ExamplesOfTheDescription) {
     EXPECT_EQ(documented[0].size(), 12U + 236 + 5 + (4 + 4 + 1 + 8));
     EXPECT_EQ(bytesOf(encodeFrame(wing(), fiveMaterials())), documented[1]);
     // those that the fuzzer starts from
-    EXPECT_EQ(test::regressionFile("materials.clipboard"), documented[0]);
-    EXPECT_EQ(test::regressionFile("frame.clipboard"), documented[1]);
+    EXPECT_EQ(test::seedFile("materials.clipboard"), documented[0]);
+    EXPECT_EQ(test::seedFile("frame.clipboard"), documented[1]);
 
     const auto item = decodeBlock(documented[0]);
     ASSERT_TRUE(item.has_value());
@@ -258,7 +258,7 @@ TEST(ClipboardBlock, EveryBitOfANumberIsKept) {
 
 TEST(ClipboardBlock, ABlockCutAnywhereIsRefused) {
     for (const char* name : {"materials.clipboard", "frame.clipboard"}) {
-        const Bytes block = test::regressionFile(name);
+        const Bytes block = test::seedFile(name);
         for (std::size_t size = 0; size < block.size(); ++size) {
             Bytes cut(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(size));
             ASSERT_FALSE(decodeBlock(cut).has_value()) << name << " cut to " << size;
@@ -303,7 +303,7 @@ bool indicesFit(const CopiedFrame& copied) {
 
 TEST(ClipboardBlock, EveryBitFlippedIsReadOrRefused) {
     for (const char* name : {"materials.clipboard", "frame.clipboard"}) {
-        const Bytes block = test::regressionFile(name);
+        const Bytes block = test::seedFile(name);
         std::size_t refused = 0;
         for (std::size_t i = 0; i < block.size(); ++i) {
             for (const unsigned flip : {1U, 2U, 4U, 8U, 16U, 32U, 64U, 128U, 255U}) {
@@ -324,7 +324,7 @@ TEST(ClipboardBlock, EveryBitFlippedIsReadOrRefused) {
 
 /// Damage to the frame of the description, by the offset of a word and its new value.
 TEST(ClipboardBlock, WhatDoesNotFitIsRefused) {
-    const Bytes block = test::regressionFile("frame.clipboard");
+    const Bytes block = test::seedFile("frame.clipboard");
     constexpr std::size_t remap = 12;
     constexpr std::size_t records = remap + 6 * 4;
     constexpr std::size_t frame = records + 2 * 225;
@@ -378,7 +378,7 @@ TEST(ClipboardBlock, WhatDoesNotFitIsRefused) {
         test::setWord(damaged, row.offset, row.value);
         EXPECT_EQ(decodeBlock(damaged).has_value(), row.accepted) << row.what;
     }
-    const Bytes textured = test::regressionFile("materials.clipboard");
+    const Bytes textured = test::seedFile("materials.clipboard");
     constexpr std::size_t image = 12 + 225 + 5;
     ASSERT_EQ(test::wordAt(textured, image), 2);
     for (const auto& [width, height] : {std::pair{0, 1},
