@@ -109,9 +109,9 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     const Key key = {world,
                      {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
                       place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
-                      std::size_t{mesh.HasNormals}, mesh.TexCoords.size(), place(mesh.TexCoords.data()),
-                      mesh.TexCoordFaces.size(), mesh.FaceSlotIndex.size(),
-                      place(mesh.FaceSlotIndex.data())}};
+                      std::size_t{mesh.HasNormals}, mesh.TexCoords.size(),
+                      place(mesh.TexCoords.data()), mesh.TexCoordFaces.size(),
+                      mesh.FaceSlotIndex.size(), place(mesh.FaceSlotIndex.data())}};
     if (key_ == key) {
         return false;
     }

@@ -1,7 +1,6 @@
 #include "render/GlLists.h"
 
 #include <GL/gl.h>
-
 #include <utility>
 
 namespace korvane {

@@ -32,7 +32,7 @@ class GlLists {
     struct Shape {
         std::vector<GlMaterial> materials;
         bool mirrored = false;
-        int draws = 0; ///< unchanged ones so far, at most one counted between sweeps
+        int draws = 0;      ///< unchanged ones so far, at most one counted between sweeps
         bool drawn = false; ///< since the last sweep
         std::uint32_t list = 0;
     };

@@ -1,7 +1,6 @@
 #include "render/GlMesh.h"
 
 #include <GL/gl.h>
-
 #include <algorithm>
 #include <cmath>
 

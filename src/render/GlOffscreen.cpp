@@ -6,6 +6,7 @@
 #include <QOpenGLFramebufferObject>
 
 #include <GL/gl.h>
+#include <algorithm>
 
 namespace korvane {
 
@@ -41,8 +42,8 @@ GlProbe GlOffscreen::start(std::int32_t width, std::int32_t height) {
     if (!surface_->isValid() || !context_->makeCurrent(surface_.get())) {
         return GlProbe::NotCurrent;
     }
-    framebuffer_ = std::make_unique<QOpenGLFramebufferObject>(width, height,
-                                                              QOpenGLFramebufferObject::Depth);
+    framebuffer_ =
+        std::make_unique<QOpenGLFramebufferObject>(width, height, QOpenGLFramebufferObject::Depth);
     return framebuffer_->isValid() ? GlProbe::Works : GlProbe::NotCurrent;
 }
 
@@ -68,9 +69,19 @@ void GlOffscreen::redraw(ModelDocument& document, ViewState& state) {
 }
 
 QImage GlOffscreen::picture() const {
-    return framebuffer_ && context_->makeCurrent(surface_.get())
-               ? framebuffer_->toImage().convertToFormat(QImage::Format_RGB32)
-               : QImage();
+    if (!framebuffer_ || !context_->makeCurrent(surface_.get())) {
+        return {};
+    }
+    QImage image = framebuffer_->toImage();
+    // mixing leaves alpha of no meaning in the framebuffer: it must not scale the colours
+    if (image.depth() == 32 && !image.reinterpretAsFormat(QImage::Format_RGB32)) {
+        return {};
+    }
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<BitmapPixel*>(image.scanLine(y));
+        std::for_each(row, row + image.width(), [](BitmapPixel& p) { p |= 0xff000000U; });
+    }
+    return image;
 }
 
 } // namespace korvane

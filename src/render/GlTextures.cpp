@@ -5,7 +5,6 @@
 #include <QImage>
 
 #include <GL/gl.h>
-
 #include <algorithm>
 
 namespace korvane {

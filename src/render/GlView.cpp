@@ -59,8 +59,8 @@ Matrix4 modelView(const DrawContext& context, const Matrix4& world, const ModelD
     fromCentre[12] -= document.CameraCenter.x;
     fromCentre[13] -= document.CameraCenter.y;
     fromCentre[14] -= document.CameraCenter.z;
-    Matrix4 matrix = MatrixMatrix(fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles,
-                                                           document.CameraDistance));
+    Matrix4 matrix = MatrixMatrix(
+        fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles, document.CameraDistance));
     // the last column takes no part in the model: it must not divide here
     matrix[3] = matrix[7] = matrix[11] = 0.0F;
     matrix[15] = 1.0F;
@@ -234,9 +234,10 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
 void GlView::drawShape(const DrawItem& item, GlShape shape) {
     ++counts_.meshes;
     const bool faces = shape == GlShape::Opaque || shape == GlShape::Translucent;
-    const bool recorded = lists_.draw(
-        *item.frame, shape, materials_,
-        faces ? glMaterials(materials_, textures_) : std::vector<GlMaterial>(), mirrors(item.world));
+    const bool recorded =
+        lists_.draw(*item.frame, shape, materials_,
+                    faces ? glMaterials(materials_, textures_) : std::vector<GlMaterial>(),
+                    mirrors(item.world));
     counts_.recorded += recorded ? 1 : 0;
 }
 

@@ -271,9 +271,9 @@ void MeshPainter::drawInside(std::uint32_t face, const DrawMaterial& material) {
 
 void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material) {
     const std::span<const std::uint32_t> vertices = mesh_->Faces[face];
-    const std::span<const std::uint32_t> coordinates = material.textured
-                                                           ? textureCorners(*mesh_, face, vertices.size())
-                                                           : std::span<const std::uint32_t>();
+    const std::span<const std::uint32_t> coordinates =
+        material.textured ? textureCorners(*mesh_, face, vertices.size())
+                          : std::span<const std::uint32_t>();
     const bool smooth = context_->state.mode == RenderMode::SmoothShading;
     const ColorRGB flat =
         smooth ? ColorRGB() : flatFaceColor(face, vertices.size(), material.colors);
