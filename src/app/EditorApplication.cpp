@@ -1,15 +1,26 @@
 #include "app/EditorApplication.h"
 
+#include "app/PaletteIcon.h"
+
 #include <QMessageBox>
 #include <QProcess>
 #include <QSettings>
 
 #include <exception>
 
+// The icons' resources are in a library, which the linker would not take them from by itself; the
+// macro wants a function outside of any namespace.
+static void initIcons() {
+    Q_INIT_RESOURCE(icons);
+}
+
 namespace korvane {
 
 EditorApplication::EditorApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("Korvane II Model Editor"));
+    setApplicationVersion(QStringLiteral(KORVANE_VERSION));
+    initIcons();
+    setWindowIcon(paletteIcon(QStringLiteral("program")));
     // The file and colour dialogs keep their last folders, sizes and colours in a settings file of
     // their own accord; a place where no file can be keeps them from it.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QProcess::nullDevice());

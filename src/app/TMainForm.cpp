@@ -1,5 +1,9 @@
 #include "app/TMainForm.h"
 
+#include "app/EditorForms.h"
+#include "app/MdiArrange.h"
+#include "app/PaletteIcon.h"
+#include "app/ToolButtons.h"
 #include "formats/FileNames.h"
 #include "model/ModelDocument.h"
 #include "model/TMDIChild.h"
@@ -8,9 +12,11 @@
 #include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QMdiSubWindow>
-#include <QStyle>
+#include <QMimeData>
+#include <QStatusTipEvent>
 
 #include <utility>
 
@@ -18,31 +24,35 @@ namespace korvane {
 
 namespace {
 
-void setActionEnabled(QAction& action, bool enabled) {
-    // these run at every idle moment: leave the widgets alone unless something changed
-    if (action.isEnabled() != enabled) {
-        action.setEnabled(enabled);
+/// The model files among what is dragged.
+QStringList modelFiles(const QMimeData& dragged) {
+    QStringList files;
+    for (const QUrl& url : dragged.urls()) {
+        const QString file = url.toLocalFile();
+        if (isTextModelName(file) || upperExtension(file) == QLatin1String(".MSH")) {
+            files.push_back(file);
+        }
     }
+    return files;
 }
 
 } // namespace
 
-TMainForm::TMainForm(QStringList paths)
-    : ui_(std::make_unique<Ui::TMainForm>()), paths_(std::move(paths)),
+TMainForm::TMainForm(EditorForms& forms, QStringList paths)
+    : forms_(forms), ui_(std::make_unique<Ui::TMainForm>()), paths_(std::move(paths)),
       statusPanel_(new QLabel(this)) {
     ui_->setupUi(this);
-    setCentralWidget(ui_->MDIArea);
+    setCentralWidget(ui_->FrameContent);
     statusPanel_->setObjectName(QStringLiteral("StatusPanel"));
-    statusPanel_->setAccessibleName(QStringLiteral("Model read"));
+    statusPanel_->setAccessibleName(QStringLiteral("Status"));
+    statusPanel_->setTextFormat(Qt::PlainText);
+    // a long message must not keep the frame from getting narrow
+    statusPanel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ui_->StatusBar1->addWidget(statusPanel_, 1);
+    ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
 
-    ui_->FileNew1->setIcon(style()->standardIcon(QStyle::SP_FileIcon));
-    ui_->FileOpen1->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
-    ui_->FileOpenItem->setIcon(ui_->FileOpen1->icon());
-    ui_->FileSave->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
-
-    // closing a window goes back to the one that was used before it
-    ui_->MDIArea->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    setIcons();
+    setUpToolBar();
     connectActions();
     setWindowState(Qt::WindowMaximized);
 }
@@ -52,34 +62,99 @@ TMainForm::~TMainForm() {
     ui_->MDIArea->disconnect(this);
 }
 
-void TMainForm::connectActions() {
-    connect(ui_->FileNew1, &QAction::triggered, this, &TMainForm::FileNew1Execute);
-    connect(ui_->FileOpen1, &QAction::triggered, this, &TMainForm::FileOpen1Execute);
-    connect(ui_->FileOpenItem, &QAction::triggered, ui_->FileOpen1, &QAction::trigger);
-    connect(ui_->FileClose1, &QAction::triggered, this, &TMainForm::FileClose1Execute);
-    connect(ui_->FileSave, &QAction::triggered, this, &TMainForm::ChildSave);
-    connect(ui_->FileSaveAs, &QAction::triggered, this, &TMainForm::ChildSaveAs);
-    connect(ui_->FileExit1, &QAction::triggered, this, &TMainForm::FileExit1Execute);
-    // shortcuts work wherever the focus is, whether or not the tool bar shows
-    addActions({ui_->FileNew1, ui_->FileOpen1});
+void TMainForm::setIcons() {
+    const std::pair<QAction*, const char*> icons[] = {
+        {ui_->FileNew1, "new"},
+        {ui_->FileOpen1, "open"},
+        {ui_->FileOpenItem, "open"},
+        {ui_->FileSave, "save"},
+        {ui_->EditCut, "cut"},
+        {ui_->EditCopy, "copy"},
+        {ui_->EditPaste, "paste"},
+        {ui_->EditUndo1, "undo"},
+        {ui_->EditRedo1, "redo"},
+        {ui_->WindowCascade1, "cascade"},
+        {ui_->WindowTileHorizontal1, "tile-horizontally"},
+        {ui_->WindowTileVertical1, "tile-vertically"}};
+    for (const auto& [action, name] : icons) {
+        action->setIcon(paletteIcon(QString::fromLatin1(name)));
+    }
+}
 
-    connect(ui_->MDIArea, &QMdiArea::subWindowActivated, this, &TMainForm::showSummary);
+void TMainForm::setUpToolBar() {
+    ui_->PageScroller1->setWidget(ui_->ToolBar1);
+    nameToolButtons(*ui_->ToolBar1);
+    addDropDown(*ui_->ToolBar1, *ui_->EditUndo1);
+    addDropDown(*ui_->ToolBar1, *ui_->EditRedo1);
+}
+
+void TMainForm::connectActions() {
+    const std::pair<QAction*, void (TMainForm::*)()> commands[] = {
+        {ui_->FileNew1, &TMainForm::FileNew1Execute},
+        {ui_->FileOpen1, &TMainForm::FileOpen1Execute},
+        {ui_->FileOpenItem, &TMainForm::FileOpen1Execute},
+        {ui_->FileClose1, &TMainForm::FileClose1Execute},
+        {ui_->FileSave, &TMainForm::ChildSave},
+        {ui_->FileSaveAs, &TMainForm::ChildSaveAs},
+        {ui_->FileExit1, &TMainForm::FileExit1Execute},
+        {ui_->EditUndo1, &TMainForm::EditUndo1Execute},
+        {ui_->EditRedo1, &TMainForm::EditRedo1Execute},
+        {ui_->EditCut, &TMainForm::EditCutExecute},
+        {ui_->EditCopy, &TMainForm::EditCopyExecute},
+        {ui_->EditPaste, &TMainForm::EditPasteExecute},
+        {ui_->ColorOptionsAction, &TMainForm::ColorOptionsActionExecute},
+        {ui_->Rwire, &TMainForm::ChildWire},
+        {ui_->Rflat, &TMainForm::ChildFlat},
+        {ui_->Rfull, &TMainForm::ChildFull},
+        {ui_->Rdots, &TMainForm::ChildDots},
+        {ui_->Rallowtrans, &TMainForm::ChildTrans},
+        {ui_->Rbackwards, &TMainForm::ChildBackwards},
+        {ui_->D3DAction, &TMainForm::D3DExecute},
+        {ui_->OpenGLAction, &TMainForm::OpenGLExecute},
+        {ui_->SoftwareAction, &TMainForm::SoftwareExecute},
+        {ui_->WindowCascade1, &TMainForm::WindowCascade1Execute},
+        {ui_->WindowTileHorizontal1, &TMainForm::WindowTileHorizontal1Execute},
+        {ui_->WindowTileVertical1, &TMainForm::WindowTileVertical1Execute},
+        {ui_->WindowMinimizeAll1, &TMainForm::WindowMinimizeAll1Execute},
+        {ui_->WindowArrangeAll1, &TMainForm::WindowArrangeAll1Execute},
+        {ui_->HelpAbout1, &TMainForm::HelpAbout1Execute}};
+    for (const auto& [action, execute] : commands) {
+        connect(action, &QAction::triggered, this, [this, action = action, execute = execute] {
+            if (action->isCheckable()) {
+                // the action has moved its mark by itself; marks are the handlers' business
+                action->setChecked(!action->isChecked());
+            }
+            (this->*execute)();
+        });
+    }
+    // shortcuts work wherever the focus is, whether or not their items show
+    addActions({ui_->FileNew1, ui_->FileOpen1, ui_->EditCut, ui_->EditCopy, ui_->EditPaste});
+
+    connect(ui_->Window1, &QMenu::aboutToShow, this,
+            [this] { windowList_.refresh(*this, *ui_->Window1); });
+    connect(ui_->MDIArea, &QMdiArea::subWindowActivated, this, &TMainForm::showStatus);
     // queued: reading may ask the user something, which neither an activation event nor the idle
     // moment can wait for
     connect(this, &TMainForm::firstActivated, this, &TMainForm::MainFormActivate,
+            Qt::QueuedConnection);
+    // queued: where the files come from waits for the answer, which reading must not hold up
+    connect(this, &TMainForm::filesDropped, this, &TMainForm::createDocuments,
             Qt::QueuedConnection);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &TMainForm::idle);
 }
 
 TMDIChild* TMainForm::activeDocument() const {
-    return qobject_cast<TMDIChild*>(ui_->MDIArea->currentSubWindow());
+    auto* document = qobject_cast<TMDIChild*>(ui_->MDIArea->currentSubWindow());
+    return document != nullptr && document->document() != nullptr ? document : nullptr;
 }
 
 QList<TMDIChild*> TMainForm::documents() const {
     QList<TMDIChild*> documents;
     for (QMdiSubWindow* window : ui_->MDIArea->subWindowList(QMdiArea::CreationOrder)) {
-        if (auto* document = qobject_cast<TMDIChild*>(window)) {
+        auto* document = qobject_cast<TMDIChild*>(window);
+        // one that was just closed is on its way out
+        if (document != nullptr && document->document() != nullptr) {
             documents.push_back(document);
         }
     }
@@ -89,8 +164,32 @@ QList<TMDIChild*> TMainForm::documents() const {
 bool TMainForm::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         scheduleFirstActivation();
+    } else if (event->type() == QEvent::StatusTip) {
+        // the one panel shows hints as well as messages
+        hint_ = dynamic_cast<QStatusTipEvent&>(*event).tip();
+        showStatus();
+        return true;
     }
     return QMainWindow::event(event);
+}
+
+void TMainForm::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
+    }
+    QMainWindow::changeEvent(event);
+}
+
+void TMainForm::dragEnterEvent(QDragEnterEvent* event) {
+    // a dialog that is open comes first
+    if (QApplication::activeModalWidget() == nullptr && !modelFiles(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void TMainForm::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    Q_EMIT filesDropped(modelFiles(*event->mimeData()));
 }
 
 void TMainForm::closeEvent(QCloseEvent* event) {
@@ -150,17 +249,241 @@ void TMainForm::FileExit1Execute() {
 }
 
 void TMainForm::FileClose1Update() {
-    setActionEnabled(*ui_->FileClose1, activeDocument() != nullptr);
+    ui_->FileClose1->setEnabled(activeDocument() != nullptr);
 }
 
 void TMainForm::Filesaveupdate() {
     const TMDIChild* window = activeDocument();
-    const ModelDocument* model = window != nullptr ? window->document() : nullptr;
-    setActionEnabled(*ui_->FileSave, model != nullptr && (model->Modified || model->NeverSaved));
+    ui_->FileSave->setEnabled(window != nullptr &&
+                              (window->document()->Modified || window->document()->NeverSaved));
 }
 
 void TMainForm::Filesaveasupdate() {
-    setActionEnabled(*ui_->FileSaveAs, activeDocument() != nullptr);
+    ui_->FileSaveAs->setEnabled(activeDocument() != nullptr);
+}
+
+// No window records its changes or exchanges anything with the clipboard yet: there is nothing that
+// these commands could do.
+
+void TMainForm::EditUndo1Execute() {
+    if (TMDIChild* document = activeDocument()) {
+        document->undo();
+    }
+}
+
+void TMainForm::EditUndo1Update() {
+    const TMDIChild* document = activeDocument();
+    ui_->EditUndo1->setEnabled(document != nullptr && document->canUndo());
+}
+
+void TMainForm::EditRedo1Execute() {
+    if (TMDIChild* document = activeDocument()) {
+        document->redo();
+    }
+}
+
+void TMainForm::EditRedo1Update() {
+    const TMDIChild* document = activeDocument();
+    ui_->EditRedo1->setEnabled(document != nullptr && document->canRedo());
+}
+
+void TMainForm::EditCutExecute() {}
+
+void TMainForm::EditCutUpdate() {
+    ui_->EditCut->setEnabled(false);
+}
+
+void TMainForm::EditCopyExecute() {}
+
+void TMainForm::EditCopyUpdate() {
+    ui_->EditCopy->setEnabled(false);
+}
+
+void TMainForm::EditPasteExecute() {}
+
+void TMainForm::EditPasteUpdate() {
+    ui_->EditPaste->setEnabled(false);
+}
+
+void TMainForm::ColorOptionsActionExecute() {
+    if (forms_.colorOptions.exec() != QDialog::Accepted) {
+        return;
+    }
+    const ViewColors colors = forms_.colorOptions.viewColors();
+    for (TMDIChild* document : documents()) {
+        document->setViewColors(colors);
+    }
+    if (TMDIChild* document = activeDocument()) {
+        document->render3d();
+    }
+}
+
+void TMainForm::setRenderMode(QAction& action, RenderMode mode) {
+    TMDIChild* const document = activeDocument();
+    if (action.isChecked() || document == nullptr) {
+        return;
+    }
+    document->view().mode = mode;
+    for (QAction* other : {ui_->Rwire, ui_->Rflat, ui_->Rfull}) {
+        other->setChecked(other == &action);
+    }
+    document->render3d();
+}
+
+void TMainForm::ChildWire() {
+    setRenderMode(*ui_->Rwire, RenderMode::Wireframe);
+}
+
+void TMainForm::ChildFlat() {
+    setRenderMode(*ui_->Rflat, RenderMode::FlatShading);
+}
+
+void TMainForm::ChildFull() {
+    setRenderMode(*ui_->Rfull, RenderMode::SmoothShading);
+}
+
+void TMainForm::Rupdate() {
+    switch (activeDocument()->view().mode) {
+    case RenderMode::Wireframe:
+        ChildWire();
+        break;
+    case RenderMode::FlatShading:
+        ChildFlat();
+        break;
+    case RenderMode::SmoothShading:
+        ChildFull();
+        break;
+    }
+}
+
+void TMainForm::updateRenderMode(QAction& action) {
+    const bool open = activeDocument() != nullptr;
+    if (open) {
+        Rupdate();
+    }
+    action.setEnabled(open);
+}
+
+void TMainForm::wireupdate() {
+    updateRenderMode(*ui_->Rwire);
+}
+
+void TMainForm::Flatupdate() {
+    updateRenderMode(*ui_->Rflat);
+}
+
+void TMainForm::Fullupdate() {
+    updateRenderMode(*ui_->Rfull);
+}
+
+void TMainForm::toggleSetting(QAction& action, bool ViewState::*setting) {
+    if (TMDIChild* document = activeDocument()) {
+        action.setChecked(!action.isChecked());
+        document->view().*setting = action.isChecked();
+        document->render3d();
+    }
+}
+
+void TMainForm::updateSetting(QAction& action, bool ViewState::*setting) {
+    TMDIChild* const document = activeDocument();
+    if (document != nullptr) {
+        action.setChecked(document->view().*setting);
+    }
+    action.setEnabled(document != nullptr);
+}
+
+void TMainForm::ChildDots() {
+    toggleSetting(*ui_->Rdots, &ViewState::dots);
+}
+
+void TMainForm::dotsupdate() {
+    updateSetting(*ui_->Rdots, &ViewState::dots);
+}
+
+void TMainForm::ChildTrans() {
+    toggleSetting(*ui_->Rallowtrans, &ViewState::allowTransparent);
+}
+
+void TMainForm::allowupdate() {
+    updateSetting(*ui_->Rallowtrans, &ViewState::allowTransparent);
+}
+
+void TMainForm::ChildBackwards() {
+    toggleSetting(*ui_->Rbackwards, &ViewState::showHiddenTransparent);
+}
+
+void TMainForm::backwardsupdate() {
+    updateSetting(*ui_->Rbackwards, &ViewState::showHiddenTransparent);
+}
+
+void TMainForm::setDrawingInterface(DrawApi api) {
+    TMDIChild* const document = activeDocument();
+    if (document != nullptr && document->view().api != api) {
+        document->view().api = api;
+        document->render3d();
+    }
+}
+
+void TMainForm::updateDrawingInterface(QAction& action, DrawApi api) {
+    TMDIChild* const document = activeDocument();
+    action.setChecked(document != nullptr && document->view().api == api);
+}
+
+void TMainForm::SoftwareExecute() {
+    setDrawingInterface(DrawApi::Software);
+}
+
+void TMainForm::SoftwareUpdate() {
+    updateDrawingInterface(*ui_->SoftwareAction, DrawApi::Software);
+}
+
+void TMainForm::OpenGLExecute() {
+    setDrawingInterface(DrawApi::OpenGL);
+}
+
+void TMainForm::OpenGLUpdate() {
+    updateDrawingInterface(*ui_->OpenGLAction, DrawApi::OpenGL);
+}
+
+void TMainForm::D3DExecute() {
+    setDrawingInterface(DrawApi::Direct3D);
+}
+
+void TMainForm::D3DUpdate() {
+    updateDrawingInterface(*ui_->D3DAction, DrawApi::Direct3D);
+}
+
+void TMainForm::WindowCascade1Execute() {
+    cascadeWindows(*ui_->MDIArea);
+}
+
+void TMainForm::WindowTileHorizontal1Execute() {
+    tileWindows(*ui_->MDIArea, Qt::Horizontal);
+}
+
+void TMainForm::WindowTileVertical1Execute() {
+    tileWindows(*ui_->MDIArea, Qt::Vertical);
+}
+
+void TMainForm::WindowMinimizeAll1Execute() {
+    minimizeWindows(*ui_->MDIArea);
+}
+
+void TMainForm::WindowArrangeAll1Execute() {
+    arrangeMinimized(*ui_->MDIArea);
+}
+
+void TMainForm::windowUpdate() {
+    const bool open = activeDocument() != nullptr;
+    for (QAction* action :
+         {ui_->WindowCascade1, ui_->WindowTileHorizontal1, ui_->WindowTileVertical1,
+          ui_->WindowMinimizeAll1, ui_->WindowArrangeAll1}) {
+        action->setEnabled(open);
+    }
+}
+
+void TMainForm::HelpAbout1Execute() {
+    forms_.aboutBox.exec();
 }
 
 void TMainForm::MainFormActivate() {
@@ -175,9 +498,17 @@ void TMainForm::idle() {
     if (isVisible()) {
         scheduleFirstActivation();
     }
-    FileClose1Update();
-    Filesaveupdate();
-    Filesaveasupdate();
+    // an action leaves its items and buttons alone when it is told what it already is
+    constexpr void (TMainForm::*updates[])() = {
+        &TMainForm::FileClose1Update, &TMainForm::Filesaveupdate,  &TMainForm::Filesaveasupdate,
+        &TMainForm::EditUndo1Update,  &TMainForm::EditRedo1Update, &TMainForm::EditCutUpdate,
+        &TMainForm::EditCopyUpdate,   &TMainForm::EditPasteUpdate, &TMainForm::wireupdate,
+        &TMainForm::Flatupdate,       &TMainForm::Fullupdate,      &TMainForm::dotsupdate,
+        &TMainForm::allowupdate,      &TMainForm::backwardsupdate, &TMainForm::D3DUpdate,
+        &TMainForm::OpenGLUpdate,     &TMainForm::SoftwareUpdate,  &TMainForm::windowUpdate};
+    for (const auto update : updates) {
+        (this->*update)();
+    }
 }
 
 void TMainForm::scheduleFirstActivation() {
@@ -188,16 +519,24 @@ void TMainForm::scheduleFirstActivation() {
 
 void TMainForm::createDocument(const QString& name) {
     // the MDI area owns the window, which frees itself when it is closed
-    auto* document = new TMDIChild(ui_->MDIArea);
+    auto* document = new TMDIChild(forms_.colorOptions.viewColors(), ui_->MDIArea);
+    document->setDialogs({&forms_.frameOptions, &forms_.renameFrame});
     ui_->MDIArea->addSubWindow(document);
     document->showMaximized();
     document->create(name);
-    showSummary();
+    showStatus();
 }
 
-void TMainForm::showSummary() {
+void TMainForm::createDocuments(const QStringList& names) {
+    for (const QString& name : names) {
+        createDocument(name);
+    }
+}
+
+void TMainForm::showStatus() {
     const TMDIChild* document = activeDocument();
-    statusPanel_->setText(document != nullptr ? document->readSummary() : QString());
+    const QString message = document != nullptr ? document->readSummary() : QString();
+    statusPanel_->setText(hint_.isEmpty() ? message : hint_);
 }
 
 } // namespace korvane

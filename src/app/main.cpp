@@ -1,9 +1,21 @@
+#include "app/CommandLine.h"
 #include "app/EditorApplication.h"
-#include "app/TMainForm.h"
+#include "app/EditorForms.h"
+
+#include <cstddef>
+#include <cstdio>
+#include <span>
 
 int main(int argc, char** argv) {
+    const std::span arguments(argv, static_cast<std::size_t>(argc));
+    if (!arguments.empty()) {
+        if (const auto answer = korvane::commandLineAnswer(arguments.subspan(1))) {
+            std::fputs(qPrintable(*answer), stdout);
+            return 0;
+        }
+    }
     const korvane::EditorApplication application(argc, argv);
-    korvane::TMainForm mainForm(korvane::EditorApplication::arguments().mid(1));
-    mainForm.show();
+    korvane::EditorForms forms(korvane::EditorApplication::arguments().mid(1));
+    forms.mainForm.show();
     return korvane::EditorApplication::exec();
 }

@@ -71,7 +71,7 @@ RefreshFlags EditHistory::step(ModelDocument& document, EditAction& action, bool
 }
 
 void EditHistory::record(ModelDocument& document, EditAction action) {
-    entries_.resize(static_cast<std::size_t>(position_ + 1));
+    entries_.resize(static_cast<std::size_t>(std::int64_t{position_} + 1));
     entries_.push_back(std::move(action));
     step(document, entries_.back(), true);
     ++position_;

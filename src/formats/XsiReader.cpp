@@ -33,7 +33,10 @@ bool readHeader(TextScanner& text) {
     return std::find(headers.begin(), headers.end(), header) != headers.end();
 }
 
-ReadStatus openAndRead(const QString& fileName, ModelDocument& document) {
+class ReadCancelled : public std::exception {};
+
+ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
+                       const ReadProgress& progress) {
     const QFileInfo info(fileName);
     if (!info.exists()) {
         return ReadStatus::Missing;
@@ -43,17 +46,28 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document) {
     if (!info.isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return ReadStatus::CannotOpen;
     }
-    const ByteSource source = [&file](std::span<char> space) {
+    const auto size = static_cast<std::size_t>(std::max<qint64>(file.size(), 0));
+    std::size_t done = 0;
+    const auto goOn = [&] {
+        if (progress && !progress(done, size)) {
+            throw ReadCancelled();
+        }
+    };
+    const ByteSource source = [&](std::span<char> space) {
+        goOn();
         const qint64 got = file.read(space.data(), static_cast<qint64>(space.size()));
         if (got < 0) {
             throw std::runtime_error("the file cannot be read to its end");
         }
+        done += static_cast<std::size_t>(got);
         return static_cast<std::size_t>(got);
     };
-    TextWindow window(source, static_cast<std::size_t>(std::max<qint64>(file.size(), 0)));
+    TextWindow window(source, size);
     TextureLoader loader(info.path());
-    return readXsi(TextScanner(window), document,
-                   [&loader](const std::string& name) { return loader.load(name); });
+    return readXsi(TextScanner(window), document, [&](const std::string& name) {
+        goOn(); // a few lines can name large pictures
+        return loader.load(name);
+    });
 }
 
 ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureSource& textures) {
@@ -79,11 +93,15 @@ ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureS
     return ReadStatus::Done;
 }
 
-/// Half a model is worse than none: where the bytes break off or memory ends the document is empty.
+/// Half a model is worse than none: where the bytes break off, memory ends or the reading is
+/// cancelled the document is empty.
 template <class Read>
 ReadStatus wholeOrNothing(ModelDocument& document, Read read) {
     try {
         return read();
+    } catch (const ReadCancelled&) {
+        document = ModelDocument();
+        return ReadStatus::Cancelled;
     } catch (const std::exception&) {
         document = ModelDocument();
         return ReadStatus::CannotOpen;
@@ -96,9 +114,10 @@ ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSourc
     return wholeOrNothing(document, [&] { return readOrThrow(text, document, textures); });
 }
 
-ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document) {
+ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,
+                       const ReadProgress& progress) {
     const ReadStatus status =
-        wholeOrNothing(document, [&] { return openAndRead(fileName, document); });
+        wholeOrNothing(document, [&] { return openAndRead(fileName, document, progress); });
     document.FileName = fileName;
     if (status == ReadStatus::CannotOpen || status == ReadStatus::NotValid) {
         document.FileName = QStringLiteral("Untitled");
@@ -116,6 +135,7 @@ QString failureCaption(ReadStatus status, const QString& fileName) {
         return QStringLiteral("Not a valid %1 file").arg(upperExtension(fileName));
     case ReadStatus::Done:
     case ReadStatus::Missing:
+    case ReadStatus::Cancelled:
         break;
     }
     return {};

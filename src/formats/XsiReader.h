@@ -6,6 +6,9 @@
 
 #include <QString>
 
+#include <cstddef>
+#include <functional>
+
 namespace korvane {
 
 /// How the reading of a model file ended.
@@ -14,7 +17,11 @@ enum class ReadStatus {
     Missing,    ///< no file of that name; nothing was read
     CannotOpen, ///< the file is there but cannot be read, or not into this memory
     NotValid,   ///< the first 16 bytes are none of the headers
+    Cancelled,  ///< stopped by the one who asked for it; the document is empty
 };
+
+/// Told now and then, while a file is read, how many of its bytes are; false stops the reading.
+using ReadProgress = std::function<bool(std::size_t done, std::size_t size)>;
 
 /// Reads a dotXSI or DirectX text file into a new document (empty root, empty table). On success
 /// NeverSaved and Modified are cleared and the derived data of all frames is computed. Text that
@@ -27,7 +34,8 @@ ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSourc
 /// Opens and reads the file into a new document, gives it the flags and the FileName that follow
 /// from the outcome, and selects the root. A missing file gives an empty document of that name that
 /// was never saved.
-ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document);
+ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,
+                       const ReadProgress& progress = {});
 
 /// The caption of the message box for a failure, whose text is the file name; empty where no
 /// message is shown.

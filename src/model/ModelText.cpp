@@ -10,4 +10,8 @@ QString shownText(std::string_view bytes) {
     return text.isValidUtf8() ? text.toString() : QString::fromLatin1(bytes.data(), size);
 }
 
+std::string modelText(const QString& text) {
+    return text.toStdString();
+}
+
 } // namespace korvane

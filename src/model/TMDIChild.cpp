@@ -1,20 +1,21 @@
 #include "model/TMDIChild.h"
 
+#include "app/PaletteIcon.h"
 #include "formats/FileNames.h"
 #include "formats/MshOpener.h"
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
 #include "model/ModelCounts.h"
 #include "model/StructureTree.h"
+#include "model/TReadProgress.h"
+#include "model/TStructureView.h"
 #include "ui_TMDIChild.h"
 
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QMessageBox>
-#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -23,7 +24,7 @@ namespace korvane {
 
 namespace {
 
-void fillPanel(QWidget& panel, Qt::GlobalColor color) {
+void fillPanel(QWidget& panel, const QColor& color) {
     QPalette palette = panel.palette();
     palette.setColor(QPalette::Window, color);
     panel.setPalette(palette);
@@ -49,7 +50,7 @@ QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectNa
 
 } // namespace
 
-TMDIChild::TMDIChild(QWidget* parent)
+TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     : QMdiSubWindow(parent), ui_(std::make_unique<Ui::TMDIChild>()), model_(std::in_place) {
     setObjectName(QStringLiteral("MDIChild"));
     setAccessibleName(QStringLiteral("Model window"));
@@ -58,29 +59,35 @@ TMDIChild::TMDIChild(QWidget* parent)
     ui_->setupUi(content);
     setWidget(content);
     setWindowTitle(QStringLiteral("MDI Child"));
-    setWindowIcon(style()->standardIcon(QStyle::SP_FileIcon));
+    setWindowIcon(paletteIcon(QStringLiteral("document")));
     resize(520, 311);
 
-    fillPanel(*ui_->Panel1, Qt::black);
+    view().colors = colors;
+    fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
     fillPanel(*ui_->Panel5, Qt::white);
     fillPanel(*ui_->Panel6, Qt::white);
     fillPanel(*ui_->Panel7, Qt::white);
     ui_->ThreeDWinFrame->setDocument(document());
+    loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
     connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
 
-    ui_->TreeView1->setModel(&structure_);
+    structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TMDIChild::ChildSelectedChange);
-    connect(ui_->TreeView1, &QTreeView::expanded, this, &TMDIChild::fitTreeColumn);
-    connect(ui_->TreeView1, &QTreeView::collapsed, this, &TMDIChild::fitTreeColumn);
+    connect(ui_->TreeView1, &QTreeView::expanded, this, [this] { structure_->fitColumn(); });
+    connect(ui_->TreeView1, &QTreeView::collapsed, this, [this] { structure_->fitColumn(); });
+    connect(ui_->EditButton, &QPushButton::clicked, this, &TMDIChild::EditButtonClick);
+    connect(ui_->RenameButton, &QPushButton::clicked, this, &TMDIChild::RenameButtonClick);
+    connect(ui_->DeleteButton, &QPushButton::clicked, this, &TMDIChild::Deletebuttonclick);
+    connect(ui_->AddButton, &QPushButton::clicked, this, &TMDIChild::Addbuttonclick);
     fitPages();
     rebuildTree();
 }
 
 TMDIChild::~TMDIChild() {
-    // the view is a child widget and outlives the structure
-    ui_->TreeView1->setModel(nullptr);
+    // the 3D view is a child widget and outlives the model
+    ui_->ThreeDWinFrame->setDocument(nullptr);
 }
 
 void TMDIChild::create(const QString& name) {
@@ -90,14 +97,27 @@ void TMDIChild::create(const QString& name) {
     if (isTextModelName(name)) {
         FileOpenXSI(name);
     }
+    render3d();
 }
 
 void TMDIChild::FileOpenXSI(const QString& fileName) {
-    const ReadStatus status = korvane::FileOpenXSI(fileName, *model_);
+    // events run while the progress shows: the views must not find half a model
+    ModelDocument read;
+    ReadStatus status = ReadStatus::Cancelled;
+    {
+        TReadProgress progress(*this, fileName, progressDelay_);
+        status = korvane::FileOpenXSI(fileName, read, [&](std::size_t done, std::size_t size) {
+            return progress.goOn(done, size);
+        });
+    }
+    if (status == ReadStatus::Cancelled) {
+        closeUnasked();
+        return;
+    }
+    *model_ = std::move(read);
     rebuildTree();
     selectRoot();
     ui_->ThreeDWinFrame->placeCamera();
-    render3d();
     showReadFailure(status, fileName);
     setCaption();
     if (status == ReadStatus::Done) {
@@ -157,6 +177,9 @@ void TMDIChild::FileSaveAsExecute() {
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setSizeGripEnabled(true);
     dialog.setDefaultSuffix(QStringLiteral("xsi"));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(filter.section(u'.', -1).chopped(1));
+    });
     dialog.setNameFilters({QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
     if (model_->FileName.contains(u'/')) {
@@ -247,48 +270,16 @@ void TMDIChild::TwoDVisibleExecute() {
     FormResize();
 }
 
-void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
-    if (!model_ || filling_) {
-        return;
-    }
-    const std::optional<FramePath> oldFrame = model_->Selected.Frame;
-    const QModelIndexList indexes = selected.indexes();
-    model_->Selected =
-        indexes.isEmpty()
-            ? NodeData()
-            : structure_.tree().nodeData(StructureTreeModel::nodeOf(indexes.constFirst()));
-    model_->SelectionCopy = model_->Selected;
-    showSelectedButtons();
-    if (model_->Selected.Frame && model_->Selected.Frame != oldFrame) {
-        model_->markSelection(*model_->Selected.Frame);
-        render3d();
-    }
+ViewState& TMDIChild::view() {
+    return ui_->ThreeDWinFrame->state();
 }
 
-void TMDIChild::showSelectedButtons() {
-    const NodeData& node = model_->Selected;
-    ui_->EditButton->setEnabled(node.CanEdit);
-    ui_->AddButton->setEnabled(node.CanAdd);
-    ui_->DeleteButton->setEnabled(node.CanDelete);
-    ui_->RenameButton->setEnabled(node.Frame.has_value());
-    if (!node.AddByKind) {
-        ui_->AddButton->setText(QStringLiteral("Add"));
-        return;
-    }
-    switch (node.NodeKind) {
-    case NodeKind::Frame:
-        ui_->AddButton->setText(QStringLiteral("Add Frame"));
-        break;
-    case NodeKind::MeshMaterialList:
-    case NodeKind::MaterialSlot:
-    case NodeKind::MaterialTable:
-    case NodeKind::TableMaterial:
-        ui_->AddButton->setText(QStringLiteral("Add Material"));
-        break;
-    case NodeKind::None:
-    case NodeKind::Mesh:
-    case NodeKind::MeshNormals:
-        break; // keeps the caption it had
+void TMDIChild::setViewColors(const ViewColors& colors) {
+    view().colors = colors;
+    if (view().api == DrawApi::OpenGL) {
+        // the background is part of what is set up when the mode differs from that drawn last
+        constexpr auto noMode = static_cast<RenderMode>(10);
+        view().lastDrawnMode = noMode;
     }
 }
 
@@ -296,18 +287,6 @@ void TMDIChild::setCaption() {
     // window titles take "[*]" as the place of a mark for unsaved changes, unless it is doubled
     setWindowTitle(
         QString(model_->FileName).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
-}
-
-void TMDIChild::rebuildTree() {
-    structure_.setTree(StructureTree(*model_));
-    fitTreeColumn();
-}
-
-void TMDIChild::fitTreeColumn() {
-    // the column fills the view, so that the selection does, but never cuts a text off: deep trees
-    // scroll sideways; only the rows in sight are measured
-    const QAbstractItemView& tree = *ui_->TreeView1;
-    ui_->TreeView1->header()->setMinimumSectionSize(tree.sizeHintForColumn(0));
 }
 
 void TMDIChild::fitPages() {
@@ -326,18 +305,6 @@ void TMDIChild::fitPages() {
     ui_->PageControl1->setMinimumWidth(width);
     ui_->Splitter2->setSizes({width, 1});
     ui_->Splitter2->setStretchFactor(1, 1);
-}
-
-void TMDIChild::selectRoot() {
-    const QModelIndex root = structure_.indexOf(0);
-    filling_ = true;
-    ui_->TreeView1->setCurrentIndex(root);
-    filling_ = false;
-    ui_->TreeView1->expand(root);
-    // the document marks its frames itself when it is read: only the window has to follow
-    model_->Selected = structure_.tree().nodeData(0);
-    model_->SelectionCopy = model_->Selected;
-    showSelectedButtons();
 }
 
 } // namespace korvane

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "edit/EditHistory.h"
 #include "model/ModelDocument.h"
-#include "model/StructureTreeModel.h"
+#include "render/ViewState.h"
 
 #include <QMdiSubWindow>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -13,24 +15,51 @@ class QItemSelection;
 
 namespace korvane {
 
+class TOKBottomDlg1;
+class TStructureView;
+class TframeF;
+
 enum class ReadStatus;
 
 namespace Ui {
 class TMDIChild;
 }
 
+/// The dialogs of the whole run that a document window shows.
+struct DocumentDialogs {
+    TframeF* frameOptions = nullptr;
+    TOKBottomDlg1* renameFrame = nullptr;
+};
+
 /// A document window: owns one model for as long as it is open and shows its structure, the tools
 /// and the four drawing areas.
 class TMDIChild : public QMdiSubWindow {
     Q_OBJECT
   public:
-    /// A window with an empty model that was never saved.
-    explicit TMDIChild(QWidget* parent = nullptr);
+    /// A window with an empty model that was never saved, whose 3D view has these colours.
+    explicit TMDIChild(const ViewColors& colors, QWidget* parent = nullptr);
     ~TMDIChild() override;
 
     /// Gives a window just constructed its name, and reads the file of that name if it is that of a
-    /// text model. Failures are shown to the user and leave the model empty.
+    /// text model. Failures are shown to the user and leave the model empty; a reading that the
+    /// user cancels closes the window.
     void create(const QString& name);
+    /// How long create() reads before it shows its progress.
+    void setProgressDelay(std::chrono::milliseconds delay) { progressDelay_ = delay; }
+
+    /// The dialogs that the commands of the "Structure" page show; they must outlive the window.
+    /// Without them "Edit" and "Rename Frame" do nothing.
+    void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
+
+    [[nodiscard]] bool canUndo() const { return model_ && history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return model_ && history_.canRedo(); }
+    void undo();
+    void redo();
+
+    /// The settings of the 3D view; changes show with the next render3d().
+    [[nodiscard]] ViewState& view();
+    /// Gives the 3D view other colours, which show when it is drawn next.
+    void setViewColors(const ViewColors& colors);
 
     /// The model; null once the window has been closed.
     [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
@@ -65,6 +94,10 @@ class TMDIChild : public QMdiSubWindow {
     void FormClose();
     void FormResize();
     void ChildSelectedChange(const QItemSelection& selected);
+    void EditButtonClick();
+    void RenameButtonClick();
+    void Deletebuttonclick();
+    void Addbuttonclick();
     void TwoDVisibleExecute();
 
     void FileOpenXSI(const QString& fileName);
@@ -74,14 +107,21 @@ class TMDIChild : public QMdiSubWindow {
     void showSaveFailure(const QString& fileName);
     void setCaption();
     void rebuildTree();
-    void fitTreeColumn();
+    void editFrameOptions();
+    void refresh(const RefreshFlags& flags);
+    /// Moves the selection in the tree to what the document has selected, as if the user did.
+    void followSelection();
+    void loadTexturesOfDocument();
     void fitPages();
     void selectRoot();
     void showSelectedButtons();
 
     std::unique_ptr<Ui::TMDIChild> ui_;
     std::optional<ModelDocument> model_;
-    StructureTreeModel structure_;
+    EditHistory history_;
+    DocumentDialogs dialogs_;
+    std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
+    std::chrono::milliseconds progressDelay_{500};
     QString readSummary_;
     bool filling_ = false; ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;

@@ -3,7 +3,9 @@
 #include "render/Lanes.h"
 #include "render/ViewState.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace korvane {
 
@@ -37,6 +39,12 @@ class Camera {
         return {d.x * matrix_[0] + d.y * matrix_[1] + d.z * matrix_[2],
                 d.x * matrix_[4] + d.y * matrix_[5] + d.z * matrix_[6],
                 d.x * matrix_[8] + d.y * matrix_[9] + d.z * matrix_[10]};
+    }
+
+    /// How large the numbers are that view positions are summed up from, besides the points.
+    [[nodiscard]] float magnitude() const {
+        return std::max(
+            {std::abs(centre_.x), std::abs(centre_.y), std::abs(centre_.z), std::abs(matrix_[14])});
     }
 
   private:

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 
@@ -106,7 +107,7 @@ DrawCache& DrawCache::operator=(const DrawCache& other) {
 
 bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     const auto place = [](const auto* data) { return reinterpret_cast<std::size_t>(data); };
-    const Key key = {world,
+    const Key key = {std::bit_cast<std::array<std::uint32_t, 16>>(world.m),
                      {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
                       place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
                       std::size_t{mesh.HasNormals}, mesh.TexCoords.size(),

@@ -68,17 +68,24 @@ void DrawMaterials::take(std::span<const MaterialRecord> table, const ViewState&
 void DrawMaterials::select(const MeshRecord& mesh) {
     const auto known = static_cast<std::int64_t>(table_.size()) - 1;
     slots_.clear();
+    usesNowhere_ = true;
     if (mesh.HasMaterials) {
         for (const std::int32_t index : mesh.MaterialSlotList) {
             slots_.push_back(index >= 0 && index < known ? &table_[static_cast<std::size_t>(index)]
                                                          : &table_.back());
         }
     }
+    const auto slots = static_cast<std::int64_t>(slots_.size());
+    // looked for only where it decides whether the mesh has an opaque part
+    usesNowhere_ = any(false) || slots == 0 ||
+                   std::any_of(mesh.FaceSlotIndex.begin(), mesh.FaceSlotIndex.end(),
+                               [slots](std::int32_t slot) { return slot < 0 || slot >= slots; });
     slots_.push_back(&table_.back());
 }
 
 bool DrawMaterials::any(bool translucent) const {
-    return std::any_of(slots_.begin(), slots_.end(), [translucent](const DrawMaterial* material) {
+    const auto end = slots_.end() - (usesNowhere_ ? 0 : 1);
+    return std::any_of(slots_.begin(), end, [translucent](const DrawMaterial* material) {
         return material->translucent == translucent;
     });
 }

@@ -66,6 +66,7 @@ class DrawMaterials {
   private:
     std::vector<DrawMaterial> table_; ///< the last one is a new material
     std::vector<const DrawMaterial*> slots_;
+    bool usesNowhere_ = true; ///< whether some face may lead to no slot
 };
 
 } // namespace korvane

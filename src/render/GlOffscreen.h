@@ -1,23 +1,15 @@
 #pragma once
 
+#include "render/GlContext.h"
 #include "render/GlView.h"
 
 #include <QImage>
 
 #include <memory>
 
-class QOffscreenSurface;
-class QOpenGLContext;
 class QOpenGLFramebufferObject;
-class QSurfaceFormat;
 
 namespace korvane {
-
-/// What a context has to be to draw with: fixed functions, 32 bits of depth if there are, no alpha.
-QSurfaceFormat glFormat();
-
-/// How far making an OpenGL context got on this machine.
-enum class GlProbe { Works, NoContext, NotCurrent };
 
 /// An OpenGL view that draws into a picture in memory. Needs a QGuiApplication.
 class GlOffscreen {
@@ -39,8 +31,7 @@ class GlOffscreen {
   private:
     GlProbe start(std::int32_t width, std::int32_t height);
 
-    std::unique_ptr<QOffscreenSurface> surface_;
-    std::unique_ptr<QOpenGLContext> context_;
+    GlContext gl_;
     std::unique_ptr<QOpenGLFramebufferObject> framebuffer_;
     GlView view_;
     bool setUp_ = false;

@@ -11,22 +11,20 @@ namespace {
 /// Meshes whose front faces average less than this many pixels are dense.
 constexpr double denseFacePixels = 12.0;
 
-/// Of the products of two edges on the screen that start at the first corner the largest, so that
-/// corners on one line do not hide a face. `corner` gives the corner of a number.
+/// The products of the two edges of each triangle of the fan that starts at the first corner,
+/// summed up: twice the area of the face, also where corners lie on one line or turn inward.
+/// `corner` gives the corner of a number.
 template <class Corner>
 std::int64_t fanProduct(std::size_t corners, const Corner& corner) {
     const auto& first = corner(0);
-    std::int64_t most = 0;
+    std::int64_t sum = 0;
     for (std::size_t i = 2; i < corners; ++i) {
         const auto& b = corner(i - 1);
         const auto& c = corner(i);
-        const std::int64_t product = std::int64_t{b.x - first.x} * (c.y - first.y) -
-                                     std::int64_t{b.y - first.y} * (c.x - first.x);
-        if (std::abs(product) > std::abs(most)) {
-            most = product;
-        }
+        sum += (std::int64_t{b.x} - first.x) * (std::int64_t{c.y} - first.y) -
+               (std::int64_t{b.y} - first.y) * (std::int64_t{c.x} - first.x);
     }
-    return most;
+    return sum;
 }
 
 /// The product of two edges, given in square subpixels, in pixels: negative for front faces.

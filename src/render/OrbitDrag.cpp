@@ -6,6 +6,10 @@
 namespace korvane {
 
 void OrbitDrag::begin(const DragInput& input, const CameraAngles& angles, float distance) {
+    if (!active()) {
+        idleAngles_ = angles;
+        idleDistance_ = distance;
+    }
     start_ = input;
     startAngles_ = angles;
     startDistance_ = distance;
@@ -39,8 +43,8 @@ bool OrbitDrag::cancel(CameraAngles& angles, float& distance) {
     if (!active()) {
         return false;
     }
-    angles = startAngles_;
-    distance = startDistance_;
+    angles = idleAngles_;
+    distance = idleDistance_;
     rotating_ = zooming_ = false;
     return true;
 }

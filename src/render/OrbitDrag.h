@@ -37,6 +37,8 @@ class OrbitDrag {
     DragInput start_;
     CameraAngles startAngles_;
     float startDistance_ = 0.0F;
+    CameraAngles idleAngles_; ///< before the first button of the drag went down
+    float idleDistance_ = 0.0F;
 };
 
 /// The camera distance after the wheel turned by so many notches, forward being positive: a

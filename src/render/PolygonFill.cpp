@@ -368,8 +368,8 @@ void fillFan(const RasterTarget& target, std::span<const RasterCorner> corners,
         const RasterCorner& a = *triangle.a;
         const RasterCorner& b = *triangle.b;
         const RasterCorner& c = *triangle.c;
-        triangle.area =
-            std::int64_t{b.x - a.x} * (c.y - a.y) - std::int64_t{b.y - a.y} * (c.x - a.x);
+        triangle.area = (std::int64_t{b.x} - a.x) * (std::int64_t{c.y} - a.y) -
+                        (std::int64_t{b.y} - a.y) * (std::int64_t{c.x} - a.x);
         if (triangle.area < 0) {
             std::swap(triangle.b, triangle.c);
             triangle.area = -triangle.area;

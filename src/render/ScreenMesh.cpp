@@ -28,7 +28,7 @@ Containment containment(const DrawContext& context, const DrawItem& item) {
         return Containment::Outside;
     }
     std::array<Vec3, 8> corners = boxCorners(cache.bounds());
-    float size = 0.0F;
+    float size = context.camera.magnitude();
     for (Vec3& corner : corners) {
         corner = VectorMatrix(corner, item.world);
         size = std::max({size, std::abs(corner.x), std::abs(corner.y), std::abs(corner.z)});

@@ -89,7 +89,7 @@ void TThreeDWinFrame::mouseReleaseEvent(QMouseEvent* event) {
 
 void TThreeDWinFrame::wheelEvent(QWheelEvent* event) {
     event->accept();
-    if (document_ == nullptr || drag_.active()) {
+    if (document_ == nullptr || drag_.active() || event->angleDelta().y() == 0) {
         return;
     }
     constexpr float notch = 120.0F; // eighths of a degree

@@ -120,7 +120,8 @@ class RenderOptions {
         if (const auto size = numbers("size", 2, u'x'); !size.isEmpty()) {
             constexpr float largest = 8192.0F;
             check(QStringLiteral("size"),
-                  size[0] >= 1 && size[1] >= 1 && size[0] <= largest && size[1] <= largest);
+                  size[0] >= 1 && size[1] >= 1 && size[0] <= largest && size[1] <= largest &&
+                      size[0] == std::floor(size[0]) && size[1] == std::floor(size[1]));
             if (wrong_.isEmpty()) {
                 request.width = static_cast<std::int32_t>(size[0]);
                 request.height = static_cast<std::int32_t>(size[1]);

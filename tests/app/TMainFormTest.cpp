@@ -1,64 +1,35 @@
 #include "app/TMainForm.h"
 
-#include "model/TMDIChild.h"
-#include "support/GuiTest.h"
+#include "support/MainFormTest.h"
 
-#include <QAction>
 #include <QCoreApplication>
 #include <QDir>
-#include <QEvent>
+#include <QDropEvent>
 #include <QFileDialog>
+#include <QLabel>
+#include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QStatusTipEvent>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace korvane::test {
 namespace {
 
 const QString title = QStringLiteral("Korvane II Model Editor");
 
-class TMainFormTest : public GuiTest {
+class TMainFormTest : public MainFormTest {
   protected:
-    TMainForm& start(const QStringList& paths = {}) {
-        form_ = std::make_unique<TMainForm>(paths);
-        form_->show();
-        settle();
-        return *form_;
-    }
-
-    /// Triggers the command as a user can: not while it is disabled.
-    void run(const char* action) {
-        settle();
-        auto& command = child<QAction>(*form_, action);
-        ASSERT_TRUE(command.isEnabled()) << action;
-        command.trigger();
-        settle();
-    }
-
     [[nodiscard]] std::string enabledCommands() const {
-        settle();
-        std::string enabled;
-        for (const char* name :
-             {"FileNew1", "FileOpen1", "FileSave", "FileSaveAs", "FileClose1", "FileExit1"}) {
-            if (child<QAction>(*form_, name).isEnabled()) {
-                enabled += std::string(name) + ' ';
-            }
-        }
-        return enabled;
+        return namesOf(
+            {"FileNew1", "FileOpen1", "FileSave", "FileSaveAs", "FileClose1", "FileExit1"},
+            &QAction::isEnabled);
     }
 
-    [[nodiscard]] QStringList captions() const {
-        QStringList captions;
-        for (const TMDIChild* document : form_->documents()) {
-            captions += document->windowTitle();
-        }
-        return captions;
-    }
-
-    [[nodiscard]] QString status() const { return child<QLabel>(*form_, "StatusPanel").text(); }
-
-    std::unique_ptr<TMainForm> form_;
+    [[nodiscard]] QString status() const { return child<QLabel>(form(), "StatusPanel").text(); }
 };
 
 QStringList itemTexts(const QWidget& bar) {
@@ -72,16 +43,98 @@ QStringList itemTexts(const QWidget& bar) {
     return texts;
 }
 
-TEST_F(TMainFormTest, StartsEmptyAndMaximisedWithItsCommands) {
-    const TMainForm& form = start();
-    EXPECT_EQ(form.windowTitle(), title);
+TEST_F(TMainFormTest, StartsEmptyAndMaximised) {
+    const TMainForm& frame = start();
+    EXPECT_EQ(frame.windowTitle(), title);
     EXPECT_EQ(QCoreApplication::applicationName(), title);
-    EXPECT_TRUE(form.isMaximized());
-    EXPECT_EQ(itemTexts(child<QMenu>(form, "File1")).join(u'|'),
-              QStringLiteral("&New Ctrl+N|&Open File Ctrl+O|Save|Save As|&Close|-|E&xit"));
-    EXPECT_EQ(itemTexts(child<QToolBar>(form, "ToolBar1")).join(u'|'),
-              QStringLiteral("&New Ctrl+N|&Open Ctrl+O|Save"));
-    EXPECT_EQ(enabledCommands(), "FileNew1 FileOpen1 FileExit1 ");
+    EXPECT_TRUE(frame.isMaximized());
+    EXPECT_EQ(status(), QString());
+    EXPECT_EQ(child<QMdiArea>(frame, "MDIArea").background(),
+              frame.palette().brush(QPalette::Dark));
+    const QWidget* const dialogs[] = {&forms_->material,     &forms_->aboutBox,
+                                      &forms_->loadTexture,  &forms_->renameFrame,
+                                      &forms_->frameOptions, &forms_->colorOptions};
+    for (const QWidget* dialog : dialogs) {
+        EXPECT_FALSE(dialog->isVisible()) << dialog->objectName().toStdString();
+    }
+}
+
+TEST_F(TMainFormTest, MenusAndToolBarHoldTheirCommandsInOrder) {
+    const TMainForm& frame = start();
+    const std::pair<const char*, const char*> menus[] = {
+        {"File1", "&New Ctrl+N|&Open File Ctrl+O|Save|Save As|&Close|-|E&xit"},
+        {"Edit1", "Cut Ctrl+X|Copy Ctrl+C|Paste Ctrl+V|Undo|Redo"},
+        {"Options1", "Colors..."},
+        {"Render1", "Wireframe|Flat Shading|Smooth Shading|-|Allow Transparent|"
+                    "Show Hidden Transparent"},
+        {"API1", "OpenGL|Software"},
+        {"Window1", "&Cascade|Tile &Horizontally|Tile &Vertically|&Minimize All|&Arrange All"},
+        {"Help1", "&About..."},
+        {"EditUndo1Menu", "Undo"},
+        {"EditRedo1Menu", "Redo"}};
+    for (const auto& [name, items] : menus) {
+        EXPECT_EQ(itemTexts(child<QMenu>(frame, name)).join(u'|'), QString::fromLatin1(items));
+    }
+    EXPECT_EQ(itemTexts(child<QMenuBar>(frame, "MainMenu1")).join(u'|'),
+              QStringLiteral("&File|&Edit|Options|Render|API|&Window|&Help"));
+    const auto& bar = child<QToolBar>(frame, "ToolBar1");
+    EXPECT_EQ(
+        itemTexts(bar).join(u'|'),
+        QStringLiteral("&New Ctrl+N|&Open Ctrl+O|Save|-|Cut Ctrl+X|Copy Ctrl+C|Paste Ctrl+V|-|"
+                       "Undo|Redo|-|&Cascade|Tile &Horizontally|Tile &Vertically"));
+    for (const auto* button : bar.findChildren<QToolButton*>()) {
+        if (button->defaultAction() != nullptr) {
+            EXPECT_FALSE(button->icon().isNull()) << button->accessibleName().toStdString();
+            EXPECT_FALSE(button->statusTip().isEmpty()) << button->accessibleName().toStdString();
+        }
+    }
+    const std::pair<const char*, const char*> hidden[] = {{"Rdots", "Rdots"},
+                                                          {"D3DAction", "Direct 3D"}};
+    for (const auto& [name, caption] : hidden) {
+        EXPECT_EQ(action(name).text(), QString::fromLatin1(caption));
+        EXPECT_TRUE(action(name).associatedObjects().isEmpty()) << "out of the user's reach";
+    }
+}
+
+TEST_F(TMainFormTest, CommandsAreEnabledByTheWindowsThereAre) {
+    start();
+    const std::initializer_list<const char*> all = {"FileNew1",
+                                                    "FileOpen1",
+                                                    "FileClose1",
+                                                    "FileSave",
+                                                    "FileSaveAs",
+                                                    "FileExit1",
+                                                    "EditUndo1",
+                                                    "EditRedo1",
+                                                    "EditCut",
+                                                    "EditCopy",
+                                                    "EditPaste",
+                                                    "Rwire",
+                                                    "ColorOptionsAction",
+                                                    "Rflat",
+                                                    "Rfull",
+                                                    "Rdots",
+                                                    "Rbackwards",
+                                                    "Rallowtrans",
+                                                    "D3DAction",
+                                                    "OpenGLAction",
+                                                    "SoftwareAction",
+                                                    "HelpAbout1",
+                                                    "WindowCascade1",
+                                                    "WindowArrangeAll1"};
+    const std::string always = "FileNew1 FileOpen1 FileExit1 ColorOptionsAction D3DAction "
+                               "OpenGLAction SoftwareAction HelpAbout1 ";
+    EXPECT_EQ(namesOf(all, &QAction::isEnabled), always);
+    run("FileNew1");
+    const std::string withWindow =
+        "FileNew1 FileOpen1 FileClose1 FileSave FileSaveAs FileExit1 Rwire ColorOptionsAction "
+        "Rflat "
+        "Rfull Rdots Rbackwards Rallowtrans D3DAction OpenGLAction SoftwareAction HelpAbout1 "
+        "WindowCascade1 WindowArrangeAll1 ";
+    EXPECT_EQ(namesOf(all, &QAction::isEnabled), withWindow);
+    answerCloseQuestion(QStringLiteral("Untitled 1"), QMessageBox::No);
+    run("FileClose1");
+    EXPECT_EQ(namesOf(all, &QAction::isEnabled), always);
 }
 
 TEST_F(TMainFormTest, NewWindowsAreNumberedByTheOpenOnes) {
@@ -99,12 +152,13 @@ TEST_F(TMainFormTest, NewWindowsAreNumberedByTheOpenOnes) {
 TEST_F(TMainFormTest, OpensTextModelsOfTheCommandLineOnceOnly) {
     const QString a = file("a.xsi", smallModel());
     const QString c = file("c.X", smallModel());
-    TMainForm& form = start({a, file("b.msh", smallModel()), c, path("-x"), path("gone.XSI")});
-    EXPECT_EQ(captions(), QStringList({a, c, path("gone.XSI")}));
+    TMainForm& frame = start({a, file("b.msh", smallModel()), c, QStringLiteral("-dashed.xsi"),
+                              QStringLiteral("--help"), path("gone.XSI")});
+    EXPECT_EQ(captions(), QStringList({a, c, QStringLiteral("-dashed.xsi"), path("gone.XSI")}));
     QEvent activation(QEvent::WindowActivate);
-    QCoreApplication::sendEvent(&form, &activation);
+    QCoreApplication::sendEvent(&frame, &activation);
     settle();
-    EXPECT_EQ(captions().size(), 3);
+    EXPECT_EQ(captions().size(), 4);
 }
 
 TEST_F(TMainFormTest, ClosingGoesBackToTheWindowUsedBefore) {
@@ -114,7 +168,7 @@ TEST_F(TMainFormTest, ClosingGoesBackToTheWindowUsedBefore) {
     run("FileNew1");
     answerCloseQuestion(QStringLiteral("Untitled 3"), QMessageBox::No);
     run("FileClose1");
-    EXPECT_EQ(form_->activeDocument()->windowTitle(), QStringLiteral("Untitled 2"));
+    EXPECT_EQ(form().activeDocument()->windowTitle(), QStringLiteral("Untitled 2"));
 }
 
 TEST_F(TMainFormTest, OpenDialogOpensTheChosenFile) {
@@ -133,45 +187,147 @@ TEST_F(TMainFormTest, OpenDialogOpensTheChosenFile) {
     run("FileOpen1");
     EXPECT_EQ(captions(), QStringList({name}));
     EXPECT_EQ(enabledCommands(), "FileNew1 FileOpen1 FileSaveAs FileClose1 FileExit1 ");
-    form_->activeDocument()->document()->Modified = true;
+    form().activeDocument()->document()->Modified = true;
     EXPECT_EQ(enabledCommands(), "FileNew1 FileOpen1 FileSave FileSaveAs FileClose1 FileExit1 ");
     run("FileSave");
-    EXPECT_FALSE(form_->activeDocument()->document()->Modified);
+    EXPECT_FALSE(form().activeDocument()->document()->Modified);
 }
 
 TEST_F(TMainFormTest, StatusAndTitleFollowTheActiveWindow) {
     const QString name = file("small.xsi", smallModel());
-    const TMainForm& form = start({name});
+    const TMainForm& frame = start({name});
     EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
-    EXPECT_EQ(form.windowTitle(), title + QStringLiteral(" - [%1]").arg(name));
+    EXPECT_EQ(frame.windowTitle(), title + QStringLiteral(" - [%1]").arg(name));
     run("FileNew1");
     EXPECT_EQ(status(), QString());
     answerCloseQuestion(QStringLiteral("Untitled 2"), QMessageBox::No);
     run("FileClose1");
     EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
-    form.activeDocument()->showNormal();
-    EXPECT_EQ(form.windowTitle(), title);
+    frame.activeDocument()->showNormal();
+    EXPECT_EQ(frame.windowTitle(), title);
     run("FileClose1");
-    EXPECT_EQ(form.windowTitle(), title);
+    EXPECT_EQ(frame.windowTitle(), title);
     EXPECT_EQ(status(), QString());
 }
 
 TEST_F(TMainFormTest, ExitAsksForEachUnsavedWindowAndCancelKeepsThemAll) {
-    const TMainForm& form = start({file("clean.xsi", smallModel())});
+    const TMainForm& frame = start({file("clean.xsi", smallModel())});
     run("FileNew1");
     run("FileNew1");
     answerCloseQuestion(QStringLiteral("Untitled 2"), QMessageBox::No);
     answerCloseQuestion(QStringLiteral("Untitled 3"), QMessageBox::Cancel);
     run("FileExit1");
     EXPECT_TRUE(allAnswered());
-    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(frame.isVisible());
     EXPECT_EQ(captions().size(), 3);
 
     answerCloseQuestion(QStringLiteral("Untitled 2"), QMessageBox::No);
     answerCloseQuestion(QStringLiteral("Untitled 3"), QMessageBox::No);
     run("FileExit1");
-    EXPECT_FALSE(form.isVisible());
+    EXPECT_FALSE(frame.isVisible());
     EXPECT_EQ(captions().size(), 0);
+}
+
+TEST_F(TMainFormTest, HintsCoverTheMessageWhileTheyShow) {
+    TMainForm& frame = start({file("small.xsi", smallModel())});
+    QStatusTipEvent shown(action("FileSaveAs").statusTip());
+    QCoreApplication::sendEvent(&frame, &shown);
+    EXPECT_EQ(status(), QStringLiteral("Save the model to another file"));
+    QStatusTipEvent gone{QString()};
+    QCoreApplication::sendEvent(&frame, &gone);
+    EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
+}
+
+TEST_F(TMainFormTest, WindowMenuListsTheOpenWindowsAndActivatesThem) {
+    const QString name = file("a&b.xsi", smallModel());
+    const TMainForm& frame = start({name});
+    auto& menu = child<QMenu>(frame, "Window1");
+    const auto listed = [&menu] {
+        Q_EMIT menu.aboutToShow();
+        return itemTexts(menu).mid(5).join(u'|');
+    };
+    run("FileNew1");
+    const QString shownName = QString(name).replace(u'&', QStringLiteral("&&"));
+    EXPECT_EQ(listed(), QStringLiteral("-|&1 %1|&2 Untitled 2").arg(shownName));
+    EXPECT_EQ(namesOf({"WindowItem1", "WindowItem2"}, &QAction::isChecked), "WindowItem2 ");
+    frame.documents().constFirst()->showMinimized();
+    run("WindowItem1");
+    EXPECT_EQ(frame.activeDocument()->windowTitle(), name);
+    EXPECT_FALSE(frame.activeDocument()->isMinimized());
+    listed();
+    EXPECT_EQ(namesOf({"WindowItem1", "WindowItem2"}, &QAction::isChecked), "WindowItem1 ");
+    run("FileClose1");
+    EXPECT_EQ(listed(), QStringLiteral("-|&1 Untitled 2"));
+}
+
+TEST_F(TMainFormTest, DroppedModelFilesAreOpened) {
+    TMainForm& frame = start();
+    const QString model = file("a.XSI", smallModel());
+    const auto drop = [&frame](const QStringList& files) {
+        QMimeData dragged;
+        QList<QUrl> urls;
+        for (const QString& file : files) {
+            urls += QUrl::fromLocalFile(file);
+        }
+        dragged.setUrls(urls);
+        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(&frame, &enter);
+        if (enter.isAccepted()) {
+            QDropEvent dropped({10, 10}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&frame, &dropped);
+            settle();
+        }
+        return enter.isAccepted();
+    };
+    EXPECT_FALSE(drop({file("a.txt", smallModel())}));
+    EXPECT_TRUE(drop({file("a.txt", smallModel()), model, path("b.msh")}));
+    EXPECT_EQ(captions(), QStringList({model, path("b.msh")}));
+}
+
+TEST_F(TMainFormTest, FiftyDocumentsComeAndGoWithoutALostQuestion) {
+    start();
+    const QString name = file("small.xsi", smallModel());
+    for (int i = 1; i <= 50; i += 2) {
+        action("FileNew1").trigger();
+        answerFileDialog(QStringLiteral("OpenDialog1"), name);
+        action("FileOpen1").trigger();
+    }
+    settle();
+    EXPECT_EQ(captions().size(), 50);
+    for (int i = 1; i <= 50; i += 2) {
+        answerCloseQuestion(QStringLiteral("Untitled %1").arg(i), QMessageBox::No);
+    }
+    run("FileExit1");
+    EXPECT_TRUE(allAnswered());
+    EXPECT_TRUE(form().findChildren<TMDIChild*>().isEmpty());
+    EXPECT_FALSE(form().isVisible());
+}
+
+TEST_F(TMainFormTest, ANarrowFrameScrollsItsToolBar) {
+    TMainForm& frame = start();
+    frame.showNormal();
+    auto& back = child<QToolButton>(frame, "ScrollBack");
+    auto& forth = child<QToolButton>(frame, "ScrollForth");
+    auto& bar = child<QToolBar>(frame, "ToolBar1");
+    frame.resize(1000, 500);
+    settle();
+    EXPECT_TRUE(back.isHidden());
+    frame.resize(220, 500);
+    settle();
+    ASSERT_LT(frame.width(), 300);
+    EXPECT_FALSE(back.isEnabled());
+    while (forth.isEnabled()) {
+        const int before = bar.x();
+        forth.click();
+        ASSERT_LT(bar.x(), before);
+    }
+    const auto& last = child<QToolButton>(bar, "WindowTileVertical1Button");
+    EXPECT_LE(last.mapTo(&frame, last.rect().bottomRight()).x(), forth.mapTo(&frame, QPoint()).x());
+    frame.resize(1000, 500);
+    settle();
+    EXPECT_TRUE(forth.isHidden());
+    EXPECT_EQ(bar.x(), 0);
 }
 
 TEST_F(TMainFormTest, FileDialogsLeaveNothingBehind) {

@@ -1,5 +1,7 @@
 #include "edit/EditHistory.h"
 
+#include "edit/PendingScalarEdit.h"
+
 #include <gtest/gtest.h>
 
 namespace korvane {
@@ -228,11 +230,79 @@ TEST_F(History, ExceptionFreshDefaultOnRedo) {
 }
 
 TEST_F(History, ExceptionFrameDialogCancelled) {
-    history.renameFrame(document, path({1}), "n");
-    document.Root.Children[0].GFlag = true; // the dialog writes at once, and Cancel keeps it
+    // the dialog writes at once, and Cancel keeps what it wrote without an entry: the undo of a
+    // step before it brings all flags back to what they were before that step
+    FrameRecord& frame = document.Root.Children[0];
+    const FrameFlags before = frameFlags(frame);
+    frame.GFlag = true;
+    history.frameOptions(document, path({1}), before);
+    frame.Emissive = true; // cancelled
     history.undo(document);
-    EXPECT_TRUE(document.Root.Children[0].GFlag);
-    EXPECT_EQ(document.Root.Children[0].Name, "a");
+    EXPECT_EQ(frameFlags(frame), before);
+    history.redo(document);
+    EXPECT_TRUE(frame.GFlag);
+    EXPECT_FALSE(frame.Emissive); // lost on the way
+}
+
+TEST_F(History, PendingOpacityIsOneStep) {
+    float& opacity = document.Materials[1].FaceColor.alpha;
+    PendingOpacity pending;
+    pending.start(opacity);
+    pending.commit(history, document, 1);
+    EXPECT_FALSE(history.canUndo()); // nothing was changed
+    for (const float step : {0.9F, 0.5F, 0.25F}) {
+        opacity = step;
+        pending.change();
+    }
+    pending.commit(history, document, 1);
+    pending.commit(history, document, 1);
+    EXPECT_EQ(history.position(), 0);
+    opacity = 0.5F;
+    pending.change();
+    opacity = 0.25F; // and back again
+    pending.change();
+    pending.commit(history, document, 1);
+    EXPECT_EQ(history.position(), 0);
+    history.undo(document);
+    EXPECT_EQ(opacity, 1.0F);
+    history.redo(document);
+    EXPECT_EQ(opacity, 0.25F);
+}
+
+TEST_F(History, PendingShininessGoesByTheTextOfItsField) {
+    float& power = document.Materials[0].Power;
+    PendingShininess pending;
+    pending.start("200", power);
+    for (const float step : {1.0F, 15.0F}) {
+        power = step;
+        pending.change();
+    }
+    pending.commit(history, document, 0, "15");
+    EXPECT_EQ(history.position(), 0);
+    pending.change();
+    pending.commit(history, document, 0, "15"); // the text is what it was
+    pending.change();
+    pending.commit(history, document, 0, "15.0"); // another text, the same number
+    EXPECT_EQ(history.position(), 0);
+    history.undo(document);
+    EXPECT_EQ(power, 200.0F);
+    pending.change();
+    pending.commit(history, document, 9, "3"); // no such material
+    EXPECT_EQ(history.position(), -1);
+
+    // texts that are no power leave the material, and stand for what it had
+    for (const char* text : {"", "-3", "x", "5 "}) {
+        pending.start("200", power);
+        pending.change();
+        pending.commit(history, document, 0, text);
+        EXPECT_FALSE(history.canUndo()) << text;
+        power = 7;
+        pending.change();
+        pending.commit(history, document, 0, "7");
+        ASSERT_TRUE(history.canUndo()) << text;
+        history.undo(document);
+        EXPECT_EQ(power, 200.0F) << text;
+    }
 }
 
 TEST_F(History, TexturesAreLoadedAnew) {

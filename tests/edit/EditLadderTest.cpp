@@ -35,8 +35,13 @@ class Ladder {
 
     template <class... Kind>
     void edit(Kind... kind) {
+        const std::int32_t position = history_.position();
         edits_.make(kind...);
         const auto rung = static_cast<std::size_t>(history_.position() + 1);
+        if (rung + 1 == rungs_.size() && position == history_.position()) {
+            EXPECT_EQ(EditSnapshot(document_), rungs_.back()) << "changed without an entry";
+            return;
+        }
         rungs_.erase(rungs_.begin() + static_cast<std::ptrdiff_t>(rung), rungs_.end());
         rungs_.emplace_back(document_);
     }

@@ -3,9 +3,11 @@
 #include "support/ModelText.h"
 #include "support/TestFiles.h"
 
+#include <algorithm>
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -52,6 +54,34 @@ TEST_F(Files, OpeningSetsTheFlagsAndNames) {
         EXPECT_EQ(document.Root.SelectState, SelectState::Selected);
         EXPECT_EQ(document.Root.Children.size(), row.neverSaved ? 0U : 1U);
     }
+}
+
+TEST_F(Files, ReadingTellsItsProgressAndCanBeCancelled) {
+    std::string text = "xof 0302txt 0064\nframe frm-a {\n";
+    text.append(std::size_t{1} << 20U, '\n'); // several windows full
+    const QString name = write("long.x", text + "frame b {\n}\n}\n");
+    const auto size = static_cast<std::size_t>(QFileInfo(name).size());
+    std::vector<std::size_t> told;
+    const auto readUntil = [&](std::size_t stop, ModelDocument& document) {
+        told.clear();
+        return FileOpenXSI(name, document, [&](std::size_t done, std::size_t whole) {
+            EXPECT_EQ(whole, size);
+            told.push_back(done);
+            return told.size() < stop;
+        });
+    };
+    ModelDocument whole;
+    EXPECT_EQ(readUntil(1000, whole), ReadStatus::Done);
+    EXPECT_EQ(whole.Root.Children.size(), 1U);
+    EXPECT_GT(told.size(), 3U);
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    EXPECT_EQ(told.back(), size);
+
+    ModelDocument part;
+    EXPECT_EQ(readUntil(3, part), ReadStatus::Cancelled);
+    EXPECT_EQ(told.size(), 3U);
+    EXPECT_EQ(part.Root.Name, "") << "no half a model";
+    EXPECT_EQ(failureCaption(ReadStatus::Cancelled, name), QString()) << "no failure";
 }
 
 TEST_F(Files, ExtensionsDecideInAnyCase) {

@@ -2,6 +2,7 @@
 
 #include "support/GuiTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
@@ -9,6 +10,7 @@
 #include <QMdiArea>
 #include <QMessageBox>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeView>
@@ -26,7 +28,7 @@ class TMDIChildTest : public GuiTest {
     }
 
     TMDIChild& open(const QString& name) {
-        auto* window = new TMDIChild;
+        auto* window = new TMDIChild(ViewColors());
         area_.addSubWindow(window);
         window->showMaximized();
         window->create(name);
@@ -180,6 +182,31 @@ TEST_F(TMDIChildTest, FailedReadsTellWhyAndLeaveAnEmptyModel) {
         EXPECT_TRUE(window.document()->NeverSaved);
         EXPECT_EQ(window.readSummary(), QString());
         EXPECT_EQ(enabledButtons(window), "[Edit][Rename Frame][Add Frame]");
+    }
+}
+
+TEST_F(TMDIChildTest, ACancelledReadingClosesItsWindowWithoutAQuestion) {
+    leaveModalWindows();
+    const QString name = file("small.xsi", smallModel());
+    for (const bool cancelled : {true, false}) {
+        auto* window = new TMDIChild(ViewColors());
+        area_.addSubWindow(window);
+        const QPointer<TMDIChild> alive(window);
+        window->showMaximized();
+        window->setProgressDelay(std::chrono::milliseconds(0));
+        // the timer fires when the dialog lets events through
+        QTimer::singleShot(0, window, [cancelled] {
+            auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            EXPECT_EQ(dialog->windowModality(), Qt::ApplicationModal);
+            EXPECT_TRUE(dialog->isVisible());
+            if (cancelled) {
+                dialog->findChild<QPushButton*>()->click();
+            }
+        });
+        window->create(name);
+        settle();
+        EXPECT_EQ(alive.isNull(), cancelled);
     }
 }
 

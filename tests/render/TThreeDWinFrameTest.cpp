@@ -19,7 +19,7 @@ class TThreeDWinFrameTest : public GuiTest {
     TThreeDWinFrameTest() {
         area_.resize(900, 600);
         area_.show();
-        window_ = new TMDIChild;
+        window_ = new TMDIChild(ViewColors());
         area_.addSubWindow(window_);
         window_->showMaximized();
         window_->create(file("small.xsi", smallModel()));

@@ -11,13 +11,18 @@ thread_local std::size_t largestRequest = 0;
 
 } // namespace
 
-// All other forms of new and delete lead to these by default.
+// Every form whose memory these deletes may get is replaced with them: the address sanitizer brings
+// forms of its own and takes a mixed pair for a fault.
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     if (watching) {
         largestRequest = std::max(largestRequest, size);
     }
-    if (void* memory = std::malloc(std::max<std::size_t>(size, 1))) {
+    return std::malloc(std::max<std::size_t>(size, 1));
+}
+
+void* operator new(std::size_t size) {
+    if (void* memory = operator new(size, std::nothrow)) {
         return memory;
     }
     throw std::bad_alloc();
@@ -28,6 +33,10 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
     std::free(memory);
 }
 

@@ -25,20 +25,23 @@ GuiTest::~GuiTest() {
 }
 
 void GuiTest::handleModalWindow() {
+    handled_.removeIf(
+        [](const QPointer<QWidget>& window) { return !window || !window->isVisible(); });
     QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr || modal == handled_ || !modal->isVisible()) {
+    if (modal == nullptr || !modal->isVisible() || handled_.contains(modal)) {
         return;
     }
-    handled_ = modal;
-    QObject::connect(modal, &QObject::destroyed, &poll_, [this] { handled_ = nullptr; });
+    handled_.push_back(modal);
     if (answers_.empty()) {
         ADD_FAILURE() << "unexpected window " << modal->windowTitle().toStdString();
         modal->close();
         return;
     }
-    const auto handler = std::move(answers_.front());
+    // queued: what it does may bring up another window, for which the timer has to go on
+    QMetaObject::invokeMethod(
+        modal, [modal, handler = std::move(answers_.front())] { handler(*modal); },
+        Qt::QueuedConnection);
     answers_.pop_front();
-    handler(*modal);
 }
 
 void GuiTest::answer(std::function<void(QWidget&)> handler) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QList>
+#include <QPointer>
 #include <QString>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -50,6 +52,8 @@ class GuiTest : public ::testing::Test {
     void answerCloseQuestion(const QString& fileName, int answer);
     /// Answers the next file dialog with the path, or cancels it if that is empty.
     void answerFileDialog(const QString& name, const QString& path);
+    /// From here on the test looks after modal windows itself.
+    void leaveModalWindows() { poll_.stop(); }
     /// Whether every answer has been asked for.
     [[nodiscard]] bool allAnswered() const { return answers_.empty(); }
 
@@ -64,7 +68,7 @@ class GuiTest : public ::testing::Test {
     QTemporaryDir folder_;
     std::deque<std::function<void(QWidget&)>> answers_;
     QTimer poll_;
-    QWidget* handled_ = nullptr;
+    QList<QPointer<QWidget>> handled_; ///< those that are open
 };
 
 /// A model of three frames: "body" with a mesh of two triangles, two material slots and normals,

@@ -1,0 +1,47 @@
+#include "app/ColorSwatch.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+
+namespace korvane {
+
+ColorSwatch::ColorSwatch(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+}
+
+void ColorSwatch::setColor(const QColor& color) {
+    color_ = color;
+    setAccessibleDescription(color.name());
+    update();
+}
+
+QSize ColorSwatch::sizeHint() const {
+    const int height = fontMetrics().height();
+    return {4 * height, height + 8};
+}
+
+void ColorSwatch::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const QRect frame = rect().adjusted(2, 2, -3, -3);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.setBrush(color_);
+    painter.drawRect(frame);
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+}
+
+void ColorSwatch::keyPressEvent(QKeyEvent* event) {
+    // Enter would otherwise be taken by the dialog's OK
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+} // namespace korvane

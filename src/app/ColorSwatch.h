@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QColor>
+
+namespace korvane {
+
+/// A panel that shows a colour and can be clicked: with the mouse, Space or Enter.
+class ColorSwatch : public QAbstractButton {
+  public:
+    explicit ColorSwatch(QWidget* parent);
+
+    [[nodiscard]] QColor color() const { return color_; }
+    void setColor(const QColor& color);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    QColor color_ = Qt::black;
+};
+
+} // namespace korvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/TAboutBox.h"
+#include "app/TColorOptions.h"
+#include "app/TMainForm.h"
+#include "edit/TMaterial.h"
+#include "edit/TOKBottomDlg.h"
+#include "model/TOKBottomDlg1.h"
+#include "model/TframeF.h"
+
+#include <QStringList>
+
+namespace korvane {
+
+/// The main frame and the dialogs that live for the whole run, made in this order. The dialogs show
+/// over the frame and are gone before it.
+struct EditorForms {
+    /// `paths` are the models to open at the frame's first activation.
+    explicit EditorForms(const QStringList& paths) : mainForm(*this, paths) {}
+
+    TMainForm mainForm;
+    TMaterial material{&mainForm};
+    TAboutBox aboutBox{&mainForm};
+    TOKBottomDlg loadTexture{&mainForm};
+    TOKBottomDlg1 renameFrame{&mainForm};
+    TframeF frameOptions{&mainForm};
+    TColorOptions colorOptions{&mainForm};
+};
+
+} // namespace korvane

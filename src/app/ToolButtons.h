@@ -1,0 +1,14 @@
+#pragma once
+
+class QAction;
+class QToolBar;
+
+namespace korvane {
+
+/// Names the buttons of a tool bar after their actions.
+void nameToolButtons(QToolBar& bar);
+
+/// Gives the action's button a drop-down menu that holds just the action.
+void addDropDown(QToolBar& bar, QAction& action);
+
+} // namespace korvane

@@ -1,0 +1,50 @@
+#include "app/WindowList.h"
+
+#include "app/TMainForm.h"
+#include "model/TMDIChild.h"
+
+#include <QMdiArea>
+#include <QMenu>
+
+namespace korvane {
+
+namespace {
+
+QAction* addItem(QMenu& menu, int number, TMDIChild& document) {
+    constexpr int widest = 480;
+    constexpr int lastDigit = 9; // the first nine can be chosen by their digit
+    QString text =
+        menu.fontMetrics().elidedText(document.document()->FileName, Qt::ElideMiddle, widest);
+    text.replace(u'&', QStringLiteral("&&"));
+    const QString mnemonic = number <= lastDigit ? QStringLiteral("&") : QString();
+    QAction* item = menu.addAction(mnemonic + QString::number(number) + u' ' + text);
+    item->setObjectName(QStringLiteral("WindowItem%1").arg(number));
+    item->setStatusTip(QStringLiteral("Go to this window"));
+    item->setCheckable(true);
+    QObject::connect(item, &QAction::triggered, &document, [&document] {
+        if (document.isMinimized()) {
+            document.showNormal();
+        }
+        document.mdiArea()->setActiveSubWindow(&document);
+    });
+    return item;
+}
+
+} // namespace
+
+void WindowList::refresh(const TMainForm& frame, QMenu& menu) {
+    qDeleteAll(items_);
+    items_.clear();
+    const QList<TMDIChild*> open = frame.documents();
+    if (!open.isEmpty()) {
+        items_.push_back(menu.addSeparator());
+    }
+    int number = 0;
+    for (TMDIChild* document : open) {
+        QAction* item = addItem(menu, ++number, *document);
+        item->setChecked(document == frame.activeDocument());
+        items_.push_back(item);
+    }
+}
+
+} // namespace korvane

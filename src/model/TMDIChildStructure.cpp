@@ -1,0 +1,207 @@
+// The "Structure" page of the document window.
+
+#include "formats/TextureLoader.h"
+#include "model/FrameFlags.h"
+#include "model/ModelText.h"
+#include "model/TMDIChild.h"
+#include "model/TOKBottomDlg1.h"
+#include "model/TStructureView.h"
+#include "model/TframeF.h"
+#include "ui_TMDIChild.h"
+
+#include <QFileInfo>
+#include <QItemSelection>
+
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace korvane {
+
+void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
+    if (!model_ || filling_) {
+        return;
+    }
+    const std::optional<FramePath> oldFrame = model_->Selected.Frame;
+    const QModelIndexList indexes = selected.indexes();
+    model_->Selected = structure_->nodeData(indexes.value(0));
+    model_->SelectionCopy = model_->Selected;
+    showSelectedButtons();
+    if (model_->Selected.Frame && model_->Selected.Frame != oldFrame) {
+        model_->markSelection(*model_->Selected.Frame);
+        render3d();
+    }
+}
+
+void TMDIChild::showSelectedButtons() {
+    const NodeData& node = model_->Selected;
+    ui_->EditButton->setEnabled(node.CanEdit);
+    ui_->AddButton->setEnabled(node.CanAdd);
+    ui_->DeleteButton->setEnabled(node.CanDelete);
+    ui_->RenameButton->setEnabled(node.Frame.has_value());
+    if (!node.AddByKind) {
+        ui_->AddButton->setText(QStringLiteral("Add"));
+        return;
+    }
+    switch (node.NodeKind) {
+    case NodeKind::Frame:
+        ui_->AddButton->setText(QStringLiteral("Add Frame"));
+        break;
+    case NodeKind::MeshMaterialList:
+    case NodeKind::MaterialSlot:
+    case NodeKind::MaterialTable:
+    case NodeKind::TableMaterial:
+        ui_->AddButton->setText(QStringLiteral("Add Material"));
+        break;
+    case NodeKind::None:
+    case NodeKind::Mesh:
+    case NodeKind::MeshNormals:
+        break; // keeps the caption it had
+    }
+}
+
+void TMDIChild::rebuildTree() {
+    const NodeData selected = model_->Selected;
+    filling_ = true;
+    structure_->rebuild(*model_);
+    filling_ = false;
+    model_->Selected = selected;
+    followSelection();
+}
+
+void TMDIChild::followSelection() {
+    if (model_->Selected.NodeKind != NodeKind::None) {
+        filling_ = true;
+        structure_->select(model_->Selected);
+        filling_ = false;
+        model_->Selected = structure_->nodeData(ui_->TreeView1->currentIndex());
+    }
+    model_->SelectionCopy = model_->Selected;
+    showSelectedButtons();
+}
+
+void TMDIChild::selectRoot() {
+    model_->selectFrame(FramePath());
+    followSelection();
+    ui_->TreeView1->expand(ui_->TreeView1->currentIndex());
+}
+
+void TMDIChild::loadTexturesOfDocument() {
+    // a loader for each texture: the files may have changed since the last one
+    history_ = EditHistory([this](const std::string& name) {
+        return TextureLoader(QFileInfo(model_->FileName).path()).load(name);
+    });
+}
+
+void TMDIChild::undo() {
+    if (canUndo()) {
+        refresh(history_.undo(*model_));
+    }
+}
+
+void TMDIChild::redo() {
+    if (canRedo()) {
+        refresh(history_.redo(*model_));
+    }
+}
+
+void TMDIChild::refresh(const RefreshFlags& flags) {
+    if (flags.rebuildTree) {
+        rebuildTree();
+    } else {
+        followSelection();
+    }
+    // also where only the selection moved, which the views mark
+    render3d();
+}
+
+void TMDIChild::EditButtonClick() {
+    if (model_ && model_->Selected.NodeKind == NodeKind::Frame &&
+        dialogs_.frameOptions != nullptr) {
+        editFrameOptions();
+    }
+}
+
+void TMDIChild::editFrameOptions() {
+    const FramePath path = *model_->Selected.Frame;
+    FrameRecord* frame = frameAt(model_->Root, path.childNumbers());
+    if (frame == nullptr) {
+        return;
+    }
+    const FrameFlags before = frameFlags(*frame);
+    const bool confirmed = dialogs_.frameOptions->edit(*frame);
+    if (frameFlags(*frame) == before) {
+        return;
+    }
+    if (confirmed) {
+        history_.frameOptions(*model_, path, before);
+    }
+    // what was clicked before Cancel stays in the frame, without an entry; it has to show as well
+    rebuildTree();
+    render3d();
+}
+
+void TMDIChild::RenameButtonClick() {
+    if (!model_ || !model_->Selected.Frame || dialogs_.renameFrame == nullptr) {
+        return;
+    }
+    const FramePath path = *model_->Selected.Frame;
+    const FrameRecord* frame = frameAt(model_->Root, path.childNumbers());
+    if (frame == nullptr) {
+        return;
+    }
+    const QString shown = shownText(frame->Name);
+    if (const std::optional<QString> name = dialogs_.renameFrame->rename(shown)) {
+        // a name that was left alone keeps its bytes, whatever they show as
+        history_.renameFrame(*model_, path, *name == shown ? frame->Name : modelText(*name));
+    }
+    rebuildTree();
+}
+
+void TMDIChild::Deletebuttonclick() {
+    if (!model_) {
+        return;
+    }
+    const NodeData node = model_->Selected;
+    switch (node.NodeKind) {
+    case NodeKind::Frame:
+        history_.deleteFrame(*model_, *node.Frame);
+        break;
+    case NodeKind::MaterialSlot:
+        history_.removeSlot(*model_, *node.Frame, node.ItemIndex);
+        break;
+    case NodeKind::TableMaterial:
+        history_.deleteMaterial(*model_, static_cast<std::size_t>(node.ItemIndex));
+        break;
+    default:
+        return;
+    }
+    rebuildTree();
+    render3d();
+}
+
+void TMDIChild::Addbuttonclick() {
+    if (!model_) {
+        return;
+    }
+    const NodeData node = model_->Selected;
+    switch (node.NodeKind) {
+    case NodeKind::Frame:
+        history_.addFrame(*model_, *node.Frame, "");
+        break;
+    case NodeKind::MeshMaterialList:
+    case NodeKind::MaterialSlot:
+        history_.addMeshMaterial(*model_, *node.Frame);
+        break;
+    case NodeKind::MaterialTable:
+    case NodeKind::TableMaterial:
+        history_.addMaterial(*model_);
+        break;
+    default:
+        return;
+    }
+    rebuildTree();
+    render3d();
+}
+
+} // namespace korvane

@@ -1,0 +1,176 @@
+#include "formats/XsiWriter.h"
+#include "support/MainFormTest.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTreeView>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace korvane::test {
+namespace {
+
+class StructureEditing : public MainFormTest {
+  protected:
+    StructureEditing() { start({file("m.xsi", smallModel())}); }
+
+    [[nodiscard]] TMDIChild& window() const { return *form().activeDocument(); }
+    [[nodiscard]] QTreeView& tree() const { return child<QTreeView>(window(), "TreeView1"); }
+
+    /// The node that texts lead to from the top level.
+    [[nodiscard]] QModelIndex node(const QStringList& texts) const {
+        QModelIndex at;
+        for (const QString& text : texts) {
+            const QModelIndexList found = tree().model()->match(
+                tree().model()->index(0, 0, at), Qt::DisplayRole, text, 1, Qt::MatchExactly);
+            if (found.isEmpty()) {
+                throw std::runtime_error("no node " + text.toStdString());
+            }
+            at = found.front();
+        }
+        return at;
+    }
+    void select(const QStringList& texts) const { tree().setCurrentIndex(node(texts)); }
+    [[nodiscard]] QString selected() const { return tree().currentIndex().data().toString(); }
+
+    void press(const char* button) const {
+        auto& found = child<QPushButton>(window(), button);
+        ASSERT_TRUE(found.isEnabled()) << button;
+        found.click();
+        settle();
+    }
+    void answerRename(const QString& typed, const QString& hint, bool accept = true) {
+        answer([=](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Rename Frame"));
+            child<QLineEdit>(dialog, "NameEdit").setText(typed);
+            EXPECT_EQ(child<QLabel>(dialog, "HintLabel").text().contains(hint),
+                      !hint.isEmpty() || child<QLabel>(dialog, "HintLabel").text().isEmpty());
+            static_cast<QDialog&>(dialog).done(accept ? QDialog::Accepted : QDialog::Rejected);
+        });
+    }
+    /// Clicks boxes of the frame options, and looks at which are enabled before it closes them.
+    void answerFrameOptions(const std::vector<const char*>& boxes, const std::string& disabled,
+                            bool accept) {
+        answer([=](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Frame Options"));
+            for (const char* box : boxes) {
+                child<QCheckBox>(dialog, box).click();
+            }
+            std::string found;
+            for (const QCheckBox* box : dialog.findChildren<QCheckBox*>()) {
+                found += box->isEnabled() ? "" : box->objectName().toStdString() + " ";
+            }
+            EXPECT_EQ(found, disabled);
+            static_cast<QDialog&>(dialog).done(accept ? QDialog::Accepted : QDialog::Rejected);
+        });
+    }
+    [[nodiscard]] std::string bytes() const {
+        std::string text;
+        writeXsi(*window().document(), [&text](std::string_view piece) {
+            text += piece;
+            return true;
+        });
+        return text;
+    }
+};
+
+TEST_F(StructureEditing, FramesAreAddedRenamedAndDeletedAndAllOfItTakenBack) {
+    const QStringList top = {tree().model()->index(0, 0).data().toString()};
+    std::vector<std::string> rungs = {bytes()};
+    const auto rung = [&] { rungs.push_back(bytes()); };
+    EXPECT_FALSE(action("EditUndo1").isEnabled());
+    select(top);
+    press("AddButton");
+    rung();
+    const QStringList added = top + QStringList(QStringLiteral("Frame frm-"));
+    select(added);
+    answerRename(QStringLiteral("Fin 2"), QStringLiteral("a blank"));
+    press("RenameButton");
+    rung();
+    EXPECT_EQ(selected(), QStringLiteral("Frame frm-fin 2"));
+    answerRename(QStringLiteral("other"), {}, false);
+    press("RenameButton");
+    EXPECT_EQ(selected(), QStringLiteral("Frame frm-fin 2"));
+    answerFrameOptions({"MeshBox", "GFlagBox"}, "BasePoseBox TexCoordsBox ", true);
+    press("EditButton");
+    rung();
+    press("DeleteButton");
+    rung();
+    EXPECT_EQ(selected(), top[0]); // the parent
+    EXPECT_TRUE(window().document()->Modified);
+    for (int time = 0; time < 2; ++time) {
+        for (std::size_t i = rungs.size() - 1; i > 0; --i) {
+            run("EditUndo1");
+            EXPECT_EQ(bytes(), rungs[i - 1]) << i;
+        }
+        EXPECT_FALSE(action("EditUndo1").isEnabled());
+        for (std::size_t i = 1; i < rungs.size(); ++i) {
+            run("EditRedo1");
+            EXPECT_EQ(bytes(), rungs[i]) << i;
+        }
+        settle();
+        EXPECT_FALSE(action("EditRedo1").isEnabled());
+    }
+    EXPECT_TRUE(allAnswered());
+}
+
+TEST_F(StructureEditing, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
+    const QStringList body = {QStringLiteral("Frame frm-body")};
+    select(body);
+    const FrameRecord& frame = window().document()->Root;
+    const std::string meshBoxes = "BackwardsBox EmissiveBox MaterialBox NormalsBox TexCoordsBox "
+                                  "VertexColorsBox FlameBox GFlagBox AnimationBox ";
+    answerFrameOptions({"MeshBox"}, "BasePoseBox " + meshBoxes, false);
+    press("EditButton");
+    EXPECT_FALSE(frame.HasMesh);
+    EXPECT_FALSE(window().canUndo());
+    EXPECT_EQ(tree().model()->rowCount(node(body)), 1); // the tree tells of it all the same
+    answerFrameOptions({"MeshBox", "MaterialBox", "VertexColorsBox"}, "BasePoseBox TexCoordsBox ",
+                       true);
+    press("EditButton");
+    EXPECT_TRUE(frame.HasMesh);
+    EXPECT_FALSE(frame.Mesh.HasMaterials);
+    EXPECT_FALSE(frame.Mesh.HasVertexColors); // its box changes nothing
+    run("EditUndo1");
+    EXPECT_FALSE(frame.HasMesh);
+    EXPECT_TRUE(frame.Mesh.HasMaterials);
+}
+
+TEST_F(StructureEditing, MaterialsComeAndGoAndTheTreeStaysOpen) {
+    const QString root = QStringLiteral("Frame frm-body");
+    const QStringList list = {root, QStringLiteral("Mesh body"),
+                              QStringLiteral("MeshMaterialList")};
+    tree().expandAll();
+    const std::size_t materials = window().document()->Materials.size();
+    select(list);
+    press("AddButton");
+    EXPECT_EQ(selected(), list.back());
+    EXPECT_TRUE(tree().isExpanded(node(list)));
+    EXPECT_EQ(tree().model()->rowCount(node(list)), 3);
+    tree().setCurrentIndex(tree().model()->index(2, 0, node(list)));
+    press("DeleteButton");
+    EXPECT_EQ(tree().currentIndex().row(), 1); // the last slot there is
+    select({QStringLiteral("Materials")});
+    press("AddButton");
+    EXPECT_EQ(window().document()->Materials.size(), materials + 2);
+    tree().setCurrentIndex(tree().model()->index(static_cast<int>(materials) + 1, 0,
+                                                 node({QStringLiteral("Materials")})));
+    press("DeleteButton");
+    EXPECT_EQ(window().document()->Materials.size(), materials + 1);
+    EXPECT_EQ(selected(), QStringLiteral("Material %1").arg(materials + 1));
+    // the frame moves up when the one before it goes; what is open stays open
+    select({root});
+    press("AddButton");
+    select({root, QStringLiteral("Frame frm-")});
+    run("EditUndo1");
+    EXPECT_TRUE(tree().isExpanded(node(list)));
+    EXPECT_EQ(selected(), root);
+}
+
+} // namespace
+} // namespace korvane::test
