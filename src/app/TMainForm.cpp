@@ -7,6 +7,7 @@
 #include "formats/FileNames.h"
 #include "model/ModelDocument.h"
 #include "model/TMDIChild.h"
+#include "render/GlContext.h"
 #include "ui_TMainForm.h"
 
 #include <QAbstractEventDispatcher>
@@ -16,6 +17,7 @@
 #include <QFileDialog>
 #include <QMdiSubWindow>
 #include <QMimeData>
+#include <QOpenGLWidget>
 #include <QStatusTipEvent>
 
 #include <utility>
@@ -51,6 +53,13 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     ui_->StatusBar1->addWidget(statusPanel_, 1);
     ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
 
+    if (probeContext() == GlProbe::Works) {
+        // the first OpenGL widget in a window that shows would make it anew, which flickers
+        auto* panel = new QOpenGLWidget(this);
+        panel->setObjectName(QStringLiteral("HiddenGlPanel"));
+        panel->setAccessibleName(QStringLiteral("Hidden OpenGL panel"));
+        panel->hide();
+    }
     setIcons();
     setUpToolBar();
     connectActions();
@@ -419,8 +428,7 @@ void TMainForm::backwardsupdate() {
 void TMainForm::setDrawingInterface(DrawApi api) {
     TMDIChild* const document = activeDocument();
     if (document != nullptr && document->view().api != api) {
-        document->view().api = api;
-        document->render3d();
+        document->setDrawingInterface(api);
     }
 }
 

@@ -15,6 +15,9 @@ QSurfaceFormat glFormat();
 /// How far making an OpenGL context got on this machine.
 enum class GlProbe { Works, NoContext, NotCurrent };
 
+/// Finds out; what once worked is not tried again. Needs a QGuiApplication.
+GlProbe probeContext();
+
 /// Makes a context current for as long as it lives; then the one that was current before is again.
 class GlCurrent {
   public:

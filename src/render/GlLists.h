@@ -20,7 +20,7 @@ class GlLists {
     /// Draws the shape of a frame's mesh, see emitMesh. Gives whether it was recorded by the way.
     bool draw(const FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
               std::vector<GlMaterial> materials, bool mirrored);
-    /// Keeps what is recorded of a mesh that is out of view.
+    /// Keeps what is recorded of a frame's mesh although it was not drawn.
     void keep(const FrameRecord& frame);
     /// Frees what was recorded of meshes neither drawn nor kept since the last sweep.
     void sweep();

@@ -1,6 +1,9 @@
 #include "render/GlView.h"
 
+#include "model/FrameWalk.h"
 #include "render/WirePainter.h"
+
+#include <QtGlobal>
 
 #include <GL/gl.h>
 #include <GL/glext.h>
@@ -46,6 +49,8 @@ void applyMode(ViewState& state) {
         glShadeModel(GL_SMOOTH);
         if (state.mode == RenderMode::FlatShading) {
             glDisable(GL_BLEND);
+            glEnable(GL_LIGHTING);
+            glEnable(GL_COLOR_MATERIAL);
             glShadeModel(GL_FLAT);
         }
     }
@@ -130,9 +135,9 @@ void GlView::setUp(const ModelDocument& document, ViewState& state, std::int32_t
     glLightfv(GL_LIGHT0, GL_SPECULAR, white);
     glEnable(GL_LIGHTING);
     glEnable(GL_LIGHT0);
+    glEnable(GL_COLOR_MATERIAL);
     // deliberately: the current colour is that of the highlight
     glColorMaterial(GL_FRONT_AND_BACK, GL_SPECULAR);
-    glEnable(GL_COLOR_MATERIAL);
     glEnable(GL_NORMALIZE); // frames may scale
     glEnable(GL_TEXTURE_2D);
     glTexEnvf(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
@@ -163,9 +168,8 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
         setEnabled(GL_BLEND, state.allowTransparent); // else textures with alpha would mix, too
     }
     counts_.uploads += textures_.update(document.Materials);
-    setLight(state);
-    glDepthMask(GL_TRUE); // or the depths would not be cleared
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    setLight(state);
     const Camera camera(state.angles, document.CameraDistance, document.CameraCenter);
     const DrawContext context = {{}, geometry_, state, camera};
     list_.rebuild(document.Root);
@@ -179,7 +183,6 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
             }
             frame.Cache.refresh(frame.Mesh, item.world);
             if (containment(context, item) == Containment::Outside) {
-                lists_.keep(frame);
                 ++counts_.skipped;
                 continue;
             }
@@ -188,34 +191,41 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
             drawFrame(context, item, translucentPass);
         }
     }
+    for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+        lists_.keep(walk.frame()); // hidden or out of view, a frame may come back as it was
+    }
     lists_.sweep();
+    checkErrors();
+}
+
+/// In debug builds every redraw has to leave no error.
+void GlView::checkErrors() {
 #ifndef NDEBUG
-    if (glGetError() != GL_NO_ERROR) {
+    for (GLenum error = glGetError(); error != GL_NO_ERROR; error = glGetError()) {
         ++counts_.errors;
+        qWarning("OpenGL error %#x", error);
     }
 #endif
 }
 
 void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass) {
     const ViewState& state = context.state;
+    const bool wires = state.mode == RenderMode::Wireframe;
+    materials_.select(item.frame->Mesh);
     glDepthMask(GL_TRUE);
-    if (state.mode == RenderMode::Wireframe) {
+    if (wires) {
         setColor(wireColor(state.colors, item.frame->SelectState));
         drawShape(item, state.dots ? GlShape::Points : GlShape::Outlines);
-        return;
+    } else if (!translucentPass && materials_.any(false)) {
+        drawShape(item, GlShape::Opaque);
     }
-    materials_.select(item.frame->Mesh);
-    if (!translucentPass) {
-        if (materials_.any(false)) {
-            drawShape(item, GlShape::Opaque);
-        }
-        glDepthMask(GL_FALSE);
+    glDepthMask(GL_FALSE);
+    if (!wires && !translucentPass) {
         if (item.frame->SelectState == SelectState::Selected) {
             drawBox(context, item);
         }
-    } else if (materials_.any(true)) {
-        // what lies behind a translucent face has to show whichever comes first
-        glDepthMask(GL_FALSE);
+    } else if (translucentPass && materials_.any(true)) {
+        // unwritten depths: what lies behind a translucent face shows whichever comes first
         glEnable(GL_CULL_FACE);
         if (state.showHiddenTransparent || item.frame->RenderBackwards) {
             // the far sides first: they are not mixed over the near ones

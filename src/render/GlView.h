@@ -17,7 +17,7 @@ struct GlCounts {
     std::size_t skipped = 0;  ///< frames left out because they are out of view
     std::size_t recorded = 0; ///< display lists recorded
     std::size_t uploads = 0;  ///< textures uploaded
-    std::size_t errors = 0;   ///< redraws that left an OpenGL error
+    std::size_t errors = 0;   ///< OpenGL errors that redraws left; debug builds look for them
 };
 
 /// Draws a model with OpenGL into the framebuffer that is bound. A view belongs to one context, a
@@ -42,6 +42,7 @@ class GlView {
 
   private:
     void setProjection() const;
+    void checkErrors();
     void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
     void drawShape(const DrawItem& item, GlShape shape);
 
