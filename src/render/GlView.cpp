@@ -164,9 +164,6 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
     if (state.lastDrawnMode != state.mode) {
         applyMode(state);
     }
-    if (state.mode == RenderMode::SmoothShading) {
-        setEnabled(GL_BLEND, state.allowTransparent); // else textures with alpha would mix, too
-    }
     counts_.uploads += textures_.update(document.Materials);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     setLight(state);
@@ -174,28 +171,36 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
     const DrawContext context = {{}, geometry_, state, camera};
     list_.rebuild(document.Root);
     materials_.take(document.Materials, state);
-    const bool twoPasses = state.mode == RenderMode::SmoothShading && state.allowTransparent;
-    for (const bool translucentPass : {false, true}) {
-        for (const DrawItem& item : list_.items()) {
-            FrameRecord& frame = *item.frame;
-            if (!frame.HasMesh || (translucentPass && !twoPasses)) {
-                continue;
-            }
-            frame.Cache.refresh(frame.Mesh, item.world);
-            if (containment(context, item) == Containment::Outside) {
-                ++counts_.skipped;
-                continue;
-            }
-            glMatrixMode(GL_MODELVIEW);
-            glLoadMatrixf(modelView(context, item.world, document).m.data());
-            drawFrame(context, item, translucentPass);
-        }
+    drawPass(context, document, false);
+    if (state.mode == RenderMode::SmoothShading && state.allowTransparent) {
+        drawPass(context, document, true);
     }
     for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
         lists_.keep(walk.frame()); // hidden or out of view, a frame may come back as it was
     }
     lists_.sweep();
     checkErrors();
+}
+
+void GlView::drawPass(const DrawContext& context, const ModelDocument& document, bool translucent) {
+    if (context.state.mode == RenderMode::SmoothShading) {
+        // the opaque pass covers whatever is behind, even with textures that have alpha
+        setEnabled(GL_BLEND, translucent);
+    }
+    for (const DrawItem& item : list_.items()) {
+        FrameRecord& frame = *item.frame;
+        if (!frame.HasMesh) {
+            continue;
+        }
+        frame.Cache.refresh(frame.Mesh, item.world);
+        if (containment(context, item) == Containment::Outside) {
+            ++counts_.skipped;
+            continue;
+        }
+        glMatrixMode(GL_MODELVIEW);
+        glLoadMatrixf(modelView(context, item.world, document).m.data());
+        drawFrame(context, item, translucent);
+    }
 }
 
 /// In debug builds every redraw has to leave no error.

@@ -43,6 +43,7 @@ class GlView {
   private:
     void setProjection() const;
     void checkErrors();
+    void drawPass(const DrawContext& context, const ModelDocument& document, bool translucent);
     void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
     void drawShape(const DrawItem& item, GlShape shape);
 
