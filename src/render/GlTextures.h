@@ -18,6 +18,7 @@ class GlTextures {
     /// The texture's name; 0 for an image that no material showed at the last update.
     [[nodiscard]] std::uint32_t name(const TextureImage* image) const;
     void release();
+    [[nodiscard]] std::size_t count() const { return entries_.size(); }
 
   private:
     struct Entry {

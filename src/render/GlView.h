@@ -39,6 +39,7 @@ class GlView {
     [[nodiscard]] const ViewGeometry& geometry() const { return geometry_; }
     [[nodiscard]] const GlCounts& counts() const { return counts_; }
     [[nodiscard]] std::size_t listCount() const { return lists_.count(); }
+    [[nodiscard]] std::size_t textureCount() const { return textures_.count(); }
 
   private:
     void setProjection() const;
