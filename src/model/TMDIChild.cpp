@@ -86,13 +86,22 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
 }
 
 TMDIChild::~TMDIChild() {
-    // the 3D view is a child widget and outlives the model
+    ChildDeactivate();
+}
+
+void TMDIChild::ChildActivate() {
+    ui_->ThreeDWinFrame->setUpView();
+}
+
+void TMDIChild::ChildDeactivate() {
+    // the 3D view is a child widget and outlives the model; its context goes as well
     ui_->ThreeDWinFrame->setDocument(nullptr);
 }
 
 void TMDIChild::create(const QString& name) {
     model_->FileName = name;
     setCaption();
+    ChildActivate();
     ui_->TreeView1->setFocus();
     if (isTextModelName(name)) {
         FileOpenXSI(name);
@@ -234,7 +243,7 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 }
 
 void TMDIChild::FormClose() {
-    ui_->ThreeDWinFrame->setDocument(nullptr);
+    ChildDeactivate();
     model_.reset();
 }
 
@@ -277,6 +286,13 @@ void TMDIChild::TwoDVisibleExecute() {
 
 ViewState& TMDIChild::view() {
     return ui_->ThreeDWinFrame->state();
+}
+
+void TMDIChild::setDrawingInterface(DrawApi api) {
+    ui_->ThreeDWinFrame->releaseContext();
+    view().api = api;
+    ui_->ThreeDWinFrame->setUpView();
+    render3d();
 }
 
 void TMDIChild::setViewColors(const ViewColors& colors) {

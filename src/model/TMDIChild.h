@@ -68,6 +68,8 @@ class TMDIChild : public QMdiSubWindow {
 
     /// The settings of the 3D view; changes show with the next render3d().
     [[nodiscard]] ViewState& view();
+    /// Draws the 3D view through another interface from here on.
+    void setDrawingInterface(DrawApi api);
     /// Gives the 3D view other colours, which show when it is drawn next.
     void setViewColors(const ViewColors& colors);
 
@@ -101,6 +103,8 @@ class TMDIChild : public QMdiSubWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void ChildActivate();
+    void ChildDeactivate();
     void FormClose();
     void FormResize();
     void ChildSelectedChange(const QItemSelection& selected);
