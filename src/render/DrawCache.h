@@ -1,10 +1,12 @@
 #pragma once
 
+#include "render/PlaneCache.h"
 #include "render/VectorMath.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -50,6 +52,8 @@ class DrawCache {
     [[nodiscard]] const Bounds& bounds() const { return bounds_; }
     /// Whether every vertex of WorldVertices is a finite point.
     [[nodiscard]] bool allFinite() const { return allFinite_; }
+    /// What the 2D views keep beside; it forgets its points when the cache is built anew.
+    [[nodiscard]] PlaneCache& planes();
 
   private:
     /// What a cache was built for.
@@ -66,6 +70,7 @@ class DrawCache {
     std::optional<Key> key_;
     Bounds bounds_;
     bool allFinite_ = true;
+    std::unique_ptr<PlaneCache> planes_; ///< made when a 2D view first asks
 };
 
 /// Whether the vector is finite and not zero, as a normal has to be.

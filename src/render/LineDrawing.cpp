@@ -12,7 +12,7 @@ namespace {
 
 /// Up to this far away a line keeps the very pixels of the whole line: products of two such lengths
 /// stay within 64 bits. Whatever reaches farther is cut to this first.
-constexpr std::int32_t exactReach = 1 << 28;
+constexpr std::int32_t exactReach = (1 << 28) - 1;
 
 /// A line by its longer and its shorter side. Each step goes one pixel along the longer one; after
 /// i steps it has gone (2 i shorter + longer) / (2 longer) pixels, rounded down, along the other.
@@ -154,10 +154,8 @@ void drawLine(Bitmap& bitmap, double fromX, double fromY, double toX, double toY
     }
     std::pair x = {fromX, toX};
     std::pair y = {fromY, toY};
-    const auto pixel = [](double at) { return static_cast<std::int32_t>(std::floor(at + 0.5)); };
     if (cutToReach(x, y)) {
-        drawLine(bitmap, {pixel(x.first), pixel(y.first)}, {pixel(x.second), pixel(y.second)},
-                 color);
+        drawLine(bitmap, pixelAt(x.first, y.first), pixelAt(x.second, y.second), color);
     }
 }
 
