@@ -1,3 +1,4 @@
+#include "render/PlaneView.h"
 #include "render/SoftwareView.h"
 #include "render/StartCamera.h"
 #include "tool/Commands.h"
@@ -23,7 +24,7 @@ struct RenderRequest {
     std::optional<float> distance;
     std::optional<Vec3> centre;
     std::optional<int> repeat;
-    bool view3d = true;
+    std::optional<ViewPlane> plane; ///< of a 2D view instead of the 3D one
 };
 
 std::optional<float> number(const QString& text) {
@@ -111,7 +112,7 @@ class RenderOptions {
         }
         if (const auto view = choice("view", {QStringLiteral("3d"), QStringLiteral("xy"),
                                               QStringLiteral("xz"), QStringLiteral("zy")})) {
-            request.view3d = *view == 0;
+            request.plane = *view > 0 ? std::optional(viewPlanes[*view - 1]) : std::nullopt;
         }
     }
     void readNumbers(RenderRequest& request) {
@@ -148,15 +149,30 @@ class RenderOptions {
     QString wrong_; ///< the first option with a value that makes no sense
 };
 
-void drawRepeatedly(SoftwareView& view, ModelDocument& document, ViewState& state, int rounds) {
+/// Draws the document as asked for and saves the picture. `redraw` draws once, into the bitmap.
+template <class Redraw>
+ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const Bitmap& bitmap,
+                       BitmapPixel background) {
+    redraw();
     std::vector<double> times;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < request.repeat.value_or(0); ++round) {
         const Clock::time_point start = Clock::now();
-        view.redraw(document, state);
+        redraw();
         times.push_back(millisecondsSince(start));
     }
-    std::printf("frame median %.3f ms\npixels %zu\n", median(times),
-                view.bitmap().countOtherThan(state.colors.background));
+    if (request.repeat) {
+        std::printf("frame median %.3f ms\npixels %zu\n", median(times),
+                    bitmap.countOtherThan(background));
+    }
+    return savePng(imageOf(bitmap), request.out);
+}
+
+ExitStatus renderPlane(const RenderRequest& request, ModelDocument& document) {
+    PlaneView view(*request.plane);
+    view.resize(request.width, request.height);
+    startPlanes(document, request.width, request.height);
+    return drawAndSave(
+        request, [&] { view.draw(document); }, view.bitmap(), view.colors().frames.background);
 }
 
 } // namespace
@@ -167,26 +183,24 @@ ExitStatus render(const QStringList& words) {
     if (const QString reason = options.parse(words, request); !reason.isEmpty()) {
         return usage(reason);
     }
-    if (!request.view3d) {
-        return usage(QStringLiteral("only the 3d view can be drawn"));
-    }
     ModelDocument document;
     if (!open(request.in, document)) {
         return ExitStatus::Refused;
+    }
+    startCamera(document, ViewGeometry(request.width, request.height));
+    document.CameraCenter = request.centre.value_or(document.CameraCenter);
+    document.CameraDistance = request.distance.value_or(document.CameraDistance);
+    if (request.plane) {
+        return renderPlane(request, document);
     }
     if (request.state.api == DrawApi::OpenGL) {
         return refuse(request.in, QStringLiteral("no OpenGL here"));
     }
     SoftwareView view;
     view.resize(request.width, request.height);
-    startCamera(document, view.geometry());
-    document.CameraCenter = request.centre.value_or(document.CameraCenter);
-    document.CameraDistance = request.distance.value_or(document.CameraDistance);
-    view.redraw(document, request.state);
-    if (request.repeat) {
-        drawRepeatedly(view, document, request.state, *request.repeat);
-    }
-    return savePng(imageOf(view.bitmap()), request.out);
+    return drawAndSave(
+        request, [&] { view.redraw(document, request.state); }, view.bitmap(),
+        request.state.colors.background);
 }
 
 } // namespace korvane::tool
