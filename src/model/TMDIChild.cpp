@@ -24,13 +24,6 @@ namespace korvane {
 
 namespace {
 
-void fillPanel(QWidget& panel, const QColor& color) {
-    QPalette palette = panel.palette();
-    palette.setColor(QPalette::Window, color);
-    panel.setPalette(palette);
-    panel.setAutoFillBackground(true);
-}
-
 /// A message box in the way of this window: the file name is the text, the message is the title.
 QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectName,
                                         QMessageBox::Icon icon, const QString& title,
@@ -64,13 +57,11 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
 
     view().colors = colors;
     fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
-    fillPanel(*ui_->Panel5, Qt::white);
-    fillPanel(*ui_->Panel6, Qt::white);
-    fillPanel(*ui_->Panel7, Qt::white);
+    setUpViews();
+    setUpTools();
     ui_->ThreeDWinFrame->setDocument(document());
     loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
-    connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
 
     structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -118,16 +109,11 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     rebuildTree();
     selectRoot();
     ui_->ThreeDWinFrame->placeCamera();
+    planesPending_ = true;
     showReadFailure(status, fileName);
     setCaption();
     if (status == ReadStatus::Done) {
         readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
-    }
-}
-
-void TMDIChild::render3d() {
-    if (model_) {
-        ui_->ThreeDWinFrame->redraw();
     }
 }
 
@@ -234,6 +220,7 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 }
 
 void TMDIChild::FormClose() {
+    cancelDrag();
     ui_->ThreeDWinFrame->setDocument(nullptr);
     model_.reset();
 }
@@ -242,7 +229,7 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->Panel3 && event->type() == QEvent::Resize) {
         FormResize();
     }
-    return QMdiSubWindow::eventFilter(watched, event);
+    return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
 }
 
 void TMDIChild::FormResize() {
@@ -251,7 +238,7 @@ void TMDIChild::FormResize() {
     }
     const int width = ui_->Panel3->width();
     const int height = ui_->Panel3->height();
-    if (!ui_->TwoDVisibleBox->isChecked()) {
+    if (!ui_->TwoDVisibleAction->isChecked()) {
         ui_->Panel1->setGeometry(0, 0, width, height);
         return;
     }
@@ -260,14 +247,6 @@ void TMDIChild::FormResize() {
     ui_->Panel1->setGeometry({QPoint(half.width(), 0), half});
     ui_->Panel6->setGeometry({QPoint(0, half.height()), half});
     ui_->Panel7->setGeometry({QPoint(half.width(), half.height()), half});
-}
-
-void TMDIChild::TwoDVisibleExecute() {
-    const bool visible = ui_->TwoDVisibleBox->isChecked();
-    for (QWidget* panel : {ui_->Panel5, ui_->Panel6, ui_->Panel7}) {
-        panel->setVisible(visible);
-    }
-    FormResize();
 }
 
 ViewState& TMDIChild::view() {
