@@ -38,8 +38,9 @@ std::array<TMDIChild::PlaneImage, planeCount> TMDIChild::planeImages() const {
 void TMDIChild::setUpViews() {
     for (const PlaneImage& image : planeImages()) {
         image.image->installEventFilter(this);
+        image.image->setEdged(true);
         image.label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        image.label->setAutoFillBackground(false);
+        image.label->adjustSize();
     }
     showPlaneColors();
     // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view

@@ -91,7 +91,9 @@ void PlaneView::drawOrigin(const PlaneMapping& mapping, FrameRecord& root) {
     const PlanePoint origin = toPlane(plane_, VectorMatrix({}, found.world));
     const PixelPoint at = pixelAt(mapping.screenX(origin.u), mapping.screenY(origin.v));
     if (at != noPixel) {
+        // two, since one is hard to see in yellow
         drawEllipse(bitmap_, at, markRadius, markRadius, colors_.objectAxes);
+        drawEllipse(bitmap_, at, markRadius + 1, markRadius + 1, colors_.objectAxes);
     }
 }
 
