@@ -350,6 +350,7 @@ void TMainForm::createDocument(const QString& name) {
     // the MDI area owns the window, which frees itself when it is closed
     auto* document = new TMDIChild(forms_.colorOptions.viewColors(), ui_->MDIArea);
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame});
+    connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
     ui_->MDIArea->addSubWindow(document);
     document->showMaximized();
     document->create(name);
@@ -364,7 +365,7 @@ void TMainForm::createDocuments(const QStringList& names) {
 
 void TMainForm::showStatus() {
     const TMDIChild* document = activeDocument();
-    const QString message = document != nullptr ? document->readSummary() : QString();
+    const QString message = document != nullptr ? document->statusText() : QString();
     statusPanel_->setText(hint_.isEmpty() ? message : hint_);
 }
 
