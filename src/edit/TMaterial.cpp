@@ -36,6 +36,7 @@ QString materialText(std::int64_t index) {
 
 TMaterial::TMaterial(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::TMaterial>()) {
     ui_->setupUi(this);
+    setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     setUpLook();
     connectControls();
     connectTextureControls();

@@ -187,19 +187,13 @@ bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
         FormMouseUp(dragInput(dynamic_cast<QMouseEvent&>(*event)));
         return true;
     case QEvent::Hide:
-        cancelDrag();
+    case QEvent::WindowDeactivate:
+        cancelDrag(); // the release may go elsewhere
         break;
     default:
         break;
     }
     return QDialog::eventFilter(watched, event);
-}
-
-void TMaterial::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) {
-        cancelDrag(); // the release may go elsewhere
-    }
-    QDialog::changeEvent(event);
 }
 
 DragInput TMaterial::dragInput(const QMouseEvent& event) const {

@@ -1,5 +1,6 @@
 #include "edit/TOKBottomDlg.h"
 
+#include "edit/CentreOnScreen.h"
 #include "edit/TexturePicture.h"
 #include "formats/TextureLoader.h"
 #include "ui_TOKBottomDlg.h"
@@ -18,6 +19,7 @@ namespace korvane {
 TOKBottomDlg::TOKBottomDlg(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TOKBottomDlg>()) {
     ui_->setupUi(this);
+    setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     const std::pair<const char*, const char*> filters[] = {
         {"Compatible Files", "*.bmp;*.tga;*.pic"},
         {"BMP Files", "*.bmp"},
@@ -72,8 +74,9 @@ void TOKBottomDlg::reset(const QString& folder) {
     }
     fillDrives();
     clearChoice();
-    accepted_ = false;
     ui_->FileListBox1->setFocus();
+    accepted_ = false;
+    centreOnScreen(*this);
 }
 
 void TOKBottomDlg::fillDrives() {
