@@ -109,6 +109,7 @@ class TMaterial : public QDialog {
     void enableControls();
     void showValues();
     void showTexture();
+    void showImage(bool shown);
     void changeColor(ColorSwatch& swatch,
                      void (EditHistory::*record)(ModelDocument&, std::size_t, const ColorRGB&));
     void moveSlots(std::size_t material, bool used);

@@ -67,11 +67,14 @@ void TMaterial::showTexture() {
     ui_->texname->setTitle(QStringLiteral("Texture - [ %1 ]").arg(name));
     const QSize size = current ? QSize(texture_->width, texture_->height) : QSize(0, 0);
     ui_->size->setText(QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height()));
-    ui_->Image1->setVisible(material.HasTexture);
-    statusPanels_[0]->setText(QStringLiteral("X:"));
-    statusPanels_[1]->setText(QStringLiteral("Y:"));
+    showImage(material.HasTexture);
     scrollcheck();
     DrawTexTri();
+}
+
+void TMaterial::showImage(bool shown) {
+    ui_->Image1->setVisible(shown);
+    ui_->TextureOffLabel->setVisible(!shown);
 }
 
 void TMaterial::TextureStatusChange() {
@@ -86,7 +89,7 @@ void TMaterial::TextureStatusChange() {
         subject_->history->textureOn(*subject_->document, *material, on);
         Q_EMIT edited();
     }
-    ui_->Image1->setVisible(record.HasTexture);
+    showImage(record.HasTexture);
 }
 
 void TMaterial::mopen1execute() {

@@ -40,6 +40,15 @@ void TOKBottomDlg::connectControls() {
             &TOKBottomDlg::folderChanged);
     connect(ui_->FileListBox1->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &TOKBottomDlg::fileChanged);
+    // the folder shown finds its place when those around it are known
+    connect(
+        folders_, &QFileSystemModel::directoryLoaded, this,
+        [this](const QString& loaded) {
+            if (folder().startsWith(loaded)) {
+                ui_->DirectoryListBox1->scrollTo(ui_->DirectoryListBox1->currentIndex());
+            }
+        },
+        Qt::QueuedConnection);
     connect(ui_->FileListBox1, &QListView::doubleClicked, this, [this] {
         TextureLoad();
         accept();
