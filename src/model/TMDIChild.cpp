@@ -15,6 +15,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -70,13 +71,12 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     ui_->ThreeDWinFrame->setDocument(document());
     loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
+    ui_->TreeView1->installEventFilter(this);
     connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
 
     structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TMDIChild::ChildSelectedChange);
-    connect(ui_->TreeView1, &QTreeView::expanded, this, [this] { structure_->fitColumn(); });
-    connect(ui_->TreeView1, &QTreeView::collapsed, this, [this] { structure_->fitColumn(); });
     connect(ui_->EditButton, &QPushButton::clicked, this, &TMDIChild::EditButtonClick);
     connect(ui_->RenameButton, &QPushButton::clicked, this, &TMDIChild::RenameButtonClick);
     connect(ui_->DeleteButton, &QPushButton::clicked, this, &TMDIChild::Deletebuttonclick);
@@ -118,8 +118,8 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     rebuildTree();
     selectRoot();
     ui_->ThreeDWinFrame->placeCamera();
-    showReadFailure(status, fileName);
     setCaption();
+    showReadFailure(status, fileName);
     if (status == ReadStatus::Done) {
         readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
     }
@@ -241,6 +241,11 @@ void TMDIChild::FormClose() {
 bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->Panel3 && event->type() == QEvent::Resize) {
         FormResize();
+    }
+    if (watched == ui_->TreeView1 && event->type() == QEvent::KeyPress &&
+        dynamic_cast<QKeyEvent&>(*event).matches(QKeySequence::Copy)) {
+        // where nothing can be copied a tree would replace what was by the text of its node
+        return true;
     }
     return QMdiSubWindow::eventFilter(watched, event);
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "edit/ClipboardBlock.h"
 #include "edit/EditHistory.h"
 #include "model/ModelDocument.h"
 #include "render/ViewState.h"
 
+#include <QByteArray>
 #include <QMdiSubWindow>
 #include <QString>
 
@@ -57,6 +59,14 @@ class TMDIChild : public QMdiSubWindow {
     [[nodiscard]] bool canRedo() const { return model_ && history_.canRedo(); }
     void undo();
     void redo();
+
+    /// Whether Copy takes something from the selection, and whether Paste puts such content there.
+    [[nodiscard]] bool canCopy() const;
+    [[nodiscard]] bool canPaste(ClipboardContent content) const;
+    /// The clipboard block of the selection; empty if there is nothing that Copy takes.
+    [[nodiscard]] QByteArray copy() const;
+    /// Pastes a block into the selection; one that is damaged or does not fit changes nothing.
+    void paste(const QByteArray& block);
 
     /// The settings of the 3D view; changes show with the next render3d().
     [[nodiscard]] ViewState& view();

@@ -1,0 +1,136 @@
+#include "edit/EditHistory.h"
+#include "model/FrameWalk.h"
+#include "model/StructureTreeModel.h"
+#include "model/TStructureView.h"
+
+#include <QApplication>
+#include <QTreeView>
+
+#include <benchmark/benchmark.h>
+
+namespace korvane::bench {
+namespace {
+
+/// Frames in groups of a hundred below the root, half of them with a child.
+ModelDocument makeFrames(std::size_t count) {
+    ModelDocument document;
+    document.Root.Name = "root";
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i % 100 == 0) {
+            document.Root.Children.emplace_back().Name = "group" + std::to_string(i / 100);
+        }
+        std::vector<FrameRecord>& parts = document.Root.Children.back().Children;
+        (i % 2 == 0 ? parts : parts.back().Children).emplace_back().Name =
+            "part" + std::to_string(i);
+    }
+    ModelDocument::refreshPaths(document.Root, 0);
+    return document;
+}
+
+/// A document of ten thousand frames and the tree model that shows it.
+struct Tree {
+    ModelDocument document = makeFrames(10'000);
+    StructureTreeModel model;
+    EditHistory history;
+
+    void refresh() { model.setTree(StructureTree(document)); }
+};
+
+/// The same on the page, with everything expanded.
+struct Page {
+    ModelDocument document = makeFrames(10'000);
+    QTreeView widget;
+    TStructureView view{widget};
+    EditHistory history;
+
+    Page() {
+        widget.setUniformRowHeights(true);
+        widget.setHeaderHidden(true);
+        widget.resize(200, 800);
+        widget.show();
+        refresh();
+        widget.expandAll();
+    }
+    void refresh() {
+        view.rebuild(document);
+        view.select(document.Selected, false);
+    }
+};
+
+void WalkFrames(benchmark::State& state) {
+    ModelDocument document = makeFrames(10'000);
+    for (auto _ : state) {
+        std::size_t length = 0;
+        for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+            length += walk.frame().Name.size();
+        }
+        benchmark::DoNotOptimize(length);
+    }
+}
+
+template <class Shown>
+void Rebuild(benchmark::State& state) {
+    Shown shown;
+    for (auto _ : state) {
+        shown.refresh();
+    }
+}
+
+enum class Edit { Rename, Add, Delete };
+
+template <class Shown>
+void make(Shown& shown, Edit edit) {
+    const FramePath frame = FramePath().child(50).child(25);
+    switch (edit) {
+    case Edit::Rename:
+        shown.history.renameFrame(shown.document, frame, "other");
+        break;
+    case Edit::Add:
+        shown.history.addFrame(shown.document, frame, "");
+        break;
+    case Edit::Delete:
+        shown.history.deleteFrame(shown.document, frame);
+        break;
+    }
+    shown.refresh();
+}
+
+template <class Shown>
+void undo(Shown& shown) {
+    shown.history.undo(shown.document);
+    shown.refresh();
+}
+
+/// An edit with its undo, its redo and the undo of that, each shown: four times what one costs.
+template <class Shown, Edit edit>
+void FourSteps(benchmark::State& state) {
+    Shown shown;
+    for (auto _ : state) {
+        make(shown, edit);
+        undo(shown);
+        shown.history.redo(shown.document);
+        shown.refresh();
+        undo(shown);
+    }
+}
+
+BENCHMARK(WalkFrames)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Rebuild<Tree>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FourSteps<Tree, Edit::Rename>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FourSteps<Tree, Edit::Add>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FourSteps<Tree, Edit::Delete>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Rebuild<Page>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FourSteps<Page, Edit::Rename>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FourSteps<Page, Edit::Add>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FourSteps<Page, Edit::Delete>)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace korvane::bench
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
