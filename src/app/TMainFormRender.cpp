@@ -16,6 +16,7 @@ void TMainForm::ColorOptionsActionExecute() {
     const ViewColors colors = forms_.colorOptions.viewColors();
     for (TMDIChild* document : documents()) {
         document->setViewColors(colors);
+        document->setPlaneColors(forms_.colorOptions.planeColors());
     }
     if (TMDIChild* document = activeDocument()) {
         document->render3d();
@@ -123,8 +124,7 @@ void TMainForm::backwardsupdate() {
 void TMainForm::setDrawingInterface(DrawApi api) {
     TMDIChild* const document = activeDocument();
     if (document != nullptr && document->view().api != api) {
-        document->view().api = api;
-        document->render3d();
+        document->setDrawingInterface(api);
     }
 }
 

@@ -25,13 +25,6 @@ namespace korvane {
 
 namespace {
 
-void fillPanel(QWidget& panel, const QColor& color) {
-    QPalette palette = panel.palette();
-    palette.setColor(QPalette::Window, color);
-    panel.setPalette(palette);
-    panel.setAutoFillBackground(true);
-}
-
 /// A message box in the way of this window: the file name is the text, the message is the title.
 QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectName,
                                         QMessageBox::Icon icon, const QString& title,
@@ -65,14 +58,12 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
 
     view().colors = colors;
     fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
-    fillPanel(*ui_->Panel5, Qt::white);
-    fillPanel(*ui_->Panel6, Qt::white);
-    fillPanel(*ui_->Panel7, Qt::white);
+    setUpViews();
+    setUpTools();
     ui_->ThreeDWinFrame->setDocument(document());
     loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
     ui_->TreeView1->installEventFilter(this);
-    connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
 
     structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -86,13 +77,22 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
 }
 
 TMDIChild::~TMDIChild() {
-    // the 3D view is a child widget and outlives the model
+    ChildDeactivate();
+}
+
+void TMDIChild::ChildActivate() {
+    ui_->ThreeDWinFrame->setUpView();
+}
+
+void TMDIChild::ChildDeactivate() {
+    // the 3D view is a child widget and outlives the model; its context goes as well
     ui_->ThreeDWinFrame->setDocument(nullptr);
 }
 
 void TMDIChild::create(const QString& name) {
     model_->FileName = name;
     setCaption();
+    ChildActivate();
     ui_->TreeView1->setFocus();
     if (isTextModelName(name)) {
         FileOpenXSI(name);
@@ -118,16 +118,11 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     rebuildTree();
     selectRoot();
     ui_->ThreeDWinFrame->placeCamera();
+    planesPending_ = true;
     setCaption();
     showReadFailure(status, fileName);
     if (status == ReadStatus::Done) {
         readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
-    }
-}
-
-void TMDIChild::render3d() {
-    if (model_) {
-        ui_->ThreeDWinFrame->redraw();
     }
 }
 
@@ -234,7 +229,8 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 }
 
 void TMDIChild::FormClose() {
-    ui_->ThreeDWinFrame->setDocument(nullptr);
+    cancelDrag();
+    ChildDeactivate();
     model_.reset();
 }
 
@@ -247,7 +243,7 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
         // where nothing can be copied a tree would replace what was by the text of its node
         return true;
     }
-    return QMdiSubWindow::eventFilter(watched, event);
+    return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
 }
 
 void TMDIChild::FormResize() {
@@ -256,7 +252,7 @@ void TMDIChild::FormResize() {
     }
     const int width = ui_->Panel3->width();
     const int height = ui_->Panel3->height();
-    if (!ui_->TwoDVisibleBox->isChecked()) {
+    if (!ui_->TwoDVisibleAction->isChecked()) {
         ui_->Panel1->setGeometry(0, 0, width, height);
         return;
     }
@@ -267,16 +263,15 @@ void TMDIChild::FormResize() {
     ui_->Panel7->setGeometry({QPoint(half.width(), half.height()), half});
 }
 
-void TMDIChild::TwoDVisibleExecute() {
-    const bool visible = ui_->TwoDVisibleBox->isChecked();
-    for (QWidget* panel : {ui_->Panel5, ui_->Panel6, ui_->Panel7}) {
-        panel->setVisible(visible);
-    }
-    FormResize();
-}
-
 ViewState& TMDIChild::view() {
     return ui_->ThreeDWinFrame->state();
+}
+
+void TMDIChild::setDrawingInterface(DrawApi api) {
+    ui_->ThreeDWinFrame->releaseContext();
+    view().api = api;
+    ui_->ThreeDWinFrame->setUpView();
+    render3d();
 }
 
 void TMDIChild::setViewColors(const ViewColors& colors) {

@@ -3,17 +3,21 @@
 #include "edit/ClipboardBlock.h"
 #include "edit/EditHistory.h"
 #include "model/ModelDocument.h"
+#include "render/PlaneViews.h"
 #include "render/ViewState.h"
 
 #include <QByteArray>
 #include <QMdiSubWindow>
 #include <QString>
 
+#include <array>
 #include <chrono>
 #include <memory>
 #include <optional>
 
 class QItemSelection;
+class QMouseEvent;
+class QWheelEvent;
 
 namespace korvane {
 
@@ -55,8 +59,9 @@ class TMDIChild : public QMdiSubWindow {
     /// Without them "Edit" and "Rename Frame" do nothing.
     void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
 
-    [[nodiscard]] bool canUndo() const { return model_ && history_.canUndo(); }
-    [[nodiscard]] bool canRedo() const { return model_ && history_.canRedo(); }
+    // Nothing can be taken back while the mouse is changing the model.
+    [[nodiscard]] bool canUndo() const { return idle() && history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return idle() && history_.canRedo(); }
     void undo();
     void redo();
 
@@ -70,14 +75,23 @@ class TMDIChild : public QMdiSubWindow {
 
     /// The settings of the 3D view; changes show with the next render3d().
     [[nodiscard]] ViewState& view();
+    /// Draws the 3D view through another interface from here on.
+    void setDrawingInterface(DrawApi api);
     /// Gives the 3D view other colours, which show when it is drawn next.
     void setViewColors(const ViewColors& colors);
+    /// The same for the 2D views.
+    void setPlaneColors(const PlaneColors& colors);
 
     /// The model; null once the window has been closed.
     [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
     [[nodiscard]] const ModelDocument* document() const { return model_ ? &*model_ : nullptr; }
-    /// How much was read from the file, for the status bar; empty if nothing was.
+    /// How much was read from the file; empty if nothing was.
     [[nodiscard]] const QString& readSummary() const { return readSummary_; }
+    /// What the status bar shows of the window: where the pointer is in a 2D view and what it does
+    /// there, otherwise how much was read.
+    [[nodiscard]] const QString& statusText() const {
+        return pointerText_.isEmpty() ? readSummary_ : pointerText_;
+    }
 
     /// Opens a binary mesh file for a window just constructed; no command does so. Nothing is read
     /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
@@ -87,7 +101,8 @@ class TMDIChild : public QMdiSubWindow {
     void FileSaveExecute();
     void FileSaveAsExecute();
 
-    /// Redraws the views; does nothing once the window has been closed.
+    /// Redraws the 3D view, and the 2D views if they show; does nothing once the window has been
+    /// closed.
     void render3d();
 
     /// Whether FormCanClose would ask the user.
@@ -98,11 +113,17 @@ class TMDIChild : public QMdiSubWindow {
     /// Closes the window for a caller that has already asked FormCanClose.
     void closeUnasked();
 
+  Q_SIGNALS:
+    /// The status text is another one.
+    void statusChanged();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void ChildActivate();
+    void ChildDeactivate();
     void FormClose();
     void FormResize();
     void ChildSelectedChange(const QItemSelection& selected);
@@ -110,7 +131,47 @@ class TMDIChild : public QMdiSubWindow {
     void RenameButtonClick();
     void Deletebuttonclick();
     void Addbuttonclick();
+
+    // The views and the "Tools" page. Each image hands its mouse events to its plane.
+    void XYWinMouseDown(const DragInput& input);
+    void XYWinMouseMove(const DragInput& input);
+    void XYWinMouseUp(const DragInput& input);
+    void XZWinMouseDown(const DragInput& input);
+    void XZWinMouseMove(const DragInput& input);
+    void XZWinMouseUp(const DragInput& input);
+    void ZYWinMouseDown(const DragInput& input);
+    void ZYWinMouseMove(const DragInput& input);
+    void ZYWinMouseUp(const DragInput& input);
+    void FrameVisibleExecute();
+    void MeshVisibleExecute();
     void TwoDVisibleExecute();
+    void toolExecute(ViewTool tool);
+
+    struct PlaneImage;
+    [[nodiscard]] std::array<PlaneImage, planeCount> planeImages() const;
+    void setUpViews();
+    void setUpTools();
+    /// An event of a view; whether that was all about it.
+    bool viewEvent(const QObject& watched, QEvent& event);
+    bool planeEvent(const PlaneImage& image, QEvent& event);
+    void planeMouseEvent(const PlaneImage& image, const QMouseEvent& event);
+    void planeWheelEvent(const PlaneImage& image, const QWheelEvent& event);
+    void mouseDown(ViewPlane plane, const DragInput& input);
+    void mouseMove(ViewPlane plane, const DragInput& input);
+    void mouseUp(ViewPlane plane, const DragInput& input);
+    void cancelDrag();
+    /// Draws those pictures that no longer show the document.
+    void redrawStale();
+    void drawPlane(const PlaneImage& image);
+    void showToolCursor();
+    void showPlaneColors();
+    /// Brings the boxes of the "Tools" page in step with the selected frame.
+    void showVisibility();
+    void storeVisibility();
+    void setPointerText(const QString& text);
+    [[nodiscard]] FrameRecord* selectedFrame();
+    [[nodiscard]] bool idle() const { return model_ && !model_->DragRunning; }
+    static void fillPanel(QWidget& panel, const QColor& color);
 
     void FileOpenXSI(const QString& fileName);
     void SaveFileXSI();
@@ -139,6 +200,9 @@ class TMDIChild : public QMdiSubWindow {
     std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
     std::chrono::milliseconds progressDelay_{500};
     QString readSummary_;
+    PlaneViews planes_;
+    bool planesPending_ = true; ///< the 2D views have to be set to see the whole model
+    QString pointerText_;
     bool filling_ = false; ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;
 };

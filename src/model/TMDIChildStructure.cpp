@@ -40,6 +40,7 @@ void TMDIChild::showSelectedButtons() {
     ui_->AddButton->setEnabled(node.CanAdd);
     ui_->DeleteButton->setEnabled(node.CanDelete);
     ui_->RenameButton->setEnabled(node.Frame.has_value());
+    showVisibility();
     if (!node.AddByKind) {
         ui_->AddButton->setText(QStringLiteral("Add"));
     } else if (node.NodeKind == NodeKind::Frame) {

@@ -23,6 +23,8 @@ class TStructureView {
 
     /// Shows the document as it is now, with nothing selected.
     void rebuild(ModelDocument& document);
+    /// Greys a frame of the document shown, and its mesh, as far as they are hidden.
+    void showVisibility(const FrameRecord& frame) { model_.showVisibility(frame); }
     /// Selects the node that stands for the same thing; of a slot or material that is gone the last
     /// one there is, else the node above it; the root at the worst. Scrolls there only if asked to.
     void select(const NodeData& data, bool scrollThere);

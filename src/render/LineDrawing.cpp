@@ -12,7 +12,7 @@ namespace {
 
 /// Up to this far away a line keeps the very pixels of the whole line: products of two such lengths
 /// stay within 64 bits. Whatever reaches farther is cut to this first.
-constexpr std::int32_t exactReach = 1 << 28;
+constexpr std::int32_t exactReach = (1 << 28) - 1;
 
 /// A line by its longer and its shorter side. Each step goes one pixel along the longer one; after
 /// i steps it has gone (2 i shorter + longer) / (2 longer) pixels, rounded down, along the other.
@@ -116,34 +116,55 @@ bool withinReach(PixelPoint at) {
     return std::abs(std::int64_t{at.x}) <= exactReach && std::abs(std::int64_t{at.y}) <= exactReach;
 }
 
-bool inside(const Bitmap& bitmap, PixelPoint at) {
-    return at.x >= 0 && at.y >= 0 && at.x < bitmap.width() && at.y < bitmap.height();
+/// One bit for each side of the bitmap that the place lies beyond.
+unsigned sidesBeyond(const Bitmap& bitmap, PixelPoint at) {
+    return unsigned{at.x < 0} | unsigned{at.y < 0} << 1U | unsigned{at.x >= bitmap.width()} << 2U |
+           unsigned{at.y >= bitmap.height()} << 3U;
 }
 
-} // namespace
-
-void drawLine(Bitmap& bitmap, PixelPoint from, PixelPoint to, BitmapPixel color) {
-    const std::int64_t dx = std::int64_t{to.x} - from.x;
-    const std::int64_t dy = std::int64_t{to.y} - from.y;
-    const std::ptrdiff_t stride = bitmap.width();
-    const std::ptrdiff_t stepX = dx < 0 ? -1 : 1;
-    const std::ptrdiff_t stepY = dy < 0 ? -stride : stride;
-    const bool flat = std::abs(dx) >= std::abs(dy);
-    const Slope slope = flat ? Slope{std::abs(dx), std::abs(dy), stepX, stepY}
-                             : Slope{std::abs(dy), std::abs(dx), stepY, stepX};
-    if (inside(bitmap, from) && inside(bitmap, to)) {
-        drawSteps(bitmap.pixels() + from.y * stride + from.x, slope, slope.longer, slope.longer,
-                  color);
-        return;
+struct Line {
+    Line(const Bitmap& bitmap, PixelPoint from, PixelPoint to)
+        : dx(std::int64_t{to.x} - from.x), dy(std::int64_t{to.y} - from.y),
+          flat(std::abs(dx) >= std::abs(dy)) {
+        const std::ptrdiff_t stride = bitmap.width();
+        const std::ptrdiff_t stepX = dx < 0 ? -1 : 1;
+        const std::ptrdiff_t stepY = dy < 0 ? -stride : stride;
+        slope = flat ? Slope{std::abs(dx), std::abs(dy), stepX, stepY}
+                     : Slope{std::abs(dy), std::abs(dx), stepY, stepX};
     }
+
+    std::int64_t dx;
+    std::int64_t dy;
+    bool flat; ///< its longer side lies across
+    Slope slope{};
+};
+
+/// For a line that may come into the bitmap and leaves it.
+void drawCutLine(Bitmap& bitmap, PixelPoint from, PixelPoint to, BitmapPixel color) {
     if (!withinReach(from) || !withinReach(to)) {
         const auto number = [](std::int32_t at) { return static_cast<double>(at); };
         drawLine(bitmap, number(from.x), number(from.y), number(to.x), number(to.y), color);
         return;
     }
-    const Reach reachX = reachWithin(from.x, bitmap.width(), dx >= 0);
-    const Reach reachY = reachWithin(from.y, bitmap.height(), dy >= 0);
-    drawPart(bitmap, from, slope, flat ? reachX : reachY, flat ? reachY : reachX, color);
+    const Line line(bitmap, from, to);
+    const Reach reachX = reachWithin(from.x, bitmap.width(), line.dx >= 0);
+    const Reach reachY = reachWithin(from.y, bitmap.height(), line.dy >= 0);
+    drawPart(bitmap, from, line.slope, line.flat ? reachX : reachY, line.flat ? reachY : reachX,
+             color);
+}
+
+} // namespace
+
+void drawLine(Bitmap& bitmap, PixelPoint from, PixelPoint to, BitmapPixel color) {
+    const unsigned beyondFrom = sidesBeyond(bitmap, from);
+    const unsigned beyondTo = sidesBeyond(bitmap, to);
+    if ((beyondFrom | beyondTo) == 0) {
+        const Line line(bitmap, from, to);
+        drawSteps(bitmap.pixels() + std::ptrdiff_t{from.y} * bitmap.width() + from.x, line.slope,
+                  line.slope.longer, line.slope.longer, color);
+    } else if ((beyondFrom & beyondTo) == 0) {
+        drawCutLine(bitmap, from, to, color);
+    }
 }
 
 void drawLine(Bitmap& bitmap, double fromX, double fromY, double toX, double toY,
@@ -154,10 +175,8 @@ void drawLine(Bitmap& bitmap, double fromX, double fromY, double toX, double toY
     }
     std::pair x = {fromX, toX};
     std::pair y = {fromY, toY};
-    const auto pixel = [](double at) { return static_cast<std::int32_t>(std::floor(at + 0.5)); };
     if (cutToReach(x, y)) {
-        drawLine(bitmap, {pixel(x.first), pixel(y.first)}, {pixel(x.second), pixel(y.second)},
-                 color);
+        drawLine(bitmap, pixelAt(x.first, y.first), pixelAt(x.second, y.second), color);
     }
 }
 

@@ -2,7 +2,9 @@
 
 #include "render/Bitmap.h"
 
+#include <cmath>
 #include <cstdint>
+#include <limits>
 
 namespace korvane {
 
@@ -13,6 +15,23 @@ struct PixelPoint {
 
     bool operator==(const PixelPoint&) const = default;
 };
+
+/// Stands for a place too far off for the numbers of a pixel, or for no place at all.
+inline constexpr PixelPoint noPixel = {std::numeric_limits<std::int32_t>::min(), 0};
+
+/// The nearest pixel to a place, or noPixel.
+inline PixelPoint pixelAt(double x, double y) {
+    constexpr std::int32_t farthest = 1 << 28;
+    // also false for what is no number
+    if (!(std::abs(x) < farthest && std::abs(y) < farthest)) {
+        return noPixel;
+    }
+    // rounded by cutting off what has been made positive
+    const auto pixel = [](double place) {
+        return static_cast<std::int32_t>(place + (farthest + 0.5)) - farthest;
+    };
+    return {pixel(x), pixel(y)};
+}
 
 // Only what lies within the bitmap is drawn, and only that takes time: the pixels are those of the
 // whole line, so that a picture that is moved does not change its lines.

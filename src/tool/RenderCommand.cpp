@@ -1,3 +1,5 @@
+#include "render/GlOffscreen.h"
+#include "render/PlaneView.h"
 #include "render/SoftwareView.h"
 #include "render/StartCamera.h"
 #include "tool/Commands.h"
@@ -5,6 +7,7 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <optional>
@@ -23,7 +26,7 @@ struct RenderRequest {
     std::optional<float> distance;
     std::optional<Vec3> centre;
     std::optional<int> repeat;
-    bool view3d = true;
+    std::optional<ViewPlane> plane; ///< of a 2D view instead of the 3D one
 };
 
 std::optional<float> number(const QString& text) {
@@ -111,7 +114,7 @@ class RenderOptions {
         }
         if (const auto view = choice("view", {QStringLiteral("3d"), QStringLiteral("xy"),
                                               QStringLiteral("xz"), QStringLiteral("zy")})) {
-            request.view3d = *view == 0;
+            request.plane = *view > 0 ? std::optional(viewPlanes[*view - 1]) : std::nullopt;
         }
     }
     void readNumbers(RenderRequest& request) {
@@ -148,15 +151,43 @@ class RenderOptions {
     QString wrong_; ///< the first option with a value that makes no sense
 };
 
-void drawRepeatedly(SoftwareView& view, ModelDocument& document, ViewState& state, int rounds) {
+std::size_t countOtherThan(const QImage& image, BitmapPixel color) {
+    std::size_t count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* row = reinterpret_cast<const BitmapPixel*>(image.constScanLine(y));
+        count += static_cast<std::size_t>(
+            std::count_if(row, row + image.width(), [color](BitmapPixel p) { return p != color; }));
+    }
+    return count;
+}
+
+/// Draws the document as asked for and saves the picture. `redraw` draws once, `picture` gives what
+/// was drawn over the background.
+template <class Redraw, class Picture>
+ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const Picture& picture,
+                       BitmapPixel background) {
+    redraw();
     std::vector<double> times;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < request.repeat.value_or(0); ++round) {
         const Clock::time_point start = Clock::now();
-        view.redraw(document, state);
+        redraw();
         times.push_back(millisecondsSince(start));
     }
-    std::printf("frame median %.3f ms\npixels %zu\n", median(times),
-                view.bitmap().countOtherThan(state.colors.background));
+    const QImage image = picture();
+    if (request.repeat) {
+        std::printf("frame median %.3f ms\npixels %zu\n", median(times),
+                    countOtherThan(image, background));
+    }
+    return savePng(image, request.out);
+}
+
+ExitStatus renderPlane(const RenderRequest& request, ModelDocument& document) {
+    PlaneView view(*request.plane);
+    view.resize(request.width, request.height);
+    startPlanes(document, request.width, request.height);
+    return drawAndSave(
+        request, [&] { view.draw(document); }, [&] { return imageOf(view.bitmap()); },
+        view.colors().frames.background);
 }
 
 } // namespace
@@ -167,26 +198,30 @@ ExitStatus render(const QStringList& words) {
     if (const QString reason = options.parse(words, request); !reason.isEmpty()) {
         return usage(reason);
     }
-    if (!request.view3d) {
-        return usage(QStringLiteral("only the 3d view can be drawn"));
-    }
     ModelDocument document;
     if (!open(request.in, document)) {
         return ExitStatus::Refused;
     }
+    startCamera(document, ViewGeometry(request.width, request.height));
+    document.CameraCenter = request.centre.value_or(document.CameraCenter);
+    document.CameraDistance = request.distance.value_or(document.CameraDistance);
+    if (request.plane) {
+        return renderPlane(request, document);
+    }
     if (request.state.api == DrawApi::OpenGL) {
-        return refuse(request.in, QStringLiteral("no OpenGL here"));
+        GlOffscreen offscreen(request.width, request.height);
+        if (offscreen.status() != GlProbe::Works) {
+            return refuse(request.in, QStringLiteral("no OpenGL here"));
+        }
+        return drawAndSave(
+            request, [&] { offscreen.redraw(document, request.state); },
+            [&] { return offscreen.picture(); }, request.state.colors.background);
     }
     SoftwareView view;
     view.resize(request.width, request.height);
-    startCamera(document, view.geometry());
-    document.CameraCenter = request.centre.value_or(document.CameraCenter);
-    document.CameraDistance = request.distance.value_or(document.CameraDistance);
-    view.redraw(document, request.state);
-    if (request.repeat) {
-        drawRepeatedly(view, document, request.state, *request.repeat);
-    }
-    return savePng(imageOf(view.bitmap()), request.out);
+    return drawAndSave(
+        request, [&] { view.redraw(document, request.state); },
+        [&] { return imageOf(view.bitmap()); }, request.state.colors.background);
 }
 
 } // namespace korvane::tool
