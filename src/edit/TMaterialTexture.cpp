@@ -212,7 +212,7 @@ void TMaterial::FormMouseDown(const DragInput& input) {
     }
     commitPending();
     if (const auto part = selectedPart()) {
-        drag_.begin(input, mesh(), *part);
+        subject_->document->DragRunning = drag_.begin(input, mesh(), *part);
     }
 }
 
@@ -227,6 +227,7 @@ void TMaterial::FormMouseUp(const DragInput& input) {
         return;
     }
     MovedTexCoords moved = drag_.end(input, view_, mesh());
+    subject_->document->DragRunning = false;
     subject_->history->texCoords(*subject_->document, *subject_->path, moved.numbers,
                                  std::move(moved.before), std::move(moved.after));
     texCoordsChanged();
@@ -245,6 +246,7 @@ void TMaterial::texCoordsChanged() {
 
 void TMaterial::cancelDrag() {
     if (subject_ && drag_.cancel(mesh())) {
+        subject_->document->DragRunning = false;
         texCoordsChanged();
     }
 }
