@@ -1,8 +1,13 @@
 #include "BenchModel.h"
+#include "render/PlaneView.h"
 #include "render/SoftwareView.h"
 #include "render/StartCamera.h"
 
 #include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <utility>
+#include <vector>
 
 namespace korvane::bench {
 namespace {
@@ -20,6 +25,53 @@ void drawFrames(benchmark::State& state, ModelDocument document, RenderMode mode
     }
     state.counters["pixels"] =
         static_cast<double>(view.bitmap().countOtherThan(settings.colors.background));
+}
+
+/// As textbooks draw a line: ends out of sight are cut off one side at a time, then each step is
+/// decided by the error of the last one.
+void plainLine(Bitmap& bitmap, PixelPoint from, PixelPoint to, BitmapPixel color) {
+    const std::int32_t right = bitmap.width() - 1;
+    const std::int32_t low = bitmap.height() - 1;
+    const auto outside = [&](PixelPoint p) {
+        return (p.x < 0 ? 1 : 0) | (p.x > right ? 2 : 0) | (p.y < 0 ? 4 : 0) | (p.y > low ? 8 : 0);
+    };
+    while ((outside(from) | outside(to)) != 0) {
+        if ((outside(from) & outside(to)) != 0) {
+            return;
+        }
+        PixelPoint& end = outside(from) != 0 ? from : to;
+        const int side = outside(end);
+        const std::int64_t dx = std::int64_t{to.x} - from.x;
+        const std::int64_t dy = std::int64_t{to.y} - from.y;
+        if ((side & 12) != 0) {
+            const std::int32_t edge = (side & 8) != 0 ? low : 0;
+            end = {from.x + static_cast<std::int32_t>(dx * (edge - from.y) / dy), edge};
+        } else {
+            const std::int32_t edge = (side & 2) != 0 ? right : 0;
+            end = {edge, from.y + static_cast<std::int32_t>(dy * (edge - from.x) / dx)};
+        }
+    }
+    const std::int32_t dx = std::abs(to.x - from.x);
+    const std::int32_t dy = std::abs(to.y - from.y);
+    const std::ptrdiff_t stepX = from.x < to.x ? 1 : -1;
+    const std::ptrdiff_t stepY = from.y < to.y ? bitmap.width() : -bitmap.width();
+    const bool flat = dx >= dy;
+    const std::int32_t longer = flat ? dx : dy;
+    const std::int32_t shorter = flat ? dy : dx;
+    BitmapPixel* at = bitmap.pixels() + std::ptrdiff_t{from.y} * bitmap.width() + from.x;
+    std::int32_t error = longer / 2;
+    for (std::int32_t left = longer;; --left) {
+        *at = color;
+        if (left == 0) {
+            return;
+        }
+        at += flat ? stepX : stepY;
+        error -= shorter;
+        if (error < 0) {
+            error += longer;
+            at += flat ? stepY : stepX;
+        }
+    }
 }
 
 ModelDocument model(const benchmark::State& state) {
@@ -62,6 +114,61 @@ void DrawTranslucent(benchmark::State& state) {
     drawFrames(state, std::move(document), RenderMode::SmoothShading);
 }
 
+/// The 2D view's picture, 800 x 600, with the whole model in view or part of it, drawn again as it
+/// is or after a pan.
+void DrawPlane(benchmark::State& state) {
+    ModelDocument document = model(state);
+    PlaneView view(ViewPlane::XY);
+    view.resize(800, 600);
+    startPlanes(document, 800, 600);
+    document.PlaneScale *= static_cast<float>(state.range(1));
+    for (auto _ : state) {
+        document.PanVector.y += state.range(2) != 0 ? 1e-3F : 0.0F;
+        view.draw(document);
+        benchmark::DoNotOptimize(view.bitmap().pixels());
+    }
+    state.counters["pixels"] =
+        static_cast<double>(view.bitmap().countOtherThan(view.colors().frames.background));
+}
+
+/// The bare lines of such a picture, to compare with: the same edges between pixels worked out
+/// before, by the plainest way to draw a line.
+void DrawPlainLines(benchmark::State& state) {
+    ModelDocument document = model(state);
+    PlaneView view(ViewPlane::XY);
+    view.resize(800, 600);
+    startPlanes(document, 800, 600);
+    document.PlaneScale *= static_cast<float>(state.range(1));
+    view.draw(document);
+    std::vector<std::pair<PixelPoint, PixelPoint>> lines;
+    DrawList list;
+    list.rebuild(document.Root);
+    for (const DrawItem& item : list.items()) {
+        PlaneCache& cache = item.frame->Cache.planes();
+        for (const MeshEdge& edge : cache.edges(item.frame->Mesh)) {
+            const auto& points = cache.points(ViewPlane::XY);
+            if (!points.empty()) {
+                lines.emplace_back(points[edge.from], points[edge.to]);
+            }
+        }
+    }
+    Bitmap bitmap;
+    bitmap.resize(800, 600);
+    for (auto _ : state) {
+        bitmap.fill(0xffffffffU);
+        for (const auto& [from, to] : lines) {
+            plainLine(bitmap, from, to, 0xff0000ffU);
+        }
+        benchmark::DoNotOptimize(bitmap.pixels());
+    }
+    state.counters["lines"] = static_cast<double>(lines.size());
+}
+
+void planeSizes(benchmark::internal::Benchmark* bench) {
+    bench->ArgNames({"faces", "zoom", "pan"})->Unit(benchmark::kMillisecond);
+    bench->Args({200'000, 1, 0})->Args({200'000, 4, 0});
+}
+
 void sizes(benchmark::internal::Benchmark* bench) {
     bench->Arg(10'000)->Arg(200'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 }
@@ -71,6 +178,8 @@ BENCHMARK(DrawFlat)->Apply(sizes);
 BENCHMARK(DrawWireframe)->Apply(sizes);
 BENCHMARK(DrawTextured)->Apply(sizes);
 BENCHMARK(DrawTranslucent)->Apply(sizes);
+BENCHMARK(DrawPlainLines)->Apply(planeSizes);
+BENCHMARK(DrawPlane)->Apply(planeSizes)->Args({200'000, 1, 1})->Args({200'000, 4, 1});
 
 } // namespace
 } // namespace korvane::bench

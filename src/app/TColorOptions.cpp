@@ -48,6 +48,15 @@ ViewColors TColorOptions::viewColors() const {
             ui_->WireRenderUnselectedEdit->color().rgb()};
 }
 
+PlaneColors TColorOptions::planeColors() const {
+    PlaneColors colors;
+    colors.frames = viewColors();
+    colors.frames.background = ui_->TwoDWinColorEdit->color().rgb();
+    colors.worldAxes = ui_->WorldAxesEdit->color().rgb();
+    colors.objectAxes = ui_->ObjAxesEdit->color().rgb();
+    return colors;
+}
+
 void TColorOptions::ThreeDWinColorEditClick() {
     choose(*ui_->ThreeDWinColorEdit);
 }

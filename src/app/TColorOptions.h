@@ -1,5 +1,6 @@
 #pragma once
 
+#include "render/PlaneView.h"
 #include "render/ViewState.h"
 
 #include <QDialog>
@@ -24,6 +25,8 @@ class TColorOptions : public QDialog {
 
     /// What a 3D view draws with.
     [[nodiscard]] ViewColors viewColors() const;
+    /// What the 2D views draw with.
+    [[nodiscard]] PlaneColors planeColors() const;
 
   private:
     void ThreeDWinColorEditClick();

@@ -15,11 +15,13 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QOpenGLWidget>
 #include <QStatusTipEvent>
 
+#include <exception>
 #include <utility>
 
 namespace korvane {
@@ -150,7 +152,14 @@ void TMainForm::connectActions() {
     connect(this, &TMainForm::filesDropped, this, &TMainForm::createDocuments,
             Qt::QueuedConnection);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-            &TMainForm::idle);
+            [this] {
+                try {
+                    idle();
+                } catch (const std::exception&) {
+                    // memory ran out, and no event is being delivered that could tell: what was
+                    // left undone is done when the program is idle next
+                }
+            });
 }
 
 TMDIChild* TMainForm::activeDocument() const {
@@ -197,7 +206,9 @@ void TMainForm::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void TMainForm::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
+    // a move would have the source remove the files
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     Q_EMIT filesDropped(modelFiles(*event->mimeData()));
 }
 
@@ -307,7 +318,7 @@ void TMainForm::HelpAbout1Execute() {
 void TMainForm::MainFormActivate() {
     for (const QString& path : std::as_const(paths_)) {
         if (isTextModelName(path)) {
-            createDocument(path);
+            createDocument(QFileInfo(path).absoluteFilePath());
         }
     }
 }
@@ -339,6 +350,7 @@ void TMainForm::createDocument(const QString& name) {
     // the MDI area owns the window, which frees itself when it is closed
     auto* document = new TMDIChild(forms_.colorOptions.viewColors(), ui_->MDIArea);
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame});
+    connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
     ui_->MDIArea->addSubWindow(document);
     document->showMaximized();
     document->create(name);
@@ -353,7 +365,7 @@ void TMainForm::createDocuments(const QStringList& names) {
 
 void TMainForm::showStatus() {
     const TMDIChild* document = activeDocument();
-    const QString message = document != nullptr ? document->readSummary() : QString();
+    const QString message = document != nullptr ? document->statusText() : QString();
     statusPanel_->setText(hint_.isEmpty() ? message : hint_);
 }
 

@@ -16,6 +16,7 @@ void TMainForm::ColorOptionsActionExecute() {
     const ViewColors colors = forms_.colorOptions.viewColors();
     for (TMDIChild* document : documents()) {
         document->setViewColors(colors);
+        document->setPlaneColors(forms_.colorOptions.planeColors());
     }
     if (TMDIChild* document = activeDocument()) {
         document->render3d();

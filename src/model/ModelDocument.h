@@ -4,6 +4,7 @@
 #include "model/MaterialRecord.h"
 #include "model/NodeData.h"
 #include "model/RenderCursor.h"
+#include "render/ViewPlane.h"
 
 #include <QString>
 
@@ -27,6 +28,13 @@ struct ModelDocument {
     // What the document's views share.
     Vec3 CameraCenter; ///< the point in world space that the 3D view looks at and turns about
     float CameraDistance = 10.0F; ///< of the eye from that point
+    float PlaneScale = 16.0F;     ///< the zoom scale of the 2D views: pixels a unit
+    Vec3 PanVector;               ///< how far the 2D views show the world moved
+    ViewTool Tool = ViewTool::Zoom;
+    bool RedrawAll = false; ///< the pictures of the 2D views no longer show the document
+    bool Changed = false;   ///< nor does that of the 3D view
+    /// The mouse is changing the document: nothing else may, not even undo, until it is done.
+    bool DragRunning = false;
 
     // The traversal of the document's own cursor; see RenderCursor.
     void ResetRenderList() { Cursor.ResetRenderList(); }
@@ -38,6 +46,9 @@ struct ModelDocument {
     /// Moves the cursor on to the frame (it stands on the frame's parent, or on the frame before it
     /// in pre-order) and computes the frame's data that files do not hold.
     void Nonfiledata(FrameRecord& frame);
+
+    /// Computes the data that follows from a frame's mesh: face normals and bounding box.
+    static void computeMeshData(FrameRecord& frame);
 
     /// Computes the data that files do not hold for every frame, whatever order they came in.
     void computeDerivedData();

@@ -32,9 +32,19 @@ StructureTree::StructureTree(ModelDocument& document) {
         if (frame.HasMesh) {
             addMesh(frame, frame.TreeNode);
         }
+        showVisibility(frame);
     }
     addMaterialTable(document);
     linkChildren();
+}
+
+void StructureTree::showVisibility(const FrameRecord& frame) {
+    const auto node = static_cast<std::size_t>(frame.TreeNode);
+    nodes_[node].hidden = !frame.ViewFlags[0];
+    // the node of its mesh comes next
+    if (frame.HasMesh && node + 1 < nodes_.size() && nodes_[node + 1].kind == NodeKind::Mesh) {
+        nodes_[node + 1].hidden = !frame.ViewFlags[0] || !frame.ViewFlags[2];
+    }
 }
 
 std::span<const std::int32_t> StructureTree::children(std::int32_t node) const {

@@ -18,7 +18,8 @@ struct StructureNode {
     NodeKind kind = NodeKind::None;
     std::int32_t item = 0; ///< slot or table index from 0; for a frame its 1-based child number
     bool deletable = false;
-    std::string text; ///< bytes as the model holds them
+    bool hidden = false; ///< a frame or mesh that the views do not show
+    std::string text;    ///< bytes as the model holds them
 };
 
 /// What the "Structure" page shows: the frames with their mesh parts, then the material table.
@@ -35,6 +36,9 @@ class StructureTree {
     [[nodiscard]] std::span<const std::int32_t> children(std::int32_t node) const;
     /// The node's record for the commands; `node` must be one of nodes().
     [[nodiscard]] NodeData nodeData(std::int32_t node) const;
+    /// Takes over from a frame, which must be as it was built from in all else, whether the views
+    /// show it and its mesh.
+    void showVisibility(const FrameRecord& frame);
 
   private:
     std::int32_t add(StructureNode node);

@@ -2,6 +2,9 @@
 
 #include "model/ModelText.h"
 
+#include <QGuiApplication>
+#include <QPalette>
+
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -12,6 +15,17 @@ void StructureTreeModel::setTree(StructureTree tree) {
     beginResetModel();
     tree_ = std::move(tree);
     endResetModel();
+}
+
+void StructureTreeModel::showVisibility(const FrameRecord& frame) {
+    const QModelIndex node = indexOf(frame.TreeNode);
+    if (!node.isValid()) {
+        return;
+    }
+    tree_.showVisibility(frame);
+    for (const QModelIndex& shown : {node, indexOf(frame.TreeNode + 1)}) {
+        Q_EMIT dataChanged(shown, shown, {Qt::ForegroundRole});
+    }
 }
 
 QModelIndex StructureTreeModel::indexOf(std::int32_t node) const {
@@ -49,10 +63,15 @@ int StructureTreeModel::columnCount(const QModelIndex& /*parent*/) const {
 
 QVariant StructureTreeModel::data(const QModelIndex& index, int role) const {
     const std::int32_t node = nodeOf(index);
-    if (node < 0 || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) {
+    if (node < 0) {
         return {};
     }
-    return shownText(tree_.nodes()[static_cast<std::size_t>(node)].text);
+    const StructureNode& shown = tree_.nodes()[static_cast<std::size_t>(node)];
+    if (role == Qt::ForegroundRole && shown.hidden) {
+        return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    }
+    return role == Qt::DisplayRole || role == Qt::AccessibleTextRole ? shownText(shown.text)
+                                                                     : QVariant();
 }
 
 } // namespace korvane

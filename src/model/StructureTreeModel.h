@@ -16,6 +16,8 @@ class StructureTreeModel : public QAbstractItemModel {
     /// Shows another snapshot of the model.
     void setTree(StructureTree tree);
     [[nodiscard]] const StructureTree& tree() const { return tree_; }
+    /// A frame of the tree, or its mesh, is hidden or shown again.
+    void showVisibility(const FrameRecord& frame);
 
     [[nodiscard]] QModelIndex indexOf(std::int32_t node) const;
     /// The node number of a valid index.

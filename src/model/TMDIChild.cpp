@@ -15,6 +15,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -23,13 +24,6 @@
 namespace korvane {
 
 namespace {
-
-void fillPanel(QWidget& panel, const QColor& color) {
-    QPalette palette = panel.palette();
-    palette.setColor(QPalette::Window, color);
-    panel.setPalette(palette);
-    panel.setAutoFillBackground(true);
-}
 
 /// A message box in the way of this window: the file name is the text, the message is the title.
 QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectName,
@@ -64,19 +58,16 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
 
     view().colors = colors;
     fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
-    fillPanel(*ui_->Panel5, Qt::white);
-    fillPanel(*ui_->Panel6, Qt::white);
-    fillPanel(*ui_->Panel7, Qt::white);
+    setUpViews();
+    setUpTools();
     ui_->ThreeDWinFrame->setDocument(document());
     loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
-    connect(ui_->TwoDVisibleBox, &QCheckBox::toggled, this, &TMDIChild::TwoDVisibleExecute);
+    ui_->TreeView1->installEventFilter(this);
 
     structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TMDIChild::ChildSelectedChange);
-    connect(ui_->TreeView1, &QTreeView::expanded, this, [this] { structure_->fitColumn(); });
-    connect(ui_->TreeView1, &QTreeView::collapsed, this, [this] { structure_->fitColumn(); });
     connect(ui_->EditButton, &QPushButton::clicked, this, &TMDIChild::EditButtonClick);
     connect(ui_->RenameButton, &QPushButton::clicked, this, &TMDIChild::RenameButtonClick);
     connect(ui_->DeleteButton, &QPushButton::clicked, this, &TMDIChild::Deletebuttonclick);
@@ -127,16 +118,11 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     rebuildTree();
     selectRoot();
     ui_->ThreeDWinFrame->placeCamera();
-    showReadFailure(status, fileName);
+    planesPending_ = true;
     setCaption();
+    showReadFailure(status, fileName);
     if (status == ReadStatus::Done) {
         readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
-    }
-}
-
-void TMDIChild::render3d() {
-    if (model_) {
-        ui_->ThreeDWinFrame->redraw();
     }
 }
 
@@ -243,6 +229,7 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 }
 
 void TMDIChild::FormClose() {
+    cancelDrag();
     ChildDeactivate();
     model_.reset();
 }
@@ -251,7 +238,12 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->Panel3 && event->type() == QEvent::Resize) {
         FormResize();
     }
-    return QMdiSubWindow::eventFilter(watched, event);
+    if (watched == ui_->TreeView1 && event->type() == QEvent::KeyPress &&
+        dynamic_cast<QKeyEvent&>(*event).matches(QKeySequence::Copy)) {
+        // where nothing can be copied a tree would replace what was by the text of its node
+        return true;
+    }
+    return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
 }
 
 void TMDIChild::FormResize() {
@@ -260,7 +252,7 @@ void TMDIChild::FormResize() {
     }
     const int width = ui_->Panel3->width();
     const int height = ui_->Panel3->height();
-    if (!ui_->TwoDVisibleBox->isChecked()) {
+    if (!ui_->TwoDVisibleAction->isChecked()) {
         ui_->Panel1->setGeometry(0, 0, width, height);
         return;
     }
@@ -269,14 +261,6 @@ void TMDIChild::FormResize() {
     ui_->Panel1->setGeometry({QPoint(half.width(), 0), half});
     ui_->Panel6->setGeometry({QPoint(0, half.height()), half});
     ui_->Panel7->setGeometry({QPoint(half.width(), half.height()), half});
-}
-
-void TMDIChild::TwoDVisibleExecute() {
-    const bool visible = ui_->TwoDVisibleBox->isChecked();
-    for (QWidget* panel : {ui_->Panel5, ui_->Panel6, ui_->Panel7}) {
-        panel->setVisible(visible);
-    }
-    FormResize();
 }
 
 ViewState& TMDIChild::view() {

@@ -1,17 +1,23 @@
 #pragma once
 
+#include "edit/ClipboardBlock.h"
 #include "edit/EditHistory.h"
 #include "model/ModelDocument.h"
+#include "render/PlaneViews.h"
 #include "render/ViewState.h"
 
+#include <QByteArray>
 #include <QMdiSubWindow>
 #include <QString>
 
+#include <array>
 #include <chrono>
 #include <memory>
 #include <optional>
 
 class QItemSelection;
+class QMouseEvent;
+class QWheelEvent;
 
 namespace korvane {
 
@@ -51,10 +57,19 @@ class TMDIChild : public QMdiSubWindow {
     /// Without them "Edit" and "Rename Frame" do nothing.
     void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
 
-    [[nodiscard]] bool canUndo() const { return model_ && history_.canUndo(); }
-    [[nodiscard]] bool canRedo() const { return model_ && history_.canRedo(); }
+    // Nothing can be taken back while the mouse is changing the model.
+    [[nodiscard]] bool canUndo() const { return idle() && history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return idle() && history_.canRedo(); }
     void undo();
     void redo();
+
+    /// Whether Copy takes something from the selection, and whether Paste puts such content there.
+    [[nodiscard]] bool canCopy() const;
+    [[nodiscard]] bool canPaste(ClipboardContent content) const;
+    /// The clipboard block of the selection; empty if there is nothing that Copy takes.
+    [[nodiscard]] QByteArray copy() const;
+    /// Pastes a block into the selection; one that is damaged or does not fit changes nothing.
+    void paste(const QByteArray& block);
 
     /// The settings of the 3D view; changes show with the next render3d().
     [[nodiscard]] ViewState& view();
@@ -62,12 +77,19 @@ class TMDIChild : public QMdiSubWindow {
     void setDrawingInterface(DrawApi api);
     /// Gives the 3D view other colours, which show when it is drawn next.
     void setViewColors(const ViewColors& colors);
+    /// The same for the 2D views.
+    void setPlaneColors(const PlaneColors& colors);
 
     /// The model; null once the window has been closed.
     [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
     [[nodiscard]] const ModelDocument* document() const { return model_ ? &*model_ : nullptr; }
-    /// How much was read from the file, for the status bar; empty if nothing was.
+    /// How much was read from the file; empty if nothing was.
     [[nodiscard]] const QString& readSummary() const { return readSummary_; }
+    /// What the status bar shows of the window: where the pointer is in a 2D view and what it does
+    /// there, otherwise how much was read.
+    [[nodiscard]] const QString& statusText() const {
+        return pointerText_.isEmpty() ? readSummary_ : pointerText_;
+    }
 
     /// Opens a binary mesh file for a window just constructed; no command does so. Nothing is read
     /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
@@ -77,7 +99,8 @@ class TMDIChild : public QMdiSubWindow {
     void FileSaveExecute();
     void FileSaveAsExecute();
 
-    /// Redraws the views; does nothing once the window has been closed.
+    /// Redraws the 3D view, and the 2D views if they show; does nothing once the window has been
+    /// closed.
     void render3d();
 
     /// Whether FormCanClose would ask the user.
@@ -87,6 +110,10 @@ class TMDIChild : public QMdiSubWindow {
     bool FormCanClose();
     /// Closes the window for a caller that has already asked FormCanClose.
     void closeUnasked();
+
+  Q_SIGNALS:
+    /// The status text is another one.
+    void statusChanged();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -102,7 +129,47 @@ class TMDIChild : public QMdiSubWindow {
     void RenameButtonClick();
     void Deletebuttonclick();
     void Addbuttonclick();
+
+    // The views and the "Tools" page. Each image hands its mouse events to its plane.
+    void XYWinMouseDown(const DragInput& input);
+    void XYWinMouseMove(const DragInput& input);
+    void XYWinMouseUp(const DragInput& input);
+    void XZWinMouseDown(const DragInput& input);
+    void XZWinMouseMove(const DragInput& input);
+    void XZWinMouseUp(const DragInput& input);
+    void ZYWinMouseDown(const DragInput& input);
+    void ZYWinMouseMove(const DragInput& input);
+    void ZYWinMouseUp(const DragInput& input);
+    void FrameVisibleExecute();
+    void MeshVisibleExecute();
     void TwoDVisibleExecute();
+    void toolExecute(ViewTool tool);
+
+    struct PlaneImage;
+    [[nodiscard]] std::array<PlaneImage, planeCount> planeImages() const;
+    void setUpViews();
+    void setUpTools();
+    /// An event of a view; whether that was all about it.
+    bool viewEvent(const QObject& watched, QEvent& event);
+    bool planeEvent(const PlaneImage& image, QEvent& event);
+    void planeMouseEvent(const PlaneImage& image, const QMouseEvent& event);
+    void planeWheelEvent(const PlaneImage& image, const QWheelEvent& event);
+    void mouseDown(ViewPlane plane, const DragInput& input);
+    void mouseMove(ViewPlane plane, const DragInput& input);
+    void mouseUp(ViewPlane plane, const DragInput& input);
+    void cancelDrag();
+    /// Draws those pictures that no longer show the document.
+    void redrawStale();
+    void drawPlane(const PlaneImage& image);
+    void showToolCursor();
+    void showPlaneColors();
+    /// Brings the boxes of the "Tools" page in step with the selected frame.
+    void showVisibility();
+    void storeVisibility();
+    void setPointerText(const QString& text);
+    [[nodiscard]] FrameRecord* selectedFrame();
+    [[nodiscard]] bool idle() const { return model_ && !model_->DragRunning; }
+    static void fillPanel(QWidget& panel, const QColor& color);
 
     void FileOpenXSI(const QString& fileName);
     void SaveFileXSI();
@@ -127,6 +194,9 @@ class TMDIChild : public QMdiSubWindow {
     std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
     std::chrono::milliseconds progressDelay_{500};
     QString readSummary_;
+    PlaneViews planes_;
+    bool planesPending_ = true; ///< the 2D views have to be set to see the whole model
+    QString pointerText_;
     bool filling_ = false; ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;
 };

@@ -130,7 +130,17 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     }
     buildNormals(mesh, world);
     buildFaceNormals(mesh);
+    if (planes_) {
+        planes_->forgetPoints();
+    }
     return true;
+}
+
+PlaneCache& DrawCache::planes() {
+    if (!planes_) {
+        planes_ = std::make_unique<PlaneCache>();
+    }
+    return *planes_;
 }
 
 void DrawCache::buildNormals(const MeshRecord& mesh, const Matrix4& world) {

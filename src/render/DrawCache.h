@@ -1,10 +1,12 @@
 #pragma once
 
+#include "render/PlaneCache.h"
 #include "render/VectorMath.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -54,6 +56,8 @@ class DrawCache {
     [[nodiscard]] std::uint64_t meshRevision() const { return meshRevision_; }
     /// Whether every vertex of WorldVertices is a finite point.
     [[nodiscard]] bool allFinite() const { return allFinite_; }
+    /// What the 2D views keep beside; it forgets its points when the cache is built anew.
+    [[nodiscard]] PlaneCache& planes();
 
   private:
     /// What a cache was built for.
@@ -71,6 +75,7 @@ class DrawCache {
     Bounds bounds_;
     std::uint64_t meshRevision_ = 0;
     bool allFinite_ = true;
+    std::unique_ptr<PlaneCache> planes_; ///< made when a 2D view first asks
 };
 
 /// The unit normal of a polygon of any shape, the sum over all its edges, so that corners on one

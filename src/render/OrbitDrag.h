@@ -1,18 +1,10 @@
 #pragma once
 
+#include "render/DragInput.h"
 #include "render/ViewGeometry.h"
 #include "render/ViewState.h"
 
 namespace korvane {
-
-enum class DragButton { Left, Right, Other };
-
-/// A mouse event of the 3D view: positions are device pixels.
-struct DragInput {
-    DragButton button = DragButton::Other; ///< the button pressed; moves and releases ignore it
-    float x = 0.0F;
-    float y = 0.0F;
-};
 
 /// The mouse in the 3D view: the left button turns the camera about its centre, the right button
 /// moves it nearer and farther, both together do both. Half the view's width turns by 180 degrees.

@@ -11,6 +11,11 @@ void TImage::showPicture(const QImage& picture) {
     update();
 }
 
+void TImage::setEdged(bool edged) {
+    edged_ = edged;
+    update();
+}
+
 QSize TImage::sizeInPixels() const {
     return (QSizeF(size()) * devicePixelRatioF()).toSize();
 }
@@ -19,7 +24,13 @@ void TImage::paintEvent(QPaintEvent* /*event*/) {
     // a copy shares the memory; the ratio is that of the screen the control is on by now
     QImage picture = picture_;
     picture.setDevicePixelRatio(devicePixelRatioF());
-    QPainter(this).drawImage(QPointF(0, 0), picture);
+    QPainter painter(this);
+    painter.drawImage(QPointF(0, 0), picture);
+    if (edged_) {
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawLine(rect().topRight(), rect().bottomRight());
+        painter.drawLine(rect().bottomLeft(), rect().bottomRight());
+    }
 }
 
 } // namespace korvane

@@ -17,6 +17,9 @@ class TImage : public QWidget {
     void showPicture(const QImage& picture);
     [[nodiscard]] const QImage& picture() const { return picture_; }
 
+    /// Whether a thin line over the picture's right and lower edge sets it off from its neighbours.
+    void setEdged(bool edged);
+
     /// The size of the control in device pixels.
     [[nodiscard]] QSize sizeInPixels() const;
 
@@ -25,6 +28,7 @@ class TImage : public QWidget {
 
   private:
     QImage picture_;
+    bool edged_ = false;
 };
 
 } // namespace korvane

@@ -24,6 +24,14 @@ struct Vec3 {
     bool operator==(const Vec3&) const = default;
 };
 
+constexpr Vec3 operator+(const Vec3& a, const Vec3& b) {
+    return {a.x + b.x, a.y + b.y, a.z + b.z};
+}
+
+constexpr Vec3 operator-(const Vec3& a) {
+    return {-a.x, -a.y, -a.z};
+}
+
 /// A 4 x 4 matrix, row by row: element k is row k / 4, column k % 4. Points are row vectors
 /// (p times M), so rows 0 to 2 are the images of the axes and elements 12 to 14 the translation.
 /// Element 15 is the homogeneous 1, by which no operation divides. A new matrix is the identity.

@@ -1,4 +1,5 @@
 #include "render/GlOffscreen.h"
+#include "render/PlaneView.h"
 #include "render/SoftwareView.h"
 #include "render/StartCamera.h"
 #include "tool/Commands.h"
@@ -25,7 +26,7 @@ struct RenderRequest {
     std::optional<float> distance;
     std::optional<Vec3> centre;
     std::optional<int> repeat;
-    bool view3d = true;
+    std::optional<ViewPlane> plane; ///< of a 2D view instead of the 3D one
 };
 
 std::optional<float> number(const QString& text) {
@@ -113,7 +114,7 @@ class RenderOptions {
         }
         if (const auto view = choice("view", {QStringLiteral("3d"), QStringLiteral("xy"),
                                               QStringLiteral("xz"), QStringLiteral("zy")})) {
-            request.view3d = *view == 0;
+            request.plane = *view > 0 ? std::optional(viewPlanes[*view - 1]) : std::nullopt;
         }
     }
     void readNumbers(RenderRequest& request) {
@@ -161,9 +162,10 @@ std::size_t countOtherThan(const QImage& image, BitmapPixel color) {
 }
 
 /// Draws the document as asked for and saves the picture. `redraw` draws once, `picture` gives what
-/// was drawn.
+/// was drawn over the background.
 template <class Redraw, class Picture>
-ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const Picture& picture) {
+ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const Picture& picture,
+                       BitmapPixel background) {
     redraw();
     std::vector<double> times;
     for (int round = 0; round < request.repeat.value_or(0); ++round) {
@@ -174,9 +176,18 @@ ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const
     const QImage image = picture();
     if (request.repeat) {
         std::printf("frame median %.3f ms\npixels %zu\n", median(times),
-                    countOtherThan(image, request.state.colors.background));
+                    countOtherThan(image, background));
     }
     return savePng(image, request.out);
+}
+
+ExitStatus renderPlane(const RenderRequest& request, ModelDocument& document) {
+    PlaneView view(*request.plane);
+    view.resize(request.width, request.height);
+    startPlanes(document, request.width, request.height);
+    return drawAndSave(
+        request, [&] { view.draw(document); }, [&] { return imageOf(view.bitmap()); },
+        view.colors().frames.background);
 }
 
 } // namespace
@@ -187,9 +198,6 @@ ExitStatus render(const QStringList& words) {
     if (const QString reason = options.parse(words, request); !reason.isEmpty()) {
         return usage(reason);
     }
-    if (!request.view3d) {
-        return usage(QStringLiteral("only the 3d view can be drawn"));
-    }
     ModelDocument document;
     if (!open(request.in, document)) {
         return ExitStatus::Refused;
@@ -197,6 +205,9 @@ ExitStatus render(const QStringList& words) {
     startCamera(document, ViewGeometry(request.width, request.height));
     document.CameraCenter = request.centre.value_or(document.CameraCenter);
     document.CameraDistance = request.distance.value_or(document.CameraDistance);
+    if (request.plane) {
+        return renderPlane(request, document);
+    }
     if (request.state.api == DrawApi::OpenGL) {
         GlOffscreen offscreen(request.width, request.height);
         if (offscreen.status() != GlProbe::Works) {
@@ -204,13 +215,13 @@ ExitStatus render(const QStringList& words) {
         }
         return drawAndSave(
             request, [&] { offscreen.redraw(document, request.state); },
-            [&] { return offscreen.picture(); });
+            [&] { return offscreen.picture(); }, request.state.colors.background);
     }
     SoftwareView view;
     view.resize(request.width, request.height);
     return drawAndSave(
         request, [&] { view.redraw(document, request.state); },
-        [&] { return imageOf(view.bitmap()); });
+        [&] { return imageOf(view.bitmap()); }, request.state.colors.background);
 }
 
 } // namespace korvane::tool

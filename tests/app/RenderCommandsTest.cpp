@@ -162,5 +162,27 @@ TEST_F(RenderCommandsTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly
     EXPECT_EQ(added.view().lastDrawnMode, static_cast<RenderMode>(10)) << "OpenGL is set up anew";
 }
 
+TEST_F(RenderCommandsTest, ThePlanesTakeTheirColoursFromTheNextOkOn) {
+    const TMainForm& frame = start({file("a.xsi", smallModel())});
+    const auto paper = [](TMDIChild& window) {
+        return child<TImage>(window, "Image4").picture().pixel(0, 0);
+    };
+    recolor("TwoDWinColorEdit", QColor(40, 50, 60), false);
+    EXPECT_EQ(paper(*frame.activeDocument()), 0xffffffffU);
+    run("FileNew1");
+    TMDIChild& added = *frame.activeDocument();
+    EXPECT_EQ(paper(added), 0xffffffffU) << "a new window has its own colours until then";
+    recolor("WorldAxesEdit", QColor(70, 80, 90), true);
+    EXPECT_EQ(paper(added), 0xff28323cU);
+    const QImage planes = child<TImage>(added, "Image2").picture().copy();
+    EXPECT_EQ(planes.pixel(planes.width() / 2, 0), 0xff46505aU) << "the axes of an empty model";
+    EXPECT_EQ(child<QWidget>(added, "Panel5").palette().color(QPalette::Window),
+              QColor(40, 50, 60));
+    // the other window shows its colours as soon as it is drawn
+    TMDIChild& first = *frame.documents().constFirst();
+    first.render3d();
+    EXPECT_EQ(paper(first), 0xff28323cU);
+}
+
 } // namespace
 } // namespace korvane::test

@@ -144,14 +144,23 @@ TEST_F(Tool, RenderDrawsThePictureAskedFor) {
     EXPECT_EQ(drawn(picture("--mode flat --center 500,0,0")), 0);
     EXPECT_NE(picture("--yaw 2.8 --api software --view 3d"), picture("--yaw 3.3"));
     EXPECT_EQ(picture("--no-transparent --no-hidden-transparent"), picture(""));
-    const Outcome timed =
-        run({QStringLiteral("render"), QStringLiteral("t.x"), QStringLiteral("o.png"),
-             QStringLiteral("--repeat"), QStringLiteral("3")});
-    EXPECT_TRUE(
-        QRegularExpression(QStringLiteral("^frame median [0-9.]+ ms\npixels [1-9][0-9]*\n$"))
-            .match(QString::fromStdString(timed.output))
-            .hasMatch())
-        << timed.output;
+    // the planes show their own sides of the model, whatever the camera does
+    const QImage plane = picture("--view xy");
+    EXPECT_EQ(plane.pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_EQ(picture("--view xy --distance 30 --api opengl"), plane);
+    EXPECT_NE(picture("--view xz"), plane);
+    EXPECT_NE(picture("--view zy"), plane);
+    EXPECT_NE(picture("--view xy --center 0.5,0,0"), plane) << "the mark of the camera centre";
+    for (const char* view : {"3d", "zy"}) {
+        const Outcome timed = run(QStringLiteral("render t.x o.png --repeat 3 --view %1")
+                                      .arg(QLatin1String(view))
+                                      .split(QLatin1Char(' ')));
+        EXPECT_TRUE(
+            QRegularExpression(QStringLiteral("^frame median [0-9.]+ ms\npixels [1-9][0-9]*\n$"))
+                .match(QString::fromStdString(timed.output))
+                .hasMatch())
+            << timed.output;
+    }
 }
 
 TEST_F(Tool, SaysInOneLineWhyItRefuses) {
@@ -175,7 +184,7 @@ TEST_F(Tool, SaysInOneLineWhyItRefuses) {
         {"render good.x o.png --api opengl", 1, "good.x: no OpenGL here\n"},
         {"render good.x", 2, nullptr},
         {"render good.x o.png --mode pretty", 2, nullptr},
-        {"render good.x o.png --view xy", 2, nullptr},
+        {"render good.x o.png --view yx", 2, nullptr},
         {"render good.x o.png --size 0x9", 2, nullptr},
         {"render good.x o.png --size 9", 2, nullptr},
         {"render good.x o.png --center 1,2", 2, nullptr},

@@ -1,0 +1,272 @@
+// The 2D views of the document window and the mouse in them.
+
+#include "model/TMDIChild.h"
+#include "render/StartCamera.h"
+#include "render/TImage.h"
+#include "ui_TMDIChild.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace korvane {
+
+/// An image control with the plane that it shows and the handlers of its mouse events.
+struct TMDIChild::PlaneImage {
+    ViewPlane plane;
+    TImage* image;
+    QWidget* panel;
+    QLabel* label;
+    void (TMDIChild::*mouseDown)(const DragInput&);
+    void (TMDIChild::*mouseMove)(const DragInput&);
+    void (TMDIChild::*mouseUp)(const DragInput&);
+};
+
+std::array<TMDIChild::PlaneImage, planeCount> TMDIChild::planeImages() const {
+    return {{{ViewPlane::XY, ui_->Image2, ui_->Panel6, ui_->XYLabel, &TMDIChild::XYWinMouseDown,
+              &TMDIChild::XYWinMouseMove, &TMDIChild::XYWinMouseUp},
+             {ViewPlane::XZ, ui_->Image3, ui_->Panel5, ui_->XZLabel, &TMDIChild::XZWinMouseDown,
+              &TMDIChild::XZWinMouseMove, &TMDIChild::XZWinMouseUp},
+             {ViewPlane::ZY, ui_->Image4, ui_->Panel7, ui_->ZYLabel, &TMDIChild::ZYWinMouseDown,
+              &TMDIChild::ZYWinMouseMove, &TMDIChild::ZYWinMouseUp}}};
+}
+
+void TMDIChild::setUpViews() {
+    for (const PlaneImage& image : planeImages()) {
+        image.image->installEventFilter(this);
+        image.image->setEdged(true);
+        image.label->setAttribute(Qt::WA_TransparentForMouseEvents);
+        image.label->adjustSize();
+    }
+    showPlaneColors();
+    // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view
+    ui_->ThreeDWinFrame->setAttribute(Qt::WA_Hover);
+    ui_->ThreeDWinFrame->installEventFilter(this);
+}
+
+void TMDIChild::fillPanel(QWidget& panel, const QColor& color) {
+    QPalette palette = panel.palette();
+    palette.setColor(QPalette::Window, color);
+    panel.setPalette(palette);
+    panel.setAutoFillBackground(true);
+}
+
+void TMDIChild::setPlaneColors(const PlaneColors& colors) {
+    planes_.setColors(colors);
+    showPlaneColors();
+    if (model_) {
+        model_->RedrawAll = model_->Changed = true;
+    }
+}
+
+void TMDIChild::showPlaneColors() {
+    const QColor paper = QColor::fromRgb(planes_.view(ViewPlane::XY).colors().frames.background);
+    constexpr int half = 128;
+    for (const PlaneImage& image : planeImages()) {
+        fillPanel(*image.panel, paper);
+        QPalette palette = image.label->palette();
+        palette.setColor(QPalette::WindowText, paper.lightness() < half ? Qt::white : Qt::black);
+        image.label->setPalette(palette);
+    }
+}
+
+void TMDIChild::render3d() {
+    if (model_) {
+        model_->RedrawAll = model_->Changed = true;
+        redrawStale();
+    }
+}
+
+void TMDIChild::redrawStale() {
+    if (!model_) {
+        return;
+    }
+    if (std::exchange(model_->Changed, false)) {
+        ui_->ThreeDWinFrame->redraw();
+    }
+    if (model_->RedrawAll && ui_->TwoDVisibleAction->isChecked()) {
+        model_->RedrawAll = false;
+        for (const PlaneImage& image : planeImages()) {
+            drawPlane(image);
+        }
+    }
+}
+
+void TMDIChild::drawPlane(const PlaneImage& image) {
+    if (!model_ || !image.image->isVisible()) {
+        return; // drawn when shown
+    }
+    const QSize size = image.image->sizeInPixels();
+    PlaneView& view = planes_.view(image.plane);
+    if (size != QSize(view.bitmap().width(), view.bitmap().height())) {
+        view.resize(size.width(), size.height());
+    }
+    if (planesPending_ && !size.isEmpty()) {
+        planesPending_ = false;
+        startPlanes(*model_, size.width(), size.height());
+    }
+    view.draw(*model_, this->view().dots);
+    image.image->showPicture(imageOf(view.bitmap()));
+}
+
+bool TMDIChild::viewEvent(const QObject& watched, QEvent& event) {
+    if (&watched == ui_->ThreeDWinFrame) {
+        if (event.type() == QEvent::HoverMove || event.type() == QEvent::HoverEnter) {
+            redrawStale();
+        }
+        return false;
+    }
+    const auto images = planeImages();
+    const auto found = std::find_if(images.begin(), images.end(), [&](const PlaneImage& image) {
+        return &watched == image.image;
+    });
+    return found != images.end() && model_ && planeEvent(*found, event);
+}
+
+bool TMDIChild::planeEvent(const PlaneImage& image, QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+        planeMouseEvent(image, dynamic_cast<const QMouseEvent&>(event));
+        return true;
+    case QEvent::Wheel:
+        planeWheelEvent(image, dynamic_cast<const QWheelEvent&>(event));
+        return true;
+    case QEvent::KeyPress:
+        if (dynamic_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape && planes_.dragging()) {
+            cancelDrag();
+            return true;
+        }
+        return false;
+    case QEvent::Leave:
+        setPointerText({});
+        return false;
+    case QEvent::FocusOut:
+    case QEvent::Hide:
+        cancelDrag();
+        return false;
+    case QEvent::Resize:
+    case QEvent::Show:
+        drawPlane(image);
+        return false;
+    default:
+        return false;
+    }
+}
+
+namespace {
+
+/// The device pixel of a place in a control.
+DragInput inputAt(const QPointF& place, const QWidget& control, Qt::MouseButton button) {
+    const QPointF at = place * control.devicePixelRatioF();
+    return {button == Qt::LeftButton    ? DragButton::Left
+            : button == Qt::RightButton ? DragButton::Right
+                                        : DragButton::Other,
+            static_cast<float>(std::floor(at.x())), static_cast<float>(std::floor(at.y()))};
+}
+
+} // namespace
+
+void TMDIChild::planeMouseEvent(const PlaneImage& image, const QMouseEvent& event) {
+    const DragInput input = inputAt(event.position(), *image.image, event.button());
+    switch (event.type()) {
+    case QEvent::MouseMove:
+        if (event.buttons() == Qt::NoButton) {
+            cancelDrag(); // the release went elsewhere
+        }
+        (this->*image.mouseMove)(input);
+        break;
+    case QEvent::MouseButtonRelease:
+        (this->*image.mouseUp)(input);
+        break;
+    default: // a second press in a row comes as a double click
+        (this->*image.mouseDown)(input);
+        break;
+    }
+    setPointerText(planes_.statusText(image.plane, input, *model_));
+}
+
+void TMDIChild::planeWheelEvent(const PlaneImage& image, const QWheelEvent& event) {
+    const DragInput input = inputAt(event.position(), *image.image, Qt::NoButton);
+    constexpr float notch = 120.0F; // eighths of a degree
+    planes_.wheel(image.plane, input, static_cast<float>(event.angleDelta().y()) / notch, *model_);
+    redrawStale();
+    setPointerText(planes_.statusText(image.plane, input, *model_));
+}
+
+void TMDIChild::mouseDown(ViewPlane plane, const DragInput& input) {
+    planes_.mouseDown(plane, input, *model_);
+    showToolCursor();
+    redrawStale();
+}
+
+void TMDIChild::mouseMove(ViewPlane plane, const DragInput& input) {
+    planes_.mouseMove(plane, input, *model_);
+    redrawStale();
+}
+
+void TMDIChild::mouseUp(ViewPlane plane, const DragInput& input) {
+    if (const std::optional<FrameMove> move = planes_.mouseUp(plane, input, *model_)) {
+        history_.moveFrame(*model_, move->frame, move->before, move->after);
+    }
+    showToolCursor();
+    redrawStale();
+}
+
+void TMDIChild::cancelDrag() {
+    if (model_ && planes_.cancelDrag(*model_)) {
+        showToolCursor();
+        redrawStale();
+    }
+}
+
+void TMDIChild::setPointerText(const QString& text) {
+    if (pointerText_ != text) {
+        pointerText_ = text;
+        Q_EMIT statusChanged();
+    }
+}
+
+void TMDIChild::XYWinMouseDown(const DragInput& input) {
+    mouseDown(ViewPlane::XY, input);
+}
+
+void TMDIChild::XYWinMouseMove(const DragInput& input) {
+    mouseMove(ViewPlane::XY, input);
+}
+
+void TMDIChild::XYWinMouseUp(const DragInput& input) {
+    mouseUp(ViewPlane::XY, input);
+}
+
+void TMDIChild::XZWinMouseDown(const DragInput& input) {
+    mouseDown(ViewPlane::XZ, input);
+}
+
+void TMDIChild::XZWinMouseMove(const DragInput& input) {
+    mouseMove(ViewPlane::XZ, input);
+}
+
+void TMDIChild::XZWinMouseUp(const DragInput& input) {
+    mouseUp(ViewPlane::XZ, input);
+}
+
+void TMDIChild::ZYWinMouseDown(const DragInput& input) {
+    mouseDown(ViewPlane::ZY, input);
+}
+
+void TMDIChild::ZYWinMouseMove(const DragInput& input) {
+    mouseMove(ViewPlane::ZY, input);
+}
+
+void TMDIChild::ZYWinMouseUp(const DragInput& input) {
+    mouseUp(ViewPlane::ZY, input);
+}
+
+} // namespace korvane

@@ -1,0 +1,123 @@
+#include "render/PlaneView.h"
+
+#include "render/LineDrawing.h"
+#include "render/SelectedFrame.h"
+#include "render/WirePainter.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::int32_t markRadius = 4; ///< in pixels
+
+/// The lines of a mesh on a bitmap.
+class EdgePainter {
+  public:
+    EdgePainter(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame)
+        : bitmap_(bitmap), mapping_(mapping), world_(frame.Cache.WorldVertices),
+          points_(frame.Cache.planes().points(mapping.plane)),
+          edges_(frame.Cache.planes().edges(frame.Mesh)) {}
+
+    void drawLines(BitmapPixel color) const {
+        for (const MeshEdge& edge : edges_) {
+            const PixelPoint from = points_[edge.from];
+            const PixelPoint to = points_[edge.to];
+            if (from == noPixel || to == noPixel) {
+                drawFarLine(edge, color);
+            } else {
+                drawLine(bitmap_, from, to, color);
+            }
+        }
+    }
+    void drawEnds(BitmapPixel color) const {
+        for (const MeshEdge& edge : edges_) {
+            for (const std::uint32_t end : {edge.from, edge.to}) {
+                drawPixel(bitmap_, points_[end].x, points_[end].y, color);
+            }
+        }
+    }
+
+  private:
+    void drawFarLine(const MeshEdge& edge, BitmapPixel color) const {
+        const PlanePoint from = toPlane(mapping_.plane, world_[edge.from]);
+        const PlanePoint to = toPlane(mapping_.plane, world_[edge.to]);
+        drawLine(bitmap_, mapping_.screenX(from.u), mapping_.screenY(from.v),
+                 mapping_.screenX(to.u), mapping_.screenY(to.v), color);
+    }
+
+    Bitmap& bitmap_;
+    const PlaneMapping& mapping_;
+    const std::vector<Vec3>& world_;
+    const std::vector<PixelPoint>& points_;
+    const std::vector<MeshEdge>& edges_;
+};
+
+} // namespace
+
+PlaneMapping PlaneView::mapping(const ModelDocument& document) const {
+    return {plane_, bitmap_.width() / 2, bitmap_.height() / 2, toPlane(plane_, document.PanVector),
+            document.PlaneScale};
+}
+
+void PlaneView::draw(ModelDocument& document, bool dots) {
+    const PlaneMapping map = mapping(document);
+    projectedFrames_ = 0;
+    bitmap_.fill(colors_.frames.background);
+    drawAxes(map);
+    drawOrigin(map, document.Root);
+    list_.rebuild(document.Root);
+    for (const DrawItem& item : list_.items()) {
+        if (item.frame->HasMesh) {
+            drawFrame(map, item, dots);
+        }
+    }
+    // last, since it mostly lies within the model
+    drawCameraCentre(map, document.CameraCenter);
+}
+
+void PlaneView::drawAxes(const PlaneMapping& mapping) {
+    const double x = mapping.screenX(0);
+    const double y = mapping.screenY(0);
+    drawLine(bitmap_, x, 0, x, bitmap_.height() - 1, colors_.worldAxes);
+    drawLine(bitmap_, 0, y, bitmap_.width() - 1, y, colors_.worldAxes);
+}
+
+void PlaneView::drawOrigin(const PlaneMapping& mapping, FrameRecord& root) {
+    const FoundFrame found = findSelectedFrame(root);
+    // the mesh alone may be hidden: the mark stays
+    if (found.frame->SelectState != SelectState::Selected || !found.frame->ViewFlags[0]) {
+        return;
+    }
+    const PlanePoint origin = toPlane(plane_, VectorMatrix({}, found.world));
+    const PixelPoint at = pixelAt(mapping.screenX(origin.u), mapping.screenY(origin.v));
+    if (at != noPixel) {
+        // two, since one is hard to see in yellow
+        drawEllipse(bitmap_, at, markRadius, markRadius, colors_.objectAxes);
+        drawEllipse(bitmap_, at, markRadius + 1, markRadius + 1, colors_.objectAxes);
+    }
+}
+
+void PlaneView::drawFrame(const PlaneMapping& mapping, const DrawItem& item, bool dots) {
+    FrameRecord& frame = *item.frame;
+    frame.Cache.refresh(frame.Mesh, item.world);
+    if (frame.Cache.planes().project(mapping, frame.Cache.WorldVertices)) {
+        ++projectedFrames_;
+    }
+    const EdgePainter painter(bitmap_, mapping, frame);
+    const BitmapPixel color = wireColor(colors_.frames, frame.SelectState);
+    if (dots) {
+        painter.drawEnds(color);
+    } else {
+        painter.drawLines(color);
+    }
+}
+
+void PlaneView::drawCameraCentre(const PlaneMapping& mapping, const Vec3& centre) {
+    const PlanePoint place = toPlane(plane_, centre);
+    const double x = mapping.screenX(place.u);
+    const double y = mapping.screenY(place.v);
+    drawLine(bitmap_, x - markRadius, y, x + markRadius, y, colors_.cameraCentre);
+    drawLine(bitmap_, x, y - markRadius, x, y + markRadius, colors_.cameraCentre);
+}
+
+} // namespace korvane

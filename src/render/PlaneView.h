@@ -1,0 +1,59 @@
+#pragma once
+
+#include "model/ModelDocument.h"
+#include "render/Bitmap.h"
+#include "render/DrawList.h"
+#include "render/PlaneCache.h"
+#include "render/ViewPlane.h"
+#include "render/ViewState.h"
+
+#include <cstddef>
+
+namespace korvane {
+
+/// The colours that the 2D views draw with.
+struct PlaneColors {
+    /// The background, and the lines of frames by their select state.
+    ViewColors frames{.background = 0xffffffffU};
+    BitmapPixel worldAxes = 0xff008080U;    ///< teal
+    BitmapPixel objectAxes = 0xffffff00U;   ///< yellow: the mark of the selected frame's origin
+    BitmapPixel unused = 0xff808000U;       ///< olive: nothing is drawn with it yet
+    BitmapPixel cameraCentre = 0xff800080U; ///< purple
+};
+
+/// A 2D view: draws a document's frames as lines, seen along one of the world's axes.
+class PlaneView {
+  public:
+    explicit PlaneView(ViewPlane plane) : plane_(plane) { bitmap_.resize(1, 1); }
+
+    [[nodiscard]] ViewPlane plane() const { return plane_; }
+    /// Sets the size in device pixels, each side taken as at least 1.
+    void resize(std::int32_t width, std::int32_t height) { bitmap_.resize(width, height); }
+    /// The picture of the last draw().
+    [[nodiscard]] const Bitmap& bitmap() const { return bitmap_; }
+    void setColors(const PlaneColors& colors) { colors_ = colors; }
+    [[nodiscard]] const PlaneColors& colors() const { return colors_; }
+
+    /// How the view lies on its bitmap: centred, in the document's scale, moved as its pan tells.
+    [[nodiscard]] PlaneMapping mapping(const ModelDocument& document) const;
+
+    /// Draws the document's frames, with dots only the ends of their lines, and brings their
+    /// drawing caches up to date.
+    void draw(ModelDocument& document, bool dots = false);
+    /// Of how many frames the last draw() had to work out anew where their vertices show.
+    [[nodiscard]] std::size_t projectedFrames() const { return projectedFrames_; }
+
+  private:
+    void drawAxes(const PlaneMapping& mapping);
+    void drawOrigin(const PlaneMapping& mapping, FrameRecord& root);
+    void drawFrame(const PlaneMapping& mapping, const DrawItem& item, bool dots);
+    void drawCameraCentre(const PlaneMapping& mapping, const Vec3& centre);
+
+    ViewPlane plane_;
+    Bitmap bitmap_;
+    PlaneColors colors_;
+    DrawList list_;
+    std::size_t projectedFrames_ = 0;
+};
+
+} // namespace korvane

@@ -1,0 +1,270 @@
+#include "render/TImage.h"
+#include "support/MainFormTest.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QRadioButton>
+#include <QTest>
+#include <QTreeView>
+#include <QWheelEvent>
+
+#include <functional>
+
+namespace korvane::test {
+namespace {
+
+/// The 2D views and the "Tools" page of a window whose root, which has a mesh, is selected.
+class TMDIChildViews : public MainFormTest {
+  protected:
+    TMDIChildViews() {
+        start({file("m.xsi", smallModel())});
+        auto& tree = child<QTreeView>(window(), "TreeView1");
+        tree.setCurrentIndex(tree.model()->index(0, 0));
+        settle();
+        document().PlaneScale = 2;
+        window().render3d();
+    }
+
+    [[nodiscard]] TMDIChild& window() const { return *form().activeDocument(); }
+    [[nodiscard]] ModelDocument& document() const { return *window().document(); }
+    [[nodiscard]] TImage& image(const char* name) const { return child<TImage>(window(), name); }
+    [[nodiscard]] QImage picture(const char* name) const { return image(name).picture().copy(); }
+    [[nodiscard]] QString status() const { return child<QLabel>(form(), "StatusPanel").text(); }
+    void choose(const char* button) const { child<QAbstractButton>(window(), button).click(); }
+
+    void press(const char* name, QPoint at, Qt::MouseButton button = Qt::LeftButton) const {
+        QTest::mousePress(&image(name), button, Qt::NoModifier, at);
+    }
+    void send(const char* name, QEvent::Type type, QPoint at, Qt::MouseButton button,
+              Qt::MouseButtons held) const {
+        QMouseEvent event(type, QPointF(at), QPointF(image(name).mapToGlobal(at)), button, held,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&image(name), &event);
+    }
+    /// A move with the button held down, which the test library's own moves do not tell; without
+    /// one it hovers.
+    void move(const char* name, QPoint at, Qt::MouseButtons held = Qt::LeftButton) const {
+        send(name, QEvent::MouseMove, at, Qt::NoButton, held);
+    }
+    void hover(const char* name) const { move(name, {7, 7}, Qt::NoButton); }
+    void release(const char* name, QPoint at, Qt::MouseButton button = Qt::LeftButton) const {
+        QTest::mouseRelease(&image(name), button, Qt::NoModifier, at);
+    }
+};
+
+TEST_F(TMDIChildViews, EachImageDragsInItsPlaneAndRecordsOneStep) {
+    choose("moveFrameButton");
+    const auto ratio = static_cast<float>(window().devicePixelRatioF());
+    const std::tuple<const char*, std::size_t, float> cases[] = {
+        {"Image2", 12, -5}, {"Image3", 12, -5}, {"Image4", 14, 5}};
+    for (const auto& [name, element, way] : cases) {
+        const Matrix4 before = document().Root.Matrix;
+        const QImage space = picture("Image1");
+        const QImage plane = picture(name);
+        press(name, {40, 40});
+        EXPECT_TRUE(image(name).hasFocus());
+        move(name, {45, 40});
+        EXPECT_NE(picture(name), plane);
+        EXPECT_NE(picture("Image1"), space) << "the 3D view follows live";
+        EXPECT_FALSE(window().canUndo());
+        window().undo(); // refused
+        EXPECT_NE(document().Root.Matrix, before);
+        release(name, {50, 40});
+        Matrix4 expected = before;
+        expected[element] += way * ratio;
+        EXPECT_EQ(document().Root.Matrix, expected) << name;
+        EXPECT_TRUE(document().Modified);
+        EXPECT_TRUE(window().canUndo());
+        window().undo();
+        EXPECT_EQ(document().Root.Matrix, before);
+        EXPECT_EQ(picture(name), plane);
+        EXPECT_FALSE(window().canUndo()) << "one step";
+    }
+}
+
+TEST_F(TMDIChildViews, ViewsShowTheWholeModelInTheSizeOfTheirControls) {
+    TMDIChild& opened = window();
+    for (const char* name : {"Image2", "Image3", "Image4"}) {
+        EXPECT_EQ(picture(name).size(), image(name).sizeInPixels());
+        EXPECT_EQ(image(name).size(), child<QWidget>(opened, "Panel6").size());
+    }
+    EXPECT_EQ(child<QLabel>(image("Image2"), "XYLabel").text(), QStringLiteral("XY"));
+    EXPECT_EQ(child<QLabel>(image("Image3"), "XZLabel").text(), QStringLiteral("XZ"));
+    EXPECT_EQ(child<QLabel>(image("Image4"), "ZYLabel").text(), QStringLiteral("ZY"));
+    const QSize before = picture("Image2").size();
+    const float scale = document().PlaneScale;
+    child<QWidget>(opened, "Panel3").resize(311, 207);
+    settle();
+    EXPECT_EQ(picture("Image2").size(), image("Image2").sizeInPixels());
+    EXPECT_NE(picture("Image2").size(), before);
+    EXPECT_EQ(document().PlaneScale, scale) << "a resize leaves the scale alone";
+}
+
+TEST_F(TMDIChildViews, ToolsAreChosenByButtonOrAction) {
+    const std::tuple<const char*, const char*, ViewTool> tools[] = {
+        {"moveFrameButton", "moveFrame", ViewTool::MoveFrame},
+        {"moveViewButton", "moveView", ViewTool::MoveView},
+        {"rotateFrameButton", "rotateFrame", ViewTool::RotateFrame},
+        {"MoveObjCoordsButton", "MoveObjCoords", ViewTool::MoveObjCoords},
+        {"zoomButton", "zoom", ViewTool::Zoom}};
+    QList<Qt::CursorShape> shapes;
+    for (const auto& [button, action, tool] : tools) {
+        choose(button);
+        EXPECT_EQ(document().Tool, tool);
+        EXPECT_TRUE(child<QAction>(window(), action).isChecked());
+        shapes.push_back(image("Image3").cursor().shape());
+    }
+    EXPECT_EQ(shapes,
+              (QList<Qt::CursorShape>{Qt::SizeAllCursor, Qt::OpenHandCursor, Qt::BitmapCursor,
+                                      Qt::CrossCursor, Qt::BitmapCursor}));
+    for (const auto& [button, action, tool] : tools) {
+        child<QAction>(window(), action).trigger();
+        EXPECT_EQ(document().Tool, tool);
+        EXPECT_TRUE(child<QRadioButton>(window(), button).isChecked());
+    }
+}
+
+TEST_F(TMDIChildViews, ClicksZoomAllViewsAndASecondClickCountsToo) {
+    const QImage xy = picture("Image2");
+    const QImage zy = picture("Image4");
+    const auto click = [&](const char* name, Qt::MouseButton button, bool second) {
+        send(name, second ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress, {20, 20},
+             button, button);
+        send(name, QEvent::MouseButtonRelease, {20, 20}, button, Qt::NoButton);
+    };
+    click("Image3", Qt::LeftButton, false);
+    EXPECT_EQ(document().PlaneScale, 4.0F);
+    click("Image3", Qt::LeftButton, true);
+    EXPECT_EQ(document().PlaneScale, 8.0F);
+    EXPECT_NE(picture("Image2"), xy);
+    EXPECT_NE(picture("Image4"), zy);
+    click("Image4", Qt::RightButton, false);
+    click("Image4", Qt::RightButton, true);
+    EXPECT_EQ(document().PlaneScale, 2.0F);
+    EXPECT_FALSE(window().canUndo());
+    EXPECT_FALSE(document().Modified);
+
+    const QPoint at(30, 20);
+    QWheelEvent wheel(QPointF(at), QPointF(image("Image2").mapToGlobal(at)), {}, {0, 120},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&image("Image2"), &wheel);
+    EXPECT_GT(document().PlaneScale, 2.0F);
+}
+
+TEST_F(TMDIChildViews, EscapeAndLosingTheMouseCancel) {
+    choose("rotateFrameButton");
+    const Matrix4 before = document().Root.Matrix;
+    const QImage plane = picture("Image2");
+    const std::function<void()> ways[] = {
+        [&] { QTest::keyClick(&image("Image2"), Qt::Key_Escape); },
+        [&] { child<QTreeView>(window(), "TreeView1").setFocus(); },
+        [&] { hover("Image2"); }, // no button is held any more
+        [&] { choose("TwoDVisibleBox"); },
+    };
+    for (const auto& cancel : ways) {
+        press("Image2", {10, 10});
+        move("Image2", {60, 90});
+        EXPECT_NE(document().Root.Matrix, before);
+        cancel();
+        EXPECT_EQ(document().Root.Matrix, before);
+        release("Image2", {70, 90});
+        EXPECT_EQ(document().Root.Matrix, before);
+        EXPECT_FALSE(window().canUndo() || document().Modified || document().DragRunning);
+    }
+    choose("TwoDVisibleBox");
+    settle();
+    EXPECT_EQ(picture("Image2"), plane);
+}
+
+TEST_F(TMDIChildViews, VisibilityTogglesShowAtTheNextMouseEvent) {
+    auto& frameBox = child<QCheckBox>(window(), "FrameVisibleBox");
+    auto& meshBox = child<QCheckBox>(window(), "MeshVisibleBox");
+    const auto boxes = [&] {
+        return std::string(frameBox.isEnabled() ? "F" : "f") + (frameBox.isChecked() ? "+" : "-") +
+               (meshBox.isEnabled() ? "M" : "m") + (meshBox.isChecked() ? "+" : "-");
+    };
+    auto& tree = child<QTreeView>(window(), "TreeView1");
+    const QModelIndex root = tree.model()->index(0, 0);
+    const auto greyed = [&](const QModelIndex& node) {
+        return node.data(Qt::ForegroundRole).isValid();
+    };
+    EXPECT_EQ(boxes(), "F+M+");
+    const QImage shown = picture("Image2");
+    const QImage space = picture("Image1");
+
+    meshBox.click();
+    EXPECT_EQ(boxes(), "F+M-");
+    EXPECT_FALSE(greyed(root));
+    EXPECT_TRUE(greyed(root.model()->index(0, 0, root))) << "the mesh";
+    frameBox.click();
+    EXPECT_EQ(boxes(), "F-m-");
+    EXPECT_TRUE(greyed(root));
+    settle();
+    EXPECT_EQ(picture("Image2"), shown) << "a toggle draws nothing by itself";
+    hover("Image3");
+    EXPECT_NE(picture("Image2"), shown);
+    EXPECT_NE(picture("Image1"), space);
+    EXPECT_EQ(document().Root.ViewFlags, (std::array{false, true, false}));
+
+    // children keep their own
+    tree.setCurrentIndex(root.model()->index(1, 0, root));
+    EXPECT_EQ(boxes(), "F+M+");
+    tree.setCurrentIndex(root);
+    EXPECT_EQ(boxes(), "F-m-");
+    frameBox.click();
+    EXPECT_EQ(boxes(), "F+M-");
+    meshBox.click();
+    EXPECT_EQ(boxes(), "F+M+");
+    hover("Image1"); // over the 3D view
+    QTest::mouseMove(&child<QWidget>(window(), "ThreeDWinFrame"));
+    settle();
+    hover("Image2");
+    EXPECT_EQ(picture("Image2"), shown);
+    EXPECT_EQ(picture("Image1"), space);
+    tree.setCurrentIndex(tree.model()->index(1, 0)); // the material table
+    EXPECT_FALSE(frameBox.isEnabled() || meshBox.isEnabled());
+    EXPECT_FALSE(document().Modified);
+}
+
+TEST_F(TMDIChildViews, HoveringOverFreshPicturesDrawsNothing) {
+    const QImage shown = picture("Image2");
+    document().Root.Matrix[12] += 3; // behind the views' back
+    hover("Image2");
+    hover("Image4");
+    EXPECT_EQ(picture("Image2"), shown);
+    window().render3d();
+    EXPECT_NE(picture("Image2"), shown);
+}
+
+TEST_F(TMDIChildViews, HiddenViewsAreFreshWhenShownAgain) {
+    const QImage shown = picture("Image4");
+    choose("TwoDVisibleBox");
+    document().Root.Matrix[14] += 3;
+    window().render3d();
+    choose("TwoDVisibleBox");
+    settle();
+    EXPECT_NE(picture("Image4"), shown);
+    EXPECT_EQ(picture("Image4").size(), shown.size());
+}
+
+TEST_F(TMDIChildViews, StatusBarTellsWhereThePointerIs) {
+    EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
+    document().PanVector = Vec3();
+    const QPoint centre = image("Image4").rect().center();
+    hover("Image4");
+    EXPECT_TRUE(status().startsWith(u"z -")) << status().toStdString();
+    choose("moveFrameButton");
+    press("Image4", centre);
+    move("Image4", centre + QPoint(10, 0));
+    EXPECT_TRUE(status().contains(u"frame moved z ")) << status().toStdString();
+    release("Image4", centre);
+    EXPECT_FALSE(status().contains(u"moved"));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&image("Image4"), &leave);
+    EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
+}
+
+} // namespace
+} // namespace korvane::test
