@@ -11,7 +11,7 @@
 namespace korvane::bench {
 namespace {
 
-/// Frames in groups of a hundred below the root, each with the names that files have.
+/// Frames in groups of a hundred below the root, half of them with a child.
 ModelDocument makeFrames(std::size_t count) {
     ModelDocument document;
     document.Root.Name = "root";
@@ -19,7 +19,9 @@ ModelDocument makeFrames(std::size_t count) {
         if (i % 100 == 0) {
             document.Root.Children.emplace_back().Name = "group" + std::to_string(i / 100);
         }
-        document.Root.Children.back().Children.emplace_back().Name = "part" + std::to_string(i);
+        std::vector<FrameRecord>& parts = document.Root.Children.back().Children;
+        (i % 2 == 0 ? parts : parts.back().Children).emplace_back().Name =
+            "part" + std::to_string(i);
     }
     ModelDocument::refreshPaths(document.Root, 0);
     return document;
@@ -51,7 +53,7 @@ struct Page {
     }
     void refresh() {
         view.rebuild(document);
-        view.select(document.Selected);
+        view.select(document.Selected, false);
     }
 };
 
@@ -78,7 +80,7 @@ enum class Edit { Rename, Add, Delete };
 
 template <class Shown>
 void make(Shown& shown, Edit edit) {
-    const FramePath frame = FramePath().child(50).child(50);
+    const FramePath frame = FramePath().child(50).child(25);
     switch (edit) {
     case Edit::Rename:
         shown.history.renameFrame(shown.document, frame, "other");

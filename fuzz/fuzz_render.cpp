@@ -98,7 +98,9 @@ class Source {
         frame.HasMesh = flag();
         frame.RenderBackwards = flag();
         frame.SelectState = static_cast<SelectState>(number(0, 2));
-        frame.ViewFlags[0] = number(0, 7) != 0;
+        for (auto& flag : frame.ViewFlags) {
+            flag = number(0, 7) != 0;
+        }
         for (int i = number(0, 3); i > 0; --i) {
             frame.Matrix[static_cast<std::size_t>(number(0, 15))] = real();
         }
@@ -145,7 +147,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         startCamera(document, view.geometry());
     }
     view.redraw(document, state);
-    state.mode = source.flag() ? RenderMode::SmoothShading : RenderMode::Wireframe;
+    state.mode = static_cast<RenderMode>(source.number(0, 2));
     view.resize(view.geometry().width + 1, view.geometry().height);
     view.redraw(document, state);
     return 0;

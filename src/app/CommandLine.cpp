@@ -16,7 +16,7 @@ std::optional<QString> commandLineAnswer(std::span<char*> arguments) {
         return QStringLiteral("Usage: korvane-editor [MODEL...]\n"
                               "       korvane-editor --help | --version\n\n"
                               "Opens each MODEL whose name ends in .xsi or .x in a window of its\n"
-                              "own, whatever it begins with; other arguments are ignored.\n");
+                              "own; other arguments are ignored.\n");
     }
     return std::nullopt;
 }

@@ -14,10 +14,12 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QStatusTipEvent>
 
+#include <exception>
 #include <utility>
 
 namespace korvane {
@@ -141,7 +143,14 @@ void TMainForm::connectActions() {
     connect(this, &TMainForm::filesDropped, this, &TMainForm::createDocuments,
             Qt::QueuedConnection);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-            &TMainForm::idle);
+            [this] {
+                try {
+                    idle();
+                } catch (const std::exception&) {
+                    // memory ran out, and no event is being delivered that could tell: what was
+                    // left undone is done when the program is idle next
+                }
+            });
 }
 
 TMDIChild* TMainForm::activeDocument() const {
@@ -188,7 +197,9 @@ void TMainForm::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void TMainForm::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
+    // a move would have the source remove the files
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     Q_EMIT filesDropped(modelFiles(*event->mimeData()));
 }
 
@@ -298,7 +309,7 @@ void TMainForm::HelpAbout1Execute() {
 void TMainForm::MainFormActivate() {
     for (const QString& path : std::as_const(paths_)) {
         if (isTextModelName(path)) {
-            createDocument(path);
+            createDocument(QFileInfo(path).absoluteFilePath());
         }
     }
 }

@@ -72,8 +72,15 @@ RefreshFlags EditHistory::step(ModelDocument& document, EditAction& action, bool
 
 void EditHistory::record(ModelDocument& document, EditAction action) {
     entries_.resize(static_cast<std::size_t>(std::int64_t{position_} + 1));
-    entries_.push_back(std::move(action));
-    step(document, entries_.back(), true);
+    // room first: a change that has been made must not be without its entry
+    entries_.emplace_back();
+    try {
+        step(document, action, true);
+    } catch (...) {
+        entries_.pop_back();
+        throw;
+    }
+    entries_.back() = std::move(action);
     ++position_;
 }
 
@@ -81,8 +88,9 @@ RefreshFlags EditHistory::undo(ModelDocument& document) {
     if (!canUndo()) {
         return {};
     }
-    EditAction& action = entries_[static_cast<std::size_t>(position_--)];
+    EditAction& action = entries_[static_cast<std::size_t>(position_)];
     const RefreshFlags refresh = step(document, action, false);
+    --position_;
     selectFrameOf(document, action);
     return refresh;
 }
@@ -91,8 +99,9 @@ RefreshFlags EditHistory::redo(ModelDocument& document) {
     if (!canRedo()) {
         return {};
     }
-    EditAction& action = entries_[static_cast<std::size_t>(++position_)];
+    EditAction& action = entries_[static_cast<std::size_t>(position_ + 1)];
     const RefreshFlags refresh = step(document, action, true);
+    ++position_;
     selectFrameOf(document, action);
     return refresh;
 }

@@ -78,6 +78,7 @@ void insertFrame(const EditStep& step, std::size_t position, FrameRecord frame) 
         parent.SelectState == SelectState::Other ? SelectState::Other : SelectState::Descendant;
     for (FrameWalk walk(*place); !walk.done(); walk.next()) {
         walk.frame().SelectState = state;
+        walk.frame().TreeNode = -1; // of a tree that is no longer shown
     }
 }
 

@@ -29,6 +29,10 @@ struct NodeData {
     korvane::NodeKind NodeKind = korvane::NodeKind::None;
     std::int32_t ItemIndex = 0; ///< slot or table index, from 0
 
+    /// Whether both stand for the same thing, whatever can be done with it.
+    [[nodiscard]] bool isSameNode(const NodeData& other) const {
+        return Frame == other.Frame && NodeKind == other.NodeKind && ItemIndex == other.ItemIndex;
+    }
     bool operator==(const NodeData&) const = default;
 };
 

@@ -66,8 +66,6 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TMDIChild::ChildSelectedChange);
-    connect(ui_->TreeView1, &QTreeView::expanded, this, [this] { structure_->fitColumn(); });
-    connect(ui_->TreeView1, &QTreeView::collapsed, this, [this] { structure_->fitColumn(); });
     connect(ui_->EditButton, &QPushButton::clicked, this, &TMDIChild::EditButtonClick);
     connect(ui_->RenameButton, &QPushButton::clicked, this, &TMDIChild::RenameButtonClick);
     connect(ui_->DeleteButton, &QPushButton::clicked, this, &TMDIChild::Deletebuttonclick);
@@ -110,8 +108,8 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     selectRoot();
     ui_->ThreeDWinFrame->placeCamera();
     planesPending_ = true;
-    showReadFailure(status, fileName);
     setCaption();
+    showReadFailure(status, fileName);
     if (status == ReadStatus::Done) {
         readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
     }

@@ -11,6 +11,7 @@
 
 #include <QFileInfo>
 #include <QItemSelection>
+#include <QScopedValueRollback>
 
 #include <memory>
 #include <optional>
@@ -42,39 +43,28 @@ void TMDIChild::showSelectedButtons() {
     showVisibility();
     if (!node.AddByKind) {
         ui_->AddButton->setText(QStringLiteral("Add"));
-        return;
-    }
-    switch (node.NodeKind) {
-    case NodeKind::Frame:
+    } else if (node.NodeKind == NodeKind::Frame) {
         ui_->AddButton->setText(QStringLiteral("Add Frame"));
-        break;
-    case NodeKind::MeshMaterialList:
-    case NodeKind::MaterialSlot:
-    case NodeKind::MaterialTable:
-    case NodeKind::TableMaterial:
+    } else if (node.NodeKind != NodeKind::Mesh && node.NodeKind != NodeKind::MeshNormals) {
         ui_->AddButton->setText(QStringLiteral("Add Material"));
-        break;
-    case NodeKind::None:
-    case NodeKind::Mesh:
-    case NodeKind::MeshNormals:
-        break; // keeps the caption it had
     }
+    ui_->AddButton->setAccessibleName(ui_->AddButton->text());
 }
 
 void TMDIChild::rebuildTree() {
     const NodeData selected = model_->Selected;
-    filling_ = true;
-    structure_->rebuild(*model_);
-    filling_ = false;
+    {
+        const QScopedValueRollback<bool> filling(filling_, true);
+        structure_->rebuild(*model_);
+    }
     model_->Selected = selected;
     followSelection();
 }
 
 void TMDIChild::followSelection() {
     if (model_->Selected.NodeKind != NodeKind::None) {
-        filling_ = true;
-        structure_->select(model_->Selected);
-        filling_ = false;
+        const QScopedValueRollback<bool> filling(filling_, true);
+        structure_->select(model_->Selected, !model_->Selected.isSameNode(model_->SelectionCopy));
         model_->Selected = structure_->nodeData(ui_->TreeView1->currentIndex());
     }
     model_->SelectionCopy = model_->Selected;
@@ -152,7 +142,8 @@ void TMDIChild::RenameButtonClick() {
         return;
     }
     const QString shown = shownText(frame->Name);
-    if (const std::optional<QString> name = dialogs_.renameFrame->rename(shown)) {
+    if (const std::optional<QString> name =
+            dialogs_.renameFrame->rename(shown, path.depth() == 0)) {
         // a name that was left alone keeps its bytes, whatever they show as
         history_.renameFrame(*model_, path, *name == shown ? frame->Name : modelText(*name));
     }
@@ -189,7 +180,10 @@ void TMDIChild::Addbuttonclick() {
     switch (node.NodeKind) {
     case NodeKind::Frame:
         history_.addFrame(*model_, *node.Frame, "");
-        break;
+        rebuildTree();
+        ui_->TreeView1->expand(ui_->TreeView1->currentIndex()); // shows what has been added
+        render3d();
+        return;
     case NodeKind::MeshMaterialList:
     case NodeKind::MaterialSlot:
         history_.addMeshMaterial(*model_, *node.Frame);

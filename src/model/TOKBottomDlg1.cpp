@@ -4,24 +4,37 @@
 
 #include <QLocale>
 
-#include <array>
-
 namespace korvane {
 
 namespace {
 
 /// Why a model file could not give the name back; empty if it could.
-QString hintAbout(const QString& name) {
-    constexpr std::array<const char*, 4> lost = {"frame", " ", "{", "__"};
-    for (const char* part : lost) {
+QString hintAbout(const QString& name, bool root) {
+    const QString cannot = QStringLiteral("A file would not give this name back, because it %1.");
+    if (name.isEmpty()) {
+        return cannot.arg(QStringLiteral("is empty"));
+    }
+    if (name.contains(u' ')) {
+        return cannot.arg(QStringLiteral("holds a blank"));
+    }
+    for (const char* part : {"frame", "{", "__", "template"}) {
         const QString text = QString::fromLatin1(part);
-        if (name.contains(text)) {
-            return QStringLiteral("A file would not give this name back, because it holds %1.")
-                .arg(text == QStringLiteral(" ") ? QStringLiteral("a blank")
-                                                 : QStringLiteral("\"%1\"").arg(text));
+        // a line with "template" is passed over only where the root is looked for
+        if (name.contains(text) && (root || text != QLatin1String("template"))) {
+            return cannot.arg(QStringLiteral("holds \"%1\"").arg(text));
         }
     }
     return {};
+}
+
+/// The text in lower case and on one line: the end of a line would end the name in a file.
+QString nameFrom(const QString& text) {
+    QString name = QLocale::c().toLower(text);
+    name.removeIf([](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+               c == QChar::ParagraphSeparator;
+    });
+    return name;
 }
 
 } // namespace
@@ -29,16 +42,18 @@ QString hintAbout(const QString& name) {
 TOKBottomDlg1::TOKBottomDlg1(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TOKBottomDlg1>()) {
     ui_->setupUi(this);
-    connect(ui_->NameEdit, &QLineEdit::textChanged, this, &TOKBottomDlg1::NameEditChange);
+    // what the dialog begins with stays as it is: only what the user enters is changed
+    connect(ui_->NameEdit, &QLineEdit::textEdited, this, &TOKBottomDlg1::NameEditChange);
 }
 
 TOKBottomDlg1::~TOKBottomDlg1() = default;
 
-std::optional<QString> TOKBottomDlg1::rename(const QString& name) {
+std::optional<QString> TOKBottomDlg1::rename(const QString& name, bool root) {
+    root_ = root;
     ui_->NameEdit->setText(name);
     ui_->NameEdit->selectAll();
     ui_->NameEdit->setFocus();
-    NameEditChange(ui_->NameEdit->text());
+    showHint(name);
     if (exec() != Accepted) {
         return std::nullopt;
     }
@@ -46,13 +61,17 @@ std::optional<QString> TOKBottomDlg1::rename(const QString& name) {
 }
 
 void TOKBottomDlg1::NameEditChange(const QString& text) {
-    const QString lower = QLocale::c().toLower(text);
-    if (lower != text) {
+    const QString name = nameFrom(text);
+    if (name != text) {
         const int cursor = ui_->NameEdit->cursorPosition();
-        ui_->NameEdit->setText(lower);
+        ui_->NameEdit->setText(name);
         ui_->NameEdit->setCursorPosition(cursor);
     }
-    ui_->HintLabel->setText(hintAbout(lower));
+    showHint(name);
+}
+
+void TOKBottomDlg1::showHint(const QString& name) {
+    ui_->HintLabel->setText(hintAbout(name, root_));
     // the hint needs room, and gives it back
     ui_->HintLabel->setVisible(!ui_->HintLabel->text().isEmpty());
 }

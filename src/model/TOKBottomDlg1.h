@@ -19,13 +19,16 @@ class TOKBottomDlg1 : public QDialog {
     explicit TOKBottomDlg1(QWidget* parent);
     ~TOKBottomDlg1() override;
 
-    /// Shows the dialog with a name to begin with; the new name, or nothing if the user cancelled.
-    std::optional<QString> rename(const QString& name);
+    /// Shows the dialog with a name to begin with, that of the root or of another frame; the new
+    /// name, or nothing if the user cancelled.
+    std::optional<QString> rename(const QString& name, bool root);
 
   private:
     void NameEditChange(const QString& text);
+    void showHint(const QString& name);
 
     std::unique_ptr<Ui::TOKBottomDlg1> ui_;
+    bool root_ = false;
 };
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 #include "model/TReadProgress.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 #include <QProgressDialog>
 
 #include <algorithm>
@@ -23,10 +24,13 @@ bool TReadProgress::goOn(std::size_t done, std::size_t size) {
             return true;
         }
         constexpr int widest = 400;
-        dialog_ = std::make_unique<QProgressDialog>(
+        dialog_ = std::make_unique<QProgressDialog>(QString(), QStringLiteral("Cancel"), 0, steps,
+                                                    &parent_);
+        auto* label = new QLabel(
             QStringLiteral("Reading %1")
-                .arg(parent_.fontMetrics().elidedText(fileName_, Qt::ElideMiddle, widest)),
-            QStringLiteral("Cancel"), 0, steps, &parent_);
+                .arg(parent_.fontMetrics().elidedText(fileName_, Qt::ElideMiddle, widest)));
+        label->setTextFormat(Qt::PlainText);
+        dialog_->setLabel(label);
         dialog_->setObjectName(QStringLiteral("ReadProgress"));
         dialog_->setWindowTitle(QCoreApplication::applicationName());
         dialog_->setWindowModality(Qt::ApplicationModal);

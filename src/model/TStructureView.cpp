@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <cstddef>
@@ -47,6 +48,16 @@ std::vector<std::int32_t> nodesOfFrames(ModelDocument& document) {
 
 TStructureView::TStructureView(QTreeView& view) : view_(view) {
     view_.setModel(&model_);
+    // 0: only the rows in sight are measured
+    view_.header()->setResizeContentsPrecision(0);
+    fitSoon_.setSingleShot(true);
+    fitSoon_.setInterval(0);
+    const auto fitSoon = [this] { fitSoon_.start(); };
+    // later: measuring lays the view out, which must not happen for each of many nodes
+    QObject::connect(&view_, &QTreeView::expanded, &fitSoon_, fitSoon);
+    QObject::connect(&view_, &QTreeView::collapsed, &fitSoon_, fitSoon);
+    QObject::connect(view_.verticalScrollBar(), &QScrollBar::valueChanged, &fitSoon_, fitSoon);
+    QObject::connect(&fitSoon_, &QTimer::timeout, &fitSoon_, [this] { fitColumn(); });
 }
 
 TStructureView::~TStructureView() {
@@ -63,7 +74,10 @@ void TStructureView::rebuild(ModelDocument& document) {
     const std::vector<std::int32_t> frameNodes = nodesOfFrames(document);
     const StructureTree before = shown;
     model_.setTree(StructureTree(document));
-    expandAgain(expanded, before, frameNodes);
+    {
+        const QSignalBlocker silent(view_);
+        expandAgain(expanded, before, frameNodes);
+    }
     view_.doItemsLayout();
     view_.verticalScrollBar()->setValue(scroll);
     fitColumn();
@@ -132,12 +146,14 @@ std::int32_t TStructureView::nodeOf(const NodeData& data) const {
     return node;
 }
 
-void TStructureView::select(const NodeData& data) {
-    const int scroll = view_.verticalScrollBar()->value();
+void TStructureView::select(const NodeData& data, bool scrollThere) {
     const QModelIndex index = model_.indexOf(nodeOf(data));
+    view_.setAutoScroll(false);
     view_.setCurrentIndex(index);
-    view_.verticalScrollBar()->setValue(scroll);
-    view_.scrollTo(index);
+    view_.setAutoScroll(true);
+    if (scrollThere) {
+        view_.scrollTo(index);
+    }
 }
 
 NodeData TStructureView::nodeData(const QModelIndex& index) const {
@@ -146,7 +162,7 @@ NodeData TStructureView::nodeData(const QModelIndex& index) const {
 
 void TStructureView::fitColumn() {
     // the column fills the view, so that the selection does, but never cuts a text off: deep trees
-    // scroll sideways; only the rows in sight are measured
+    // scroll sideways
     const QAbstractItemView& rows = view_;
     view_.header()->setMinimumSectionSize(rows.sizeHintForColumn(0));
 }

@@ -3,6 +3,7 @@
 #include "model/ModelDocument.h"
 #include "model/StructureTreeModel.h"
 
+#include <QTimer>
 #include <QTreeView>
 
 #include <cstdint>
@@ -25,20 +26,21 @@ class TStructureView {
     /// Greys a frame of the document shown, and its mesh, as far as they are hidden.
     void showVisibility(const FrameRecord& frame) { model_.showVisibility(frame); }
     /// Selects the node that stands for the same thing; of a slot or material that is gone the last
-    /// one there is, else the node above it; the root at the worst.
-    void select(const NodeData& data);
+    /// one there is, else the node above it; the root at the worst. Scrolls there only if asked to.
+    void select(const NodeData& data, bool scrollThere);
     /// The record of a node of the view, empty for an invalid index.
     [[nodiscard]] NodeData nodeData(const QModelIndex& index) const;
-    /// Makes room for the widest of the rows in sight.
-    void fitColumn();
 
   private:
+    /// Makes room for the widest of the rows in sight.
+    void fitColumn();
     [[nodiscard]] std::int32_t nodeOf(const NodeData& data) const;
     void expandAgain(const std::vector<bool>& expanded, const StructureTree& before,
                      const std::vector<std::int32_t>& frameNodes);
 
     QTreeView& view_;
     StructureTreeModel model_;
+    QTimer fitSoon_; ///< other rows have come into sight
 };
 
 } // namespace korvane

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
 #include <QTreeView>
 
 #include <functional>
@@ -47,7 +49,9 @@ class StructureEditing : public MainFormTest {
     void answerRename(const QString& typed, const QString& hint, bool accept = true) {
         answer([=](QWidget& dialog) {
             EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Rename Frame"));
-            child<QLineEdit>(dialog, "NameEdit").setText(typed);
+            auto& edit = child<QLineEdit>(dialog, "NameEdit");
+            edit.selectAll();
+            edit.insert(typed);
             EXPECT_EQ(child<QLabel>(dialog, "HintLabel").text().contains(hint),
                       !hint.isEmpty() || child<QLabel>(dialog, "HintLabel").text().isEmpty());
             static_cast<QDialog&>(dialog).done(accept ? QDialog::Accepted : QDialog::Rejected);
@@ -163,13 +167,74 @@ TEST_F(StructureEditing, MaterialsComeAndGoAndTheTreeStaysOpen) {
     press("DeleteButton");
     EXPECT_EQ(window().document()->Materials.size(), materials + 1);
     EXPECT_EQ(selected(), QStringLiteral("Material %1").arg(materials + 1));
-    // the frame moves up when the one before it goes; what is open stays open
-    select({root});
-    press("AddButton");
-    select({root, QStringLiteral("Frame frm-")});
+}
+
+TEST_F(StructureEditing, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
+    const QStringList root = {QStringLiteral("Frame frm-body")};
+    const auto child = [&](int i) {
+        return root + QStringList(QStringLiteral("Frame frm-%1").arg(i));
+    };
+    ModelDocument& document = *window().document();
+    document.Root.Children.resize(400);
+    for (int i = 0; i < 400; ++i) {
+        FrameRecord& frame = document.Root.Children[static_cast<std::size_t>(i)];
+        frame.Name = std::to_string(i);
+        frame.Children.resize(1);
+    }
+    ModelDocument::refreshPaths(document.Root, 0);
+    select(root);
+    press("AddButton"); // shows what the test has made
+    EXPECT_TRUE(tree().isExpanded(node(root)));
+    tree().expand(node(child(1)));
+    select(child(0));
+    press("DeleteButton");
+    EXPECT_TRUE(tree().isExpanded(node(child(1))));
+    EXPECT_FALSE(tree().isExpanded(node(child(2))));
     run("EditUndo1");
-    EXPECT_TRUE(tree().isExpanded(node(list)));
-    EXPECT_EQ(selected(), root);
+    EXPECT_FALSE(tree().isExpanded(node(child(0))));
+    EXPECT_TRUE(tree().isExpanded(node(child(1))));
+
+    // an edit of a frame that is out of sight leaves the view where it is; a new selection shows
+    select(root);
+    QScrollBar& bar = *tree().verticalScrollBar();
+    settle();
+    bar.setValue(20);
+    ASSERT_EQ(bar.value(), 20);
+    press("AddButton");
+    settle();
+    EXPECT_EQ(bar.value(), 20);
+    select(child(399));
+    press("DeleteButton");
+    EXPECT_GT(bar.value(), 100);
+}
+
+TEST_F(StructureEditing, OpeningAllOpensAll) {
+    tree().collapseAll();
+    select({QStringLiteral("Frame frm-body")});
+    QTest::keyClick(&tree(), Qt::Key_Asterisk);
+    settle();
+    for (QModelIndex at = tree().model()->index(0, 0); at.isValid(); at = tree().indexBelow(at)) {
+        EXPECT_TRUE(!at.parent().isValid() || tree().isExpanded(at) ||
+                    !tree().model()->hasChildren(at))
+            << at.data().toString().toStdString();
+    }
+}
+
+TEST_F(StructureEditing, NamesAreOnOneLineAndLeftAloneOnesKeepTheirBytes) {
+    FrameRecord& frame = window().document()->Root;
+    select({QStringLiteral("Frame frm-body")});
+    answerRename(QStringLiteral("Wing\nTip\x85\u2028"), {});
+    press("RenameButton");
+    EXPECT_EQ(frame.Name, "wingtip");
+    answerRename({}, QStringLiteral("is empty"), false);
+    press("RenameButton");
+    answerRename(QStringLiteral("templates"), QStringLiteral("template"), false);
+    press("RenameButton");
+    // as read from a file: only the letters of the language are folded there
+    frame.Name = "\xC9";
+    answer([](QWidget& dialog) { static_cast<QDialog&>(dialog).accept(); });
+    press("RenameButton");
+    EXPECT_EQ(frame.Name, "\xC9");
 }
 
 } // namespace

@@ -100,6 +100,20 @@ TEST_F(Drag, HalfTheViewTurnsByPiAndPitchStops) {
     EXPECT_EQ(angles.yaw, 1) << "the drag is over";
 }
 
+TEST_F(Drag, CancelGoesBackToBeforeTheFirstOfTwoButtons) {
+    press(DragButton::Left, 100, 100);
+    move(150, 120);
+    press(DragButton::Right, 150, 120);
+    move(170, 160);
+    EXPECT_NE(angles.yaw, 1);
+    EXPECT_NE(distance, 10);
+    EXPECT_TRUE(drag.cancel(angles, distance));
+    EXPECT_EQ(angles.yaw, 1);
+    EXPECT_EQ(angles.pitch, 0);
+    EXPECT_EQ(distance, 10);
+    EXPECT_FALSE(drag.cancel(angles, distance));
+}
+
 TEST_F(Drag, RightButtonMovesTheEyeAndStopsAtTheCentre) {
     press(DragButton::Right, 0, 100);
     move(50, 100 + view.f / 10);
