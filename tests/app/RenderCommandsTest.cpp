@@ -1,4 +1,5 @@
 #include "app/ColorSwatch.h"
+#include "render/TImage.h"
 #include "support/MainFormTest.h"
 
 #include <QColorDialog>
