@@ -64,7 +64,7 @@ void stepTexCoords(EditStep& step) {
             coordinates[number] = (*values)[i];
         }
     }
-    step.frame->Cache.clear(); // the list stays in its place and size
+    step.frame->Cache.clear();
 }
 
 void stepFaceSlot(EditStep& step) {

@@ -182,7 +182,7 @@ void stepAppendSlot(EditStep& step) {
 }
 
 void stepRemoveSlot(EditStep& step) {
-    const MeshRecord& mesh = step.frame->Mesh;
+    MeshRecord& mesh = step.frame->Mesh;
     std::int32_t* numbers = &step.action.path[step.action.index + 1];
     const auto slot = static_cast<std::size_t>(numbers[1]);
     if (!step.forward) {

@@ -21,6 +21,7 @@ class QWheelEvent;
 
 namespace korvane {
 
+class TMaterial;
 class TOKBottomDlg1;
 class TStructureView;
 class TframeF;
@@ -35,6 +36,7 @@ class TMDIChild;
 struct DocumentDialogs {
     TframeF* frameOptions = nullptr;
     TOKBottomDlg1* renameFrame = nullptr;
+    TMaterial* material = nullptr;
 };
 
 /// A document window: owns one model for as long as it is open and shows its structure, the tools
@@ -179,6 +181,10 @@ class TMDIChild : public QMdiSubWindow {
     void setCaption();
     void rebuildTree();
     void editFrameOptions();
+    /// Opens the material editor on the selected slot or entry of the table.
+    void editMaterials();
+    /// `path` leads to the frame; a frame outside the model has none.
+    void showMaterialEditor(FrameRecord& frame, const std::optional<FramePath>& path);
     void refresh(const RefreshFlags& flags);
     /// Moves the selection in the tree to what the document has selected, as if the user did.
     void followSelection();
