@@ -277,7 +277,7 @@ TEST_F(StructureEditing, EditOpensTheMaterialEditorOnWhatIsSelected) {
         EXPECT_EQ(child<QSlider>(editor, "opacitybar").value(), 50);
     });
     // the tree follows the slots, the 3D view each edit
-    window().setDrawingInterface(DrawApi::Software); // whose picture can be looked at
+    window().setDrawingInterface(DrawApi::Software); // draws at once
     TImage& image = child<TImage>(window(), "Image1");
     edit(list, [&](QWidget& editor) {
         const QImage before = image.picture().copy();
