@@ -1,5 +1,6 @@
 #include "app/ColorSwatch.h"
 
+#include <QColorDialog>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
@@ -15,6 +16,17 @@ void ColorSwatch::setColor(const QColor& color) {
     color_ = color;
     setAccessibleDescription(color.name());
     update();
+}
+
+bool ColorSwatch::choose() {
+    QColorDialog dialog(color_, this);
+    dialog.setObjectName(QStringLiteral("ColorDialog1"));
+    dialog.setWindowTitle(accessibleName());
+    if (dialog.exec() != QDialog::Accepted) {
+        return false;
+    }
+    setColor(dialog.selectedColor());
+    return true;
 }
 
 QSize ColorSwatch::sizeHint() const {

@@ -12,6 +12,8 @@ class ColorSwatch : public QAbstractButton {
 
     [[nodiscard]] QColor color() const { return color_; }
     void setColor(const QColor& color);
+    /// Lets the user choose another colour; whether that was confirmed.
+    bool choose();
 
     [[nodiscard]] QSize sizeHint() const override;
 

@@ -16,7 +16,9 @@ namespace korvane {
 /// over the frame and are gone before it.
 struct EditorForms {
     /// `paths` are the models to open at the frame's first activation.
-    explicit EditorForms(const QStringList& paths) : mainForm(*this, paths) {}
+    explicit EditorForms(const QStringList& paths) : mainForm(*this, paths) {
+        material.setTextureDialog(loadTexture);
+    }
 
     TMainForm mainForm;
     TMaterial material{&mainForm};

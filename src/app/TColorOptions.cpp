@@ -3,8 +3,6 @@
 #include "app/ColorSwatch.h"
 #include "ui_TColorOptions.h"
 
-#include <QColorDialog>
-
 #include <utility>
 
 namespace korvane {
@@ -58,40 +56,31 @@ PlaneColors TColorOptions::planeColors() const {
 }
 
 void TColorOptions::ThreeDWinColorEditClick() {
-    choose(*ui_->ThreeDWinColorEdit);
+    ui_->ThreeDWinColorEdit->choose();
 }
 
 void TColorOptions::WireRenderSelectedEditClick() {
-    choose(*ui_->WireRenderSelectedEdit);
+    ui_->WireRenderSelectedEdit->choose();
 }
 
 void TColorOptions::WireRenderSelectedChildEditClick() {
-    choose(*ui_->WireRenderSelectedChildEdit);
+    ui_->WireRenderSelectedChildEdit->choose();
 }
 
 void TColorOptions::WireRenderUnselectedEditClick() {
-    choose(*ui_->WireRenderUnselectedEdit);
+    ui_->WireRenderUnselectedEdit->choose();
 }
 
 void TColorOptions::TwoDWinColorEditClick() {
-    choose(*ui_->TwoDWinColorEdit);
+    ui_->TwoDWinColorEdit->choose();
 }
 
 void TColorOptions::WorldAxesEditClick() {
-    choose(*ui_->WorldAxesEdit);
+    ui_->WorldAxesEdit->choose();
 }
 
 void TColorOptions::ObjAxesEditClick() {
-    choose(*ui_->ObjAxesEdit);
-}
-
-void TColorOptions::choose(ColorSwatch& swatch) {
-    QColorDialog dialog(swatch.color(), this);
-    dialog.setObjectName(QStringLiteral("ColorDialog1"));
-    dialog.setWindowTitle(swatch.accessibleName());
-    if (dialog.exec() == QDialog::Accepted) {
-        swatch.setColor(dialog.selectedColor());
-    }
+    ui_->ObjAxesEdit->choose();
 }
 
 } // namespace korvane

@@ -9,8 +9,6 @@
 
 namespace korvane {
 
-class ColorSwatch;
-
 namespace Ui {
 class TColorOptions;
 }
@@ -36,9 +34,6 @@ class TColorOptions : public QDialog {
     void TwoDWinColorEditClick();
     void WorldAxesEditClick();
     void ObjAxesEditClick();
-
-    /// Lets the user choose another colour for the swatch.
-    void choose(ColorSwatch& swatch);
 
     std::unique_ptr<Ui::TColorOptions> ui_;
 };

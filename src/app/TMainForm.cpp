@@ -7,6 +7,7 @@
 #include "formats/FileNames.h"
 #include "model/ModelDocument.h"
 #include "model/TMDIChild.h"
+#include "render/GlContext.h"
 #include "ui_TMainForm.h"
 
 #include <QAbstractEventDispatcher>
@@ -17,6 +18,7 @@
 #include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMimeData>
+#include <QOpenGLWidget>
 #include <QStatusTipEvent>
 
 #include <exception>
@@ -53,6 +55,13 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     ui_->StatusBar1->addWidget(statusPanel_, 1);
     ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
 
+    if (probeContext() == GlProbe::Works) {
+        // the first OpenGL widget in a window that shows would make it anew, which flickers
+        auto* panel = new QOpenGLWidget(this);
+        panel->setObjectName(QStringLiteral("HiddenGlPanel"));
+        panel->setAccessibleName(QStringLiteral("Hidden OpenGL panel"));
+        panel->hide();
+    }
     setIcons();
     setUpToolBar();
     connectActions();
@@ -340,7 +349,7 @@ void TMainForm::scheduleFirstActivation() {
 void TMainForm::createDocument(const QString& name) {
     // the MDI area owns the window, which frees itself when it is closed
     auto* document = new TMDIChild(forms_.colorOptions.viewColors(), ui_->MDIArea);
-    document->setDialogs({&forms_.frameOptions, &forms_.renameFrame});
+    document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
     connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
     ui_->MDIArea->addSubWindow(document);
     document->showMaximized();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ModelClipboard.h"
 #include "app/WindowList.h"
 #include "render/ViewState.h"
 
@@ -125,6 +126,7 @@ class TMainForm : public QMainWindow {
     QLabel* statusPanel_;
     QString hint_; ///< of the item under the pointer
     WindowList windowList_;
+    ModelClipboard clipboard_;
 };
 
 } // namespace korvane

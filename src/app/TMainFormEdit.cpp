@@ -6,6 +6,8 @@
 
 #include <QAction>
 
+#include <optional>
+
 namespace korvane {
 
 void TMainForm::EditUndo1Execute() {
@@ -30,8 +32,7 @@ void TMainForm::EditRedo1Update() {
     ui_->EditRedo1->setEnabled(document != nullptr && document->canRedo());
 }
 
-// No window exchanges anything with the clipboard yet: there is nothing that these commands could
-// do.
+// Cut is deliberately never possible: copying and deleting are two steps.
 
 void TMainForm::EditCutExecute() {}
 
@@ -39,16 +40,31 @@ void TMainForm::EditCutUpdate() {
     ui_->EditCut->setEnabled(false);
 }
 
-void TMainForm::EditCopyExecute() {}
-
-void TMainForm::EditCopyUpdate() {
-    ui_->EditCopy->setEnabled(false);
+void TMainForm::EditCopyExecute() {
+    const TMDIChild* document = activeDocument();
+    const QByteArray block = document != nullptr ? document->copy() : QByteArray();
+    if (!block.isEmpty()) {
+        ModelClipboard::put(block);
+    }
 }
 
-void TMainForm::EditPasteExecute() {}
+void TMainForm::EditCopyUpdate() {
+    const TMDIChild* document = activeDocument();
+    ui_->EditCopy->setEnabled(document != nullptr && document->canCopy());
+}
+
+void TMainForm::EditPasteExecute() {
+    if (TMDIChild* document = activeDocument()) {
+        document->paste(ModelClipboard::block());
+    }
+}
 
 void TMainForm::EditPasteUpdate() {
-    ui_->EditPaste->setEnabled(false);
+    const TMDIChild* document = activeDocument();
+    // the clipboard is asked only where the answer matters
+    const bool wanted = document != nullptr && document->canCopy();
+    const std::optional<ClipboardContent> content = wanted ? clipboard_.content() : std::nullopt;
+    ui_->EditPaste->setEnabled(content.has_value() && document->canPaste(*content));
 }
 
 } // namespace korvane

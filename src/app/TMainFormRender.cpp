@@ -124,8 +124,7 @@ void TMainForm::backwardsupdate() {
 void TMainForm::setDrawingInterface(DrawApi api) {
     TMDIChild* const document = activeDocument();
     if (document != nullptr && document->view().api != api) {
-        document->view().api = api;
-        document->render3d();
+        document->setDrawingInterface(api);
     }
 }
 

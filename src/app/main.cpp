@@ -1,3 +1,4 @@
+#include "app/ClipboardHandOver.h"
 #include "app/CommandLine.h"
 #include "app/EditorApplication.h"
 #include "app/EditorForms.h"
@@ -17,5 +18,7 @@ int main(int argc, char** argv) {
     const korvane::EditorApplication application(argc, argv);
     korvane::EditorForms forms(korvane::EditorApplication::arguments().mid(1));
     forms.mainForm.show();
-    return korvane::EditorApplication::exec();
+    const int status = korvane::EditorApplication::exec();
+    korvane::handOverClipboard();
+    return status;
 }

@@ -53,13 +53,14 @@ std::int32_t count(std::size_t size) {
 
 } // namespace
 
-RefreshFlags EditHistory::step(ModelDocument& document, EditAction& action, bool forward) {
+RefreshFlags EditHistory::step(ModelDocument& document, EditAction& action, bool forward,
+                               const TextureSource& textures) {
     document.Modified = true;
     const EditKindRow* row = editKindRow(action.kind);
     if (row == nullptr) {
         return {};
     }
-    EditStep step = {document, action, textures_, forward};
+    EditStep step = {document, action, textures, forward};
     if (row->ofFrame) {
         step.frame = frameOf(document, action);
         if (step.frame == nullptr) {
@@ -70,12 +71,13 @@ RefreshFlags EditHistory::step(ModelDocument& document, EditAction& action, bool
     return row->refresh;
 }
 
-void EditHistory::record(ModelDocument& document, EditAction action) {
+void EditHistory::record(ModelDocument& document, EditAction action,
+                         const TextureSource& textures) {
     entries_.resize(static_cast<std::size_t>(std::int64_t{position_} + 1));
     // room first: a change that has been made must not be without its entry
     entries_.emplace_back();
     try {
-        step(document, action, true);
+        step(document, action, true, textures);
     } catch (...) {
         entries_.pop_back();
         throw;
@@ -89,7 +91,7 @@ RefreshFlags EditHistory::undo(ModelDocument& document) {
         return {};
     }
     EditAction& action = entries_[static_cast<std::size_t>(position_)];
-    const RefreshFlags refresh = step(document, action, false);
+    const RefreshFlags refresh = step(document, action, false, textures_);
     --position_;
     selectFrameOf(document, action);
     return refresh;
@@ -100,7 +102,7 @@ RefreshFlags EditHistory::redo(ModelDocument& document) {
         return {};
     }
     EditAction& action = entries_[static_cast<std::size_t>(position_ + 1)];
-    const RefreshFlags refresh = step(document, action, true);
+    const RefreshFlags refresh = step(document, action, true, textures_);
     ++position_;
     selectFrameOf(document, action);
     return refresh;
@@ -145,11 +147,19 @@ auto oldValue(const ModelDocument& document, std::size_t material, Get get) {
 
 } // namespace
 
-void EditHistory::textureFile(ModelDocument& document, std::size_t material, std::string name) {
-    materialValue(
-        document, EditKind::TextureFile, material,
-        oldValue(document, material, [](const MaterialRecord& m) { return m.TextureFile; }),
-        std::move(name));
+void EditHistory::textureFile(ModelDocument& document, std::size_t material, std::string name,
+                              std::shared_ptr<const TextureImage> image) {
+    if (material >= document.Materials.size()) {
+        return;
+    }
+    EditAction action = materialAction(EditKind::TextureFile, material);
+    action.before = document.Materials[material].TextureFile;
+    action.after = std::move(name);
+    if (image == nullptr) {
+        record(document, std::move(action));
+    } else {
+        record(document, std::move(action), [&image](const std::string&) { return image; });
+    }
 }
 
 void EditHistory::ambient(ModelDocument& document, std::size_t material, const ColorRGB& color) {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <utility>
@@ -35,7 +36,9 @@ class EditHistory {
     // Each record operation drops what could be redone, makes the change and marks the document as
     // modified. Materials are numbers in the table, slots and faces numbers in the frame's mesh.
 
-    void textureFile(ModelDocument& document, std::size_t material, std::string name);
+    /// `image` is that of the name where it is loaded already, else null.
+    void textureFile(ModelDocument& document, std::size_t material, std::string name,
+                     std::shared_ptr<const TextureImage> image = nullptr);
     void ambient(ModelDocument& document, std::size_t material, const ColorRGB& color);
     void faceColor(ModelDocument& document, std::size_t material, const ColorRGB& color);
     void specular(ModelDocument& document, std::size_t material, const ColorRGB& color);
@@ -83,14 +86,18 @@ class EditHistory {
                     std::vector<MaterialRecord> materials);
 
   private:
-    void record(ModelDocument& document, EditAction action);
+    void record(ModelDocument& document, EditAction action) {
+        record(document, std::move(action), textures_);
+    }
+    void record(ModelDocument& document, EditAction action, const TextureSource& textures);
     /// Records a value of a material or of the action's frame, if there is one.
     template <class Value>
     void materialValue(ModelDocument& document, EditKind kind, std::size_t material, Value before,
                        Value after);
     template <class Value>
     void frameValue(ModelDocument& document, EditAction action, Value before, Value after);
-    RefreshFlags step(ModelDocument& document, EditAction& action, bool forward);
+    static RefreshFlags step(ModelDocument& document, EditAction& action, bool forward,
+                             const TextureSource& textures);
     static void selectFrameOf(ModelDocument& document, const EditAction& action);
     [[nodiscard]] std::int32_t lastEntry() const {
         return static_cast<std::int32_t>(entries_.size()) - 1;

@@ -21,7 +21,9 @@ std::int32_t sizeOf(std::size_t size) {
 
 /// Takes a slot out of a mesh and moves the faces of it and of those above it one down. A face of
 /// slot 0 stays there, also when it is slot 0 that goes. Gives the faces moved.
-std::vector<std::int32_t> takeSlot(MeshRecord& mesh, std::size_t slot) {
+std::vector<std::int32_t> takeSlot(FrameRecord& frame, std::size_t slot) {
+    MeshRecord& mesh = frame.Mesh;
+    frame.Cache.clear();
     mesh.MaterialSlotList.erase(at(mesh.MaterialSlotList, slot));
     std::vector<std::int32_t> faces;
     for (std::size_t face = 0; face < mesh.FaceSlotIndex.size(); ++face) {
@@ -34,8 +36,10 @@ std::vector<std::int32_t> takeSlot(MeshRecord& mesh, std::size_t slot) {
     return faces;
 }
 
-void putSlotBack(MeshRecord& mesh, std::size_t slot, std::int32_t material,
+void putSlotBack(FrameRecord& frame, std::size_t slot, std::int32_t material,
                  std::span<const std::int32_t> faces) {
+    MeshRecord& mesh = frame.Mesh;
+    frame.Cache.clear();
     mesh.MaterialSlotList.insert(at(mesh.MaterialSlotList, slot), material);
     for (const std::int32_t face : faces) {
         if (static_cast<std::size_t>(face) < mesh.FaceSlotIndex.size()) {
@@ -128,11 +132,10 @@ void takeMaterial(EditStep& step, std::int32_t material) {
     step.action.path.resize(1);
     step.action.index = 0;
     for (FrameWalk walk(step.document.Root); !walk.done(); walk.next()) {
-        MeshRecord& mesh = walk.frame().Mesh;
-        std::vector<std::int32_t>& slots = mesh.MaterialSlotList;
+        std::vector<std::int32_t>& slots = walk.frame().Mesh.MaterialSlotList;
         for (std::size_t slot = 0; walk.frame().HasMesh && slot < slots.size();) {
             if (slots[slot] == material) {
-                noteSlot(step.action, walk.childNumbers(), slot, takeSlot(mesh, slot));
+                noteSlot(step.action, walk.childNumbers(), slot, takeSlot(walk.frame(), slot));
                 continue;
             }
             slots[slot] -= slots[slot] > material ? 1 : 0;
@@ -161,7 +164,7 @@ void putMaterialBack(EditStep& step, std::int32_t material) {
     const std::vector<SlotNote> notes = slotNotes(step.action);
     for (auto note = notes.rbegin(); note != notes.rend(); ++note) {
         if (FrameRecord* frame = frameAt(step.document.Root, note->frame)) {
-            putSlotBack(frame->Mesh, note->slot, material, note->faces);
+            putSlotBack(*frame, note->slot, material, note->faces);
         }
     }
 }
@@ -184,11 +187,11 @@ void stepRemoveSlot(EditStep& step) {
     const auto slot = static_cast<std::size_t>(numbers[1]);
     if (!step.forward) {
         if (const auto* faces = step.value<std::vector<std::int32_t>>()) {
-            putSlotBack(mesh, slot, numbers[2], *faces);
+            putSlotBack(*step.frame, slot, numbers[2], *faces);
         }
     } else if (slot < mesh.MaterialSlotList.size()) {
         numbers[2] = mesh.MaterialSlotList[slot];
-        std::vector<std::int32_t> faces = takeSlot(mesh, slot);
+        std::vector<std::int32_t> faces = takeSlot(*step.frame, slot);
         numbers[0] = sizeOf(faces.size());
         step.action.before = std::move(faces);
     }

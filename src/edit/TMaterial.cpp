@@ -1,10 +1,410 @@
 #include "edit/TMaterial.h"
 
+#include "edit/CentreOnScreen.h"
+#include "edit/MaterialValues.h"
+#include "ui_TMaterial.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScopedValueRollback>
+
+#include <string>
+#include <utility>
+
 namespace korvane {
 
-TMaterial::TMaterial(QWidget* parent) : QDialog(parent) {
-    setObjectName(QStringLiteral("Material"));
-    setWindowTitle(QStringLiteral("Material Editor"));
+namespace {
+
+Rgba8 bytesOf(const QColor& color) {
+    const QRgb rgb = color.rgb();
+    return {static_cast<std::uint8_t>(qRed(rgb)), static_cast<std::uint8_t>(qGreen(rgb)),
+            static_cast<std::uint8_t>(qBlue(rgb)), 255};
+}
+
+QColor screenColor(const ColorRGB& color) {
+    const Rgba8 shown = shownColor(color);
+    return {shown.red, shown.green, shown.blue};
+}
+
+QString materialText(std::int64_t index) {
+    return QStringLiteral("Material %1").arg(index + 1);
+}
+
+} // namespace
+
+TMaterial::TMaterial(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::TMaterial>()) {
+    ui_->setupUi(this);
+    setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
+    setUpLook();
+    connectControls();
+    connectTextureControls();
+}
+
+TMaterial::~TMaterial() {
+    DeleteBMP();
+    ui_->TreeView1->setModel(nullptr); // the view outlives the model of the faces
+}
+
+void TMaterial::setUpLook() {
+    auto* menu = new QMenuBar(this);
+    menu->setObjectName(QStringLiteral("MainMenu1"));
+    menu->setAccessibleName(QStringLiteral("Menu"));
+    QMenu* texture = menu->addMenu(QStringLiteral("Texture"));
+    texture->addAction(ui_->mopen);
+    QMenu* color = menu->addMenu(QStringLiteral("Color"));
+    color->addActions({ui_->ambientchng, ui_->diffusechng, ui_->specularchng});
+    layout()->setMenuBar(menu);
+
+    for (std::size_t i = 0; i < std::size(statusPanels_); ++i) {
+        auto* panel = new QLabel(this);
+        panel->setObjectName(QStringLiteral("StatusPanel%1").arg(i));
+        panel->setAccessibleName(i == 0 ? QStringLiteral("Columns of the selected face")
+                                        : QStringLiteral("Rows of the selected face"));
+        panel->setTextFormat(Qt::PlainText);
+        // a face of many corners must not widen the dialog
+        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        ui_->StatusBar1->addWidget(panel, 1);
+        statusPanels_[i] = panel;
+    }
+    // nor must a long name or number, or a scroll bar that comes and goes
+    ui_->texname->setFixedWidth(ui_->texname->sizeHint().width());
+    ui_->opacity->setMinimumWidth(
+        ui_->opacity->fontMetrics().horizontalAdvance(QString::number(lastOpacityPosition)));
+    for (QWidget* widget :
+         {static_cast<QWidget*>(ui_->HorizontalBar), static_cast<QWidget*>(ui_->VerticalBar),
+          static_cast<QWidget*>(ui_->CornerPanel), static_cast<QWidget*>(ui_->Image1)}) {
+        QSizePolicy policy = widget->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        widget->setSizePolicy(policy);
+    }
+    ui_->TreeView1->setModel(&faces_);
+}
+
+void TMaterial::connectControls() {
+    const std::pair<ColorSwatch*, void (TMaterial::*)()> swatches[] = {
+        {ui_->ambient, &TMaterial::AmbientChange},
+        {ui_->diffuse, &TMaterial::DiffuseChange},
+        {ui_->specular, &TMaterial::SpecularChange},
+        {ui_->Panel1, &TMaterial::SelectedTriChange},
+        {ui_->Panel2, &TMaterial::TriInactiveChange}};
+    for (const auto& [swatch, handler] : swatches) {
+        connect(swatch, &ColorSwatch::clicked, this, handler);
+    }
+    const std::pair<QAction*, void (TMaterial::*)()> actions[] = {
+        {ui_->mopen, &TMaterial::mopen1execute},
+        {ui_->ambientchng, &TMaterial::AmbientChange},
+        {ui_->diffusechng, &TMaterial::DiffuseChange},
+        {ui_->specularchng, &TMaterial::SpecularChange},
+        {ui_->emissivechng, &TMaterial::EmissiveChange}};
+    for (const auto& [action, handler] : actions) {
+        connect(action, &QAction::triggered, this, handler);
+    }
+    connect(ui_->opacitybar, &QSlider::valueChanged, this, &TMaterial::OpacityChange);
+    connect(ui_->Edit1, &QLineEdit::textChanged, this, &TMaterial::ShininessChange);
+    // also for the item that stands there: a face may have another material
+    connect(ui_->ComboBox1, &QComboBox::activated, this, &TMaterial::ComboBoxChange);
+    connect(ui_->CheckListBox1, &QListWidget::itemChanged, this, &TMaterial::CheckListBoxClicked);
+    connect(ui_->textureCheckBox, &QCheckBox::clicked, this, &TMaterial::TextureStatusChange);
+    connect(ui_->Button2, &QPushButton::clicked, this, &TMaterial::Ok_ButtonClick);
+}
+
+void TMaterial::edit(const MaterialSubject& subject) {
+    subject_ = subject;
+    showNeeded_ = true;
+    centreOnScreen(*this);
+    exec();
+    faces_.setFaces(nullptr);
+    DeleteBMP();
+    subject_.reset();
+}
+
+void TMaterial::showEvent(QShowEvent* event) {
+    if (showNeeded_ && subject_) {
+        ShowMaterial();
+    }
+    QDialog::showEvent(event);
+}
+
+void TMaterial::hideEvent(QHideEvent* event) {
+    OnHide();
+    QDialog::hideEvent(event);
+}
+
+void TMaterial::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && drag_.active()) {
+        cancelDrag();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void TMaterial::ShowMaterial() {
+    drag_ = TexCoordDrag();
+    fillSlots();
+    faces_.setFaces(&mesh().Faces);
+    fillMaterials();
+    lockLastMaterial();
+    slotsChanged_ = false;
+    MaterialRefresh();
+    ui_->ComboBox1->setFocus();
+}
+
+void TMaterial::fillSlots() {
+    QStringList texts;
+    for (const std::int32_t material : mesh().MaterialSlotList) {
+        texts.push_back(materialText(material));
+    }
+    ui_->ComboBox1->clear();
+    ui_->ComboBox1->addItems(texts);
+}
+
+void TMaterial::fillMaterials() {
+    const QScopedValueRollback<bool> filling(filling_, true);
+    const std::size_t count = subject_->document->Materials.size();
+    std::vector<bool> used(count);
+    for (const std::int32_t material : mesh().MaterialSlotList) {
+        if (static_cast<std::size_t>(material) < count) {
+            used[static_cast<std::size_t>(material)] = true;
+        }
+    }
+    ui_->CheckListBox1->clear();
+    for (std::size_t i = 0; i < count; ++i) {
+        auto* item = new QListWidgetItem(materialText(static_cast<std::int64_t>(i)));
+        item->setCheckState(used[i] ? Qt::Checked : Qt::Unchecked);
+        ui_->CheckListBox1->addItem(item);
+    }
+}
+
+void TMaterial::lockLastMaterial() {
+    const QScopedValueRollback<bool> filling(filling_, true);
+    const std::vector<std::int32_t>& slots = mesh().MaterialSlotList;
+    // several slots of one material go with one click
+    const bool oneMaterial =
+        !slots.empty() && std::count(slots.begin(), slots.end(), slots.front()) ==
+                              static_cast<std::ptrdiff_t>(slots.size());
+    for (int row = 0; row < ui_->CheckListBox1->count(); ++row) {
+        QListWidgetItem* item = ui_->CheckListBox1->item(row);
+        const bool locked = oneMaterial && row == slots.front();
+        const Qt::ItemFlags flags = item->flags();
+        const Qt::ItemFlags wanted =
+            locked ? flags & ~Qt::ItemIsEnabled : flags | Qt::ItemIsEnabled;
+        if (flags != wanted) {
+            item->setFlags(wanted);
+        }
+    }
+}
+
+std::optional<std::size_t> TMaterial::currentMaterial() const {
+    if (!subject_) {
+        return std::nullopt;
+    }
+    const auto slot = static_cast<std::size_t>(mesh().CurrentSlot);
+    if (slot >= mesh().MaterialSlotList.size()) {
+        return std::nullopt;
+    }
+    const auto material = static_cast<std::size_t>(mesh().MaterialSlotList[slot]);
+    return material < subject_->document->Materials.size() ? std::optional(material) : std::nullopt;
+}
+
+void TMaterial::MaterialRefresh() {
+    ui_->ComboBox1->setCurrentIndex(mesh().CurrentSlot);
+    showValues();
+    enableControls();
+    showNeeded_ = false;
+    showTexture();
+}
+
+void TMaterial::showValues() {
+    const QScopedValueRollback<bool> filling(filling_, true);
+    const auto current = currentMaterial();
+    const MaterialRecord none;
+    const MaterialRecord& material = current ? subject_->document->Materials[*current] : none;
+    const auto& [red, green, blue, alpha] = material.FaceColor;
+    ui_->ambient->setColor(screenColor(material.Ambient));
+    ui_->diffuse->setColor(screenColor({red, green, blue}));
+    ui_->specular->setColor(screenColor(material.Specular));
+    const std::int32_t position = current ? opacityPosition(alpha) : 0;
+    ui_->opacitybar->setValue(position);
+    ui_->opacity->setText(QString::number(position));
+    ui_->textureCheckBox->setChecked(material.HasTexture || !current);
+    pendingOpacity_.start(alpha);
+    const std::string power = current ? powerText(material.Power) : std::string();
+    ui_->Edit1->setText(QString::fromStdString(power));
+    pendingShininess_.start(power, material.Power);
+}
+
+void TMaterial::enableControls() {
+    const bool anyMaterial = !subject_->document->Materials.empty();
+    const bool current = currentMaterial().has_value();
+    for (QWidget* widget :
+         {static_cast<QWidget*>(ui_->ambient), static_cast<QWidget*>(ui_->diffuse),
+          static_cast<QWidget*>(ui_->specular), static_cast<QWidget*>(ui_->opacitybar),
+          static_cast<QWidget*>(ui_->Edit1), static_cast<QWidget*>(ui_->textureCheckBox)}) {
+        widget->setEnabled(current);
+    }
+    for (QAction* action :
+         {ui_->mopen, ui_->ambientchng, ui_->diffusechng, ui_->specularchng, ui_->emissivechng}) {
+        action->setEnabled(current);
+    }
+    ui_->ComboBox1->setEnabled(anyMaterial && ui_->ComboBox1->count() > 0);
+    ui_->CheckListBox1->setEnabled(anyMaterial && subject_->path.has_value());
+    for (QWidget* widget :
+         {static_cast<QWidget*>(ui_->TreeView1), static_cast<QWidget*>(ui_->texname),
+          static_cast<QWidget*>(ui_->ZoomInButton), static_cast<QWidget*>(ui_->ZoomOutButton),
+          static_cast<QWidget*>(ui_->RedrawButton), static_cast<QWidget*>(ui_->Panel1),
+          static_cast<QWidget*>(ui_->Panel2)}) {
+        widget->setEnabled(anyMaterial);
+    }
+}
+
+void TMaterial::commitPendingOpacity() {
+    if (const auto material = currentMaterial()) {
+        pendingOpacity_.commit(*subject_->history, *subject_->document, *material);
+    }
+}
+
+void TMaterial::commitPendingShininess() {
+    if (const auto material = currentMaterial()) {
+        pendingShininess_.commit(*subject_->history, *subject_->document, *material,
+                                 ui_->Edit1->text().toStdString());
+    }
+}
+
+void TMaterial::commitPending() {
+    cancelDrag();
+    commitPendingOpacity();
+    commitPendingShininess();
+}
+
+void TMaterial::AmbientChange() {
+    changeColor(*ui_->ambient, &EditHistory::ambient);
+}
+
+void TMaterial::DiffuseChange() {
+    changeColor(*ui_->diffuse, &EditHistory::faceColor);
+}
+
+void TMaterial::SpecularChange() {
+    changeColor(*ui_->specular, &EditHistory::specular);
+}
+
+// The emissive colour is deliberately not edited here, though there is an action for it.
+void TMaterial::EmissiveChange() {}
+
+void TMaterial::changeColor(ColorSwatch& swatch,
+                            void (EditHistory::*record)(ModelDocument&, std::size_t,
+                                                        const ColorRGB&)) {
+    commitPending();
+    const auto material = currentMaterial();
+    if (material && swatch.choose()) {
+        (subject_->history->*record)(*subject_->document, *material,
+                                     modelColor(bytesOf(swatch.color())));
+        Q_EMIT edited();
+    }
+}
+
+void TMaterial::OpacityChange() {
+    const auto material = currentMaterial();
+    if (filling_ || !material) {
+        return;
+    }
+    cancelDrag();
+    commitPendingShininess();
+    const int position = ui_->opacitybar->value();
+    subject_->document->Materials[*material].FaceColor.alpha = opacityAt(position);
+    ui_->opacity->setText(QString::number(position));
+    pendingOpacity_.change();
+    Q_EMIT edited();
+}
+
+void TMaterial::ShininessChange() {
+    const auto material = currentMaterial();
+    if (filling_ || !material) {
+        return;
+    }
+    cancelDrag();
+    commitPendingOpacity();
+    pendingShininess_.change();
+    if (const auto power = powerOf(ui_->Edit1->text().toStdString())) {
+        subject_->document->Materials[*material].Power = *power;
+        Q_EMIT edited();
+    } else {
+        refuseShininess();
+    }
+}
+
+void TMaterial::refuseShininess() {
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Conversion Error"),
+                    QStringLiteral("Please type a number >= 0"), QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("ConversionError"));
+    box.exec();
+}
+
+void TMaterial::ComboBoxChange() {
+    commitPending();
+    const int slot = ui_->ComboBox1->currentIndex();
+    if (!subject_ || slot < 0) {
+        return;
+    }
+    if (const auto part = selectedPart(); part && subject_->path) {
+        subject_->history->faceSlot(*subject_->document, *subject_->path,
+                                    static_cast<std::int32_t>(part->face), slot);
+        Q_EMIT edited();
+    }
+    mesh().CurrentSlot = slot;
+    MaterialRefresh();
+}
+
+void TMaterial::CheckListBoxClicked() {
+    if (filling_ || !subject_ || !subject_->path) {
+        return;
+    }
+    commitPending();
+    const std::size_t count = subject_->document->Materials.size();
+    for (std::size_t material = 0; material < count; ++material) {
+        const QListWidgetItem* item = ui_->CheckListBox1->item(static_cast<int>(material));
+        moveSlots(material, item != nullptr && item->checkState() == Qt::Checked);
+    }
+    lockLastMaterial();
+    fillSlots();
+    MaterialRefresh();
+    if (slotsChanged_) {
+        Q_EMIT edited();
+    }
+}
+
+void TMaterial::moveSlots(std::size_t material, bool used) {
+    const std::vector<std::int32_t>& slots = mesh().MaterialSlotList;
+    bool found = false;
+    for (std::size_t slot = 0; slot < slots.size();) {
+        if (static_cast<std::size_t>(slots[slot]) != material || used) {
+            found = found || static_cast<std::size_t>(slots[slot]) == material;
+            ++slot;
+            continue;
+        }
+        subject_->history->removeSlot(*subject_->document, *subject_->path,
+                                      static_cast<std::int32_t>(slot));
+        slotsChanged_ = true;
+        // the current slot moves as the slots of the faces do
+        std::int32_t& current = mesh().CurrentSlot;
+        current -= current >= static_cast<std::int32_t>(slot) && current != 0 ? 1 : 0;
+    }
+    if (used && !found) {
+        subject_->history->appendSlot(*subject_->document, *subject_->path,
+                                      static_cast<std::int32_t>(material));
+        slotsChanged_ = true;
+    }
+}
+
+void TMaterial::Ok_ButtonClick() {
+    commitPending();
+    accept();
+}
+
+void TMaterial::OnHide() {
+    commitPending();
 }
 
 } // namespace korvane

@@ -1,13 +1,145 @@
 #pragma once
 
+#include "edit/EditHistory.h"
+#include "edit/FaceTreeModel.h"
+#include "edit/PendingScalarEdit.h"
+#include "edit/TexCoordDrag.h"
+#include "edit/TexCoordView.h"
+#include "model/ModelDocument.h"
+#include "render/Bitmap.h"
+
 #include <QDialog>
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+
+class QLabel;
+class QMouseEvent;
 
 namespace korvane {
 
-/// The material editor. It has no controls yet and no command shows it.
+class ColorSwatch;
+class TOKBottomDlg;
+
+namespace Ui {
+class TMaterial;
+}
+
+/// What the material editor works on. All of it must stay in place while the editor is shown.
+struct MaterialSubject {
+    ModelDocument* document = nullptr;
+    EditHistory* history = nullptr;
+    FrameRecord* frame = nullptr;  ///< its mesh has the material slots
+    std::optional<FramePath> path; ///< where the frame stands; a frame outside the model has none
+};
+
+/// The material editor: the materials of a frame's mesh, which faces use them, their values and
+/// textures, and the texture coordinates of the faces. Changes go into the model at once and into
+/// its history; a run of steps of one value as one entry when something else is done.
 class TMaterial : public QDialog {
+    Q_OBJECT
   public:
     explicit TMaterial(QWidget* parent);
+    ~TMaterial() override;
+
+    /// The dialog that lets the user choose texture files; it must outlive every edit().
+    void setTextureDialog(TOKBottomDlg& dialog) { textureDialog_ = &dialog; }
+
+    /// Shows the editor until the user closes it. The frame's `CurrentSlot` is the material that it
+    /// begins with.
+    void edit(const MaterialSubject& subject);
+    /// Whether the user gave the mesh other materials since the editor was shown last.
+    [[nodiscard]] bool slotsChanged() const { return slotsChanged_; }
+
+  Q_SIGNALS:
+    /// The model has changed in what the views show.
+    void edited();
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void ShowMaterial();
+    void MaterialRefresh();
+    void AmbientChange();
+    void DiffuseChange();
+    void SpecularChange();
+    void EmissiveChange();
+    void OpacityChange();
+    void ShininessChange();
+    void ComboBoxChange();
+    void CheckListBoxClicked();
+    void TextureStatusChange();
+    void mopen1execute();
+    void Ok_ButtonClick();
+    void OnHide();
+
+    void FormZoomIn();
+    void FormZoomOut();
+    void scrollcheck();
+    void HorizontalChange();
+    void VerticalChange();
+    void DrawTexTri();
+    void FormMouseDown(const DragInput& input);
+    void FormMouseMove(const DragInput& input);
+    void FormMouseUp(const DragInput& input);
+    void MaterialPTMove(const DragInput& input);
+    void SelectedTriChange();
+    void TriInactiveChange();
+    void VertChange();
+    void VertChange1();
+    void BMPRefresh();
+    void DeleteBMP();
+
+    void connectControls();
+    void connectTextureControls();
+    void setUpLook();
+    void commitPendingOpacity();
+    void commitPendingShininess();
+    /// What every handler does before it changes anything else: ends a running drag without a
+    /// trace, and records what is pending.
+    void commitPending();
+    void fillSlots();
+    void fillMaterials();
+    void lockLastMaterial();
+    void enableControls();
+    void showValues();
+    void showTexture();
+    void showImage(bool shown);
+    void changeColor(ColorSwatch& swatch,
+                     void (EditHistory::*record)(ModelDocument&, std::size_t, const ColorRGB&));
+    void moveSlots(std::size_t material, bool used);
+    void refuseShininess();
+    void zoomChanged();
+    void offsetChanged();
+    void texCoordsChanged();
+    void cancelDrag();
+    [[nodiscard]] MeshRecord& mesh() const { return subject_->frame->Mesh; }
+    /// The number of the material in the current slot, if that leads to one.
+    [[nodiscard]] std::optional<std::size_t> currentMaterial() const;
+    /// The face or vertex that the tree has selected.
+    [[nodiscard]] std::optional<FacePart> selectedPart() const;
+    [[nodiscard]] DragInput dragInput(const QMouseEvent& event) const;
+
+    std::unique_ptr<Ui::TMaterial> ui_;
+    QLabel* statusPanels_[2] = {};
+    TOKBottomDlg* textureDialog_ = nullptr;
+    FaceTreeModel faces_;
+    std::optional<MaterialSubject> subject_; ///< while the editor is shown
+    PendingOpacity pendingOpacity_;
+    PendingShininess pendingShininess_;
+    TexCoordView view_;
+    TexCoordDrag drag_;
+    TexCoordColors colors_;
+    Bitmap picture_;
+    std::shared_ptr<const TextureImage> texture_; ///< the image that the view shows
+    bool showNeeded_ = false;
+    bool slotsChanged_ = false;
+    bool filling_ = false; ///< controls are set to show the model, not by the user
 };
 
 } // namespace korvane

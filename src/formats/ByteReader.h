@@ -7,8 +7,14 @@
 
 namespace korvane {
 
-/// Reads the bytes of a picture one after the other. Past the end it gives zeros; check
-/// remaining() where that matters.
+/// The number in four bytes, the lowest first.
+inline std::uint32_t littleEndian32At(std::span<const std::uint8_t, 4> bytes) {
+    return bytes[0] | std::uint32_t{bytes[1]} << 8U | std::uint32_t{bytes[2]} << 16U |
+           std::uint32_t{bytes[3]} << 24U;
+}
+
+/// Reads the bytes of a picture or a clipboard block one after the other. Past the end it gives
+/// zeros; check remaining() where that matters.
 class ByteReader {
   public:
     explicit ByteReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
@@ -39,7 +45,13 @@ class ByteReader {
         const std::uint32_t high = bigEndian16();
         return high << 16U | bigEndian16();
     }
-    void skip(std::size_t count) { bytes_ = bytes_.subspan(std::min(count, bytes_.size())); }
+    /// The next bytes, fewer where the end comes first.
+    std::span<const std::uint8_t> take(std::size_t count) {
+        const auto taken = bytes_.first(std::min(count, bytes_.size()));
+        bytes_ = bytes_.subspan(taken.size());
+        return taken;
+    }
+    void skip(std::size_t count) { take(count); }
 
   private:
     std::span<const std::uint8_t> bytes_;

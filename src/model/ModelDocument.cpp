@@ -63,13 +63,17 @@ void computeBounds(FrameRecord& frame) {
 }
 
 void computeFrameData(FrameRecord& frame, FramePath path) {
-    computeFaceNormals(frame.Mesh);
-    computeBounds(frame);
+    ModelDocument::computeMeshData(frame);
     frame.PathDepth = static_cast<std::int32_t>(path.depth());
     frame.Path = std::move(path);
 }
 
 } // namespace
+
+void ModelDocument::computeMeshData(FrameRecord& frame) {
+    computeFaceNormals(frame.Mesh);
+    computeBounds(frame);
+}
 
 void ModelDocument::Nonfiledata(FrameRecord& frame) {
     IncRenderList();

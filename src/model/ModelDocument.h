@@ -47,6 +47,9 @@ struct ModelDocument {
     /// in pre-order) and computes the frame's data that files do not hold.
     void Nonfiledata(FrameRecord& frame);
 
+    /// Computes the data that follows from a frame's mesh: face normals and bounding box.
+    static void computeMeshData(FrameRecord& frame);
+
     /// Computes the data that files do not hold for every frame, whatever order they came in.
     void computeDerivedData();
 

@@ -15,6 +15,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -62,6 +63,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     ui_->ThreeDWinFrame->setDocument(document());
     loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
+    ui_->TreeView1->installEventFilter(this);
 
     structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -75,13 +77,22 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
 }
 
 TMDIChild::~TMDIChild() {
-    // the 3D view is a child widget and outlives the model
+    ChildDeactivate();
+}
+
+void TMDIChild::ChildActivate() {
+    ui_->ThreeDWinFrame->setUpView();
+}
+
+void TMDIChild::ChildDeactivate() {
+    // the 3D view is a child widget and outlives the model; its context goes as well
     ui_->ThreeDWinFrame->setDocument(nullptr);
 }
 
 void TMDIChild::create(const QString& name) {
     model_->FileName = name;
     setCaption();
+    ChildActivate();
     ui_->TreeView1->setFocus();
     if (isTextModelName(name)) {
         FileOpenXSI(name);
@@ -219,13 +230,18 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 
 void TMDIChild::FormClose() {
     cancelDrag();
-    ui_->ThreeDWinFrame->setDocument(nullptr);
+    ChildDeactivate();
     model_.reset();
 }
 
 bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->Panel3 && event->type() == QEvent::Resize) {
         FormResize();
+    }
+    if (watched == ui_->TreeView1 && event->type() == QEvent::KeyPress &&
+        dynamic_cast<QKeyEvent&>(*event).matches(QKeySequence::Copy)) {
+        // where nothing can be copied a tree would replace what was by the text of its node
+        return true;
     }
     return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
 }
@@ -249,6 +265,13 @@ void TMDIChild::FormResize() {
 
 ViewState& TMDIChild::view() {
     return ui_->ThreeDWinFrame->state();
+}
+
+void TMDIChild::setDrawingInterface(DrawApi api) {
+    ui_->ThreeDWinFrame->releaseContext();
+    view().api = api;
+    ui_->ThreeDWinFrame->setUpView();
+    render3d();
 }
 
 void TMDIChild::setViewColors(const ViewColors& colors) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "edit/ClipboardBlock.h"
 #include "edit/EditHistory.h"
 #include "model/ModelDocument.h"
 #include "render/PlaneViews.h"
 #include "render/ViewState.h"
 
+#include <QByteArray>
 #include <QMdiSubWindow>
 #include <QString>
 
@@ -19,6 +21,7 @@ class QWheelEvent;
 
 namespace korvane {
 
+class TMaterial;
 class TOKBottomDlg1;
 class TStructureView;
 class TframeF;
@@ -33,6 +36,7 @@ class TMDIChild;
 struct DocumentDialogs {
     TframeF* frameOptions = nullptr;
     TOKBottomDlg1* renameFrame = nullptr;
+    TMaterial* material = nullptr;
 };
 
 /// A document window: owns one model for as long as it is open and shows its structure, the tools
@@ -61,8 +65,18 @@ class TMDIChild : public QMdiSubWindow {
     void undo();
     void redo();
 
+    /// Whether Copy takes something from the selection, and whether Paste puts such content there.
+    [[nodiscard]] bool canCopy() const;
+    [[nodiscard]] bool canPaste(ClipboardContent content) const;
+    /// The clipboard block of the selection; empty if there is nothing that Copy takes.
+    [[nodiscard]] QByteArray copy() const;
+    /// Pastes a block into the selection; one that is damaged or does not fit changes nothing.
+    void paste(const QByteArray& block);
+
     /// The settings of the 3D view; changes show with the next render3d().
     [[nodiscard]] ViewState& view();
+    /// Draws the 3D view through another interface from here on.
+    void setDrawingInterface(DrawApi api);
     /// Gives the 3D view other colours, which show when it is drawn next.
     void setViewColors(const ViewColors& colors);
     /// The same for the 2D views.
@@ -108,6 +122,8 @@ class TMDIChild : public QMdiSubWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void ChildActivate();
+    void ChildDeactivate();
     void FormClose();
     void FormResize();
     void ChildSelectedChange(const QItemSelection& selected);
@@ -167,6 +183,10 @@ class TMDIChild : public QMdiSubWindow {
     void setCaption();
     void rebuildTree();
     void editFrameOptions();
+    /// Opens the material editor on the selected slot or entry of the table.
+    void editMaterials();
+    /// `path` leads to the frame; a frame outside the model has none.
+    void showMaterialEditor(FrameRecord& frame, const std::optional<FramePath>& path);
     void refresh(const RefreshFlags& flags);
     /// Moves the selection in the tree to what the document has selected, as if the user did.
     void followSelection();

@@ -107,9 +107,25 @@ void TMDIChild::refresh(const RefreshFlags& flags) {
 }
 
 void TMDIChild::EditButtonClick() {
-    if (model_ && model_->Selected.NodeKind == NodeKind::Frame &&
-        dialogs_.frameOptions != nullptr) {
-        editFrameOptions();
+    if (!model_) {
+        return;
+    }
+    switch (model_->Selected.NodeKind) {
+    case NodeKind::Frame:
+        if (dialogs_.frameOptions != nullptr) {
+            editFrameOptions();
+        }
+        break;
+    case NodeKind::MeshMaterialList:
+    case NodeKind::MaterialSlot:
+    case NodeKind::MaterialTable:
+    case NodeKind::TableMaterial:
+        if (dialogs_.material != nullptr) {
+            editMaterials();
+        }
+        break;
+    default:
+        break;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "model/MeshRecord.h"
 
 #include <algorithm>
+#include <atomic>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -52,8 +53,14 @@ struct NormalMatrix {
     std::array<double, 9> cofactors{};
 };
 
-/// The normal of a polygon of any shape, the sum over all its edges, so that corners on one line do
-/// no harm. Zero if a corner leads nowhere or there is no area.
+/// A number that was never given before.
+std::uint64_t nextRevision() {
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
+
+} // namespace
+
 Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3> vertices) {
     double x = 0.0;
     double y = 0.0;
@@ -77,8 +84,6 @@ Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3>
     return {static_cast<float>(x / length), static_cast<float>(y / length),
             static_cast<float>(z / length)};
 }
-
-} // namespace
 
 bool usableNormal(const Vec3& normal) {
     return finite(normal) && normal != Vec3{};
@@ -105,9 +110,14 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     const Key key = {std::bit_cast<std::array<std::uint32_t, 16>>(world.m),
                      {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
                       place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
-                      std::size_t{mesh.HasNormals}}};
+                      std::size_t{mesh.HasNormals}, mesh.TexCoords.size(),
+                      place(mesh.TexCoords.data()), mesh.TexCoordFaces.size(),
+                      mesh.FaceSlotIndex.size(), place(mesh.FaceSlotIndex.data())}};
     if (key_ == key) {
         return false;
+    }
+    if (!key_ || key_->lists != key.lists) {
+        meshRevision_ = nextRevision();
     }
     key_ = key;
     bounds_ = Bounds();

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace korvane {
@@ -50,6 +51,9 @@ class DrawCache {
 
     /// The bounds over all vertices in the mesh's own space.
     [[nodiscard]] const Bounds& bounds() const { return bounds_; }
+    /// Changes whenever the cache is built for other lists than before, wherever the frame stands;
+    /// no two caches share one. What was made from a mesh can be kept under it.
+    [[nodiscard]] std::uint64_t meshRevision() const { return meshRevision_; }
     /// Whether every vertex of WorldVertices is a finite point.
     [[nodiscard]] bool allFinite() const { return allFinite_; }
     /// What the 2D views keep beside; it forgets its points when the cache is built anew.
@@ -59,7 +63,7 @@ class DrawCache {
     /// What a cache was built for.
     struct Key {
         std::array<std::uint32_t, 16> world; ///< the bits of the matrix: a NaN would never be equal
-        std::array<std::size_t, 7> lists{};  ///< sizes and places
+        std::array<std::size_t, 12> lists{};  ///< sizes and places
 
         bool operator==(const Key&) const = default;
     };
@@ -69,9 +73,14 @@ class DrawCache {
 
     std::optional<Key> key_;
     Bounds bounds_;
+    std::uint64_t meshRevision_ = 0;
     bool allFinite_ = true;
     std::unique_ptr<PlaneCache> planes_; ///< made when a 2D view first asks
 };
+
+/// The unit normal of a polygon of any shape, the sum over all its edges, so that corners on one
+/// line do no harm. Zero if a corner leads nowhere or there is no area.
+Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3> vertices);
 
 /// Whether the vector is finite and not zero, as a normal has to be.
 bool usableNormal(const Vec3& normal);

@@ -6,10 +6,6 @@
 
 namespace korvane {
 
-namespace {
-
-/// Whether the material has a picture that can be looked up: the single white pixel that stands for
-/// one that could not be loaded would change nothing.
 bool hasPicture(const MaterialRecord& material) {
     const TextureImage* image = material.TextureImage.get();
     if (!material.HasTexture || image == nullptr || image->width < 1 || image->height < 1) {
@@ -19,8 +15,6 @@ bool hasPicture(const MaterialRecord& material) {
         static_cast<std::size_t>(image->width) * static_cast<std::size_t>(image->height);
     return image->pixels.size() >= pixels && (pixels > 1 || image->pixels[0] != Rgba8{});
 }
-
-} // namespace
 
 bool isTranslucent(const MaterialRecord& material, const ViewState& state) {
     return state.mode == RenderMode::SmoothShading && state.allowTransparent &&
@@ -37,11 +31,28 @@ std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
                : static_cast<std::int64_t>(mesh.MaterialSlotList.size()) - 1;
 }
 
+std::span<const std::uint32_t> textureCorners(const MeshRecord& mesh, std::size_t face,
+                                              std::size_t corners) {
+    if (!mesh.HasTexCoords || face >= mesh.TexCoordFaces.size()) {
+        return {};
+    }
+    const std::span<const std::uint32_t> coordinates = mesh.TexCoordFaces[face];
+    if (coordinates.size() < corners) {
+        return {};
+    }
+    const auto used = coordinates.first(corners);
+    const std::size_t count = mesh.TexCoords.size();
+    return std::all_of(used.begin(), used.end(), [count](std::uint32_t at) { return at < count; })
+               ? used
+               : std::span<const std::uint32_t>();
+}
+
 DrawMaterial::DrawMaterial(const MaterialRecord& material, const ViewState& state)
     : colors(material), textured(hasPicture(material)), translucent(isTranslucent(material, state)),
       opacity(translucent ? clampUnit(material.FaceColor.alpha) : 1.0F) {
     if (textured) {
-        sampler = TextureSampler(*material.TextureImage);
+        image = material.TextureImage.get();
+        sampler = TextureSampler(*image);
     }
 }
 

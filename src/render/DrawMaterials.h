@@ -13,6 +13,10 @@ namespace korvane {
 
 struct MeshRecord;
 
+/// Whether the material has a picture that can be looked up: the single white pixel that stands for
+/// one that could not be loaded would change nothing.
+bool hasPicture(const MaterialRecord& material);
+
 /// Whether faces of the material go to the transparent pass: only smooth shading mixes colours.
 bool isTranslucent(const MaterialRecord& material, const ViewState& state);
 
@@ -20,12 +24,17 @@ bool isTranslucent(const MaterialRecord& material, const ViewState& state);
 /// entry, -1 in a mesh without materials.
 std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face);
 
+/// The numbers of a face's texture coordinates, one for each of its corners; empty if one has none.
+std::span<const std::uint32_t> textureCorners(const MeshRecord& mesh, std::size_t face,
+                                              std::size_t corners);
+
 /// A material as drawing needs it, taken once a redraw.
 struct DrawMaterial {
     DrawMaterial(const MaterialRecord& material, const ViewState& state);
 
     SurfaceColors colors;
     TextureSampler sampler;
+    const TextureImage* image = nullptr; ///< null without a picture
     bool textured;
     bool translucent;
     float opacity; ///< 0 to 1

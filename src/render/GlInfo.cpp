@@ -1,9 +1,9 @@
 #include "render/GlInfo.h"
 
-#include <QOffscreenSurface>
+#include "render/GlContext.h"
+
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
-#include <QSurfaceFormat>
 
 namespace korvane {
 
@@ -16,30 +16,14 @@ QString glText(QOpenGLFunctions& functions, GLenum name) {
 } // namespace
 
 std::optional<GlInfo> probeGl() {
-    QSurfaceFormat format;
-    format.setVersion(2, 1);
-    format.setProfile(QSurfaceFormat::NoProfile);
-    QOpenGLContext context;
-    context.setFormat(format);
-    if (!context.create()) {
+    const GlContext gl;
+    if (gl.status() != GlProbe::Works) {
         return std::nullopt;
     }
-    QOffscreenSurface surface;
-    surface.setFormat(context.format());
-    surface.create();
-    QOpenGLContext* const before = QOpenGLContext::currentContext();
-    QSurface* const beforeSurface = before != nullptr ? before->surface() : nullptr;
-    if (!surface.isValid() || !context.makeCurrent(&surface)) {
-        return std::nullopt;
-    }
-    QOpenGLFunctions& functions = *context.functions();
-    GlInfo info{glText(functions, GL_VENDOR), glText(functions, GL_RENDERER),
-                glText(functions, GL_VERSION)};
-    context.doneCurrent();
-    if (before != nullptr) {
-        before->makeCurrent(beforeSurface);
-    }
-    return info;
+    const GlCurrent current(gl.context(), gl.surface());
+    QOpenGLFunctions& functions = *gl.context().functions();
+    return GlInfo{glText(functions, GL_VENDOR), glText(functions, GL_RENDERER),
+                  glText(functions, GL_VERSION)};
 }
 
 } // namespace korvane

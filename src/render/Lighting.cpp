@@ -17,7 +17,8 @@ ColorRGB additiveColor(const MaterialRecord& material) {
 
 SurfaceColors::SurfaceColors(const MaterialRecord& material)
     : face{material.FaceColor.red, material.FaceColor.green, material.FaceColor.blue},
-      additive(additiveColor(material)), specular(material.Specular), power(material.Power),
+      additive(additiveColor(material)), emissive(material.Emissive),
+      specular(material.Specular), power(material.Power),
       noHighlight(power > 0 ? std::exp2(-16.0F / power) : 0.0F) {}
 
 Vec3 halfVector(const Vec3& light, const Vec3& eye) {

@@ -47,6 +47,7 @@ struct SurfaceColors {
 
     ColorRGB face;
     ColorRGB additive;
+    ColorRGB emissive; ///< the part of the additive colour that needs no light
     ColorRGB specular;
     float power;
     /// Products with the half vector up to this give no highlight that 16 bits could show.

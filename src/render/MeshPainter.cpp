@@ -256,7 +256,7 @@ void MeshPainter::drawInside(std::uint32_t face, const DrawMaterial& material) {
     }
     bool textured = material.textured;
     if (textured) {
-        const auto coordinates = textureCorners(face, vertices.size());
+        const auto coordinates = textureCorners(*mesh_, face, vertices.size());
         textured = !coordinates.empty();
         for (std::size_t k = 0; k < coordinates.size(); ++k) {
             const Vec2& at = mesh_->TexCoords[coordinates[k]];
@@ -269,9 +269,9 @@ void MeshPainter::drawInside(std::uint32_t face, const DrawMaterial& material) {
 
 void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material) {
     const std::span<const std::uint32_t> vertices = mesh_->Faces[face];
-    const std::span<const std::uint32_t> coordinates = material.textured
-                                                           ? textureCorners(face, vertices.size())
-                                                           : std::span<const std::uint32_t>();
+    const std::span<const std::uint32_t> coordinates =
+        material.textured ? textureCorners(*mesh_, face, vertices.size())
+                          : std::span<const std::uint32_t>();
     const bool smooth = context_->state.mode == RenderMode::SmoothShading;
     const ColorRGB flat =
         smooth ? ColorRGB() : flatFaceColor(face, vertices.size(), material.colors);
@@ -338,22 +338,6 @@ ColorRGB MeshPainter::flatFaceColor(std::size_t face, std::size_t corners,
     const float share = 1.0F / static_cast<float>(corners);
     return flatColor({mean.red * share, mean.green * share, mean.blue * share}, specular * share,
                      colors.specular);
-}
-
-std::span<const std::uint32_t> MeshPainter::textureCorners(std::size_t face,
-                                                           std::size_t corners) const {
-    if (!mesh_->HasTexCoords || face >= mesh_->TexCoordFaces.size()) {
-        return {};
-    }
-    const std::span<const std::uint32_t> coordinates = mesh_->TexCoordFaces[face];
-    if (coordinates.size() < corners) {
-        return {};
-    }
-    const auto used = coordinates.first(corners);
-    const std::size_t count = mesh_->TexCoords.size();
-    return std::all_of(used.begin(), used.end(), [count](std::uint32_t at) { return at < count; })
-               ? used
-               : std::span<const std::uint32_t>();
 }
 
 bool MeshPainter::placeTexture(const TextureSampler& sampler) {

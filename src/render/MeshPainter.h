@@ -50,9 +50,6 @@ class MeshPainter {
     const LitNormal& smoothColor(std::size_t normalNumber, const SurfaceColors& colors);
     [[nodiscard]] ColorRGB flatFaceColor(std::size_t face, std::size_t corners,
                                          const SurfaceColors& colors) const;
-    /// The texture coordinates of a face by number; empty if some corner has none.
-    [[nodiscard]] std::span<const std::uint32_t> textureCorners(std::size_t face,
-                                                                std::size_t corners) const;
     /// Turns the corners' coordinates in s and t into positions in the texture; false if they have
     /// none that can be drawn.
     bool placeTexture(const TextureSampler& sampler);

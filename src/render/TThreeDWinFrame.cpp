@@ -1,11 +1,17 @@
 #include "render/TThreeDWinFrame.h"
 
+#include "render/GlContext.h"
 #include "render/StartCamera.h"
+#include "render/TGlPanel.h"
 #include "ui_TThreeDWinFrame.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QWheelEvent>
+
+#include <utility>
 
 namespace korvane {
 
@@ -16,24 +22,74 @@ TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
 }
 
-TThreeDWinFrame::~TThreeDWinFrame() = default;
+TThreeDWinFrame::~TThreeDWinFrame() {
+    delete panel_; // before the settings that it refers to
+}
 
 void TThreeDWinFrame::setDocument(ModelDocument* document) {
     cancelDrag();
+    releaseContext();
     document_ = document;
+}
+
+void TThreeDWinFrame::setUpView() {
+    releaseContext();
+    if (state_.api != DrawApi::OpenGL || document_ == nullptr) {
+        return;
+    }
+    if (const GlProbe probe = probeContext(); probe != GlProbe::Works) {
+        showFailure(probe);
+        return;
+    }
+    panel_ = new TGlPanel(*document_, state_, this);
+    ui_->Image1->hide();
+    ui_->ThreeDWinLayout->addWidget(panel_);
+    panel_->show();
+}
+
+void TThreeDWinFrame::releaseContext() {
+    if (panel_ != nullptr) {
+        delete std::exchange(panel_, nullptr);
+        ui_->Image1->show();
+    }
+}
+
+void TThreeDWinFrame::showFailure(GlProbe probe) {
+    QMessageBox box(QMessageBox::Critical, QApplication::applicationName(),
+                    probe == GlProbe::NotCurrent ? QStringLiteral("Could not MakeCurrent")
+                                                 : QStringLiteral(":-)~ hrc == NULL"),
+                    QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("GlFailure"));
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+QSize TThreeDWinFrame::sizeInPixels() const {
+    return (QSizeF(size()) * devicePixelRatioF()).toSize();
 }
 
 void TThreeDWinFrame::redraw() {
     if (document_ == nullptr || !isVisible()) {
         return; // drawn when shown
     }
-    const QSize size = ui_->Image1->sizeInPixels();
-    if (size != QSize(view_.bitmap().width(), view_.bitmap().height())) {
-        view_.resize(size.width(), size.height());
-    }
+    const QSize size = sizeInPixels();
+    geometry_ = ViewGeometry(size.width(), size.height());
     if (cameraPending_ && !size.isEmpty()) {
         cameraPending_ = false;
-        startCamera(*document_, view_.geometry());
+        startCamera(*document_, geometry_);
+    }
+    if (panel_ != nullptr && panel_->failed()) {
+        // the driver took back what the probe was promised
+        releaseContext();
+        QMetaObject::invokeMethod(
+            this, [this] { showFailure(GlProbe::NoContext); }, Qt::QueuedConnection);
+    }
+    if (panel_ != nullptr) {
+        panel_->redraw();
+        return;
+    }
+    if (size != QSize(view_.bitmap().width(), view_.bitmap().height())) {
+        view_.resize(size.width(), size.height());
     }
     view_.redraw(*document_, state_);
     ui_->Image1->showPicture(imageOf(view_.bitmap()));
@@ -114,14 +170,14 @@ void TThreeDWinFrame::mouseDown(const DragInput& input) {
 
 void TThreeDWinFrame::mouseMove(const DragInput& input) {
     if (document_ != nullptr &&
-        drag_.update(input, view_.geometry(), state_.angles, document_->CameraDistance)) {
+        drag_.update(input, geometry_, state_.angles, document_->CameraDistance)) {
         redraw();
     }
 }
 
 void TThreeDWinFrame::mouseUp(const DragInput& input) {
     if (document_ != nullptr &&
-        drag_.end(input, view_.geometry(), state_.angles, document_->CameraDistance)) {
+        drag_.end(input, geometry_, state_.angles, document_->CameraDistance)) {
         redraw();
     }
 }

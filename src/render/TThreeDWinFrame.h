@@ -13,19 +13,31 @@ namespace Ui {
 class TThreeDWinFrame;
 }
 
-/// The 3D view of a document window: draws the model by software into its image control. The left
-/// button turns the model, the right button and the wheel move the eye.
+class TGlPanel;
+
+enum class GlProbe;
+
+/// The 3D view of a document window: draws the model with OpenGL into a panel or by software into
+/// its image control. The left button turns the model, the right button and the wheel move the eye.
 class TThreeDWinFrame : public QWidget {
     Q_OBJECT
   public:
     explicit TThreeDWinFrame(QWidget* parent = nullptr);
     ~TThreeDWinFrame() override;
 
-    /// The document to draw, which has to outlive its use here; null to draw nothing.
+    /// The document to draw, which has to outlive its use here; null to draw nothing. Releases the
+    /// context of the one before.
     void setDocument(ModelDocument* document);
     /// The model is another one: the camera goes to its start as soon as the view has a size.
     void placeCamera() { cameraPending_ = true; }
-    /// The settings; redraw() after changing them.
+    /// Gets what the drawing interface of the settings needs: a context for OpenGL. The user is
+    /// told where there is none; the model is then drawn by software.
+    void setUpView();
+    /// Frees all that is held in the context, and the context. Until setUpView() the model is drawn
+    /// by software.
+    void releaseContext();
+    /// The settings; redraw() after changing them, but for the drawing interface: release the
+    /// context before and set the view up after.
     [[nodiscard]] ViewState& state() { return state_; }
 
     /// Draws the model anew, in the size that the view has by now.
@@ -48,12 +60,16 @@ class TThreeDWinFrame : public QWidget {
     void mouseMove(const DragInput& input);
     void mouseUp(const DragInput& input);
     void cancelDrag();
+    void showFailure(GlProbe probe);
+    [[nodiscard]] QSize sizeInPixels() const;
     [[nodiscard]] DragInput dragInput(const QMouseEvent& event) const;
 
     std::unique_ptr<Ui::TThreeDWinFrame> ui_;
     ModelDocument* document_ = nullptr;
     ViewState state_;
+    ViewGeometry geometry_{0, 0};
     SoftwareView view_;
+    TGlPanel* panel_ = nullptr; ///< a child; null unless drawing with OpenGL
     OrbitDrag drag_;
     bool cameraPending_ = true;
 };

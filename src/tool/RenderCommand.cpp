@@ -1,3 +1,4 @@
+#include "render/GlOffscreen.h"
 #include "render/PlaneView.h"
 #include "render/SoftwareView.h"
 #include "render/StartCamera.h"
@@ -6,6 +7,7 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <optional>
@@ -149,9 +151,20 @@ class RenderOptions {
     QString wrong_; ///< the first option with a value that makes no sense
 };
 
-/// Draws the document as asked for and saves the picture. `redraw` draws once, into the bitmap.
-template <class Redraw>
-ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const Bitmap& bitmap,
+std::size_t countOtherThan(const QImage& image, BitmapPixel color) {
+    std::size_t count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* row = reinterpret_cast<const BitmapPixel*>(image.constScanLine(y));
+        count += static_cast<std::size_t>(
+            std::count_if(row, row + image.width(), [color](BitmapPixel p) { return p != color; }));
+    }
+    return count;
+}
+
+/// Draws the document as asked for and saves the picture. `redraw` draws once, `picture` gives what
+/// was drawn over the background.
+template <class Redraw, class Picture>
+ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const Picture& picture,
                        BitmapPixel background) {
     redraw();
     std::vector<double> times;
@@ -160,11 +173,12 @@ ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const
         redraw();
         times.push_back(millisecondsSince(start));
     }
+    const QImage image = picture();
     if (request.repeat) {
         std::printf("frame median %.3f ms\npixels %zu\n", median(times),
-                    bitmap.countOtherThan(background));
+                    countOtherThan(image, background));
     }
-    return savePng(imageOf(bitmap), request.out);
+    return savePng(image, request.out);
 }
 
 ExitStatus renderPlane(const RenderRequest& request, ModelDocument& document) {
@@ -172,7 +186,8 @@ ExitStatus renderPlane(const RenderRequest& request, ModelDocument& document) {
     view.resize(request.width, request.height);
     startPlanes(document, request.width, request.height);
     return drawAndSave(
-        request, [&] { view.draw(document); }, view.bitmap(), view.colors().frames.background);
+        request, [&] { view.draw(document); }, [&] { return imageOf(view.bitmap()); },
+        view.colors().frames.background);
 }
 
 } // namespace
@@ -194,13 +209,19 @@ ExitStatus render(const QStringList& words) {
         return renderPlane(request, document);
     }
     if (request.state.api == DrawApi::OpenGL) {
-        return refuse(request.in, QStringLiteral("no OpenGL here"));
+        GlOffscreen offscreen(request.width, request.height);
+        if (offscreen.status() != GlProbe::Works) {
+            return refuse(request.in, QStringLiteral("no OpenGL here"));
+        }
+        return drawAndSave(
+            request, [&] { offscreen.redraw(document, request.state); },
+            [&] { return offscreen.picture(); }, request.state.colors.background);
     }
     SoftwareView view;
     view.resize(request.width, request.height);
     return drawAndSave(
-        request, [&] { view.redraw(document, request.state); }, view.bitmap(),
-        request.state.colors.background);
+        request, [&] { view.redraw(document, request.state); },
+        [&] { return imageOf(view.bitmap()); }, request.state.colors.background);
 }
 
 } // namespace korvane::tool

@@ -1,11 +1,13 @@
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -34,11 +36,36 @@ ExitStatus run(const QStringList& words) {
     return usage(QStringLiteral("unknown command \"%1\"").arg(words.first()));
 }
 
+/// Drawing with OpenGL needs the connection to the display, nothing else does. Where there is no
+/// display Qt would end the program: it gets a platform that needs none, which has no OpenGL.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+    const auto isOpenGl = [](std::string_view word) {
+        return word == "opengl" || word == "--api=opengl" || word == "-api=opengl";
+    };
+    if (std::none_of(argv, argv + argc, isOpenGl)) {
+        return std::make_unique<QCoreApplication>(argc, argv);
+    }
+    QByteArray platforms = qgetenv("QT_QPA_PLATFORM");
+    if (platforms.isEmpty() && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+        platforms = "xcb";
+    }
+    if (platforms.isEmpty() && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+        platforms = "wayland";
+    }
+    qputenv("QT_QPA_PLATFORM", platforms.isEmpty() ? "offscreen" : platforms + ";offscreen");
+    // what Qt has to say about a display that is not there is no news
+    const QtMessageHandler usual =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    auto application = std::make_unique<QGuiApplication>(argc, argv);
+    qInstallMessageHandler(usual);
+    return application;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     try {
-        const QCoreApplication application(argc, argv);
+        const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
         ExitStatus status = run(QCoreApplication::arguments().mid(1));
         // an earlier failure need not show again when the rest is flushed
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {

@@ -3,6 +3,7 @@
 #include "support/MainFormTest.h"
 
 #include <QColorDialog>
+#include <QOpenGLWidget>
 #include <QPushButton>
 #include <QTest>
 
@@ -21,7 +22,8 @@ class RenderCommandsTest : public MainFormTest {
     [[nodiscard]] ViewState& view() const { return form().activeDocument()->view(); }
 
     [[nodiscard]] static QRgb corner(TMDIChild& window) {
-        return child<TImage>(window, "Image1").picture().pixel(0, 0);
+        settle();
+        return child<QOpenGLWidget>(window, "GlPanel").grabFramebuffer().pixel(0, 0);
     }
 
     /// Shows the dialog, gives a swatch another colour in it and answers it.
@@ -134,7 +136,7 @@ TEST_F(RenderCommandsTest, SwatchesHaveTheirColoursAndNames) {
 TEST_F(RenderCommandsTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly) {
     const TMainForm& frame = start({file("a.xsi", smallModel()), file("b.xsi", smallModel())});
     const QList<TMDIChild*> windows = frame.documents();
-    windows[0]->view().api = DrawApi::Software;
+    windows[0]->setDrawingInterface(DrawApi::Software);
     windows[0]->view().lastDrawnMode = RenderMode::SmoothShading;
 
     recolor("ThreeDWinColorEdit", QColor(10, 20, 30), false);

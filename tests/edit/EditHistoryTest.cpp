@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace korvane {
 namespace {
 
@@ -291,7 +293,7 @@ TEST_F(History, PendingShininessGoesByTheTextOfItsField) {
     EXPECT_EQ(history.position(), -1);
 
     // texts that are no power leave the material, and stand for what it had
-    for (const char* text : {"", "-3", "x", "5 "}) {
+    for (const char* text : {"", "-3", "x", "5 5"}) {
         pending.start("200", power);
         pending.change();
         pending.commit(history, document, 0, text);
@@ -319,6 +321,32 @@ TEST_F(History, TexturesAreLoadedAnew) {
     withTextures.redo(document);
     EXPECT_NE(document.Materials[0].TextureImage, image);
     EXPECT_EQ(loaded, (std::vector<std::string>{"new.tga", "old.tga", "new.tga"}));
+    const auto own = std::make_shared<const TextureImage>();
+    withTextures.textureFile(document, 0, "own.tga", own); // loaded already
+    EXPECT_EQ(document.Materials[0].TextureImage, own);
+    EXPECT_EQ(loaded.size(), 3U);
+}
+
+TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
+    FrameRecord& frame = document.Root.Children[0];
+    MeshRecord& list = mesh(frame, {0, 1}, {1});
+    list.Vertices.resize(3);
+    list.TexCoords.resize(1);
+    const std::pair<const char*, std::function<void()>> edits[] = {
+        {"coordinates",
+         [&] {
+             history.texCoords(document, path({1}), {{0}}, {{0, 0}}, {{1, 1}});
+         }},
+        {"slot of a face", [&] { history.faceSlot(document, path({1}), 0, 1); }},
+        {"slot", [&] { history.removeSlot(document, path({1}), 0); }},
+        {"material", [&] { history.deleteMaterial(document, 1); }},
+        {"undo", [&] { history.undo(document); }}};
+    for (const auto& [name, edit] : edits) {
+        frame.Cache.refresh(list, Matrix4());
+        EXPECT_FALSE(frame.Cache.refresh(list, Matrix4()));
+        edit();
+        EXPECT_TRUE(frame.Cache.refresh(list, Matrix4())) << name;
+    }
 }
 
 TEST_F(History, WhatLeadsNowhereIsLeftAlone) {

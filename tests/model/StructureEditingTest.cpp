@@ -1,12 +1,16 @@
 #include "formats/XsiWriter.h"
+#include "render/TImage.h"
 #include "support/MainFormTest.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTest>
 #include <QTreeView>
 
@@ -235,6 +239,54 @@ TEST_F(StructureEditing, NamesAreOnOneLineAndLeftAloneOnesKeepTheirBytes) {
     answer([](QWidget& dialog) { static_cast<QDialog&>(dialog).accept(); });
     press("RenameButton");
     EXPECT_EQ(frame.Name, "\xC9");
+}
+
+TEST_F(StructureEditing, EditOpensTheMaterialEditorOnWhatIsSelected) {
+    const QStringList list = {QStringLiteral("Frame frm-body"), QStringLiteral("Mesh body"),
+                              QStringLiteral("MeshMaterialList")};
+    const auto edit = [&](const QStringList& at, const std::function<void(QWidget&)>& steps) {
+        select(at);
+        settle();
+        answer([&](QWidget& editor) {
+            EXPECT_EQ(editor.windowTitle(), QStringLiteral("Material Editor"));
+            steps(editor);
+            child<QPushButton>(editor, "Button2").click();
+        });
+        press("EditButton");
+        EXPECT_EQ(tree().currentIndex(), node(at));
+    };
+    const auto current = [](QWidget& editor) {
+        return child<QComboBox>(editor, "ComboBox1").currentText();
+    };
+    MeshRecord& mesh = window().document()->Root.Mesh;
+    edit(list, [&](QWidget& editor) { EXPECT_EQ(current(editor), QStringLiteral("Material 1")); });
+    edit(list + QStringList(QStringLiteral("Material 2")), [&](QWidget& editor) {
+        EXPECT_EQ(current(editor), QStringLiteral("Material 2"));
+        EXPECT_EQ(mesh.CurrentSlot, 1);
+        child<QSlider>(editor, "opacitybar").setValue(50);
+    });
+    EXPECT_EQ(window().document()->Materials[1].FaceColor.alpha, 0.5F);
+    EXPECT_TRUE(window().canUndo());
+    const QStringList table = {QStringLiteral("Materials")};
+    edit(table, [&](QWidget& editor) {
+        EXPECT_EQ(child<QComboBox>(editor, "ComboBox1").count(), 2);
+        EXPECT_FALSE(child<QListWidget>(editor, "CheckListBox1").isEnabled());
+    });
+    edit(table + QStringList(QStringLiteral("Material 2")), [&](QWidget& editor) {
+        EXPECT_EQ(current(editor), QStringLiteral("Material 2"));
+        EXPECT_EQ(child<QSlider>(editor, "opacitybar").value(), 50);
+    });
+    // the tree follows the slots, the 3D view each edit
+    TImage& image = child<TImage>(window(), "Image1");
+    edit(list, [&](QWidget& editor) {
+        const QImage before = image.picture().copy();
+        child<QSlider>(editor, "opacitybar").setValue(20);
+        EXPECT_NE(image.picture(), before);
+        child<QListWidget>(editor, "CheckListBox1").item(0)->setCheckState(Qt::Unchecked);
+    });
+    EXPECT_EQ(tree().model()->rowCount(node(list)), 1);
+    run("EditUndo1");
+    EXPECT_EQ(tree().model()->rowCount(node(list)), 2);
 }
 
 } // namespace

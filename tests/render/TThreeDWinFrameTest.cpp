@@ -23,6 +23,7 @@ class TThreeDWinFrameTest : public GuiTest {
         area_.addSubWindow(window_);
         window_->showMaximized();
         window_->create(file("small.xsi", smallModel()));
+        window_->setDrawingInterface(DrawApi::Software);
         settle();
         image_ = &child<TImage>(*window_, "Image1");
         view_ = &child<TThreeDWinFrame>(*window_, "ThreeDWinFrame");

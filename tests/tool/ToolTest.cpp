@@ -28,6 +28,9 @@ class Tool : public test::TestFiles {
     /// The output can be sent to a file instead.
     [[nodiscard]] Outcome run(const QStringList& words, const QString& outputFile = {}) const {
         QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        process.setProcessEnvironment(environment); // the same on every machine: no OpenGL
         process.setStandardOutputFile(outputFile);
         process.setWorkingDirectory(folder());
         process.start(QStringLiteral(KORVANE_TOOL), words);

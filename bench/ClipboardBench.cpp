@@ -1,0 +1,41 @@
+#include "BenchModel.h"
+#include "edit/ClipboardEdit.h"
+#include "formats/XsiReader.h"
+
+#include <benchmark/benchmark.h>
+
+#include <utility>
+
+namespace korvane::bench {
+namespace {
+
+void CopyAndPasteFrame(benchmark::State& state) {
+    ModelDocument source = makeModel(static_cast<std::size_t>(state.range(0)));
+    source.selectFrame(FramePath());
+    for (auto _ : state) {
+        ModelDocument target;
+        target.selectFrame(FramePath());
+        EditHistory history;
+        const QByteArray block = copySelection(source);
+        std::optional<ClipboardItem> item =
+            decodeBlock({reinterpret_cast<const std::uint8_t*>(block.data()),
+                         static_cast<std::size_t>(block.size())});
+        benchmark::DoNotOptimize(item && pasteIntoSelection(target, history, std::move(*item), {}));
+    }
+}
+
+/// The yardstick: the same model by way of a file's text.
+void SaveAndLoadXsi(benchmark::State& state) {
+    const ModelDocument source = makeModel(static_cast<std::size_t>(state.range(0)));
+    for (auto _ : state) {
+        ModelDocument target;
+        const std::string text = xsiText(source);
+        benchmark::DoNotOptimize(readXsi(TextScanner(text), target));
+    }
+}
+
+BENCHMARK(CopyAndPasteFrame)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(SaveAndLoadXsi)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace korvane::bench

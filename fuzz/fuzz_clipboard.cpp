@@ -1,0 +1,91 @@
+#include "edit/ClipboardEdit.h"
+#include "formats/XsiWriter.h"
+#include "model/StructureTree.h"
+#include "render/SoftwareView.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace korvane;
+using Bytes = std::vector<std::uint8_t>;
+
+QByteArray encoded(const ClipboardItem& item) {
+    if (const auto* copied = std::get_if<CopiedFrame>(&item)) {
+        return encodeFrame(copied->frame, copied->materials);
+    }
+    std::vector<const MaterialRecord*> materials;
+    for (const MaterialRecord& material : std::get<CopiedMaterials>(item)) {
+        materials.push_back(&material);
+    }
+    return encodeMaterials(materials);
+}
+
+std::optional<ClipboardItem> decoded(const QByteArray& block) {
+    return decodeBlock({reinterpret_cast<const std::uint8_t*>(block.data()),
+                        static_cast<std::size_t>(block.size())});
+}
+
+void require(bool holds) {
+    if (!holds) {
+        std::abort();
+    }
+}
+
+/// Pastes, shows, saves and takes back what a block holds.
+void use(ClipboardItem item) {
+    ModelDocument document;
+    document.Materials.resize(1);
+    EditHistory history;
+    const bool frame = std::holds_alternative<CopiedFrame>(item);
+    document.selectFrame(FramePath());
+    if (!frame) {
+        document.Selected.NodeKind = NodeKind::MaterialSlot;
+    }
+    const bool pasted = pasteIntoSelection(document, history, std::move(item), {});
+    require(pasted == history.canUndo() && (pasted || !frame));
+    const StructureTree tree(document);
+    writeXsi(document, [](std::string_view /*piece*/) { return true; });
+    SoftwareView view;
+    view.resize(20, 20);
+    ViewState state;
+    view.redraw(document, state);
+    history.undo(document);
+    require(document.Materials.size() == 1 && document.Root.Children.empty() &&
+            document.Root.Mesh.MaterialSlotList.empty());
+}
+
+void readBlock(const Bytes& block) {
+    std::optional<ClipboardItem> item = decodeBlock(block);
+    if (!item) {
+        return;
+    }
+    // the first copy leaves materials behind that nothing uses, the second one has nothing to
+    // change
+    std::optional<ClipboardItem> once = decoded(encoded(*item));
+    require(once.has_value());
+    const QByteArray written = encoded(*once);
+    once = decoded(written);
+    require(once && encoded(*once) == written);
+    use(std::move(*item));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Bytes block(data, data + size);
+    readBlock(block);
+    constexpr std::size_t header = 12;
+    if (size >= header) {
+        // few inputs tell their own size
+        const std::size_t payload = size - header;
+        for (std::size_t i = 0; i < 4; ++i) {
+            block[4 + i] = static_cast<std::uint8_t>(payload >> 8 * i);
+        }
+        readBlock(block);
+    }
+    return 0;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QDialog>
+#include <QScreen>
+
+namespace korvane {
+
+/// Puts a dialog that is about to be shown into the middle of its parent's screen.
+inline void centreOnScreen(QDialog& dialog) {
+    const QWidget* window = dialog.parentWidget() != nullptr ? dialog.parentWidget() : &dialog;
+    const QRect screen = window->screen()->availableGeometry();
+    QRect place({}, dialog.sizeHint());
+    place.moveCenter(screen.center());
+    dialog.move(place.topLeft());
+}
+
+} // namespace korvane

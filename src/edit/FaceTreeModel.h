@@ -1,0 +1,35 @@
+#pragma once
+
+#include "edit/FacePart.h"
+
+#include <QAbstractItemModel>
+
+#include <optional>
+
+namespace korvane {
+
+class PolygonList;
+
+/// The faces of a mesh with their vertices as an item model of one column. It holds nothing of its
+/// own: rows are made as they are looked at, so that a large mesh costs no more than a small one.
+class FaceTreeModel : public QAbstractItemModel {
+  public:
+    using QAbstractItemModel::QAbstractItemModel;
+
+    /// Shows these faces, which must stay as they are until others or null are set.
+    void setFaces(const PolygonList* faces);
+
+    /// What a row stands for; nothing for an invalid index.
+    [[nodiscard]] static std::optional<FacePart> partOf(const QModelIndex& index);
+
+    [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent) const override;
+    [[nodiscard]] QModelIndex parent(const QModelIndex& child) const override;
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+  private:
+    const PolygonList* faces_ = nullptr;
+};
+
+} // namespace korvane

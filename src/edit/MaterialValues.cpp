@@ -1,0 +1,69 @@
+#include "edit/MaterialValues.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace korvane {
+
+namespace {
+
+// in double: products of these with a float have no rounding of their own that cutting could show
+constexpr double byteScale = 255.0;
+constexpr double opacityScale = 100.0;
+
+/// The whole part of the product within 0 and the scale.
+std::int32_t cut(float value, double scale) {
+    const double product = double{value} * scale;
+    return product > 0.0 ? static_cast<std::int32_t>(std::min(product, scale)) : 0;
+}
+
+} // namespace
+
+ColorRGB modelColor(Rgba8 color) {
+    const auto channel = [](std::uint8_t byte) {
+        return static_cast<float>(byte * (1.0 / byteScale));
+    };
+    return {channel(color.red), channel(color.green), channel(color.blue)};
+}
+
+Rgba8 shownColor(const ColorRGB& color) {
+    const auto byte = [](float channel) {
+        return static_cast<std::uint8_t>(cut(channel, byteScale));
+    };
+    return {byte(color.red), byte(color.green), byte(color.blue), 255};
+}
+
+float opacityAt(std::int32_t position) {
+    return static_cast<float>(position * 0.01);
+}
+
+std::int32_t opacityPosition(float opacity) {
+    return cut(opacity, opacityScale);
+}
+
+std::string powerText(float power) {
+    std::array<char, 32> text{};
+    const auto result = std::to_chars(text.data(), text.data() + text.size(), power);
+    return {text.data(), result.ptr};
+}
+
+std::optional<float> powerOf(std::string_view text) {
+    constexpr std::string_view blanks = " \t";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) {
+        return std::nullopt;
+    }
+    text = text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    float number = 0.0F;
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(number) || number < 0) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+} // namespace korvane

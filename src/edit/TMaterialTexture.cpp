@@ -1,0 +1,291 @@
+// The texture view of the material editor.
+
+#include "edit/TMaterial.h"
+#include "edit/TOKBottomDlg.h"
+#include "model/ModelText.h"
+#include "ui_TMaterial.h"
+
+#include <QFileInfo>
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// The name of a texture without its folder, whichever way the folders are separated.
+QString withoutFolder(const std::string& name) {
+    const QString text = shownText(name);
+    return text.mid(std::max(text.lastIndexOf(u'/'), text.lastIndexOf(u'\\')) + 1);
+}
+
+/// A text of a face with so many corners that nobody reads them all still has to fit into memory
+/// and time as a line of the status bar.
+QString statusText(const std::string& text) {
+    constexpr std::size_t longest = 4096;
+    return QString::fromStdString(text.substr(0, longest));
+}
+
+void setUpBar(QScrollBar& bar, const std::optional<std::int32_t>& range, std::int32_t page,
+              std::int32_t position) {
+    const QSignalBlocker blocked(bar);
+    bar.setVisible(range.has_value());
+    bar.setRange(0, range.value_or(0));
+    bar.setPageStep(page);
+    bar.setValue(position);
+}
+
+} // namespace
+
+void TMaterial::connectTextureControls() {
+    const std::pair<QPushButton*, void (TMaterial::*)()> buttons[] = {
+        {ui_->ZoomInButton, &TMaterial::FormZoomIn},
+        {ui_->ZoomOutButton, &TMaterial::FormZoomOut},
+        {ui_->RedrawButton, &TMaterial::BMPRefresh}};
+    for (const auto& [button, handler] : buttons) {
+        connect(button, &QPushButton::clicked, this, handler);
+    }
+    connect(ui_->HorizontalBar, &QScrollBar::valueChanged, this, &TMaterial::HorizontalChange);
+    connect(ui_->VerticalBar, &QScrollBar::valueChanged, this, &TMaterial::VerticalChange);
+    connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &TMaterial::VertChange);
+    connect(ui_->TreeView1, &QTreeView::clicked, this, &TMaterial::VertChange1);
+    ui_->Panel1->setColor(QColor::fromRgb(colors_.selected));
+    ui_->Panel2->setColor(QColor::fromRgb(colors_.inactive));
+    ui_->Image1->installEventFilter(this);
+}
+
+void TMaterial::showTexture() {
+    const auto current = currentMaterial();
+    const MaterialRecord none;
+    const MaterialRecord& material = current ? subject_->document->Materials[*current] : none;
+    texture_ = material.TextureImage;
+    view_.setTextureSize(texture_->width, texture_->height);
+    const QString name = current ? withoutFolder(material.TextureFile) : QString();
+    ui_->texname->setTitle(QStringLiteral("Texture - [ %1 ]").arg(name));
+    const QSize size = current ? QSize(texture_->width, texture_->height) : QSize(0, 0);
+    ui_->size->setText(QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height()));
+    showImage(material.HasTexture);
+    scrollcheck();
+    DrawTexTri();
+}
+
+void TMaterial::showImage(bool shown) {
+    ui_->Image1->setVisible(shown);
+    ui_->TextureOffLabel->setVisible(!shown);
+}
+
+void TMaterial::TextureStatusChange() {
+    commitPending();
+    const auto material = currentMaterial();
+    if (!material) {
+        return;
+    }
+    const MaterialRecord& record = subject_->document->Materials[*material];
+    const bool on = ui_->textureCheckBox->isChecked();
+    if (record.HasTexture != on) {
+        subject_->history->textureOn(*subject_->document, *material, on);
+        Q_EMIT edited();
+    }
+    showImage(record.HasTexture);
+}
+
+void TMaterial::mopen1execute() {
+    commitPending();
+    const auto material = currentMaterial();
+    if (!material || textureDialog_ == nullptr) {
+        return;
+    }
+    textureDialog_->reset(QFileInfo(subject_->document->FileName).path());
+    if (textureDialog_->exec() != Accepted || textureDialog_->loadedImage() == nullptr) {
+        return;
+    }
+    subject_->history->textureFile(*subject_->document, *material,
+                                   modelText(textureDialog_->fileName()),
+                                   textureDialog_->loadedImage());
+    showTexture();
+    Q_EMIT edited();
+}
+
+void TMaterial::FormZoomIn() {
+    commitPending();
+    if (view_.zoomIn()) {
+        zoomChanged();
+    }
+}
+
+void TMaterial::FormZoomOut() {
+    commitPending();
+    if (view_.zoomOut()) {
+        zoomChanged();
+    }
+}
+
+void TMaterial::zoomChanged() {
+    ui_->ZoomLabel->setText(QStringLiteral("x%1").arg(view_.zoom()));
+    scrollcheck();
+    DrawTexTri();
+}
+
+void TMaterial::scrollcheck() {
+    const QSize size = ui_->Image1->sizeInPixels();
+    view_.setViewSize(size.width(), size.height());
+    const ScrollRanges ranges = view_.scrollcheck();
+    setUpBar(*ui_->HorizontalBar, ranges.horizontal, size.width() / view_.zoom(), view_.offsetX());
+    setUpBar(*ui_->VerticalBar, ranges.vertical, size.height() / view_.zoom(), view_.offsetY());
+    ui_->CornerPanel->setVisible(ranges.horizontal && ranges.vertical);
+}
+
+void TMaterial::HorizontalChange() {
+    offsetChanged();
+}
+
+void TMaterial::VerticalChange() {
+    offsetChanged();
+}
+
+void TMaterial::offsetChanged() {
+    commitPending();
+    view_.setOffsets(ui_->HorizontalBar->value(), ui_->VerticalBar->value());
+    DrawTexTri();
+}
+
+std::optional<FacePart> TMaterial::selectedPart() const {
+    const QModelIndexList selected = ui_->TreeView1->selectionModel()->selectedIndexes();
+    return FaceTreeModel::partOf(selected.value(0));
+}
+
+void TMaterial::DrawTexTri() {
+    if (!subject_ || texture_ == nullptr) {
+        return;
+    }
+    const auto part = selectedPart();
+    colors_.background = palette().color(QPalette::Dark).rgb();
+    view_.draw(picture_, *texture_, mesh(), part, colors_);
+    ui_->Image1->showPicture(imageOf(picture_));
+    if (part && mesh().HasTexCoords) {
+        const TexCoordTexts texts = view_.texts(mesh(), part->face);
+        statusPanels_[0]->setText(statusText(texts.x));
+        statusPanels_[1]->setText(statusText(texts.y));
+    } else {
+        statusPanels_[0]->setText(QStringLiteral("X:"));
+        statusPanels_[1]->setText(QStringLiteral("Y:"));
+    }
+}
+
+bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != ui_->Image1 || !subject_) {
+        return QDialog::eventFilter(watched, event);
+    }
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        FormMouseDown(dragInput(dynamic_cast<QMouseEvent&>(*event)));
+        return true;
+    case QEvent::MouseMove:
+        FormMouseMove(dragInput(dynamic_cast<QMouseEvent&>(*event)));
+        return true;
+    case QEvent::MouseButtonRelease:
+        FormMouseUp(dragInput(dynamic_cast<QMouseEvent&>(*event)));
+        return true;
+    case QEvent::Hide:
+    case QEvent::WindowDeactivate:
+        cancelDrag(); // the release may go elsewhere
+        break;
+    default:
+        break;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+DragInput TMaterial::dragInput(const QMouseEvent& event) const {
+    const QPointF at = event.position() * ui_->Image1->devicePixelRatioF();
+    return {event.button() == Qt::LeftButton ? DragButton::Left : DragButton::Other,
+            static_cast<float>(at.x()), static_cast<float>(at.y())};
+}
+
+void TMaterial::FormMouseDown(const DragInput& input) {
+    // a frame outside the model has nothing that a history could refer to
+    if (input.button != DragButton::Left || !subject_->path || !mesh().HasTexCoords) {
+        return;
+    }
+    commitPending();
+    if (const auto part = selectedPart()) {
+        subject_->document->DragRunning = drag_.begin(input, mesh(), *part);
+    }
+}
+
+void TMaterial::FormMouseMove(const DragInput& input) {
+    if (drag_.active()) {
+        MaterialPTMove(input);
+    }
+}
+
+void TMaterial::FormMouseUp(const DragInput& input) {
+    if (!drag_.active() || input.button != DragButton::Left) {
+        return;
+    }
+    MovedTexCoords moved = drag_.end(input, view_, mesh());
+    subject_->document->DragRunning = false;
+    subject_->history->texCoords(*subject_->document, *subject_->path, moved.numbers,
+                                 std::move(moved.before), std::move(moved.after));
+    texCoordsChanged();
+}
+
+void TMaterial::MaterialPTMove(const DragInput& input) {
+    drag_.update(input, view_, mesh());
+    texCoordsChanged();
+}
+
+void TMaterial::texCoordsChanged() {
+    subject_->frame->Cache.clear();
+    DrawTexTri();
+    Q_EMIT edited();
+}
+
+void TMaterial::cancelDrag() {
+    if (subject_ && drag_.cancel(mesh())) {
+        subject_->document->DragRunning = false;
+        texCoordsChanged();
+    }
+}
+
+void TMaterial::SelectedTriChange() {
+    commitPending();
+    if (ui_->Panel1->choose()) {
+        colors_.selected = ui_->Panel1->color().rgb();
+        DrawTexTri();
+    }
+}
+
+void TMaterial::TriInactiveChange() {
+    commitPending();
+    if (ui_->Panel2->choose()) {
+        colors_.inactive = ui_->Panel2->color().rgb();
+        DrawTexTri();
+    }
+}
+
+void TMaterial::VertChange() {
+    commitPending();
+    DrawTexTri();
+}
+
+void TMaterial::VertChange1() {
+    VertChange();
+}
+
+void TMaterial::BMPRefresh() {
+    commitPending();
+    scrollcheck();
+    DrawTexTri();
+}
+
+void TMaterial::DeleteBMP() {
+    texture_.reset();
+    picture_ = Bitmap();
+    ui_->Image1->showPicture({});
+}
+
+} // namespace korvane

@@ -1,0 +1,41 @@
+// The material editor of the document window.
+
+#include "edit/TMaterial.h"
+#include "model/TMDIChild.h"
+
+#include <numeric>
+
+namespace korvane {
+
+void TMDIChild::editMaterials() {
+    const NodeData node = model_->Selected;
+    const bool firstSlot =
+        node.NodeKind == NodeKind::MeshMaterialList || node.NodeKind == NodeKind::MaterialTable;
+    const std::int32_t slot = firstSlot ? 0 : node.ItemIndex;
+    if (node.Frame) {
+        if (FrameRecord* frame = frameAt(model_->Root, node.Frame->childNumbers())) {
+            frame->Mesh.CurrentSlot = slot;
+            showMaterialEditor(*frame, node.Frame);
+        }
+        return;
+    }
+    // the table is edited as the slots of a frame that is no part of the model: the selection
+    // stays where it is
+    FrameRecord table;
+    table.Mesh.MaterialSlotList.resize(model_->Materials.size());
+    std::iota(table.Mesh.MaterialSlotList.begin(), table.Mesh.MaterialSlotList.end(), 0);
+    table.Mesh.CurrentSlot = slot;
+    showMaterialEditor(table, std::nullopt);
+}
+
+void TMDIChild::showMaterialEditor(FrameRecord& frame, const std::optional<FramePath>& path) {
+    const auto live = connect(dialogs_.material, &TMaterial::edited, this, &TMDIChild::render3d);
+    dialogs_.material->edit({&*model_, &history_, &frame, path});
+    disconnect(live);
+    if (dialogs_.material->slotsChanged()) {
+        rebuildTree();
+    }
+    render3d();
+}
+
+} // namespace korvane

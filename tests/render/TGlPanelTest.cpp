@@ -1,0 +1,254 @@
+#include "render/TGlPanel.h"
+
+#include "render/GlContext.h"
+#include "render/TImage.h"
+#include "support/MainFormTest.h"
+
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions_2_1>
+#include <QOpenGLVersionFunctionsFactory>
+#include <QTest>
+
+namespace korvane::test {
+namespace {
+
+QString sample(const char* name) {
+    return QStringLiteral(KORVANE_SAMPLES "/") + QString::fromLatin1(name);
+}
+
+/// What the driver holds for all windows of a frame.
+struct Held {
+    int textures = 0;
+    int lists = 0;
+
+    bool operator==(const Held&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const Held& held) {
+    return out << held.textures << " textures and " << held.lists << " lists";
+}
+
+Held heldWith(QOpenGLContext& shared) {
+    QOpenGLContext context;
+    context.setFormat(glFormat());
+    context.setShareContext(&shared);
+    QOffscreenSurface surface;
+    surface.setFormat(glFormat());
+    surface.create();
+    Held held;
+    if (!context.create()) {
+        ADD_FAILURE() << "no context that shares";
+        return held;
+    }
+    const GlCurrent current(context, surface);
+    auto& gl = *QOpenGLVersionFunctionsFactory::get<QOpenGLFunctions_2_1>(&context);
+    gl.initializeOpenGLFunctions();
+    constexpr GLuint names = 20000;
+    for (GLuint name = 1; name < names; ++name) {
+        held.textures += gl.glIsTexture(name) != GL_FALSE ? 1 : 0;
+        held.lists += gl.glIsList(name) != GL_FALSE ? 1 : 0;
+    }
+    return held;
+}
+
+/// The 3D view through OpenGL. Skips clearly where a machine has none.
+class TGlPanelTest : public MainFormTest {
+  protected:
+    void SetUp() override {
+        if (probeContext() != GlProbe::Works) {
+            GTEST_SKIP() << "no OpenGL here";
+        }
+    }
+    static TGlPanel& panel(TMDIChild& window) { return child<TGlPanel>(window, "GlPanel"); }
+    static QImage picture(TMDIChild& window) {
+        settle();
+        return panel(window).grabFramebuffer().convertToFormat(QImage::Format_RGB32);
+    }
+    static int drawnPixels(const QImage& picture, QRgb background) {
+        int drawn = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                drawn += picture.pixel(x, y) != background ? 1 : 0;
+            }
+        }
+        return drawn;
+    }
+    /// Draws until all that rests is recorded.
+    static void drawOften(TMDIChild& window) {
+        for (int round = 0; round <= GlLists::drawsBeforeRecording; ++round) {
+            window.render3d();
+            settle();
+        }
+    }
+    [[nodiscard]] TMDIChild& active() const { return *form().activeDocument(); }
+};
+
+TEST_F(TGlPanelTest, MenuSwitchesTheInterfaceAndKeepsTheView) {
+    start({sample("skiff.xsi")});
+    run("Rflat");
+    const QImage gl = picture(active());
+    const int drawn = drawnPixels(gl, qRgb(0, 0, 0));
+    EXPECT_GT(drawn, 1000);
+    const auto& image = child<TImage>(active(), "Image1");
+    EXPECT_FALSE(image.isVisible());
+    active().view().angles.yaw += 1;
+    const CameraAngles angles = active().view().angles;
+    const float distance = active().document()->CameraDistance;
+
+    run("SoftwareAction");
+    EXPECT_EQ(active().findChild<TGlPanel*>(), nullptr);
+    EXPECT_TRUE(image.isVisible());
+    EXPECT_EQ(image.picture().size(), gl.size());
+    const int bySoftware = drawnPixels(image.picture(), qRgb(0, 0, 0));
+    run("OpenGLAction");
+    EXPECT_FALSE(image.isVisible());
+    EXPECT_NEAR(drawnPixels(picture(active()), qRgb(0, 0, 0)), bySoftware, bySoftware * 0.05);
+    EXPECT_EQ(active().view().angles, angles);
+    EXPECT_EQ(active().document()->CameraDistance, distance);
+    EXPECT_EQ(active().view().mode, RenderMode::FlatShading);
+    EXPECT_EQ(panel(active()).view().counts().errors, 0U);
+}
+
+TEST_F(TGlPanelTest, SwitchingAndClosingLeaveNothingWithTheDriver) {
+    start();
+    run("FileNew1");
+    TMDIChild& stays = active();
+    drawOften(stays);
+    const Held before = heldWith(*panel(stays).context());
+
+    Q_EMIT form().filesDropped({sample("windmill.xsi"), sample("skiff.xsi")});
+    settle();
+    TMDIChild& opened = active();
+    drawOften(opened);
+    const Held open = heldWith(*panel(stays).context());
+    EXPECT_GT(open.textures, before.textures);
+    EXPECT_GT(open.lists, before.lists);
+    for (int round = 0; round < 100; ++round) {
+        opened.setDrawingInterface(DrawApi::Software);
+        opened.setDrawingInterface(DrawApi::OpenGL);
+        if (round % 10 == 0) {
+            drawOften(opened);
+            EXPECT_EQ(panel(opened).view().counts().errors, 0U);
+        }
+    }
+    drawOften(opened);
+    EXPECT_EQ(heldWith(*panel(stays).context()), open);
+    opened.closeUnasked();
+    settle();
+    active().closeUnasked();
+    settle();
+    EXPECT_EQ(heldWith(*panel(stays).context()), before);
+}
+
+TEST_F(TGlPanelTest, WindowsWithDifferentModesKeepApart) {
+    start({sample("windmill.xsi"), sample("windmill.xsi")});
+    TMDIChild& wires = active();
+    run("Rwire");
+    TMDIChild& smooth = *form().documents().at(0);
+    run("WindowTileVertical1");
+    const QImage wirePicture = picture(wires);
+    const QImage smoothPicture = picture(smooth);
+    EXPECT_EQ(wirePicture.size(), smoothPicture.size());
+    EXPECT_NE(wirePicture, smoothPicture);
+    for (int round = 0; round < 6; ++round) {
+        wires.render3d();
+        smooth.render3d();
+        settle();
+        EXPECT_EQ(picture(wires), wirePicture);
+        EXPECT_EQ(picture(smooth), smoothPicture);
+    }
+    EXPECT_EQ(panel(wires).view().counts().errors, 0U);
+    EXPECT_EQ(panel(smooth).view().counts().errors, 0U);
+    // back and forth: textures come back as well
+    smooth.setFocus();
+    run("Rwire");
+    EXPECT_EQ(picture(smooth), wirePicture);
+    run("Rfull");
+    EXPECT_EQ(picture(smooth), smoothPicture);
+}
+
+TEST_F(TGlPanelTest, OtherColoursShowWithTheNextDrawing) {
+    start({sample("skiff.xsi"), sample("skiff.xsi")});
+    for (TMDIChild* window : form().documents()) {
+        settle();
+        ViewColors colors = window->view().colors;
+        colors.background = 0xff0a141eU;
+        window->setViewColors(colors);
+        EXPECT_EQ(window->view().lastDrawnMode, static_cast<RenderMode>(10));
+        window->render3d();
+        window->setFocus();
+        EXPECT_EQ(picture(*window).pixel(0, 0), qRgb(10, 20, 30));
+        EXPECT_EQ(window->view().lastDrawnMode, RenderMode::SmoothShading);
+    }
+}
+
+TEST_F(TGlPanelTest, DraggingTurnsTheModelAndRecordsNothing) {
+    start({sample("windmill.xsi")});
+    TGlPanel& panel = this->panel(active());
+    drawOften(active());
+    const std::size_t recorded = panel.view().counts().recorded;
+    EXPECT_GT(recorded, 0U);
+    const std::size_t meshes = panel.view().counts().meshes;
+    const QImage before = picture(active());
+    const float yaw = active().view().angles.yaw;
+    QTest::mousePress(&panel, Qt::LeftButton, Qt::NoModifier, {50, 50});
+    for (int x = 60; x <= 100; x += 10) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, 50),
+                         QPointF(panel.mapToGlobal(QPoint(x, 50))), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(&panel, &move);
+        settle();
+    }
+    QTest::mouseRelease(&panel, Qt::LeftButton, Qt::NoModifier, {100, 50});
+    EXPECT_LT(active().view().angles.yaw, yaw);
+    EXPECT_NE(picture(active()), before);
+    EXPECT_GT(panel.view().counts().meshes, meshes);
+    EXPECT_EQ(panel.view().counts().recorded, recorded);
+    EXPECT_EQ(panel.view().counts().errors, 0U);
+    // a picture that is up to date is not drawn again
+    const std::size_t drawn = panel.view().counts().meshes;
+    panel.update();
+    settle();
+    EXPECT_EQ(panel.view().counts().meshes, drawn);
+}
+
+/// For a platform without OpenGL.
+class WithoutGl : public MainFormTest {
+  protected:
+    void SetUp() override {
+        if (probeContext() == GlProbe::Works) {
+            GTEST_SKIP() << "there is OpenGL here";
+        }
+    }
+    void expectMessage() {
+        answerBox(QStringLiteral("GlFailure"), QStringLiteral(":-)~ hrc == NULL"),
+                  QStringLiteral("Korvane II Model Editor"), QMessageBox::Ok, QMessageBox::Ok);
+    }
+    [[nodiscard]] QImage picture() const {
+        return child<TImage>(*form().activeDocument(), "Image1").picture().copy();
+    }
+};
+
+TEST_F(WithoutGl, TheUserIsToldAndStillSeesTheModel) {
+    expectMessage();
+    start({sample("skiff.xsi")});
+    settle();
+    ASSERT_TRUE(allAnswered());
+    const QImage shown = picture();
+    EXPECT_FALSE(shown.isNull());
+    EXPECT_TRUE(action("OpenGLAction").isChecked());
+    run("SoftwareAction");
+    EXPECT_EQ(picture(), shown);
+    expectMessage();
+    run("OpenGLAction");
+    EXPECT_TRUE(action("OpenGLAction").isChecked());
+    EXPECT_EQ(picture(), shown);
+    run("Rwire");
+    EXPECT_NE(picture(), shown);
+}
+
+} // namespace
+} // namespace korvane::test
