@@ -154,7 +154,9 @@ TEST_F(TMainFormTest, OpensTextModelsOfTheCommandLineOnceOnly) {
     const QString c = file("c.X", smallModel());
     TMainForm& frame = start({a, file("b.msh", smallModel()), c, QStringLiteral("-dashed.xsi"),
                               QStringLiteral("--help"), path("gone.XSI")});
-    EXPECT_EQ(captions(), QStringList({a, c, QDir::current().filePath(QStringLiteral("-dashed.xsi")), path("gone.XSI")}));
+    EXPECT_EQ(captions(),
+              QStringList({a, c, QDir::current().filePath(QStringLiteral("-dashed.xsi")),
+                           path("gone.XSI")}));
     QEvent activation(QEvent::WindowActivate);
     QCoreApplication::sendEvent(&frame, &activation);
     settle();

@@ -24,6 +24,7 @@ class TMDIChildViews : public MainFormTest {
         tree.setCurrentIndex(tree.model()->index(0, 0));
         settle();
         document().PlaneScale = 2;
+        window().setDrawingInterface(DrawApi::Software); // whose picture can be looked at
         window().render3d();
     }
 
