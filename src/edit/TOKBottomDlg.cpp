@@ -41,14 +41,8 @@ void TOKBottomDlg::connectControls() {
     connect(ui_->FileListBox1->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &TOKBottomDlg::fileChanged);
     // the folder shown finds its place when those around it are known
-    connect(
-        folders_, &QFileSystemModel::directoryLoaded, this,
-        [this](const QString& loaded) {
-            if (folder().startsWith(loaded)) {
-                ui_->DirectoryListBox1->scrollTo(ui_->DirectoryListBox1->currentIndex());
-            }
-        },
-        Qt::QueuedConnection);
+    connect(folders_, &QFileSystemModel::directoryLoaded, this, &TOKBottomDlg::scrollToFolder,
+            Qt::QueuedConnection);
     connect(ui_->FileListBox1, &QListView::doubleClicked, this, [this] {
         TextureLoad();
         accept();
@@ -118,7 +112,15 @@ void TOKBottomDlg::showFolder(const QString& folder) {
     const QModelIndex index = folders_->index(folder);
     ui_->DirectoryListBox1->setCurrentIndex(index);
     ui_->DirectoryListBox1->expand(index);
-    ui_->DirectoryListBox1->scrollTo(index);
+    scrollToFolder();
+}
+
+void TOKBottomDlg::scrollToFolder() {
+    const QTreeView& tree = *ui_->DirectoryListBox1;
+    const QModelIndex current = tree.currentIndex();
+    if (!tree.viewport()->rect().contains(tree.visualRect(current))) {
+        ui_->DirectoryListBox1->scrollTo(current, QAbstractItemView::PositionAtCenter);
+    }
 }
 
 void TOKBottomDlg::folderChanged() {

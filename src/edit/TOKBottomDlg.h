@@ -49,6 +49,7 @@ class TOKBottomDlg : public QDialog {
     void connectControls();
     void fillDrives();
     void showFolder(const QString& folder);
+    void scrollToFolder();
     void folderChanged();
     void fileChanged();
     void setMask(const QString& mask);

@@ -2,6 +2,7 @@
 
 #include "edit/TMaterial.h"
 #include "model/TMDIChild.h"
+#include "ui_TMDIChild.h"
 
 #include <numeric>
 
@@ -29,7 +30,9 @@ void TMDIChild::editMaterials() {
 }
 
 void TMDIChild::showMaterialEditor(FrameRecord& frame, const std::optional<FramePath>& path) {
-    const auto live = connect(dialogs_.material, &TMaterial::edited, this, &TMDIChild::render3d);
+    // the 2D views show no materials: only the 3D view has to keep up with the user's hand
+    const auto live = connect(dialogs_.material, &TMaterial::edited, ui_->ThreeDWinFrame,
+                              &TThreeDWinFrame::redraw);
     dialogs_.material->edit({&*model_, &history_, &frame, path});
     disconnect(live);
     if (dialogs_.material->slotsChanged()) {

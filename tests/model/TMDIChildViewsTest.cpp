@@ -23,7 +23,6 @@ class TMDIChildViews : public MainFormTest {
         auto& tree = child<QTreeView>(window(), "TreeView1");
         tree.setCurrentIndex(tree.model()->index(0, 0));
         settle();
-        window().setDrawingInterface(DrawApi::Software); // draws at once
         document().PlaneScale = 2;
         window().setDrawingInterface(DrawApi::Software); // whose picture can be looked at
         window().render3d();
