@@ -49,30 +49,34 @@ std::vector<const MaterialRecord*> selectedMaterials(const ModelDocument& docume
     return materials;
 }
 
-/// Lets equal images of one name be one image, those of the document's materials first: in a block
-/// each material brings its own.
-void shareImages(std::vector<MaterialRecord>& materials, const std::vector<MaterialRecord>& table) {
-    std::unordered_map<std::string, Image> known;
-    for (const MaterialRecord& material : table) {
-        known.try_emplace(material.TextureFile, material.TextureImage);
-    }
-    for (MaterialRecord& material : materials) {
-        const Image& image =
-            known.try_emplace(material.TextureFile, material.TextureImage).first->second;
-        if (*image == *material.TextureImage) {
-            material.TextureImage = image;
-        }
-    }
-}
-
+/// Gives materials that came without an image that of their name, and lets equal images of one name
+/// be one image, those of the document's materials first: in a block each material brings its own.
 void completeMaterials(std::vector<MaterialRecord>& materials, const ModelDocument& document,
                        const TextureSource& textures) {
+    std::unordered_map<std::string, Image> known;
+    for (const MaterialRecord& material : document.Materials) {
+        known.try_emplace(material.TextureFile, material.TextureImage);
+    }
+    std::unordered_map<std::string, Image> brought;
     for (MaterialRecord& material : materials) {
-        if (!material.HasTexture && !material.TextureFile.empty() && textures) {
-            material.TextureImage = textures(material.TextureFile);
+        const std::string& name = material.TextureFile;
+        if (material.HasTexture) {
+            // compared at the cost of the pixels that the material brought itself
+            const auto place = known.find(name);
+            const Image& image =
+                place != known.end()
+                    ? place->second
+                    : brought.try_emplace(name, material.TextureImage).first->second;
+            if (*image == *material.TextureImage) {
+                material.TextureImage = image;
+            }
+        } else if (!name.empty() && textures) {
+            const auto place = known.find(name);
+            material.TextureImage = place != known.end()
+                                        ? place->second
+                                        : known.emplace(name, textures(name)).first->second;
         }
     }
-    shareImages(materials, document.Materials);
 }
 
 /// Moves the references of the subtree to materials behind those that a table has.

@@ -64,7 +64,7 @@ void stepTexCoords(EditStep& step) {
             coordinates[number] = (*values)[i];
         }
     }
-    step.frame->Cache.clear();
+    step.frame->Cache.markMeshChanged();
 }
 
 void stepFaceSlot(EditStep& step) {
@@ -73,7 +73,7 @@ void stepFaceSlot(EditStep& step) {
     const auto face = static_cast<std::size_t>(step.numbers()[0]);
     if (slot != nullptr && face < slots.size()) {
         slots[face] = *slot;
-        step.frame->Cache.clear();
+        step.frame->Cache.markMeshChanged();
     }
 }
 

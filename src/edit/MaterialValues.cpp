@@ -46,7 +46,8 @@ std::int32_t opacityPosition(float opacity) {
 
 std::string powerText(float power) {
     std::array<char, 32> text{};
-    const auto result = std::to_chars(text.data(), text.data() + text.size(), power);
+    const auto result =
+        std::to_chars(text.data(), text.data() + text.size(), power, std::chars_format::general);
     return {text.data(), result.ptr};
 }
 

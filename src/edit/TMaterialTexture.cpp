@@ -55,6 +55,7 @@ void TMaterial::connectTextureControls() {
     ui_->Panel1->setColor(QColor::fromRgb(colors_.selected));
     ui_->Panel2->setColor(QColor::fromRgb(colors_.inactive));
     ui_->Image1->installEventFilter(this);
+    ui_->ComboBox1->installEventFilter(this);
 }
 
 void TMaterial::showTexture() {
@@ -63,7 +64,8 @@ void TMaterial::showTexture() {
     const MaterialRecord& material = current ? subject_->document->Materials[*current] : none;
     texture_ = material.TextureImage;
     view_.setTextureSize(texture_->width, texture_->height);
-    const QString name = current ? withoutFolder(material.TextureFile) : QString();
+    QString name = current ? withoutFolder(material.TextureFile) : QString();
+    name.replace(u'&', QLatin1String("&&")); // else it would underline a letter
     ui_->texname->setTitle(QStringLiteral("Texture - [ %1 ]").arg(name));
     const QSize size = current ? QSize(texture_->width, texture_->height) : QSize(0, 0);
     ui_->size->setText(QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height()));
@@ -176,11 +178,15 @@ void TMaterial::DrawTexTri() {
 }
 
 bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui_->ComboBox1 && event->type() == QEvent::Wheel) {
+        return true; // rolling past it must not give the face another material
+    }
     if (watched != ui_->Image1 || !subject_) {
         return QDialog::eventFilter(watched, event);
     }
     switch (event->type()) {
     case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: // a second press in a row
         FormMouseDown(dragInput(dynamic_cast<QMouseEvent&>(*event)));
         return true;
     case QEvent::MouseMove:
@@ -239,7 +245,7 @@ void TMaterial::MaterialPTMove(const DragInput& input) {
 }
 
 void TMaterial::texCoordsChanged() {
-    subject_->frame->Cache.clear();
+    subject_->frame->Cache.markMeshChanged();
     DrawTexTri();
     Q_EMIT edited();
 }

@@ -43,7 +43,8 @@ void TOKBottomDlg::connectControls() {
     // the folder shown finds its place when those around it are known
     connect(folders_, &QFileSystemModel::directoryLoaded, this, &TOKBottomDlg::scrollToFolder,
             Qt::QueuedConnection);
-    connect(ui_->FileListBox1, &QListView::doubleClicked, this, [this] {
+    connect(ui_->FileListBox1, &QListView::doubleClicked, this, [this](const QModelIndex& file) {
+        choose(files_->filePath(file)); // whatever has been typed
         TextureLoad();
         accept();
     });

@@ -35,6 +35,9 @@ void TMDIChild::showMaterialEditor(FrameRecord& frame, const std::optional<Frame
                               &TThreeDWinFrame::redraw);
     dialogs_.material->edit({&*model_, &history_, &frame, path});
     disconnect(live);
+    if (!model_) {
+        return; // the window was closed meanwhile
+    }
     if (dialogs_.material->slotsChanged()) {
         rebuildTree();
     }

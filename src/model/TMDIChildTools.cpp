@@ -115,6 +115,9 @@ void TMDIChild::TwoDVisibleExecute() {
         panel->setVisible(visible);
     }
     FormResize();
+    if (visible && model_) {
+        model_->RedrawAll = false; // they have been drawn as they came into sight
+    }
 }
 
 } // namespace korvane

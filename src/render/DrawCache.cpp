@@ -105,14 +105,21 @@ DrawCache& DrawCache::operator=(const DrawCache& other) {
     return *this;
 }
 
+void DrawCache::markMeshChanged() {
+    if (key_) {
+        meshRevision_ = nextRevision();
+    }
+}
+
 bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     const auto place = [](const auto* data) { return reinterpret_cast<std::size_t>(data); };
     const Key key = {std::bit_cast<std::array<std::uint32_t, 16>>(world.m),
                      {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
                       place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
-                      std::size_t{mesh.HasNormals}, mesh.TexCoords.size(),
-                      place(mesh.TexCoords.data()), mesh.TexCoordFaces.size(),
-                      mesh.FaceSlotIndex.size(), place(mesh.FaceSlotIndex.data())}};
+                      std::size_t{mesh.HasNormals}, std::size_t{mesh.HasTexCoords},
+                      mesh.TexCoords.size(), place(mesh.TexCoords.data()),
+                      mesh.TexCoordFaces.size(), mesh.FaceSlotIndex.size(),
+                      place(mesh.FaceSlotIndex.data())}};
     if (key_ == key) {
         return false;
     }

@@ -27,7 +27,7 @@ struct Bounds {
 /// What drawing derives from a frame's mesh and world matrix. It belongs to the frame it was built
 /// for: copies of a frame start without one, and it takes no part in comparing frames. It is built
 /// anew when the matrix, the size or the place of a list changes; whoever changes elements of a
-/// mesh's lists calls clear().
+/// mesh's lists calls clear() or markMeshChanged().
 class DrawCache {
   public:
     std::vector<Vec3> WorldVertices; ///< one position in world space per vertex
@@ -46,6 +46,9 @@ class DrawCache {
 
     /// Forgets everything; the next refresh() builds it again.
     void clear() { *this = DrawCache(); }
+    /// Texture coordinates or the slots of faces have changed, which only recorded drawings depend
+    /// on.
+    void markMeshChanged();
     /// Makes the cache hold for the mesh under the world matrix. True if it had to be built.
     bool refresh(const MeshRecord& mesh, const Matrix4& world);
 
@@ -63,7 +66,7 @@ class DrawCache {
     /// What a cache was built for.
     struct Key {
         std::array<std::uint32_t, 16> world; ///< the bits of the matrix: a NaN would never be equal
-        std::array<std::size_t, 12> lists{}; ///< sizes and places
+        std::array<std::size_t, 13> lists{}; ///< sizes and places
 
         bool operator==(const Key&) const = default;
     };

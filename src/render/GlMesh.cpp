@@ -145,7 +145,7 @@ GlMaterial::GlMaterial(const DrawMaterial& material, const GlTextures& textures)
       specular{0.0F, 0.0F, 0.0F, 1.0F},
       shininess(material.colors.power > 0 ? std::min(material.colors.power, 128.0F) : 0.0F),
       texture(textures.name(material.image)), translucent(material.translucent) {
-    if (material.colors.power > 0) {
+    if (material.colors.power != 0) {
         const ColorRGB& color = material.colors.specular;
         specular = {color.red, color.green, color.blue, 1.0F};
     }

@@ -175,6 +175,9 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
     if (state.mode == RenderMode::SmoothShading && state.allowTransparent) {
         drawPass(context, document, true);
     }
+    if (state.mode != RenderMode::Wireframe) {
+        drawSelection(context, document);
+    }
     for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
         lists_.keep(walk.frame()); // hidden or out of view, a frame may come back as it was
     }
@@ -194,7 +197,6 @@ void GlView::drawPass(const DrawContext& context, const ModelDocument& document,
         }
         frame.Cache.refresh(frame.Mesh, item.world);
         if (containment(context, item) == Containment::Outside) {
-            ++counts_.skipped;
             continue;
         }
         glMatrixMode(GL_MODELVIEW);
@@ -203,10 +205,28 @@ void GlView::drawPass(const DrawContext& context, const ModelDocument& document,
     }
 }
 
+void GlView::drawSelection(const DrawContext& context, const ModelDocument& document) {
+    setEnabled(GL_BLEND, false);
+    glDepthMask(GL_FALSE);
+    for (const DrawItem& item : list_.items()) {
+        if (item.frame->HasMesh && item.frame->SelectState == SelectState::Selected) {
+            glMatrixMode(GL_MODELVIEW);
+            glLoadMatrixf(modelView(context, item.world, document).m.data());
+            drawBox(context, item);
+        }
+    }
+    glDepthMask(GL_TRUE);
+}
+
 /// In debug builds every redraw has to leave no error.
 void GlView::checkErrors() {
 #ifndef NDEBUG
-    for (GLenum error = glGetError(); error != GL_NO_ERROR; error = glGetError()) {
+    constexpr int most = 16; // a context that is lost tells of errors without end
+    for (int i = 0; i < most; ++i) {
+        const GLenum error = glGetError();
+        if (error == GL_NO_ERROR) {
+            break;
+        }
         ++counts_.errors;
         qWarning("OpenGL error %#x", error);
     }
@@ -225,21 +245,16 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
         drawShape(item, GlShape::Opaque);
     }
     glDepthMask(GL_FALSE);
-    if (!wires && !translucentPass) {
-        if (item.frame->SelectState == SelectState::Selected) {
-            drawBox(context, item);
-        }
-    } else if (translucentPass && materials_.any(true)) {
+    if (translucentPass && materials_.any(true)) {
         // unwritten depths: what lies behind a translucent face shows whichever comes first
         glEnable(GL_CULL_FACE);
         if (state.showHiddenTransparent || item.frame->RenderBackwards) {
             // the far sides first: they are not mixed over the near ones
-            glCullFace(mirrors(item.world) ? GL_BACK : GL_FRONT);
+            glCullFace(GL_FRONT);
             drawShape(item, GlShape::Translucent);
-            glCullFace(mirrors(item.world) ? GL_FRONT : GL_BACK);
-        } else {
-            glCullFace(GL_BACK);
         }
+        // what turns away on the screen, in mirrored frames too
+        glCullFace(GL_BACK);
         drawShape(item, GlShape::Translucent);
         glDisable(GL_CULL_FACE);
     }

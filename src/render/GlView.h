@@ -14,7 +14,6 @@ namespace korvane {
 /// What the OpenGL view has done so far.
 struct GlCounts {
     std::size_t meshes = 0;   ///< shapes of meshes drawn
-    std::size_t skipped = 0;  ///< frames left out because they are out of view
     std::size_t recorded = 0; ///< display lists recorded
     std::size_t uploads = 0;  ///< textures uploaded
     std::size_t errors = 0;   ///< OpenGL errors that redraws left; debug builds look for them
@@ -46,6 +45,8 @@ class GlView {
     void checkErrors();
     void drawPass(const DrawContext& context, const ModelDocument& document, bool translucent);
     void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
+    /// Outlines the box of the selected frame over what it would otherwise be hidden by later on.
+    void drawSelection(const DrawContext& context, const ModelDocument& document);
     void drawShape(const DrawItem& item, GlShape shape);
 
     ViewGeometry geometry_{1, 1};

@@ -39,18 +39,26 @@ bool TGlPanel::failed() const {
 void TGlPanel::initializeGL() {
     // the context goes before the panel when the panel moves to another top-level window
     contextEnd_ = connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, &TGlPanel::release);
-    const QSize size = (QSizeF(this->size()) * devicePixelRatioF()).toSize();
+    const QSize size = sizeInPixels();
     view_.setUp(document_, state_, size.width(), size.height());
     stale_ = true;
 }
 
+QSize TGlPanel::sizeInPixels() const {
+    return (QSizeF(size()) * devicePixelRatioF()).toSize();
+}
+
 void TGlPanel::resizeGL(int /*width*/, int /*height*/) {
-    const QSize size = (QSizeF(this->size()) * devicePixelRatioF()).toSize();
-    view_.resize(size.width(), size.height());
     stale_ = true;
 }
 
 void TGlPanel::paintGL() {
+    const QSize size = sizeInPixels();
+    // the scale of the screen may have changed without a change of the panel's size
+    if (size != QSize(view_.geometry().width, view_.geometry().height)) {
+        view_.resize(size.width(), size.height());
+        stale_ = true;
+    }
     if (std::exchange(stale_, false)) {
         view_.redraw(document_, state_);
     }

@@ -32,6 +32,8 @@ class TGlPanel : public QOpenGLWidget {
 
     ModelDocument& document_;
     ViewState& state_;
+    [[nodiscard]] QSize sizeInPixels() const;
+
     GlView view_;
     QMetaObject::Connection contextEnd_;
     bool stale_ = true; ///< what the panel holds is not what it should show

@@ -222,17 +222,17 @@ TEST_F(TMaterialTextureTest, ALargeMeshIsNoWait) {
     QElapsedTimer clock;
     clock.start();
     edit([&] {
-        RecordProperty("open_ms", static_cast<int>(clock.restart()));
+        RecordProperty("open_ms", static_cast<int>(clock.elapsed()));
         auto& tree = control<QTreeView>("TreeView1");
         tree.expand(tree.model()->index(99'999, 0));
         select({99'999, 2});
-        RecordProperty("select_ms", static_cast<int>(clock.restart()));
+        RecordProperty("select_ms", static_cast<int>(clock.elapsed()));
         press({100, 100});
         move({110, 100});
         release({120, 100});
         RecordProperty("drag_ms", static_cast<int>(clock.elapsed()));
         // generous: what is slow here took seconds with an item for each face
-        EXPECT_LT(clock.elapsed(), 1000);
+        EXPECT_LT(clock.elapsed(), 2500);
         EXPECT_EQ(history.position(), 0);
     });
 }
