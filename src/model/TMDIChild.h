@@ -60,8 +60,8 @@ class TMDIChild : public QMdiSubWindow {
     void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
 
     // Nothing can be taken back while the mouse is changing the model.
-    [[nodiscard]] bool canUndo() const { return idle() && history_.canUndo(); }
-    [[nodiscard]] bool canRedo() const { return idle() && history_.canRedo(); }
+    [[nodiscard]] bool canUndo() const { return acceptsEdits() && history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return acceptsEdits() && history_.canRedo(); }
     void undo();
     void redo();
 
@@ -164,13 +164,15 @@ class TMDIChild : public QMdiSubWindow {
     void redrawStale();
     void drawPlane(const PlaneImage& image);
     void showToolCursor();
+    /// A drag has begun or ended.
+    void showDragCursor();
     void showPlaneColors();
     /// Brings the boxes of the "Tools" page in step with the selected frame.
     void showVisibility();
     void storeVisibility();
     void setPointerText(const QString& text);
     [[nodiscard]] FrameRecord* selectedFrame();
-    [[nodiscard]] bool idle() const { return model_ && !model_->DragRunning; }
+    [[nodiscard]] bool acceptsEdits() const { return model_ && !model_->DragRunning; }
     static void fillPanel(QWidget& panel, const QColor& color);
 
     void FileOpenXSI(const QString& fileName);

@@ -19,14 +19,14 @@ QByteArray TMDIChild::copy() const {
 }
 
 bool TMDIChild::canPaste(ClipboardContent content) const {
-    return model_ && korvane::canPaste(model_->Selected.NodeKind, content);
+    return acceptsEdits() && korvane::canPaste(model_->Selected.NodeKind, content);
 }
 
 void TMDIChild::paste(const QByteArray& block) {
     std::optional<ClipboardItem> item =
         decodeBlock({reinterpret_cast<const std::uint8_t*>(block.data()),
                      static_cast<std::size_t>(block.size())});
-    if (!model_ || !item) {
+    if (!acceptsEdits() || !item) {
         return;
     }
     TextureLoader textures(QFileInfo(model_->FileName).path());

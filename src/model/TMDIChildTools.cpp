@@ -64,6 +64,12 @@ void TMDIChild::showToolCursor() {
     }
 }
 
+void TMDIChild::showDragCursor() {
+    if (model_->Tool == ViewTool::MoveView) {
+        showToolCursor(); // the others look the same
+    }
+}
+
 FrameRecord* TMDIChild::selectedFrame() {
     return model_ && model_->Selected.Frame
                ? frameAt(model_->Root, model_->Selected.Frame->childNumbers())

@@ -202,7 +202,7 @@ void TMDIChild::planeWheelEvent(const PlaneImage& image, const QWheelEvent& even
 
 void TMDIChild::mouseDown(ViewPlane plane, const DragInput& input) {
     planes_.mouseDown(plane, input, *model_);
-    showToolCursor();
+    showDragCursor();
     redrawStale();
 }
 
@@ -215,13 +215,13 @@ void TMDIChild::mouseUp(ViewPlane plane, const DragInput& input) {
     if (const std::optional<FrameMove> move = planes_.mouseUp(plane, input, *model_)) {
         history_.moveFrame(*model_, move->frame, move->before, move->after);
     }
-    showToolCursor();
+    showDragCursor();
     redrawStale();
 }
 
 void TMDIChild::cancelDrag() {
     if (model_ && planes_.cancelDrag(*model_)) {
-        showToolCursor();
+        showDragCursor();
         redrawStale();
     }
 }

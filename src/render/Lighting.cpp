@@ -17,9 +17,8 @@ ColorRGB additiveColor(const MaterialRecord& material) {
 
 SurfaceColors::SurfaceColors(const MaterialRecord& material)
     : face{material.FaceColor.red, material.FaceColor.green, material.FaceColor.blue},
-      additive(additiveColor(material)), emissive(material.Emissive),
-      specular(material.Specular), power(material.Power),
-      noHighlight(power > 0 ? std::exp2(-16.0F / power) : 0.0F) {}
+      additive(additiveColor(material)), emissive(material.Emissive), specular(material.Specular),
+      power(material.Power), noHighlight(power > 0 ? std::exp2(-16.0F / power) : 0.0F) {}
 
 Vec3 halfVector(const Vec3& light, const Vec3& eye) {
     return {(light.x + eye.x) * 0.5F, (light.y + eye.y) * 0.5F, (light.z + eye.z) * 0.5F};

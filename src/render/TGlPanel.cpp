@@ -3,6 +3,7 @@
 #include "render/GlContext.h"
 
 #include <QOpenGLContext>
+#include <QWindow>
 
 #include <GL/gl.h>
 #include <utility>
@@ -31,7 +32,8 @@ void TGlPanel::redraw() {
 }
 
 bool TGlPanel::failed() const {
-    return isVisible() && window()->windowHandle() != nullptr && !size().isEmpty() && !isValid();
+    const QWindow* shown = window()->windowHandle();
+    return isVisible() && !size().isEmpty() && shown != nullptr && shown->isExposed() && !isValid();
 }
 
 void TGlPanel::initializeGL() {

@@ -20,6 +20,10 @@ TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
     ui_->setupUi(this);
     // clicked or tabbed to: Escape has to arrive here while a drag runs
     setFocusPolicy(Qt::StrongFocus);
+    // queued: whoever asked for the drawing cannot wait for the user
+    connect(
+        this, &TThreeDWinFrame::contextFailed, this, [this] { showFailure(GlProbe::NoContext); },
+        Qt::QueuedConnection);
 }
 
 TThreeDWinFrame::~TThreeDWinFrame() {
@@ -81,8 +85,7 @@ void TThreeDWinFrame::redraw() {
     if (panel_ != nullptr && panel_->failed()) {
         // the driver took back what the probe was promised
         releaseContext();
-        QMetaObject::invokeMethod(
-            this, [this] { showFailure(GlProbe::NoContext); }, Qt::QueuedConnection);
+        Q_EMIT contextFailed();
     }
     if (panel_ != nullptr) {
         panel_->redraw();

@@ -43,6 +43,10 @@ class TThreeDWinFrame : public QWidget {
     /// Draws the model anew, in the size that the view has by now.
     void redraw();
 
+  Q_SIGNALS:
+    /// There was no context to be had after all; the model is drawn by software.
+    void contextFailed();
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -277,8 +277,8 @@ TEST_F(StructureEditing, EditOpensTheMaterialEditorOnWhatIsSelected) {
         EXPECT_EQ(child<QSlider>(editor, "opacitybar").value(), 50);
     });
     // the tree follows the slots, the 3D view each edit
-    window().setDrawingInterface(DrawApi::Software); // whose picture can be looked at
-    const TImage& image = child<TImage>(window(), "Image1");
+    window().setDrawingInterface(DrawApi::Software); // draws at once
+    TImage& image = child<TImage>(window(), "Image1");
     edit(list, [&](QWidget& editor) {
         const QImage before = image.picture().copy();
         child<QSlider>(editor, "opacitybar").setValue(20);

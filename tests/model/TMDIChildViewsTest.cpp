@@ -71,6 +71,7 @@ TEST_F(TMDIChildViews, EachImageDragsInItsPlaneAndRecordsOneStep) {
         EXPECT_NE(picture("Image1"), space) << "the 3D view follows live";
         EXPECT_FALSE(window().canUndo());
         window().undo(); // refused
+        EXPECT_FALSE(window().canPaste(ClipboardContent::Frame));
         EXPECT_NE(document().Root.Matrix, before);
         release(name, {50, 40});
         Matrix4 expected = before;
@@ -78,6 +79,7 @@ TEST_F(TMDIChildViews, EachImageDragsInItsPlaneAndRecordsOneStep) {
         EXPECT_EQ(document().Root.Matrix, expected) << name;
         EXPECT_TRUE(document().Modified);
         EXPECT_TRUE(window().canUndo());
+        EXPECT_TRUE(window().canPaste(ClipboardContent::Frame));
         window().undo();
         EXPECT_EQ(document().Root.Matrix, before);
         EXPECT_EQ(picture(name), plane);

@@ -1,3 +1,4 @@
+#include "edit/EditHistory.h"
 #include "formats/XsiReader.h"
 #include "render/GlOffscreen.h"
 #include "render/StartCamera.h"
@@ -216,6 +217,44 @@ TEST_F(GlViewTest, TexturesOfAnySizeFollowTheirMaterials) {
     EXPECT_LE(difference(glPixel(scene, 50, 35), 0xffffffffU), 2);
     EXPECT_EQ(gl_.view().textureCount(), 0U);
     EXPECT_EQ(gl_.view().counts().errors, 0U);
+}
+
+TEST_F(GlViewTest, EditsOfARecordedMeshShowAtOnce) {
+    Scene scene({plain(1, 0, 0), plain(1, 1, 1)});
+    addSquare(scene.mesh(), 4, 0);
+    scene.mesh().HasTexCoords = true;
+    scene.mesh().TexCoords = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    const std::vector<std::uint32_t> corners = {0, 1, 2, 3};
+    scene.mesh().TexCoordFaces.push_back(corners);
+    MaterialRecord& textured = scene.document.Materials[1];
+    textured.HasTexture = true;
+    textured.TextureImage = image(100, 1, {{0, 255, 0, 255}, {0, 0, 255, 255}});
+    const auto recorded = [&] {
+        for (int round = 0; round < GlLists::drawsBeforeRecording; ++round) {
+            gl_.redraw(scene.document, scene.state);
+        }
+        return glPixel(scene, 33, 50);
+    };
+    EditHistory history;
+    EXPECT_EQ(recorded(), 0xffff0000U);
+    history.faceSlot(scene.document, FramePath(), 0, 1);
+    EXPECT_EQ(recorded(), 0xff00ff00U);
+    const std::vector<Vec2> before = scene.mesh().TexCoords;
+    std::vector<Vec2> after = before;
+    for (Vec2& at : after) {
+        at.u += 0.5F;
+    }
+    const std::vector<std::int32_t> numbers = {0, 1, 2, 3};
+    history.texCoords(scene.document, FramePath(), numbers, before, after);
+    EXPECT_EQ(recorded(), 0xff0000ffU);
+    history.removeSlot(scene.document, FramePath(), 0);
+    EXPECT_EQ(recorded(), 0xff0000ffU);
+    history.undo(scene.document);
+    EXPECT_EQ(glPixel(scene, 33, 50), 0xff0000ffU);
+    history.undo(scene.document);
+    EXPECT_EQ(recorded(), 0xff00ff00U);
+    history.undo(scene.document);
+    EXPECT_EQ(recorded(), 0xffff0000U);
 }
 
 TEST_F(GlViewTest, TranslucentMeshesShowTheirFarSidesWhenTold) {
