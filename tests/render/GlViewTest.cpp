@@ -247,6 +247,10 @@ TEST_F(GlViewTest, EditsOfARecordedMeshShowAtOnce) {
     const std::vector<std::int32_t> numbers = {0, 1, 2, 3};
     history.texCoords(scene.document, FramePath(), numbers, before, after);
     EXPECT_EQ(recorded(), 0xff0000ffU);
+    scene.mesh().HasTexCoords = false;
+    EXPECT_EQ(recorded(), 0xffffffffU);
+    scene.mesh().HasTexCoords = true;
+    EXPECT_EQ(recorded(), 0xff0000ffU);
     history.removeSlot(scene.document, FramePath(), 0);
     EXPECT_EQ(recorded(), 0xff0000ffU);
     history.undo(scene.document);
@@ -271,6 +275,10 @@ TEST_F(GlViewTest, TranslucentMeshesShowTheirFarSidesWhenTold) {
     EXPECT_LE(difference(glPixel(scene, 50, 50), 0xff800000U), 2);
     scene.document.Root.RenderBackwards = true;
     EXPECT_LE(difference(glPixel(scene, 50, 50), 0xff804000U), 2);
+    // a mirrored frame is seen from its other sides: what turns away on the screen comes first
+    scene.document.Root.Matrix[10] = -1;
+    EXPECT_LE(difference(glPixel(scene, 50, 50), 0xff408000U), 2) << "half green over half red";
+    scene.document.Root.Matrix[10] = 1;
     for (const RenderMode mode : {RenderMode::SmoothShading, RenderMode::FlatShading}) {
         scene.state.mode = mode;
         scene.state.allowTransparent = mode == RenderMode::FlatShading;
@@ -325,7 +333,22 @@ TEST_F(GlViewTest, ColoursOfWiresGoByTheSelection) {
     scene.document.Root.Cache.clear();
     EXPECT_EQ(colorAndPixels().second, 0);
     scene.document.Root.SelectState = SelectState::Selected;
-    EXPECT_EQ(colorAndPixels().first, scene.state.colors.selected);
+    const auto [color, pixels] = colorAndPixels();
+    EXPECT_EQ(color, scene.state.colors.selected);
+    // it stays whole before what is drawn later and lies behind it
+    FrameRecord behind = scene.document.Root;
+    behind.SelectState = SelectState::Descendant;
+    addSquare(behind.Mesh, 30, -2);
+    scene.document.Root.Children.push_back(behind);
+    gl_.redraw(scene.document, scene.state);
+    int box = 0;
+    const QImage picture = gl_.picture();
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            box += picture.pixel(x, y) == scene.state.colors.selected ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(box, pixels);
 }
 
 TEST_F(GlViewTest, HostileMeshesAreLeftOut) {
