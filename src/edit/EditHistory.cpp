@@ -101,7 +101,7 @@ RefreshFlags EditHistory::redo(ModelDocument& document) {
     if (!canRedo()) {
         return {};
     }
-    EditAction& action = entries_[static_cast<std::size_t>(position_ + 1)];
+    EditAction& action = entries_[static_cast<std::size_t>(position_) + 1];
     const RefreshFlags refresh = step(document, action, true, textures_);
     ++position_;
     selectFrameOf(document, action);
