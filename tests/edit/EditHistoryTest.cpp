@@ -343,9 +343,12 @@ TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
         {"undo", [&] { history.undo(document); }}};
     for (const auto& [name, edit] : edits) {
         frame.Cache.refresh(list, Matrix4());
-        EXPECT_FALSE(frame.Cache.refresh(list, Matrix4()));
+        const auto before = frame.Cache.meshRevision();
+        frame.Cache.refresh(list, Matrix4());
+        EXPECT_EQ(frame.Cache.meshRevision(), before);
         edit();
-        EXPECT_TRUE(frame.Cache.refresh(list, Matrix4())) << name;
+        frame.Cache.refresh(list, Matrix4());
+        EXPECT_NE(frame.Cache.meshRevision(), before) << name;
     }
 }
 

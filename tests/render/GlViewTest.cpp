@@ -275,9 +275,9 @@ TEST_F(GlViewTest, TranslucentMeshesShowTheirFarSidesWhenTold) {
     EXPECT_LE(difference(glPixel(scene, 50, 50), 0xff800000U), 2);
     scene.document.Root.RenderBackwards = true;
     EXPECT_LE(difference(glPixel(scene, 50, 50), 0xff804000U), 2);
-    // a mirrored frame is seen from its other sides: what turns away on the screen comes first
+    // in a mirrored frame too only the order of the corners on the screen tells the sides apart
     scene.document.Root.Matrix[10] = -1;
-    EXPECT_LE(difference(glPixel(scene, 50, 50), 0xff408000U), 2) << "half green over half red";
+    EXPECT_LE(difference(glPixel(scene, 50, 50), 0xff804000U), 2);
     scene.document.Root.Matrix[10] = 1;
     for (const RenderMode mode : {RenderMode::SmoothShading, RenderMode::FlatShading}) {
         scene.state.mode = mode;
