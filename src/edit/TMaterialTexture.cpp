@@ -3,6 +3,7 @@
 #include "edit/TMaterial.h"
 #include "edit/TOKBottomDlg.h"
 #include "model/ModelText.h"
+#include "render/DevicePixels.h"
 #include "ui_TMaterial.h"
 
 #include <QFileInfo>
@@ -132,7 +133,7 @@ void TMaterial::zoomChanged() {
 }
 
 void TMaterial::scrollcheck() {
-    const QSize size = ui_->Image1->sizeInPixels();
+    const QSize size = sizeInPixels(*ui_->Image1);
     view_.setViewSize(size.width(), size.height());
     const ScrollRanges ranges = view_.scrollcheck();
     setUpBar(*ui_->HorizontalBar, ranges.horizontal, size.width() / view_.zoom(), view_.offsetX());

@@ -1,6 +1,7 @@
 // The 2D views of the document window and the mouse in them.
 
 #include "model/TMDIChild.h"
+#include "render/DevicePixels.h"
 #include "render/StartCamera.h"
 #include "render/TImage.h"
 #include "ui_TMDIChild.h"
@@ -100,7 +101,7 @@ void TMDIChild::drawPlane(const PlaneImage& image) {
     if (!model_ || !image.image->isVisible()) {
         return; // drawn when shown
     }
-    const QSize size = image.image->sizeInPixels();
+    const QSize size = sizeInPixels(*image.image);
     PlaneView& view = planes_.view(image.plane);
     if (size != QSize(view.bitmap().width(), view.bitmap().height())) {
         view.resize(size.width(), size.height());

@@ -1,5 +1,6 @@
 #include "render/TGlPanel.h"
 
+#include "render/DevicePixels.h"
 #include "render/GlContext.h"
 
 #include <QOpenGLContext>
@@ -39,13 +40,9 @@ bool TGlPanel::failed() const {
 void TGlPanel::initializeGL() {
     // the context goes before the panel when the panel moves to another top-level window
     contextEnd_ = connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, &TGlPanel::release);
-    const QSize size = sizeInPixels();
+    const QSize size = sizeInPixels(*this);
     view_.setUp(document_, state_, size.width(), size.height());
     stale_ = true;
-}
-
-QSize TGlPanel::sizeInPixels() const {
-    return (QSizeF(size()) * devicePixelRatioF()).toSize();
 }
 
 void TGlPanel::resizeGL(int /*width*/, int /*height*/) {
@@ -53,7 +50,7 @@ void TGlPanel::resizeGL(int /*width*/, int /*height*/) {
 }
 
 void TGlPanel::paintGL() {
-    const QSize size = sizeInPixels();
+    const QSize size = sizeInPixels(*this);
     // the scale of the screen may have changed without a change of the panel's size
     if (size != QSize(view_.geometry().width, view_.geometry().height)) {
         view_.resize(size.width(), size.height());

@@ -32,7 +32,6 @@ class TGlPanel : public QOpenGLWidget {
 
     ModelDocument& document_;
     ViewState& state_;
-    [[nodiscard]] QSize sizeInPixels() const;
 
     GlView view_;
     QMetaObject::Connection contextEnd_;

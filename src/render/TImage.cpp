@@ -16,10 +16,6 @@ void TImage::setEdged(bool edged) {
     update();
 }
 
-QSize TImage::sizeInPixels() const {
-    return (QSizeF(size()) * devicePixelRatioF()).toSize();
-}
-
 void TImage::paintEvent(QPaintEvent* /*event*/) {
     // a copy shares the memory; the ratio is that of the screen the control is on by now
     QImage picture = picture_;

@@ -20,9 +20,6 @@ class TImage : public QWidget {
     /// Whether a thin line over the picture's right and lower edge sets it off from its neighbours.
     void setEdged(bool edged);
 
-    /// The size of the control in device pixels.
-    [[nodiscard]] QSize sizeInPixels() const;
-
   protected:
     void paintEvent(QPaintEvent* event) override;
 

@@ -1,5 +1,6 @@
 #include "render/TThreeDWinFrame.h"
 
+#include "render/DevicePixels.h"
 #include "render/GlContext.h"
 #include "render/StartCamera.h"
 #include "render/TGlPanel.h"
@@ -68,15 +69,11 @@ void TThreeDWinFrame::showFailure(GlProbe probe) {
     box.exec();
 }
 
-QSize TThreeDWinFrame::sizeInPixels() const {
-    return (QSizeF(size()) * devicePixelRatioF()).toSize();
-}
-
 void TThreeDWinFrame::redraw() {
     if (document_ == nullptr || !isVisible()) {
         return; // drawn when shown
     }
-    const QSize size = sizeInPixels();
+    const QSize size = sizeInPixels(*this);
     geometry_ = ViewGeometry(size.width(), size.height());
     if (cameraPending_ && !size.isEmpty()) {
         cameraPending_ = false;

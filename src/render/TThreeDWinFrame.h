@@ -65,7 +65,6 @@ class TThreeDWinFrame : public QWidget {
     void mouseUp(const DragInput& input);
     void cancelDrag();
     void showFailure(GlProbe probe);
-    [[nodiscard]] QSize sizeInPixels() const;
     [[nodiscard]] DragInput dragInput(const QMouseEvent& event) const;
 
     std::unique_ptr<Ui::TThreeDWinFrame> ui_;

@@ -248,6 +248,7 @@ TEST_F(TMaterialTest, TheTextureBoxSwitchesTheTexture) {
 
 TEST_F(TMaterialTest, TheTableOfMaterialsHasNoFrame) {
     FrameRecord table;
+    table.Mesh = mesh(); // something that a drag could move
     table.Mesh.MaterialSlotList = {0, 1, 2};
     table.Mesh.CurrentSlot = 2;
     edit(&table, std::nullopt, [&] {
@@ -255,8 +256,10 @@ TEST_F(TMaterialTest, TheTableOfMaterialsHasNoFrame) {
         EXPECT_EQ(control<QComboBox>("ComboBox1").currentText(), QStringLiteral("Material 3"));
         check(0, false);
         chooseSlot(1);
+        select({0, 0});
         press({10, 10});
         release({90, 90});
+        EXPECT_EQ(table.Mesh.TexCoords, mesh().TexCoords);
         EXPECT_FALSE(history.canUndo());
         answerColor(QColor(0, 255, 0));
         click("diffuse");

@@ -1,3 +1,4 @@
+#include "render/DevicePixels.h"
 #include "render/TImage.h"
 #include "support/MainFormTest.h"
 
@@ -90,7 +91,7 @@ TEST_F(TMDIChildViews, EachImageDragsInItsPlaneAndRecordsOneStep) {
 TEST_F(TMDIChildViews, ViewsShowTheWholeModelInTheSizeOfTheirControls) {
     TMDIChild& opened = window();
     for (const char* name : {"Image2", "Image3", "Image4"}) {
-        EXPECT_EQ(picture(name).size(), image(name).sizeInPixels());
+        EXPECT_EQ(picture(name).size(), sizeInPixels(image(name)));
         EXPECT_EQ(image(name).size(), child<QWidget>(opened, "Panel6").size());
     }
     EXPECT_EQ(child<QLabel>(image("Image2"), "XYLabel").text(), QStringLiteral("XY"));
@@ -100,7 +101,7 @@ TEST_F(TMDIChildViews, ViewsShowTheWholeModelInTheSizeOfTheirControls) {
     const float scale = document().PlaneScale;
     child<QWidget>(opened, "Panel3").resize(311, 207);
     settle();
-    EXPECT_EQ(picture("Image2").size(), image("Image2").sizeInPixels());
+    EXPECT_EQ(picture("Image2").size(), sizeInPixels(image("Image2")));
     EXPECT_NE(picture("Image2").size(), before);
     EXPECT_EQ(document().PlaneScale, scale) << "a resize leaves the scale alone";
 }
@@ -220,10 +221,8 @@ TEST_F(TMDIChildViews, VisibilityTogglesShowAtTheNextMouseEvent) {
     EXPECT_EQ(boxes(), "F+M-");
     meshBox.click();
     EXPECT_EQ(boxes(), "F+M+");
-    hover("Image1"); // over the 3D view
-    QTest::mouseMove(&child<QWidget>(window(), "ThreeDWinFrame"));
-    settle();
-    hover("Image2");
+    QHoverEvent over(QEvent::HoverMove, QPointF(9, 9), QPointF(9, 9), QPointF(8, 8));
+    QApplication::sendEvent(&child<QWidget>(window(), "ThreeDWinFrame"), &over);
     EXPECT_EQ(picture("Image2"), shown);
     EXPECT_EQ(picture("Image1"), space);
     tree.setCurrentIndex(tree.model()->index(1, 0)); // the material table

@@ -1,6 +1,7 @@
 #include "render/TThreeDWinFrame.h"
 
 #include "model/TMDIChild.h"
+#include "render/DevicePixels.h"
 #include "render/TImage.h"
 #include "support/GuiTest.h"
 
@@ -52,14 +53,14 @@ class TThreeDWinFrameTest : public GuiTest {
 
 TEST_F(TThreeDWinFrameTest, ShowsTheModelInTheSizeOfTheControl) {
     const QImage shown = picture();
-    EXPECT_EQ(shown.size(), image_->sizeInPixels());
+    EXPECT_EQ(shown.size(), sizeInPixels(*image_));
     EXPECT_GT(shown.width(), 100);
     // on the screen it is what was drawn
     EXPECT_EQ(image_->grab().toImage().convertToFormat(QImage::Format_RGB32), shown);
     const float distance = this->distance();
     child<QCheckBox>(*window_, "TwoDVisibleBox").setChecked(false);
     settle();
-    EXPECT_EQ(picture().size(), image_->sizeInPixels());
+    EXPECT_EQ(picture().size(), sizeInPixels(*image_));
     EXPECT_GT(picture().width(), shown.width());
     EXPECT_EQ(this->distance(), distance) << "a resize leaves the camera alone";
 }
