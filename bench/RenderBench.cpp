@@ -24,7 +24,7 @@ void drawFrames(benchmark::State& state, ModelDocument document, RenderMode mode
         benchmark::DoNotOptimize(view.bitmap().pixels());
     }
     state.counters["pixels"] =
-        static_cast<double>(view.bitmap().countOtherThan(settings.colors.background));
+        static_cast<double>(countOtherThan(imageOf(view.bitmap()), settings.colors.background));
 }
 
 /// As textbooks draw a line: ends out of sight are cut off one side at a time, then each step is
@@ -127,8 +127,8 @@ void DrawPlane(benchmark::State& state) {
         view.draw(document);
         benchmark::DoNotOptimize(view.bitmap().pixels());
     }
-    state.counters["pixels"] =
-        static_cast<double>(view.bitmap().countOtherThan(view.colors().frames.background));
+    state.counters["pixels"] = static_cast<double>(
+        countOtherThan(imageOf(view.bitmap()), view.colors().frames.background));
 }
 
 /// The bare lines of such a picture, to compare with: the same edges between pixels worked out

@@ -43,7 +43,7 @@ void transferMaterial(Stream& stream, Material& material) {
     stream.value(material.ShadingModel);
     stream.value(material.Ambient);
     stream.flag(material.HasTexture);
-    stream.text(material.TextureFile);
+    stream.text(material.TextureFile, '"');
     for (auto* number :
          {&material.MappingType, &material.ImageWidth, &material.ImageHeight, &material.CropUMin,
           &material.CropUMax, &material.CropVMin, &material.CropVMax, &material.UVSwap,
@@ -76,7 +76,9 @@ void transferMesh(Stream& stream, Mesh& mesh) {
     stream.flag(mesh.HasMaterials);
     stream.materialSlots(mesh.MaterialSlotList);
     stream.currentSlot(mesh.CurrentSlot, mesh.MaterialSlotList.size());
-    stream.indices(mesh.FaceSlotIndex, mesh.MaterialSlotList.size());
+    // faces may have slots where none are known: a file may name its materials only
+    const std::size_t slots = mesh.MaterialSlotList.size();
+    stream.indices(mesh.FaceSlotIndex, slots > 0 ? slots : nowhere);
 
     stream.flag(mesh.HasNormals);
     stream.list(mesh.Normals);
@@ -100,7 +102,7 @@ void transferFrame(Stream& stream, Frame& frame) {
                        &frame.KV2Animated, &frame.GFlag}) {
         stream.flag(*flag);
     }
-    stream.text(frame.Name);
+    stream.text(frame.Name, '\n');
     stream.flag(frame.HasMesh);
     for (auto& flag : frame.ViewFlags) {
         stream.flag(flag);

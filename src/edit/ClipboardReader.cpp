@@ -76,11 +76,12 @@ class Reader {
         require(byte <= 1);
         value = byte == 1;
     }
-    void text(std::string& text) {
+    /// `ending` is what ends such a text in a model file: a text that held it would make a file
+    /// that says something else.
+    void text(std::string& text, char ending) {
         const auto characters = bytes(count(1));
         text.assign(characters.begin(), characters.end());
-        // files are made of lines: a name that held two would make one that says something else
-        require(text.find('\n') == std::string::npos);
+        require(text.find(ending) == std::string::npos);
     }
     template <class Element>
     void list(std::vector<Element>& list) {

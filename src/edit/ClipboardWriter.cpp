@@ -76,7 +76,7 @@ class Writer {
         }
         word(static_cast<std::uint32_t>(size));
     }
-    void text(const std::string& text) {
+    void text(const std::string& text, char /*ending*/) {
         count(text.size());
         std::uint8_t* out = room(text.size());
         for (const char character : text) {

@@ -216,9 +216,16 @@ void EditHistory::faceSlot(ModelDocument& document, const FramePath& frame, std:
                            std::int32_t slot) {
     const FrameRecord* target = frameAt(document.Root, frame.childNumbers());
     const auto number = static_cast<std::size_t>(face);
-    if (target != nullptr && number < target->Mesh.FaceSlotIndex.size()) {
-        const std::int32_t before = target->Mesh.FaceSlotIndex[number];
-        frameValue(document, frameAction(EditKind::FaceSlot, frame, {{face}}), before, slot);
+    if (target == nullptr) {
+        return;
+    }
+    const std::vector<std::int32_t>& slots = target->Mesh.FaceSlotIndex;
+    if (number < slots.size()) {
+        frameValue(document, frameAction(EditKind::FaceSlot, frame, {{face}}), slots[number], slot);
+    } else if (number < target->Mesh.Faces.size()) {
+        frameValue<EditData>(document,
+                             frameAction(EditKind::FaceSlot, frame, {{face, count(slots.size())}}),
+                             {}, slot);
     }
 }
 

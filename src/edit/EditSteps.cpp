@@ -67,14 +67,23 @@ void stepTexCoords(EditStep& step) {
     step.frame->Cache.markMeshChanged();
 }
 
+/// A face without a slot of its own gets one, and so do those before it: the last slot, which they
+/// were drawn with. Undo takes these away again.
 void stepFaceSlot(EditStep& step) {
+    const std::span<const std::int32_t> numbers = step.numbers();
+    const auto face = static_cast<std::size_t>(numbers[0]);
+    MeshRecord& mesh = step.frame->Mesh;
+    std::vector<std::int32_t>& slots = mesh.FaceSlotIndex;
+    if (numbers.size() > 1) {
+        const auto lastSlot = static_cast<std::int32_t>(mesh.MaterialSlotList.size()) - 1;
+        slots.resize(step.forward ? face + 1 : static_cast<std::size_t>(numbers[1]),
+                     std::max(lastSlot, 0));
+    }
     const auto* slot = step.value<std::int32_t>();
-    std::vector<std::int32_t>& slots = step.frame->Mesh.FaceSlotIndex;
-    const auto face = static_cast<std::size_t>(step.numbers()[0]);
     if (slot != nullptr && face < slots.size()) {
         slots[face] = *slot;
-        step.frame->Cache.markMeshChanged();
     }
+    step.frame->Cache.markMeshChanged();
 }
 
 void stepMoveFrame(EditStep& step) {

@@ -58,13 +58,16 @@ std::optional<float> powerOf(std::string_view text) {
         return std::nullopt;
     }
     text = text.substr(first, text.find_last_not_of(blanks) - first + 1);
-    float number = 0.0F;
+    // the conversion knows no plus sign, and nothing but digits may follow one
+    text.remove_prefix(text.size() > 1 && text[0] == '+' && text[1] != '-' ? 1 : 0);
+    double number = 0.0;
     const char* end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, number);
-    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(number) || number < 0) {
+    const auto power = static_cast<float>(number); // what is too small for it is 0
+    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(power) || power < 0) {
         return std::nullopt;
     }
-    return number;
+    return power;
 }
 
 } // namespace korvane

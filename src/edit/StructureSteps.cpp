@@ -128,12 +128,13 @@ std::vector<SlotNote> slotNotes(const EditAction& action) {
     return notes;
 }
 
+/// Also in meshes that are switched off: they may be switched on again.
 void takeMaterial(EditStep& step, std::int32_t material) {
     step.action.path.resize(1);
     step.action.index = 0;
     for (FrameWalk walk(step.document.Root); !walk.done(); walk.next()) {
         std::vector<std::int32_t>& slots = walk.frame().Mesh.MaterialSlotList;
-        for (std::size_t slot = 0; walk.frame().HasMesh && slot < slots.size();) {
+        for (std::size_t slot = 0; slot < slots.size();) {
             if (slots[slot] == material) {
                 noteSlot(step.action, walk.childNumbers(), slot, takeSlot(walk.frame(), slot));
                 continue;
@@ -157,7 +158,7 @@ void putMaterialBack(EditStep& step, std::int32_t material) {
     step.action.before = {};
     for (FrameWalk walk(step.document.Root); !walk.done(); walk.next()) {
         for (std::int32_t& slot : walk.frame().Mesh.MaterialSlotList) {
-            slot += walk.frame().HasMesh && slot >= material ? 1 : 0;
+            slot += slot >= material ? 1 : 0;
         }
     }
     // the last slot taken goes back first: a mesh may have had several of the material

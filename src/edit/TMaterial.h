@@ -123,7 +123,7 @@ class TMaterial : public QDialog {
     [[nodiscard]] std::optional<std::size_t> currentMaterial() const;
     /// The face or vertex that the tree has selected.
     [[nodiscard]] std::optional<FacePart> selectedPart() const;
-    [[nodiscard]] DragInput dragInput(const QMouseEvent& event) const;
+    void mouseEvent(const QMouseEvent& event);
 
     std::unique_ptr<Ui::TMaterial> ui_;
     QLabel* statusPanels_[2] = {};

@@ -4,6 +4,7 @@
 #include "edit/TOKBottomDlg.h"
 #include "model/ModelText.h"
 #include "render/DevicePixels.h"
+#include "render/MouseEvents.h"
 #include "ui_TMaterial.h"
 
 #include <QFileInfo>
@@ -70,7 +71,7 @@ void TMaterial::showTexture() {
     ui_->texname->setTitle(QStringLiteral("Texture - [ %1 ]").arg(name));
     const QSize size = current ? QSize(texture_->width, texture_->height) : QSize(0, 0);
     ui_->size->setText(QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height()));
-    showImage(material.HasTexture);
+    showImage(material.HasTexture || !current);
     scrollcheck();
     DrawTexTri();
 }
@@ -105,8 +106,9 @@ void TMaterial::mopen1execute() {
     if (textureDialog_->exec() != Accepted || textureDialog_->loadedImage() == nullptr) {
         return;
     }
-    subject_->history->textureFile(*subject_->document, *material,
-                                   modelText(textureDialog_->fileName()),
+    // of a name with slashes a file gives back only the last part; with backslashes it stays whole
+    const QString name = QString(textureDialog_->fileName()).replace(u'/', u'\\');
+    subject_->history->textureFile(*subject_->document, *material, modelText(name),
                                    textureDialog_->loadedImage());
     showTexture();
     Q_EMIT edited();
@@ -187,14 +189,10 @@ bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
     }
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick: // a second press in a row
-        FormMouseDown(dragInput(dynamic_cast<QMouseEvent&>(*event)));
-        return true;
+    case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
-        FormMouseMove(dragInput(dynamic_cast<QMouseEvent&>(*event)));
-        return true;
     case QEvent::MouseButtonRelease:
-        FormMouseUp(dragInput(dynamic_cast<QMouseEvent&>(*event)));
+        mouseEvent(dynamic_cast<const QMouseEvent&>(*event));
         return true;
     case QEvent::Hide:
     case QEvent::WindowDeactivate:
@@ -206,10 +204,22 @@ bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
     return QDialog::eventFilter(watched, event);
 }
 
-DragInput TMaterial::dragInput(const QMouseEvent& event) const {
-    const QPointF at = event.position() * ui_->Image1->devicePixelRatioF();
-    return {event.button() == Qt::LeftButton ? DragButton::Left : DragButton::Other,
-            static_cast<float>(at.x()), static_cast<float>(at.y())};
+void TMaterial::mouseEvent(const QMouseEvent& event) {
+    const DragInput input = dragInputOf(event, *ui_->Image1);
+    switch (event.type()) {
+    case QEvent::MouseMove:
+        if (event.buttons() == Qt::NoButton) {
+            cancelDrag(); // the release went elsewhere
+        }
+        FormMouseMove(input);
+        break;
+    case QEvent::MouseButtonRelease:
+        FormMouseUp(input);
+        break;
+    default: // a second press in a row comes as a double click
+        FormMouseDown(input);
+        break;
+    }
 }
 
 void TMaterial::FormMouseDown(const DragInput& input) {

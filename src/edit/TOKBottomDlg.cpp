@@ -220,6 +220,7 @@ bool TOKBottomDlg::takeTypedName() {
     if (!named.isFile()) {
         clearChoice();
         ui_->Edit1->setText(typed);
+        ui_->Edit1->setModified(true); // not to be loaded by asking twice
         ui_->Image1->setText(QStringLiteral("There is no file of this name."));
         return false;
     }

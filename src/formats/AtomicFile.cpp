@@ -1,5 +1,6 @@
 #include "formats/AtomicFile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -15,11 +16,13 @@ namespace {
 std::optional<QString> linkTarget(QString name) {
     constexpr int mostLinks = 40;
     for (int links = 0; links < mostLinks; ++links) {
-        const QFileInfo info(name);
-        if (!info.isSymbolicLink()) {
+        if (!QFileInfo(name).isSymbolicLink()) {
             return name;
         }
-        name = info.symLinkTarget();
+        // ".." in a link counts from where the folder of the link really is
+        const QFileInfo folder(QFileInfo(name).path());
+        name = QDir(folder.canonicalFilePath()).filePath(QFileInfo(name).fileName());
+        name = QFileInfo(name).symLinkTarget();
     }
     return std::nullopt;
 }
@@ -54,7 +57,8 @@ bool replaceOrThrow(const QString& fileName, const std::function<bool(const Text
         file.cancelWriting();
         return false;
     }
-    return file.commit();
+    // others' files in a shared folder may be written, but not replaced
+    return file.commit() || (QFileInfo::exists(*name) && overwriteFile(*name, write));
 }
 
 bool overwriteOrThrow(const QString& fileName, const std::function<bool(const TextSink&)>& write) {

@@ -12,20 +12,23 @@ namespace korvane {
 
 namespace {
 
-/// How many pixels the bytes of a bitmap file can hold at the most: its rows have so many bits a
-/// pixel, or runs of up to 255 equal pixels in two bytes.
+/// How many pixels the bytes of a bitmap file can stand for at the most: its rows have so many bits
+/// a pixel, or runs of up to 255 equal pixels in two bytes. Runs can also leave out any number of
+/// pixels, which is believed up to a small picture.
 std::int64_t mostPixels(std::span<const std::uint8_t> bytes) {
     constexpr std::uint32_t oldHeaderSize = 12;
     constexpr std::int64_t pixelsPerRunByte = 128;
+    constexpr std::int64_t smallPicture = 1024 * 1024;
     ByteReader in(bytes);
-    in.skip(14); // the file header
+    in.skip(10); // the rest of the file header
+    const std::int64_t before = in.littleEndian32();
     const std::uint32_t headerSize = in.littleEndian32();
     in.skip(headerSize == oldHeaderSize ? 6 : 10);
     const std::int64_t bitsPerPixel = std::max<std::int64_t>(in.littleEndian16(), 1);
     const bool runs = headerSize != oldHeaderSize && (bitsPerPixel == 4 || bitsPerPixel == 8) &&
                       in.littleEndian32() != 0;
-    const auto size = static_cast<std::int64_t>(bytes.size());
-    return runs ? size * pixelsPerRunByte : size * 8 / bitsPerPixel;
+    const std::int64_t size = std::max<std::int64_t>(std::ssize(bytes) - before, 0);
+    return runs ? std::max(size * pixelsPerRunByte, smallPicture) : size * 8 / bitsPerPixel;
 }
 
 /// While it lives Qt decodes no picture larger than the largest icon, 256 x 256.
@@ -59,6 +62,20 @@ TextureImage copyOf(const QImage& picture) {
     return image;
 }
 
+TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> bytes) {
+    // the height of a picture stored from the top down is negative
+    const std::int64_t width = std::abs(std::int64_t{reader.size().width()});
+    const std::int64_t height = std::abs(std::int64_t{reader.size().height()});
+    if (width * height > mostPixels(bytes)) {
+        return {};
+    }
+    // decoded into memory of ours, which unlike that of the reader is no left-over where the file
+    // sets no pixels, and is not limited in size
+    QImage picture(static_cast<int>(width), static_cast<int>(height), reader.imageFormat());
+    picture.fill(0);
+    return reader.read(&picture) ? copyOf(picture) : TextureImage();
+}
+
 TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format) {
     QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                               static_cast<qsizetype>(bytes.size()));
@@ -67,13 +84,7 @@ TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);
     if (format == "BMP") {
-        const QSize size = reader.size();
-        // the height of a picture stored from the top down is negative
-        if (std::abs(std::int64_t{size.width()} * size.height()) > mostPixels(bytes)) {
-            return {};
-        }
-        const QImage picture = reader.read();
-        return picture.isNull() ? TextureImage() : copyOf(picture);
+        return decodeBitmap(reader, bytes);
     }
     // a picture in an icon may be compressed, and larger than the icon says
     const IconSizeLimit limit;

@@ -65,25 +65,25 @@ std::optional<QString> TextureLoader::find(const QString& name) {
 }
 
 std::optional<QString> TextureLoader::findFile(const QString& name) {
-    if (isFile(name)) {
-        return name;
+    QString separated = name;
+    separated.replace(u'\\', u'/');
+    for (const QString& form : {name, separated}) {
+        for (const QString& file : {form, QDir(folder_).filePath(form)}) {
+            if (isFile(file)) {
+                return file;
+            }
+        }
     }
-    const QString beside = QDir(folder_).filePath(name);
-    if (isFile(beside)) {
-        return beside;
-    }
-    if (auto file = findInAnyCase(name)) {
+    if (auto file = findInAnyCase(separated)) {
         return file;
     }
-    const qsizetype backslash = name.lastIndexOf(u'\\');
-    return backslash < 0 ? std::nullopt : findInAnyCase(name.mid(backslash + 1));
+    const qsizetype folder = separated.lastIndexOf(u'/');
+    return folder < 0 ? std::nullopt : findInAnyCase(separated.mid(folder + 1));
 }
 
 std::optional<QString> TextureLoader::findInAnyCase(const QString& name) {
-    QString separated = name;
-    separated.replace(u'\\', u'/');
-    QString path = separated.startsWith(u'/') ? QStringLiteral("/") : folder_;
-    for (const QString& part : separated.split(u'/', Qt::SkipEmptyParts)) {
+    QString path = name.startsWith(u'/') ? QStringLiteral("/") : folder_;
+    for (const QString& part : name.split(u'/', Qt::SkipEmptyParts)) {
         const QHash<QString, QString>& names = entries(path);
         const auto entry = names.constFind(part.toCaseFolded());
         if (entry == names.constEnd()) {

@@ -18,7 +18,7 @@ constexpr std::string_view framePrefix = "frm-";
 /// The name behind the prefix, up to a blank, a closing brace or the flag suffix.
 std::string_view referencedName(std::string_view line) {
     const std::string_view rest = line.substr(line.find(framePrefix) + framePrefix.size());
-    return rest.substr(0, std::min(rest.find_first_of(" }"), rest.find("__")));
+    return rest.substr(0, std::min(rest.find_first_of(" \t}"), rest.find("__")));
 }
 
 } // namespace

@@ -8,9 +8,9 @@ namespace korvane {
 
 namespace {
 
-/// Takes the flags from the letters behind "__", up to a space or an opening brace.
+/// Takes the flags from the letters behind "__", up to a blank or an opening brace.
 void parseFlags(std::string_view letters, FrameDeclaration& declaration) {
-    for (const char letter : letters.substr(0, letters.find_first_of(" {"))) {
+    for (const char letter : letters.substr(0, letters.find_first_of(" \t{"))) {
         declaration.emissive = declaration.emissive || letter == 'e';
         declaration.renderBackwards = declaration.renderBackwards || letter == '2';
         declaration.kv2Animated = declaration.kv2Animated || letter == 'h';
@@ -28,7 +28,7 @@ FrameDeclaration parseFrameDeclaration(std::string_view line) {
         return declaration;
     }
     // the first character belongs to the name whatever it is
-    const std::size_t end = std::min(line.find_first_of(" {", start + 1), line.size());
+    const std::size_t end = std::min(line.find_first_of(" \t{", start + 1), line.size());
     const std::size_t suffix = std::min(line.find("__", start + 1), end);
     declaration.name = line.substr(start, suffix - start);
     if (suffix < end) {

@@ -14,17 +14,16 @@ namespace korvane {
 
 namespace {
 
-/// Whether a line holds nothing but a name in braces: a material told elsewhere in the file.
+/// Whether a line holds nothing but a name in braces: a material told elsewhere in the file. A
+/// remark behind it changes nothing.
 bool isReference(std::string_view line) {
     constexpr std::string_view blanks = " \t\v\f\r";
     const std::size_t open = line.find_first_not_of(blanks);
-    const std::size_t close = line.find_last_not_of(blanks);
-    if (open == std::string_view::npos || line[open] != '{' || line[close] != '}') {
-        return false;
-    }
-    const std::string_view name = line.substr(open + 1, close - open - 1);
-    return name.find_first_of("{}") == std::string_view::npos &&
-           name.find_first_not_of(blanks) != std::string_view::npos;
+    const std::size_t close = line.find('}');
+    return open != std::string_view::npos && close != std::string_view::npos && line[open] == '{' &&
+           line.find_first_of("{}", open + 1) == close &&
+           line.find_first_of("{}", close + 1) == std::string_view::npos &&
+           line.find_first_not_of(blanks, open + 1) != close;
 }
 
 } // namespace

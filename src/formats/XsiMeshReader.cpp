@@ -176,12 +176,12 @@ void XsiMeshReader::readParallelList(std::vector<Element>& elements, PolygonList
 /// DirectX counts v downward and gives one pair for each vertex: the faces serve for both lists.
 void XsiMeshReader::readDirectXTexCoords(MeshRecord& mesh) {
     const std::size_t first = mesh.TexCoords.size();
-    const bool complete = readWithCopy(
-        lines_.numbers(), [&mesh](TextScanner& in) { return readElements(in, mesh.TexCoords); });
+    readWithCopy(lines_.numbers(),
+                 [&mesh](TextScanner& in) { return readElements(in, mesh.TexCoords); });
     for (std::size_t i = first; i < mesh.TexCoords.size(); ++i) {
         mesh.TexCoords[i].v = 1.0F - mesh.TexCoords[i].v;
     }
-    for (std::size_t i = 0; complete && i < mesh.Faces.size(); ++i) {
+    for (std::size_t i = 0; i < mesh.Faces.size(); ++i) {
         const auto face = mesh.Faces[i];
         if (face.size() + 1 > copiesLeft_) {
             copiesLeft_ = 0;

@@ -60,7 +60,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
     setUpViews();
     setUpTools();
-    ui_->ThreeDWinFrame->setDocument(document());
+    ui_->ThreeDWin->setDocument(document());
     loadTexturesOfDocument();
     ui_->Panel3->installEventFilter(this);
     ui_->TreeView1->installEventFilter(this);
@@ -81,12 +81,12 @@ TMDIChild::~TMDIChild() {
 }
 
 void TMDIChild::ChildActivate() {
-    ui_->ThreeDWinFrame->setUpView();
+    ui_->ThreeDWin->setUpView();
 }
 
 void TMDIChild::ChildDeactivate() {
     // the 3D view is a child widget and outlives the model; its context goes as well
-    ui_->ThreeDWinFrame->setDocument(nullptr);
+    ui_->ThreeDWin->setDocument(nullptr);
 }
 
 void TMDIChild::create(const QString& name) {
@@ -117,7 +117,7 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     *model_ = std::move(read);
     rebuildTree();
     selectRoot();
-    ui_->ThreeDWinFrame->placeCamera();
+    ui_->ThreeDWin->placeCamera();
     planesPending_ = true;
     setCaption();
     showReadFailure(status, fileName);
@@ -127,12 +127,17 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
 }
 
 void TMDIChild::FileOpenMSH(const QString& fileName) {
+    if (!model_) {
+        return;
+    }
     const MshOutcome outcome = korvane::FileOpenMSH(fileName, *model_);
+    if (outcome.status == ReadStatus::CannotOpen) {
+        setCaption();
+    }
     showReadFailure(outcome.status, fileName);
     if (!outcome.saveFailed.isEmpty()) {
         showSaveFailure(outcome.saveFailed);
     }
-    setCaption();
 }
 
 void TMDIChild::showReadFailure(ReadStatus status, const QString& fileName) {
@@ -146,6 +151,11 @@ void TMDIChild::showReadFailure(ReadStatus status, const QString& fileName) {
 void TMDIChild::showSaveFailure(const QString& fileName) {
     showMessage(*this, QStringLiteral("SaveFailure"), QMessageBox::Critical,
                 QString::fromLatin1(saveFailureCaption), fileName, QMessageBox::Ok);
+}
+
+void TMDIChild::showPasteFailure(const QString& reason) {
+    showMessage(*this, QStringLiteral("PasteFailure"), QMessageBox::Critical,
+                QStringLiteral("Unable to paste"), reason, QMessageBox::Ok);
 }
 
 void TMDIChild::FileSaveExecute() {
@@ -183,7 +193,20 @@ void TMDIChild::FileSaveAsExecute() {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
         return;
     }
-    model_->FileName = dialog.selectedFiles().constFirst();
+    QString name = dialog.selectedFiles().constFirst();
+    const QString extension = upperExtension(name);
+    if (extension != QLatin1String(".XSI") && extension != QLatin1String(".MSH") &&
+        extension != QLatin1String(".X")) {
+        // the dialog takes whatever follows a dot for an extension, and asked about another file
+        name += u'.' + dialog.defaultSuffix();
+        if (QFileInfo::exists(name) &&
+            showMessage(*this, QStringLiteral("ReplaceQuestion"), QMessageBox::Warning,
+                        QStringLiteral("File exists.  Replace?"), name,
+                        QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes) {
+            return;
+        }
+    }
+    model_->FileName = name;
     setCaption();
     SaveFileXSI();
     model_->NeverSaved = false;
@@ -264,13 +287,13 @@ void TMDIChild::FormResize() {
 }
 
 ViewState& TMDIChild::view() {
-    return ui_->ThreeDWinFrame->state();
+    return ui_->ThreeDWin->state();
 }
 
 void TMDIChild::setDrawingInterface(DrawApi api) {
-    ui_->ThreeDWinFrame->releaseContext();
+    ui_->ThreeDWin->releaseContext();
     view().api = api;
-    ui_->ThreeDWinFrame->setUpView();
+    ui_->ThreeDWin->setUpView();
     render3d();
 }
 

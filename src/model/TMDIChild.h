@@ -180,6 +180,7 @@ class TMDIChild : public QMdiSubWindow {
     /// Shows nothing where the file was read or is just missing.
     void showReadFailure(ReadStatus status, const QString& fileName);
     void showSaveFailure(const QString& fileName);
+    void showPasteFailure(const QString& reason);
     void setCaption();
     void rebuildTree();
     void editFrameOptions();
@@ -187,7 +188,7 @@ class TMDIChild : public QMdiSubWindow {
     void editMaterials();
     /// `path` leads to the frame; a frame outside the model has none.
     void showMaterialEditor(FrameRecord& frame, const std::optional<FramePath>& path);
-    void refresh(const RefreshFlags& flags);
+    void refresh(const RefreshFlags& flags, const NodeData& selectedBefore);
     /// Moves the selection in the tree to what the document has selected, as if the user did.
     void followSelection();
     void loadTexturesOfDocument();

@@ -11,11 +11,11 @@
 namespace korvane {
 
 bool TMDIChild::canCopy() const {
-    return model_ && korvane::canCopy(model_->Selected.NodeKind);
+    return acceptsEdits() && korvane::canCopy(model_->Selected.NodeKind);
 }
 
 QByteArray TMDIChild::copy() const {
-    return model_ ? copySelection(*model_) : QByteArray();
+    return acceptsEdits() ? copySelection(*model_) : QByteArray();
 }
 
 bool TMDIChild::canPaste(ClipboardContent content) const {
@@ -23,17 +23,24 @@ bool TMDIChild::canPaste(ClipboardContent content) const {
 }
 
 void TMDIChild::paste(const QByteArray& block) {
+    if (!acceptsEdits()) {
+        return;
+    }
     std::optional<ClipboardItem> item =
         decodeBlock({reinterpret_cast<const std::uint8_t*>(block.data()),
                      static_cast<std::size_t>(block.size())});
-    if (!acceptsEdits() || !item) {
+    if (!item) {
+        showPasteFailure(QStringLiteral("The clipboard gives nothing that can be pasted."));
         return;
     }
+    const bool isFrame = std::holds_alternative<CopiedFrame>(*item);
     TextureLoader textures(QFileInfo(model_->FileName).path());
     if (pasteIntoSelection(*model_, history_, std::move(*item),
                            [&textures](const std::string& name) { return textures.load(name); })) {
         rebuildTree();
         render3d();
+    } else if (isFrame) {
+        showPasteFailure(QStringLiteral("Frames cannot be nested any deeper."));
     }
 }
 

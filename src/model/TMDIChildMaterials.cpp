@@ -31,8 +31,8 @@ void TMDIChild::editMaterials() {
 
 void TMDIChild::showMaterialEditor(FrameRecord& frame, const std::optional<FramePath>& path) {
     // the 2D views show no materials: only the 3D view has to keep up with the user's hand
-    const auto live = connect(dialogs_.material, &TMaterial::edited, ui_->ThreeDWinFrame,
-                              &TThreeDWinFrame::redraw);
+    const auto live =
+        connect(dialogs_.material, &TMaterial::edited, ui_->ThreeDWin, &TThreeDWinFrame::redraw);
     dialogs_.material->edit({&*model_, &history_, &frame, path});
     disconnect(live);
     if (!model_) {

@@ -64,7 +64,7 @@ void TMDIChild::rebuildTree() {
 void TMDIChild::followSelection() {
     if (model_->Selected.NodeKind != NodeKind::None) {
         const QScopedValueRollback<bool> filling(filling_, true);
-        structure_->select(model_->Selected, !model_->Selected.isSameNode(model_->SelectionCopy));
+        structure_->select(model_->Selected);
         model_->Selected = structure_->nodeData(ui_->TreeView1->currentIndex());
     }
     model_->SelectionCopy = model_->Selected;
@@ -86,21 +86,26 @@ void TMDIChild::loadTexturesOfDocument() {
 
 void TMDIChild::undo() {
     if (canUndo()) {
-        refresh(history_.undo(*model_));
+        const NodeData before = model_->Selected;
+        refresh(history_.undo(*model_), before);
     }
 }
 
 void TMDIChild::redo() {
     if (canRedo()) {
-        refresh(history_.redo(*model_));
+        const NodeData before = model_->Selected;
+        refresh(history_.redo(*model_), before);
     }
 }
 
-void TMDIChild::refresh(const RefreshFlags& flags) {
+void TMDIChild::refresh(const RefreshFlags& flags, const NodeData& selectedBefore) {
     if (flags.rebuildTree) {
         rebuildTree();
     } else {
         followSelection();
+    }
+    if (!model_->Selected.isSameNode(selectedBefore)) {
+        structure_->scrollToSelection();
     }
     // also where only the selection moved, which the views mark
     render3d();
@@ -137,7 +142,7 @@ void TMDIChild::editFrameOptions() {
     }
     const FrameFlags before = frameFlags(*frame);
     const bool confirmed = dialogs_.frameOptions->edit(*frame);
-    if (frameFlags(*frame) == before) {
+    if (!model_ || frameFlags(*frame) == before) {
         return;
     }
     if (confirmed) {
@@ -158,8 +163,11 @@ void TMDIChild::RenameButtonClick() {
         return;
     }
     const QString shown = shownText(frame->Name);
-    if (const std::optional<QString> name =
-            dialogs_.renameFrame->rename(shown, path.depth() == 0)) {
+    const std::optional<QString> name = dialogs_.renameFrame->rename(shown, path.depth() == 0);
+    if (!model_) {
+        return;
+    }
+    if (name) {
         // a name that was left alone keeps its bytes, whatever they show as
         history_.renameFrame(*model_, path, *name == shown ? frame->Name : modelText(*name));
     }

@@ -2,6 +2,7 @@
 
 #include "model/TMDIChild.h"
 #include "render/DevicePixels.h"
+#include "render/MouseEvents.h"
 #include "render/StartCamera.h"
 #include "render/TImage.h"
 #include "ui_TMDIChild.h"
@@ -11,7 +12,6 @@
 #include <QMouseEvent>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace korvane {
@@ -45,8 +45,8 @@ void TMDIChild::setUpViews() {
     }
     showPlaneColors();
     // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view
-    ui_->ThreeDWinFrame->setAttribute(Qt::WA_Hover);
-    ui_->ThreeDWinFrame->installEventFilter(this);
+    ui_->ThreeDWin->setAttribute(Qt::WA_Hover);
+    ui_->ThreeDWin->installEventFilter(this);
 }
 
 void TMDIChild::fillPanel(QWidget& panel, const QColor& color) {
@@ -66,12 +66,8 @@ void TMDIChild::setPlaneColors(const PlaneColors& colors) {
 
 void TMDIChild::showPlaneColors() {
     const QColor paper = QColor::fromRgb(planes_.view(ViewPlane::XY).colors().frames.background);
-    constexpr int half = 128;
     for (const PlaneImage& image : planeImages()) {
         fillPanel(*image.panel, paper);
-        QPalette palette = image.label->palette();
-        palette.setColor(QPalette::WindowText, paper.lightness() < half ? Qt::white : Qt::black);
-        image.label->setPalette(palette);
     }
 }
 
@@ -87,7 +83,7 @@ void TMDIChild::redrawStale() {
         return;
     }
     if (std::exchange(model_->Changed, false)) {
-        ui_->ThreeDWinFrame->redraw();
+        ui_->ThreeDWin->redraw();
     }
     if (model_->RedrawAll && ui_->TwoDVisibleAction->isChecked()) {
         model_->RedrawAll = false;
@@ -112,10 +108,16 @@ void TMDIChild::drawPlane(const PlaneImage& image) {
     }
     view.draw(*model_, this->view().dots);
     image.image->showPicture(imageOf(view.bitmap()));
+    // of the picture's colours, which it may have got later than the panel
+    constexpr int half = 128;
+    const QColor paper = QColor::fromRgb(view.colors().frames.background);
+    QPalette palette = image.label->palette();
+    palette.setColor(QPalette::WindowText, paper.lightness() < half ? Qt::white : Qt::black);
+    image.label->setPalette(palette);
 }
 
 bool TMDIChild::viewEvent(const QObject& watched, QEvent& event) {
-    if (&watched == ui_->ThreeDWinFrame) {
+    if (&watched == ui_->ThreeDWin) {
         if (event.type() == QEvent::HoverMove || event.type() == QEvent::HoverEnter) {
             redrawStale();
         }
@@ -161,21 +163,8 @@ bool TMDIChild::planeEvent(const PlaneImage& image, QEvent& event) {
     }
 }
 
-namespace {
-
-/// The device pixel of a place in a control.
-DragInput inputAt(const QPointF& place, const QWidget& control, Qt::MouseButton button) {
-    const QPointF at = place * control.devicePixelRatioF();
-    return {button == Qt::LeftButton    ? DragButton::Left
-            : button == Qt::RightButton ? DragButton::Right
-                                        : DragButton::Other,
-            static_cast<float>(std::floor(at.x())), static_cast<float>(std::floor(at.y()))};
-}
-
-} // namespace
-
 void TMDIChild::planeMouseEvent(const PlaneImage& image, const QMouseEvent& event) {
-    const DragInput input = inputAt(event.position(), *image.image, event.button());
+    const DragInput input = dragInputOf(event, *image.image);
     switch (event.type()) {
     case QEvent::MouseMove:
         if (event.buttons() == Qt::NoButton) {
@@ -194,9 +183,8 @@ void TMDIChild::planeMouseEvent(const PlaneImage& image, const QMouseEvent& even
 }
 
 void TMDIChild::planeWheelEvent(const PlaneImage& image, const QWheelEvent& event) {
-    const DragInput input = inputAt(event.position(), *image.image, Qt::NoButton);
-    constexpr float notch = 120.0F; // eighths of a degree
-    planes_.wheel(image.plane, input, static_cast<float>(event.angleDelta().y()) / notch, *model_);
+    const DragInput input = dragInputOf(event, *image.image);
+    planes_.wheel(image.plane, input, wheelNotches(event), *model_);
     redrawStale();
     setPointerText(planes_.statusText(image.plane, input, *model_));
 }

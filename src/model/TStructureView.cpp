@@ -146,14 +146,14 @@ std::int32_t TStructureView::nodeOf(const NodeData& data) const {
     return node;
 }
 
-void TStructureView::select(const NodeData& data, bool scrollThere) {
-    const QModelIndex index = model_.indexOf(nodeOf(data));
+void TStructureView::select(const NodeData& data) {
     view_.setAutoScroll(false);
-    view_.setCurrentIndex(index);
+    view_.setCurrentIndex(model_.indexOf(nodeOf(data)));
     view_.setAutoScroll(true);
-    if (scrollThere) {
-        view_.scrollTo(index);
-    }
+}
+
+void TStructureView::scrollToSelection() {
+    view_.scrollTo(view_.currentIndex());
 }
 
 NodeData TStructureView::nodeData(const QModelIndex& index) const {

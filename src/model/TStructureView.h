@@ -26,8 +26,10 @@ class TStructureView {
     /// Greys a frame of the document shown, and its mesh, as far as they are hidden.
     void showVisibility(const FrameRecord& frame) { model_.showVisibility(frame); }
     /// Selects the node that stands for the same thing; of a slot or material that is gone the last
-    /// one there is, else the node above it; the root at the worst. Scrolls there only if asked to.
-    void select(const NodeData& data, bool scrollThere);
+    /// one there is, else the node above it; the root at the worst. Does not scroll.
+    void select(const NodeData& data);
+    /// Brings the selected node into sight, opening what it lies in.
+    void scrollToSelection();
     /// The record of a node of the view, empty for an invalid index.
     [[nodiscard]] NodeData nodeData(const QModelIndex& index) const;
 

@@ -14,15 +14,20 @@ void Bitmap::fill(BitmapPixel color) {
     std::fill(pixels_.begin(), pixels_.end(), color);
 }
 
-std::size_t Bitmap::countOtherThan(BitmapPixel color) const {
-    const auto end = pixels_.begin() + static_cast<std::ptrdiff_t>(pixelCount());
-    return pixelCount() - static_cast<std::size_t>(std::count(pixels_.begin(), end, color));
-}
-
 QImage imageOf(const Bitmap& bitmap) {
     return {reinterpret_cast<const uchar*>(bitmap.pixels()), bitmap.width(), bitmap.height(),
             qsizetype{bitmap.width()} * static_cast<qsizetype>(sizeof(BitmapPixel)),
             QImage::Format_RGB32};
+}
+
+std::size_t countOtherThan(const QImage& image, BitmapPixel color) {
+    std::size_t count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* row = reinterpret_cast<const BitmapPixel*>(image.constScanLine(y));
+        count += static_cast<std::size_t>(
+            std::count_if(row, row + image.width(), [color](BitmapPixel p) { return p != color; }));
+    }
+    return count;
 }
 
 } // namespace korvane

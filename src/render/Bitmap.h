@@ -35,8 +35,6 @@ class Bitmap {
         return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
                        static_cast<std::size_t>(x)];
     }
-    /// How many pixels differ from the colour.
-    [[nodiscard]] std::size_t countOtherThan(BitmapPixel color) const;
 
   private:
     std::int32_t width_ = 1;
@@ -46,5 +44,8 @@ class Bitmap {
 
 /// The bitmap as an image that uses its memory: valid until the bitmap is resized or gone.
 QImage imageOf(const Bitmap& bitmap);
+
+/// How many pixels of a 32-bit image differ from the colour.
+std::size_t countOtherThan(const QImage& image, BitmapPixel color);
 
 } // namespace korvane

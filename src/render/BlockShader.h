@@ -46,35 +46,14 @@ class BlockShader {
 
     void multiplyByTexture(std::array<FloatLanes, 3>& color, FloatLanes& share, IntLanes pass,
                            FloatLanes s, FloatLanes t) const {
-        std::array<std::int32_t, laneCount> wanted{};
-        std::array<std::int32_t, laneCount> columns{};
-        std::array<std::int32_t, laneCount> rows{};
-        storeLanes(wanted.data(), pass);
-        storeLanes(columns.data(), truncated(s));
-        storeLanes(rows.data(), truncated(t));
-        std::array<std::int32_t, 2 * laneCount> texels{};
-        for (std::size_t lane = 0; lane < laneCount; ++lane) {
-            if (wanted[lane] == 0) {
-                continue;
-            }
-            const TextureSampler::Texel texel = texture_->at(
-                static_cast<std::uint32_t>(columns[lane]), static_cast<std::uint32_t>(rows[lane]));
-            std::memcpy(&texels[2 * lane], &texel, sizeof texel);
+        const TextureSampler::Colors texels = texture_->at(truncated(s), truncated(t), pass);
+        for (std::size_t k = 0; k < 3; ++k) {
+            color[k] *= texels[k];
         }
-        const auto first = loadLanes<IntLanes>(texels.data());
-        const auto second = loadLanes<IntLanes>(&texels[laneCount]);
-        const IntLanes redBlue = __builtin_shufflevector(first, second, 0, 2, 4, 6);
-        const IntLanes greenAlpha = __builtin_shufflevector(first, second, 1, 3, 5, 7);
-        constexpr float whole = 1.0F / static_cast<float>(TextureSampler::whole);
-        color[0] *= numbers(redBlue & lowHalf) * allLanes(whole);
-        color[1] *= numbers(greenAlpha & lowHalf) * allLanes(whole);
-        color[2] *= numbers(redBlue >> 16 & lowHalf) * allLanes(whole);
         if constexpr (Blend) {
-            share *= numbers(greenAlpha >> 16 & lowHalf) * allLanes(whole);
+            share *= texels[3];
         }
     }
-
-    static constexpr std::int32_t lowHalf = 0xffff;
 
     const TextureSampler* texture_;
     float opacity_;

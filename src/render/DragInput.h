@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 namespace korvane {
 
 enum class DragButton { Left, Right, Other };
@@ -10,5 +12,11 @@ struct DragInput {
     float x = 0.0F;
     float y = 0.0F;
 };
+
+/// What one turn of the wheel by so many notches, forward being positive, makes of a scale.
+inline float wheelFactor(float notches) {
+    constexpr float factorANotch = 1.15F;
+    return std::pow(factorANotch, notches);
+}
 
 } // namespace korvane

@@ -12,10 +12,6 @@ namespace korvane {
 
 namespace {
 
-bool finite(const Vec3& p) {
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
 /// The matrix that turns normals: the inverse transpose of the upper 3 x 3 but for a positive
 /// factor, so that a matrix that flattens has one as well.
 struct NormalMatrix {
@@ -86,11 +82,11 @@ Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3>
 }
 
 bool usableNormal(const Vec3& normal) {
-    return finite(normal) && normal != Vec3{};
+    return isFinite(normal) && normal != Vec3{};
 }
 
 void Bounds::add(const Vec3& p) {
-    if (!finite(p)) {
+    if (!isFinite(p)) {
         return;
     }
     low = empty ? p : Vec3{std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
@@ -115,16 +111,19 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     const auto place = [](const auto* data) { return reinterpret_cast<std::size_t>(data); };
     const Key key = {std::bit_cast<std::array<std::uint32_t, 16>>(world.m),
                      {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
-                      place(mesh.Normals.data()), mesh.Faces.size(), mesh.NormalFaces.size(),
-                      std::size_t{mesh.HasNormals}, std::size_t{mesh.HasTexCoords},
-                      mesh.TexCoords.size(), place(mesh.TexCoords.data()),
-                      mesh.TexCoordFaces.size(), mesh.FaceSlotIndex.size(),
+                      place(mesh.Normals.data()), mesh.Faces.size(),
+                      place(mesh.Faces.cornersFrom(0).data()), mesh.NormalFaces.size(),
+                      place(mesh.NormalFaces.cornersFrom(0).data()), std::size_t{mesh.HasNormals},
+                      std::size_t{mesh.HasTexCoords}, mesh.TexCoords.size(),
+                      place(mesh.TexCoords.data()), mesh.TexCoordFaces.size(),
+                      place(mesh.TexCoordFaces.cornersFrom(0).data()), mesh.FaceSlotIndex.size(),
                       place(mesh.FaceSlotIndex.data())}};
     if (key_ == key) {
         return false;
     }
     if (!key_ || key_->lists != key.lists) {
         meshRevision_ = nextRevision();
+        planes_.reset();
     }
     key_ = key;
     bounds_ = Bounds();
@@ -133,7 +132,7 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     for (std::size_t i = 0; i < mesh.Vertices.size(); ++i) {
         bounds_.add(mesh.Vertices[i]);
         WorldVertices[i] = VectorMatrix(mesh.Vertices[i], world);
-        allFinite_ = allFinite_ && finite(WorldVertices[i]);
+        allFinite_ = allFinite_ && isFinite(WorldVertices[i]);
     }
     buildNormals(mesh, world);
     buildFaceNormals(mesh);

@@ -66,7 +66,7 @@ class DrawCache {
     /// What a cache was built for.
     struct Key {
         std::array<std::uint32_t, 16> world; ///< the bits of the matrix: a NaN would never be equal
-        std::array<std::size_t, 13> lists{}; ///< sizes and places
+        std::array<std::size_t, 16> lists{}; ///< sizes and places
 
         bool operator==(const Key&) const = default;
     };

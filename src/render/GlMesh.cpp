@@ -8,13 +8,9 @@ namespace korvane {
 
 namespace {
 
-bool drawable(const Vec3& p) {
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
 bool drawable(std::span<const std::uint32_t> corners, const std::vector<Vec3>& vertices) {
     return std::all_of(corners.begin(), corners.end(), [&](std::uint32_t corner) {
-        return corner < vertices.size() && drawable(vertices[corner]);
+        return corner < vertices.size() && isFinite(vertices[corner]);
     });
 }
 

@@ -64,12 +64,11 @@ Matrix4 modelView(const DrawContext& context, const Matrix4& world, const ModelD
     fromCentre[12] -= document.CameraCenter.x;
     fromCentre[13] -= document.CameraCenter.y;
     fromCentre[14] -= document.CameraCenter.z;
-    Matrix4 matrix = MatrixMatrix(
+    // the last column takes no part in the model: it must neither move nor divide here
+    fromCentre[3] = fromCentre[7] = fromCentre[11] = 0.0F;
+    fromCentre[15] = 1.0F;
+    return MatrixMatrix(
         fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles, document.CameraDistance));
-    // the last column takes no part in the model: it must not divide here
-    matrix[3] = matrix[7] = matrix[11] = 0.0F;
-    matrix[15] = 1.0F;
-    return matrix;
 }
 
 bool mirrors(const Matrix4& m) {

@@ -141,6 +141,7 @@ void MeshPainter::collect(bool translucentPass) {
     const std::span<const ScreenVertex> screen = screen_;
     double area = 0.0;
     std::size_t count = 0;
+    std::size_t small = 0;
     for (std::size_t i = 0; i < faces.size(); ++i) {
         const std::span<const std::uint32_t> corners = faces[i];
         if (corners.size() < 3 ||
@@ -161,15 +162,18 @@ void MeshPainter::collect(bool translucentPass) {
                 return screen[corners[k]];
             }));
         if (product < 0 || bothSides_) {
-            area += std::abs(product) / 2;
+            const float pixels = std::abs(product) / 2;
+            area += pixels;
             ++count;
+            small += pixels < denseFacePixels ? 1 : 0;
             if (extent.holdsPixel()) {
                 candidates_.push_back({face, product, false});
             }
         }
     }
     threshold_ = static_cast<float>(context_->state.backFaceThreshold);
-    if (count > 0 && area < denseFacePixels * static_cast<double>(count)) {
+    // a few large faces in a mesh do not make the others sparse
+    if (count > 0 && (area < denseFacePixels * static_cast<double>(count) || small * 2 > count)) {
         threshold_ = 0.0F;
     }
 }

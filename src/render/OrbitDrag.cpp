@@ -1,7 +1,6 @@
 #include "render/OrbitDrag.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace korvane {
 
@@ -50,10 +49,12 @@ bool OrbitDrag::cancel(CameraAngles& angles, float& distance) {
 }
 
 float wheelDistance(float distance, float notches) {
-    constexpr float factorANotch = 1.15F;
     constexpr float farthest = ViewGeometry::farZ;
+    if (distance == 0.0F && notches >= 0.0F) {
+        return distance;
+    }
     // a camera in the centre has no distance to scale
-    const float scaled = std::max(distance, 0.01F) * std::pow(factorANotch, -notches);
+    const float scaled = std::max(distance, 0.01F) * wheelFactor(-notches);
     return std::clamp(scaled, 0.0F, std::max(distance, farthest));
 }
 

@@ -7,14 +7,10 @@
 namespace korvane {
 
 const std::vector<MeshEdge>& PlaneCache::edges(const MeshRecord& mesh) {
-    const std::array<std::size_t, 3> key = {
-        mesh.Vertices.size(), mesh.Faces.size(),
-        reinterpret_cast<std::size_t>(mesh.Faces.cornersFrom(0).data())};
-    if (edgesKey_ != key) {
-        edgesKey_ = key;
+    if (!edges_) {
         edges_ = meshEdges(mesh);
     }
-    return edges_;
+    return *edges_;
 }
 
 bool PlaneCache::project(const PlaneMapping& mapping, std::span<const Vec3> world) {

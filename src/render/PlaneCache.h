@@ -13,10 +13,10 @@
 namespace korvane {
 
 /// What the 2D views derive from a frame's mesh: its lines, and for each plane where its vertices
-/// show. A part of the frame's DrawCache, which forgets it where it no longer holds.
+/// show. A part of the frame's DrawCache, which drops it when the lists of the mesh change.
 class PlaneCache {
   public:
-    /// The lines around the mesh's faces, each once.
+    /// The lines around the mesh's faces, each once; the mesh is the same each time.
     const std::vector<MeshEdge>& edges(const MeshRecord& mesh);
 
     /// Makes points() hold for the vertices, given in world space, as the mapping shows them. True
@@ -35,9 +35,7 @@ class PlaneCache {
         std::vector<PixelPoint> points;
     };
 
-    /// The place and sizes of the lists that the edges were built for.
-    std::optional<std::array<std::size_t, 3>> edgesKey_;
-    std::vector<MeshEdge> edges_;
+    std::optional<std::vector<MeshEdge>> edges_; ///< made when first asked for
     std::array<Projection, planeCount> projections_;
 };
 

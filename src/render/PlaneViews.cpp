@@ -54,12 +54,6 @@ void PlaneViews::setColors(const PlaneColors& colors) {
     }
 }
 
-void PlaneViews::draw(ModelDocument& document, bool dots) {
-    for (Controller& controller : controllers_) {
-        controller.view.draw(document, dots);
-    }
-}
-
 void PlaneViews::mouseDown(ViewPlane plane, const DragInput& input, ModelDocument& document) {
     cancelOthers(plane, document);
     Controller& controller = of(plane);
@@ -83,8 +77,7 @@ void PlaneViews::wheel(ViewPlane plane, const DragInput& input, float notches,
     if (dragging()) {
         return;
     }
-    constexpr float factorANotch = 1.15F;
-    const float zoomed = zoomedScale(document.PlaneScale, std::pow(factorANotch, notches));
+    const float zoomed = zoomedScale(document.PlaneScale, wheelFactor(notches));
     if (zoomed == document.PlaneScale) {
         return;
     }

@@ -16,8 +16,6 @@ class PlaneViews {
   public:
     [[nodiscard]] PlaneView& view(ViewPlane plane) { return of(plane).view; }
     void setColors(const PlaneColors& colors);
-    /// Draws all views.
-    void draw(ModelDocument& document, bool dots);
 
     void mouseDown(ViewPlane plane, const DragInput& input, ModelDocument& document);
     void mouseMove(ViewPlane plane, const DragInput& input, ModelDocument& document);

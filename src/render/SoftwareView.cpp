@@ -28,6 +28,9 @@ void SoftwareView::redraw(ModelDocument& document, ViewState& state) {
             }
         }
     }
+    if (state.mode != RenderMode::Wireframe) {
+        drawSelectedBox(context);
+    }
     state.lastDrawnMode = state.mode;
 }
 
@@ -37,11 +40,16 @@ void SoftwareView::drawFrame(const DrawContext& context, const DrawItem& item,
     frame.Cache.refresh(frame.Mesh, item.world);
     if (context.state.mode != RenderMode::Wireframe) {
         meshes_.draw(context, item, translucentPass);
-        if (!translucentPass && frame.SelectState == SelectState::Selected) {
-            WirePainter::drawBox(context, item);
-        }
     } else if (!translucentPass) {
         wires_.drawMesh(context, item);
+    }
+}
+
+void SoftwareView::drawSelectedBox(const DrawContext& context) {
+    for (const DrawItem& item : list_.items()) {
+        if (item.frame->HasMesh && item.frame->SelectState == SelectState::Selected) {
+            WirePainter::drawBox(context, item);
+        }
     }
 }
 

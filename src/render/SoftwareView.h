@@ -25,6 +25,8 @@ class SoftwareView {
 
   private:
     void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
+    /// Behind both passes: nothing that shines through is mixed over its lines.
+    void drawSelectedBox(const DrawContext& context);
 
     ViewGeometry geometry_{1, 1};
     Bitmap bitmap_;

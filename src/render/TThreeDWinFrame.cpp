@@ -2,6 +2,7 @@
 
 #include "render/DevicePixels.h"
 #include "render/GlContext.h"
+#include "render/MouseEvents.h"
 #include "render/StartCamera.h"
 #include "render/TGlPanel.h"
 #include "ui_TThreeDWinFrame.h"
@@ -128,7 +129,7 @@ void TThreeDWinFrame::keyPressEvent(QKeyEvent* event) {
 }
 
 void TThreeDWinFrame::mousePressEvent(QMouseEvent* event) {
-    mouseDown(dragInput(*event));
+    mouseDown(dragInputOf(*event, *this));
 }
 
 void TThreeDWinFrame::mouseMoveEvent(QMouseEvent* event) {
@@ -136,30 +137,21 @@ void TThreeDWinFrame::mouseMoveEvent(QMouseEvent* event) {
         cancelDrag(); // the release went elsewhere
         return;
     }
-    mouseMove(dragInput(*event));
+    mouseMove(dragInputOf(*event, *this));
 }
 
 void TThreeDWinFrame::mouseReleaseEvent(QMouseEvent* event) {
-    mouseUp(dragInput(*event));
+    mouseUp(dragInputOf(*event, *this));
 }
 
 void TThreeDWinFrame::wheelEvent(QWheelEvent* event) {
     event->accept();
-    if (document_ == nullptr || drag_.active() || event->angleDelta().y() == 0) {
+    const float notches = wheelNotches(*event);
+    if (document_ == nullptr || drag_.active() || notches == 0.0F) {
         return;
     }
-    constexpr float notch = 120.0F; // eighths of a degree
-    const float notches = static_cast<float>(event->angleDelta().y()) / notch;
     document_->CameraDistance = wheelDistance(document_->CameraDistance, notches);
     redraw();
-}
-
-DragInput TThreeDWinFrame::dragInput(const QMouseEvent& event) const {
-    const QPointF at = event.position() * devicePixelRatioF();
-    const DragButton button = event.button() == Qt::LeftButton    ? DragButton::Left
-                              : event.button() == Qt::RightButton ? DragButton::Right
-                                                                  : DragButton::Other;
-    return {button, static_cast<float>(at.x()), static_cast<float>(at.y())};
 }
 
 void TThreeDWinFrame::mouseDown(const DragInput& input) {

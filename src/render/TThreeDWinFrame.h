@@ -65,7 +65,6 @@ class TThreeDWinFrame : public QWidget {
     void mouseUp(const DragInput& input);
     void cancelDrag();
     void showFailure(GlProbe probe);
-    [[nodiscard]] DragInput dragInput(const QMouseEvent& event) const;
 
     std::unique_ptr<Ui::TThreeDWinFrame> ui_;
     ModelDocument* document_ = nullptr;

@@ -1,15 +1,18 @@
 #pragma once
 
 #include "model/TextureImage.h"
+#include "render/Lanes.h"
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace korvane {
 
-/// Looks colours of a texture up: bilinear between the centres of its pixels, repeating, at any
-/// size.
+/// Looks colours of a texture up, four at once: bilinear between the centres of its pixels,
+/// repeating, at any size.
 class TextureSampler {
   public:
     /// Fractions of a pixel that positions are counted in.
@@ -25,41 +28,89 @@ class TextureSampler {
     [[nodiscard]] std::uint32_t width() const { return width_; }
     [[nodiscard]] std::uint32_t height() const { return height_; }
 
-    /// What a channel of a Texel is at most.
-    static constexpr std::int32_t whole = 255 * steps;
+    /// Red, green, blue and alpha of four colours, from 0 to 1.
+    using Colors = std::array<FloatLanes, 4>;
 
-    /// Red, blue, green and alpha from the lowest, 16 bits each.
-    using Texel = std::uint64_t;
-
-    /// The colour at a position in steps from the centre of the top left pixel, 0 or more.
-    [[nodiscard]] Texel at(std::uint32_t x, std::uint32_t y) const {
-        const std::uint32_t column = wrapped(x / steps, width_);
-        const std::uint32_t row = wrapped(y / steps, height_);
-        const std::uint32_t nextColumn = column + 1 == width_ ? 0 : column + 1;
-        const std::uint32_t nextRow = row + 1 == height_ ? 0 : row + 1;
-        const Rgba8* const upper = pixels_ + std::size_t{row} * width_;
-        const Rgba8* const lower = pixels_ + std::size_t{nextRow} * width_;
-        const std::uint32_t fx = x % steps;
-        const std::uint32_t fy = y % steps;
+    /// The colours at positions in steps from the centre of the top left pixel, 0 or more. Nothing
+    /// is looked up for lanes outside of `wanted`, which come out black.
+    [[nodiscard]] Colors at(IntLanes x, IntLanes y, IntLanes wanted) const {
+        const IntLanes fx = x & allLanes(steps - 1);
+        const IntLanes fy = y & allLanes(steps - 1);
         // the weights add up to 256 exactly, so that no channel overflows its sixteen bits
-        const std::uint32_t both = fx * fy / steps;
-        return spread(upper[column]) * (steps - fx - fy + both) +
-               spread(upper[nextColumn]) * (fx - both) + spread(lower[column]) * (fy - both) +
-               spread(lower[nextColumn]) * both;
+        const IntLanes both = (fx * fy) >> stepBits;
+        const PerLane upperWeights((allLanes(steps) - fx - fy + both) | (fx - both) << 16);
+        const PerLane lowerWeights((fy - both) | both << 16);
+        const PerLane columns(wrapped(x >> stepBits, width_));
+        const PerLane rows(wrapped(y >> stepBits, height_));
+        const PerLane needed(wanted);
+        std::array<std::uint64_t, laneCount> colors{};
+        for (std::size_t lane = 0; lane < laneCount; ++lane) {
+            if (needed[lane] != 0) {
+                const std::uint32_t column = columns[lane];
+                const std::uint32_t row = rows[lane];
+                const std::uint32_t nextRow = row + 1 == height_ ? 0 : row + 1;
+                colors[lane] =
+                    sumOfHalves(pair(row, column) * eachFourTimes(upperWeights[lane]) +
+                                pair(nextRow, column) * eachFourTimes(lowerWeights[lane]));
+            }
+        }
+        return channels(colors);
     }
 
   private:
-    [[nodiscard]] std::uint32_t wrapped(std::uint32_t index, std::uint32_t size) const {
-        return powersOfTwo_ ? index & (size - 1) : index % size;
+    static constexpr int stepBits = 8;
+    static_assert(1 << stepBits == steps);
+    static_assert(std::endian::native == std::endian::little, "the first channel is the lowest");
+
+    /// Lanes as single numbers.
+    class PerLane {
+      public:
+        explicit PerLane(IntLanes lanes) { storeLanes(numbers_.data(), lanes); }
+        std::uint32_t operator[](std::size_t lane) const { return numbers_[lane]; }
+
+      private:
+        std::array<std::uint32_t, laneCount> numbers_;
+    };
+
+    /// Columns or rows of repetitions as those of the texture itself.
+    [[nodiscard]] IntLanes wrapped(IntLanes at, std::uint32_t size) const {
+        const IntLanes side = allLanes(static_cast<std::int32_t>(size));
+        return powersOfTwo_ ? at & (side - allLanes(1)) : at % side;
     }
-    /// The four channels sixteen bits apart, so that one multiplication weighs them all: red, blue,
-    /// green, alpha from the lowest.
-    static std::uint64_t spread(Rgba8 pixel) {
-        auto word = std::bit_cast<std::uint32_t>(pixel);
-        if constexpr (std::endian::native == std::endian::big) {
-            word = word >> 24U | (word >> 8U & 0xff00U) | (word << 8U & 0xff0000U) | word << 24U;
+
+    /// The four channels of a pixel and those of the one to its right.
+    [[nodiscard]] ShortLanes pair(std::uint32_t row, std::uint32_t column) const {
+        const Rgba8* const pixels = pixels_ + std::size_t{row} * width_;
+        std::uint64_t bytes = 0;
+        if (column + 1 != width_) {
+            std::memcpy(&bytes, pixels + column, sizeof bytes);
+        } else {
+            bytes = std::bit_cast<std::uint32_t>(pixels[column]) |
+                    std::uint64_t{std::bit_cast<std::uint32_t>(pixels[0])} << 32U;
         }
-        return (word & 0x00ff00ffU) | std::uint64_t{word & 0xff00ff00U} << 24U;
+        return widened(bytes);
+    }
+
+    /// The lower sixteen bits in the first four lanes, the upper ones in the others; in two steps,
+    /// each of which is an instruction.
+    static ShortLanes eachFourTimes(std::uint32_t two) {
+        const IntLanes word = {static_cast<std::int32_t>(two), 0, 0, 0};
+        const auto shorts = reinterpret_cast<ShortLanes>(word);
+        const auto doubled = reinterpret_cast<IntLanes>(
+            __builtin_shufflevector(shorts, shorts, 0, 8, 1, 9, 2, 10, 3, 11));
+        return reinterpret_cast<ShortLanes>(__builtin_shufflevector(doubled, doubled, 0, 0, 1, 1));
+    }
+
+    /// From red, green, blue and alpha of each colour, sixteen bits each.
+    static Colors channels(const std::array<std::uint64_t, laneCount>& colors) {
+        constexpr std::int32_t lowHalf = 0xffff;
+        const FloatLanes unit = allLanes(1.0F / static_cast<float>(255 * steps));
+        std::array<IntLanes, 2> halves;
+        std::memcpy(halves.data(), colors.data(), sizeof colors);
+        const IntLanes redGreen = __builtin_shufflevector(halves[0], halves[1], 0, 2, 4, 6);
+        const IntLanes blueAlpha = __builtin_shufflevector(halves[0], halves[1], 1, 3, 5, 7);
+        return {numbers(redGreen & lowHalf) * unit, numbers(redGreen >> 16 & lowHalf) * unit,
+                numbers(blueAlpha & lowHalf) * unit, numbers(blueAlpha >> 16 & lowHalf) * unit};
     }
 
     const Rgba8* pixels_ = nullptr;

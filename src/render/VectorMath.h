@@ -32,6 +32,11 @@ constexpr Vec3 operator-(const Vec3& a) {
     return {-a.x, -a.y, -a.z};
 }
 
+/// Whether no coordinate is infinite or NaN.
+inline bool isFinite(const Vec3& p) {
+    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+
 /// A 4 x 4 matrix, row by row: element k is row k / 4, column k % 4. Points are row vectors
 /// (p times M), so rows 0 to 2 are the images of the axes and elements 12 to 14 the translation.
 /// Element 15 is the homogeneous 1, by which no operation divides. A new matrix is the identity.

@@ -74,7 +74,8 @@ ExitStatus convert(const QStringList& words) {
         }
     }
     if (parser.isSet(repeat)) {
-        std::printf("load median %.3f ms\nsave median %.3f ms\n", median(loads), median(saves));
+        printMedian("load", std::move(loads));
+        printMedian("save", std::move(saves));
     }
     return ExitStatus::Done;
 }

@@ -7,7 +7,6 @@
 
 #include <QCommandLineParser>
 
-#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <optional>
@@ -142,7 +141,8 @@ class RenderOptions {
             request.centre = Vec3{centre[0], centre[1], centre[2]};
         }
         if (const auto repeat = numbers("repeat", 1, u','); !repeat.isEmpty()) {
-            check(QStringLiteral("repeat"), repeat[0] >= 1 && repeat[0] < 1e6F);
+            check(QStringLiteral("repeat"),
+                  repeat[0] >= 1 && repeat[0] < 1e6F && repeat[0] == std::floor(repeat[0]));
             request.repeat = wrong_.isEmpty() ? static_cast<int>(repeat[0]) : 1;
         }
     }
@@ -150,16 +150,6 @@ class RenderOptions {
     QCommandLineParser parser_;
     QString wrong_; ///< the first option with a value that makes no sense
 };
-
-std::size_t countOtherThan(const QImage& image, BitmapPixel color) {
-    std::size_t count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* row = reinterpret_cast<const BitmapPixel*>(image.constScanLine(y));
-        count += static_cast<std::size_t>(
-            std::count_if(row, row + image.width(), [color](BitmapPixel p) { return p != color; }));
-    }
-    return count;
-}
 
 /// Draws the document as asked for and saves the picture. `redraw` draws once, `picture` gives what
 /// was drawn over the background.
@@ -175,8 +165,8 @@ ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const
     }
     const QImage image = picture();
     if (request.repeat) {
-        std::printf("frame median %.3f ms\npixels %zu\n", median(times),
-                    countOtherThan(image, background));
+        printMedian("frame", std::move(times));
+        std::printf("pixels %zu\n", countOtherThan(image, background));
     }
     return savePng(image, request.out);
 }

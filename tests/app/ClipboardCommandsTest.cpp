@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMdiArea>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QTest>
 #include <QTreeView>
@@ -155,6 +156,9 @@ TEST_F(ClipboardCommands, DamagedBlocksChangeNothing) {
     const std::string before = bytes();
     for (const qsizetype size : {qsizetype{4}, qsizetype{100}, block.size() - 1}) {
         offer({{blockFormat, block.first(size)}});
+        answerBox(QStringLiteral("PasteFailure"),
+                  QStringLiteral("The clipboard gives nothing that can be pasted."),
+                  QStringLiteral("Unable to paste"), QMessageBox::Ok, QMessageBox::Ok);
         run("EditPaste");
         EXPECT_EQ(bytes(), before);
         EXPECT_FALSE(window().canUndo());

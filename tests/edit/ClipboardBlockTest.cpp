@@ -171,7 +171,8 @@ FrameRecord expectedCopy(FrameRecord top, const std::vector<std::int32_t>& place
         tame(mesh.TexCoordFaces, mesh.TexCoords.size());
         tame(mesh.VertexColorFaces, mesh.VertexColors.size());
         for (std::int32_t& slot : mesh.FaceSlotIndex) {
-            slot = static_cast<std::size_t>(slot) < mesh.MaterialSlotList.size() ? slot : -1;
+            const std::size_t slots = mesh.MaterialSlotList.size();
+            slot = slots == 0 || static_cast<std::size_t>(slot) < slots ? slot : -1;
         }
         for (std::int32_t& slot : mesh.MaterialSlotList) {
             slot = places[static_cast<std::size_t>(slot)];
@@ -293,7 +294,8 @@ bool indicesFit(const CopiedFrame& copied) {
             !allFit(mesh.NormalFaces.cornersFrom(0), mesh.Normals.size()) ||
             !allFit(mesh.TexCoordFaces.cornersFrom(0), mesh.TexCoords.size()) ||
             !allFit(mesh.VertexColorFaces.cornersFrom(0), mesh.VertexColors.size()) ||
-            !allFit(mesh.FaceSlotIndex, mesh.MaterialSlotList.size()) ||
+            (!mesh.MaterialSlotList.empty() &&
+             !allFit(mesh.FaceSlotIndex, mesh.MaterialSlotList.size())) ||
             !allFit(mesh.MaterialSlotList, copied.materials.size())) {
             return false;
         }

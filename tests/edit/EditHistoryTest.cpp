@@ -205,8 +205,8 @@ TEST_F(History, FacesOfSlotZeroStayWhenASlotGoes) {
 TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
     MeshRecord& twice = mesh(document.Root, {1, 2, 1}, {0, 1, 2});
     MeshRecord& once = mesh(document.Root.Children[0].Children[1], {2, 1}, {1, 0});
-    mesh(document.Root.Children[1], {1, 2}, {0});
-    document.Root.Children[1].HasMesh = false; // a frame without a mesh is not looked at
+    MeshRecord& hidden = mesh(document.Root.Children[1], {1, 2}, {0});
+    document.Root.Children[1].HasMesh = false; // it may be switched on again
     document.Materials[1].Power = 7;
     history.deleteMaterial(document, 1);
     EXPECT_EQ(document.Materials.size(), 2U);
@@ -214,8 +214,10 @@ TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
     EXPECT_EQ(twice.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 0}));
     EXPECT_EQ(once.MaterialSlotList, (std::vector<std::int32_t>{1}));
     EXPECT_EQ(once.FaceSlotIndex, (std::vector<std::int32_t>{0, 0}));
-    EXPECT_EQ(document.Root.Children[1].Mesh.MaterialSlotList, (std::vector<std::int32_t>{1, 2}));
+    EXPECT_EQ(hidden.MaterialSlotList, (std::vector<std::int32_t>{1}));
+    document.Root.Children[1].HasMesh = true; // without an entry, as by a cancelled dialog
     history.undo(document);
+    EXPECT_EQ(hidden.MaterialSlotList, (std::vector<std::int32_t>{1, 2}));
     EXPECT_EQ(document.Materials[1].Power, 7);
     EXPECT_EQ(twice.MaterialSlotList, (std::vector<std::int32_t>{1, 2, 1}));
     EXPECT_EQ(twice.FaceSlotIndex, (std::vector<std::int32_t>{0, 1, 2}));

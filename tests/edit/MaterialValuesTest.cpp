@@ -45,7 +45,10 @@ TEST(MaterialValues, PowersAreTextThatReadsBack) {
     }
     EXPECT_EQ(powerOf(" 7.5 "), 7.5F);
     EXPECT_EQ(powerOf("1e2"), 100.0F);
-    for (const char* none : {"", " ", "-1", "abc", "5x", "inf", "nan", "1e99", "1,5", "0x10"}) {
+    EXPECT_EQ(powerOf("+5"), 5.0F);
+    EXPECT_EQ(powerOf("1e-60"), 0.0F);
+    for (const char* none :
+         {"", " ", "-1", "abc", "5x", "inf", "nan", "1e99", "+-5", "++5", "1,5", "0x10"}) {
         EXPECT_EQ(powerOf(none), std::nullopt) << none;
     }
 }

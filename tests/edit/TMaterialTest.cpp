@@ -186,9 +186,10 @@ TEST_F(TMaterialTest, TheComboBoxGivesTheSelectedFaceASlot) {
         EXPECT_EQ(mesh().FaceSlotIndex, (std::vector<std::int32_t>{1, 1, 0}));
         EXPECT_EQ(mesh().CurrentSlot, 0);
         EXPECT_EQ(history.position(), 1);
-        mesh().FaceSlotIndex.resize(2);
-        chooseSlot(1); // a face without an entry
-        EXPECT_EQ(history.position(), 1);
+        mesh().FaceSlotIndex.resize(1);
+        chooseSlot(0); // a face without an entry, like the one before
+        EXPECT_EQ(mesh().FaceSlotIndex, (std::vector<std::int32_t>{1, 1, 0}));
+        EXPECT_EQ(history.position(), 2);
     });
 }
 

@@ -106,7 +106,7 @@ TEST(HostileInput, CountsAreNotTrusted) {
         {mesh + "MeshNormals {\n#;\n1;2;3;,\n4;5;6;;\n}\n", "v1 f1 n2 ", "v1 f1 "},
         {mesh + "MeshNormals {\n1;\n0;0;1;;\n#;\n3;0,0,0;;\n}\n", "v1 f1 n1 nf1 ", "v1 f1 n1 "},
         {mesh + "MeshNormals {\n1;\n0;0;1;;\n1;\n0;#;0,0,0;;\n}\n", "v1 f1 n1 ", "v1 f1 n1 nf1 "},
-        {mesh + "MeshTextureCoords {\n#;\n1;2;,\n4;5;;\n}\n", "v1 f1 t2 ", "v1 f1 tf1 "},
+        {mesh + "MeshTextureCoords {\n#;\n1;2;,\n4;5;;\n}\n", "v1 f1 t2 tf1 ", "v1 f1 tf1 "},
         {mesh + "SI_MeshTextureCoords {\n#;\n1;2;,\n4;5;;\n}\n", "v1 f1 t2 ", "v1 f1 "},
         {mesh + "SI_MeshVertexColors {\n#;\n1;2;3;4;,\n5;6;7;8;;\n}\n", "v1 f1 c2 ", "v1 f1 cf1 "},
         {mesh +

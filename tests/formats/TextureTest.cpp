@@ -305,6 +305,12 @@ TEST_F(Textures, PicturesThatUnpackIntoFarMoreAreBlank) {
     write("runs.bmp", bmp);
     EXPECT_EQ(loader.load("runs.bmp")->width, 100);
     EXPECT_EQ(loader.load("runs.bmp")->pixels.back(), (Rgba8{6, 5, 4, 255}));
+
+    // runs that leave all pixels out: the first colour everywhere, not what the memory held before
+    bmp.replace(62, std::string::npos, "\0\1"s);
+    write("empty.bmp", bmp);
+    const auto empty = loader.load("empty.bmp");
+    EXPECT_EQ(std::count(empty->pixels.begin(), empty->pixels.end(), Rgba8{3, 2, 1, 255}), 10000);
 }
 
 TEST_F(Textures, OfTheCorpusDecodeOrHarmNothing) {

@@ -73,7 +73,7 @@ TEST(FrameDeclaration, CountsCharactersFromTheKeyword) {
         {"frame ", "", ""},
         {"frame frm-", "", ""},
         {"frame box", "box", ""},
-        {"frame box\t{", "box\t", ""}, // only a space ends a name
+        {"frame box\t{", "box", ""},
         {"si_framebaseposematrix {", "aseposematrix", ""},
         {"frame {frm-ab}", "-ab}", ""}, // ten characters, wherever the prefix is
     };

@@ -222,7 +222,7 @@ TEST_F(TMDIChildViews, VisibilityTogglesShowAtTheNextMouseEvent) {
     meshBox.click();
     EXPECT_EQ(boxes(), "F+M+");
     QHoverEvent over(QEvent::HoverMove, QPointF(9, 9), QPointF(9, 9), QPointF(8, 8));
-    QApplication::sendEvent(&child<QWidget>(window(), "ThreeDWinFrame"), &over);
+    QApplication::sendEvent(&child<QWidget>(window(), "ThreeDWin"), &over);
     EXPECT_EQ(picture("Image2"), shown);
     EXPECT_EQ(picture("Image1"), space);
     tree.setCurrentIndex(tree.model()->index(1, 0)); // the material table

@@ -43,7 +43,7 @@ TEST(LineDrawing, LineTakesTheNearestPixelOfEachStep) {
         const int dx = to.x - from.x;
         const int dy = to.y - from.y;
         const int longer = std::max(std::abs(dx), std::abs(dy));
-        EXPECT_EQ(bitmap.countOtherThan(paper), static_cast<std::size_t>(longer) + 1);
+        EXPECT_EQ(countOtherThan(imageOf(bitmap), paper), static_cast<std::size_t>(longer) + 1);
         EXPECT_EQ(bitmap.at(from.x, from.y), ink);
         EXPECT_EQ(bitmap.at(to.x, to.y), ink);
         for (std::int32_t y = 0; y < 40; ++y) {
@@ -111,7 +111,7 @@ TEST(LineDrawing, NothingIsDrawnWithoutFiniteEnds) {
         drawLine(bitmap, 4, 4, bad, 4, ink);
         drawLine(bitmap, 4, 4, 4, bad, ink);
     }
-    EXPECT_EQ(bitmap.countOtherThan(paper), 0U);
+    EXPECT_EQ(countOtherThan(imageOf(bitmap), paper), 0U);
 }
 
 TEST(LineDrawing, EllipsesAreRoundAndCut) {

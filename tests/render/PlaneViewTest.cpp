@@ -31,13 +31,17 @@ struct Board {
             views.view(plane).resize(100, 80);
         }
     }
-    void draw() { views.draw(document, false); }
+    void draw(bool dots = false) {
+        for (const ViewPlane plane : viewPlanes) {
+            views.view(plane).draw(document, dots);
+        }
+    }
     BitmapPixel at(ViewPlane plane, std::int32_t x, std::int32_t y) {
         return views.view(plane).bitmap().at(x, y);
     }
     std::size_t count(ViewPlane plane, BitmapPixel color) {
         const Bitmap& bitmap = views.view(plane).bitmap();
-        return bitmap.pixelCount() - bitmap.countOtherThan(color);
+        return bitmap.pixelCount() - countOtherThan(imageOf(bitmap), color);
     }
 
     ModelDocument document;
@@ -216,7 +220,7 @@ TEST(PlaneView, OnlyWhatMovedIsProjectedAnew) {
 TEST(PlaneView, DotsAreTheEndsOfTheLines) {
     Board board;
     board.document.Root.Children.push_back(squareAt(0, 2, 0));
-    board.views.draw(board.document, true);
+    board.draw(true);
     EXPECT_EQ(board.count(ViewPlane::XY, board.colors.frames.unselected), 4U);
 }
 

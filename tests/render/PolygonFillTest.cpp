@@ -139,20 +139,20 @@ TEST(PolygonFill, TexturesAreBilinearRepeatAndMultiplyTheLight) {
     image.pixels = {{0, 0, 0, 255},  {100, 0, 0, 255}, {200, 0, 0, 255},
                     {40, 40, 40, 0}, {40, 40, 40, 0},  {40, 40, 40, 128}};
     const TextureSampler sampler(image);
-    constexpr std::uint32_t steps = TextureSampler::steps;
-    const auto red = [&](double column, double row) {
-        return static_cast<int>(sampler.at(static_cast<std::uint32_t>(column * steps),
-                                           static_cast<std::uint32_t>(row * steps)) &
-                                0xffffU) /
-               static_cast<int>(steps);
+    constexpr std::int32_t steps = TextureSampler::steps;
+    const auto channel = [&](std::size_t number, double column, double row) {
+        const IntLanes x = allLanes(static_cast<std::int32_t>(column * steps));
+        const IntLanes y = allLanes(static_cast<std::int32_t>(row * steps));
+        return std::lround(sampler.at(x, y, IntLanes{0, 0, -1, 0})[number][2] * 255.0F);
     };
+    const auto red = [&](double column, double row) { return channel(0, column, row); };
     EXPECT_EQ(red(1, 0), 100);
     EXPECT_EQ(red(1.5, 0), 150);
     EXPECT_EQ(red(2.5, 0), 100) << "the last column goes over into the first";
     EXPECT_EQ(red(7, 0), 100);
     EXPECT_EQ(red(1, 0.5), 70);
     EXPECT_EQ(red(1, 1.5), 70) << "the last row into the first";
-    EXPECT_EQ(sampler.at(2 * steps, steps) >> 48U, 128U * steps);
+    EXPECT_EQ(channel(3, 2, 1), 128);
     Canvas canvas(20, 20);
     RasterSurface surface;
     surface.texture = &sampler;
@@ -171,7 +171,7 @@ TEST(PolygonFill, StaysWithinThePicture) {
     Canvas canvas(33, 17);
     canvas.fill({corner(-9000, -9000, 1), corner(16000, -9000, 3), corner(16000, 16000, 1),
                  corner(-9000, 16000, 9)});
-    EXPECT_EQ(canvas.bitmap.countOtherThan(0xff000000U), 33U * 17U);
+    EXPECT_EQ(countOtherThan(imageOf(canvas.bitmap), 0xff000000U), 33U * 17U);
     for (std::size_t i = 33U * 17U; i < canvas.depths.size(); ++i) {
         EXPECT_EQ(canvas.depths[i], ViewGeometry::farZ);
         EXPECT_EQ(canvas.bitmap.pixels()[i], 0xff000000U);
@@ -180,7 +180,7 @@ TEST(PolygonFill, StaysWithinThePicture) {
     empty.fill({corner(3, 3, 1), corner(20, 14, 1)});
     empty.fill({corner(3, 3, 1), corner(9, 9, 1), corner(20, 20, 1)});
     empty.fill({});
-    EXPECT_EQ(empty.bitmap.countOtherThan(0xff000000U), 0U);
+    EXPECT_EQ(countOtherThan(imageOf(empty.bitmap), 0xff000000U), 0U);
 }
 
 TEST(DepthOrder, IsDescendingAndKeepsEqualDepthsInOrder) {

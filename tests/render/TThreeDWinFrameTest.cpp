@@ -27,7 +27,7 @@ class TThreeDWinFrameTest : public GuiTest {
         window_->setDrawingInterface(DrawApi::Software);
         settle();
         image_ = &child<TImage>(*window_, "Image1");
-        view_ = &child<TThreeDWinFrame>(*window_, "ThreeDWinFrame");
+        view_ = &child<TThreeDWinFrame>(*window_, "ThreeDWin");
     }
 
     QImage picture() const { return image_->picture().copy(); }

@@ -56,7 +56,9 @@ struct Scene {
     MeshRecord& mesh() { return document.Root.Mesh; }
     void redraw() { view.redraw(document, state); }
     BitmapPixel at(std::int32_t x, std::int32_t y) const { return view.bitmap().at(x, y); }
-    std::size_t drawn() const { return view.bitmap().countOtherThan(state.colors.background); }
+    std::size_t drawn() const {
+        return countOtherThan(imageOf(view.bitmap()), state.colors.background);
+    }
 
     ModelDocument document;
     ViewState state;
