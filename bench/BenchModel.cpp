@@ -42,8 +42,8 @@ FrameRecord makeFrame(std::size_t number) {
         const auto corner =
             static_cast<std::uint32_t>(cell / columns * (columns + 1) + cell % columns);
         const auto below = static_cast<std::uint32_t>(corner + columns + 1);
-        const std::array<std::uint32_t, 3> first = {corner, corner + 1, below};
-        const std::array<std::uint32_t, 3> second = {corner + 1, below + 1, below};
+        const std::array<std::uint32_t, 3> first = {corner, below, corner + 1};
+        const std::array<std::uint32_t, 3> second = {corner + 1, below, below + 1};
         mesh.Faces.push_back(first);
         mesh.Faces.push_back(second);
         mesh.FaceSlotIndex.insert(mesh.FaceSlotIndex.end(), 2,

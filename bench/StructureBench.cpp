@@ -53,7 +53,7 @@ struct Page {
     }
     void refresh() {
         view.rebuild(document);
-        view.select(document.Selected, false);
+        view.select(document.Selected);
     }
 };
 

@@ -9,8 +9,9 @@ namespace korvane {
 // machine they build for; loops over single numbers they do not, once a depth test is in them.
 using FloatLanes [[gnu::vector_size(16)]] = float;
 using IntLanes [[gnu::vector_size(16)]] = std::int32_t;
-/// Eight small numbers side by side.
+/// Eight small numbers side by side, and two wide ones.
 using ShortLanes [[gnu::vector_size(16)]] = std::uint16_t;
+using WideLanes [[gnu::vector_size(16)]] = std::uint64_t;
 
 inline constexpr std::int32_t laneCount = 4;
 
@@ -65,18 +66,21 @@ inline FloatLanes numbers(IntLanes lanes) {
 /// Eight bytes, the lowest first, as numbers.
 inline ShortLanes widened(std::uint64_t bytes) {
     using ByteLanes [[gnu::vector_size(16)]] = std::uint8_t;
-    using WideLanes [[gnu::vector_size(16)]] = std::uint64_t;
     const auto low = reinterpret_cast<ByteLanes>(WideLanes{bytes, 0});
     return reinterpret_cast<ShortLanes>(__builtin_shufflevector(
         low, ByteLanes{}, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23));
 }
 
-/// The first four lanes plus the other four, the first sum in the lowest bits.
-inline std::uint64_t sumOfHalves(ShortLanes lanes) {
-    using WideLanes [[gnu::vector_size(16)]] = std::uint64_t;
+/// The first four lanes plus the other four, in the first four.
+inline ShortLanes foldedHalves(ShortLanes lanes) {
     const auto wide = reinterpret_cast<WideLanes>(lanes);
-    const auto upper = reinterpret_cast<ShortLanes>(__builtin_shufflevector(wide, wide, 1, 1));
-    return reinterpret_cast<WideLanes>(lanes + upper)[0];
+    return lanes + reinterpret_cast<ShortLanes>(__builtin_shufflevector(wide, wide, 1, 1));
+}
+
+/// The first four lanes of both.
+inline ShortLanes lowerHalves(ShortLanes a, ShortLanes b) {
+    return reinterpret_cast<ShortLanes>(__builtin_shufflevector(
+        reinterpret_cast<WideLanes>(a), reinterpret_cast<WideLanes>(b), 0, 2));
 }
 
 /// Each lane kept between the bounds; a lane that is no number becomes the lower one.

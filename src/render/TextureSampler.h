@@ -31,8 +31,8 @@ class TextureSampler {
     /// Red, green, blue and alpha of four colours, from 0 to 1.
     using Colors = std::array<FloatLanes, 4>;
 
-    /// The colours at positions in steps from the centre of the top left pixel, 0 or more. Nothing
-    /// is looked up for lanes outside of `wanted`, which come out black.
+    /// The colours at positions in steps from the centre of the top left pixel, 0 or more. Lanes
+    /// outside of `wanted` may stand anywhere and come out as any colour.
     [[nodiscard]] Colors at(IntLanes x, IntLanes y, IntLanes wanted) const {
         const IntLanes fx = x & allLanes(steps - 1);
         const IntLanes fy = y & allLanes(steps - 1);
@@ -40,21 +40,17 @@ class TextureSampler {
         const IntLanes both = (fx * fy) >> stepBits;
         const PerLane upperWeights((allLanes(steps) - fx - fy + both) | (fx - both) << 16);
         const PerLane lowerWeights((fy - both) | both << 16);
-        const PerLane columns(wrapped(x >> stepBits, width_));
-        const PerLane rows(wrapped(y >> stepBits, height_));
-        const PerLane needed(wanted);
-        std::array<std::uint64_t, laneCount> colors{};
-        for (std::size_t lane = 0; lane < laneCount; ++lane) {
-            if (needed[lane] != 0) {
-                const std::uint32_t column = columns[lane];
-                const std::uint32_t row = rows[lane];
-                const std::uint32_t nextRow = row + 1 == height_ ? 0 : row + 1;
-                colors[lane] =
-                    sumOfHalves(pair(row, column) * eachFourTimes(upperWeights[lane]) +
+        const PerLane columns(wrapped(x >> stepBits, width_) & wanted);
+        const PerLane rows(wrapped(y >> stepBits, height_) & wanted);
+        // also for lanes that are not wanted: to tell them apart here takes longer
+        const auto color = [&](std::size_t lane) -> ShortLanes {
+            const std::uint32_t column = columns[lane];
+            const std::uint32_t row = rows[lane];
+            const std::uint32_t nextRow = row + 1 == height_ ? 0 : row + 1;
+            return foldedHalves(pair(row, column) * eachFourTimes(upperWeights[lane]) +
                                 pair(nextRow, column) * eachFourTimes(lowerWeights[lane]));
-            }
-        }
-        return channels(colors);
+        };
+        return channels(lowerHalves(color(0), color(1)), lowerHalves(color(2), color(3)));
     }
 
   private:
@@ -101,14 +97,14 @@ class TextureSampler {
         return reinterpret_cast<ShortLanes>(__builtin_shufflevector(doubled, doubled, 0, 0, 1, 1));
     }
 
-    /// From red, green, blue and alpha of each colour, sixteen bits each.
-    static Colors channels(const std::array<std::uint64_t, laneCount>& colors) {
+    /// From red, green, blue and alpha of two colours each.
+    static Colors channels(ShortLanes first, ShortLanes second) {
         constexpr std::int32_t lowHalf = 0xffff;
         const FloatLanes unit = allLanes(1.0F / static_cast<float>(255 * steps));
-        std::array<IntLanes, 2> halves;
-        std::memcpy(halves.data(), colors.data(), sizeof colors);
-        const IntLanes redGreen = __builtin_shufflevector(halves[0], halves[1], 0, 2, 4, 6);
-        const IntLanes blueAlpha = __builtin_shufflevector(halves[0], halves[1], 1, 3, 5, 7);
+        const auto low = reinterpret_cast<IntLanes>(first);
+        const auto high = reinterpret_cast<IntLanes>(second);
+        const IntLanes redGreen = __builtin_shufflevector(low, high, 0, 2, 4, 6);
+        const IntLanes blueAlpha = __builtin_shufflevector(low, high, 1, 3, 5, 7);
         return {numbers(redGreen & lowHalf) * unit, numbers(redGreen >> 16 & lowHalf) * unit,
                 numbers(blueAlpha & lowHalf) * unit, numbers(blueAlpha >> 16 & lowHalf) * unit};
     }
