@@ -65,6 +65,7 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     setIcons();
     setUpToolBar();
     connectActions();
+    connectEvents();
     setWindowState(Qt::WindowMaximized);
 }
 
@@ -140,7 +141,9 @@ void TMainForm::connectActions() {
     }
     // shortcuts work wherever the focus is, whether or not their items show
     addActions({ui_->FileNew1, ui_->FileOpen1, ui_->EditCut, ui_->EditCopy, ui_->EditPaste});
+}
 
+void TMainForm::connectEvents() {
     connect(ui_->Window1, &QMenu::aboutToShow, this,
             [this] { windowList_.refresh(*this, *ui_->Window1); });
     connect(ui_->MDIArea, &QMdiArea::subWindowActivated, this, &TMainForm::showStatus);

@@ -1,5 +1,6 @@
 #include "edit/TOKBottomDlg.h"
 
+#include "app/WidgetText.h"
 #include "edit/CentreOnScreen.h"
 #include "edit/TexturePicture.h"
 #include "formats/TextureLoader.h"
@@ -172,8 +173,8 @@ void TOKBottomDlg::clearChoice() {
 
 void TOKBottomDlg::LoadPreview(const QString& fileName) {
     fileName_ = fileName;
-    image_ = std::make_shared<const TextureImage>(loadTextureFile(fileName));
-    if (*image_ == *blankTextureImage()) {
+    image_ = loadSharedTexture(fileName);
+    if (image_ == blankTextureImage()) {
         ui_->Image1->setText(QStringLiteral("This file cannot be shown.\nIt can be loaded all the "
                                             "same, for programs that read it."));
     } else {
@@ -186,11 +187,8 @@ void TOKBottomDlg::LoadPreview(const QString& fileName) {
         picture.setDevicePixelRatio(ratio);
         ui_->Image1->setPixmap(QPixmap::fromImage(picture));
     }
-    // "[*]" in a title is the place of a mark for unsaved changes, unless it is doubled
-    const QString name = QFileInfo(fileName).fileName();
-    setWindowTitle(QStringLiteral("Load Texture - [%1]")
-                       .arg(name)
-                       .replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    setWindowTitle(
+        titleOf(QStringLiteral("Load Texture - [%1]").arg(QFileInfo(fileName).fileName())));
 }
 
 void TOKBottomDlg::TextureLoad() {
