@@ -1,6 +1,6 @@
 #include "edit/TMaterial.h"
 
-#include "edit/CentreOnScreen.h"
+#include "app/CentreOnScreen.h"
 #include "edit/MaterialValues.h"
 #include "ui_TMaterial.h"
 

@@ -4,8 +4,8 @@
 #include "edit/TMaterial.h"
 #include "edit/TOKBottomDlg.h"
 #include "model/ModelText.h"
-#include "render/DevicePixels.h"
-#include "render/MouseEvents.h"
+#include "app/DevicePixels.h"
+#include "app/MouseEvents.h"
 #include "ui_TMaterial.h"
 
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "edit/TOKBottomDlg.h"
 
 #include "app/WidgetText.h"
-#include "edit/CentreOnScreen.h"
+#include "app/CentreOnScreen.h"
 #include "edit/TexturePicture.h"
 #include "formats/TextureLoader.h"
 #include "ui_TOKBottomDlg.h"
