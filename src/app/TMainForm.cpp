@@ -20,6 +20,7 @@
 #include <QMimeData>
 #include <QOpenGLWidget>
 #include <QStatusTipEvent>
+#include <QWindow>
 
 #include <exception>
 #include <utility>
@@ -327,7 +328,8 @@ void TMainForm::MainFormActivate() {
 }
 
 void TMainForm::idle() {
-    if (isVisible()) {
+    // by the time it is on the screen the frame is maximised: models open in their final size
+    if (isVisible() && windowHandle()->isExposed()) {
         scheduleFirstActivation();
     }
     // an action leaves its items and buttons alone when it is told what it already is
