@@ -43,7 +43,7 @@ void transferMaterial(Stream& stream, Material& material) {
     stream.value(material.ShadingModel);
     stream.value(material.Ambient);
     stream.flag(material.HasTexture);
-    stream.text(material.TextureFile, '"');
+    stream.fileName(material.TextureFile);
     for (auto* number :
          {&material.MappingType, &material.ImageWidth, &material.ImageHeight, &material.CropUMin,
           &material.CropUMax, &material.CropVMin, &material.CropVMax, &material.UVSwap,
@@ -102,7 +102,7 @@ void transferFrame(Stream& stream, Frame& frame) {
                        &frame.KV2Animated, &frame.GFlag}) {
         stream.flag(*flag);
     }
-    stream.text(frame.Name, '\n');
+    stream.name(frame.Name);
     stream.flag(frame.HasMesh);
     for (auto& flag : frame.ViewFlags) {
         stream.flag(flag);

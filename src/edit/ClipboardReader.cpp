@@ -76,12 +76,20 @@ class Reader {
         require(byte <= 1);
         value = byte == 1;
     }
-    /// `ending` is what ends such a text in a model file: a text that held it would make a file
-    /// that says something else.
-    void text(std::string& text, char ending) {
+    // What stands in a model file ends a name at its line's end and a file name at a quote: a text
+    // that went on behind that would make a file that says something else.
+    void name(std::string& name) {
+        text(name);
+        require(name.find('\n') == std::string::npos);
+    }
+    void fileName(std::string& name) {
+        text(name);
+        const std::size_t quote = name.find('"');
+        require(quote == std::string::npos || name.find('\n', quote) == std::string::npos);
+    }
+    void text(std::string& text) {
         const auto characters = bytes(count(1));
         text.assign(characters.begin(), characters.end());
-        require(text.find(ending) == std::string::npos);
     }
     template <class Element>
     void list(std::vector<Element>& list) {

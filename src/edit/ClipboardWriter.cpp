@@ -76,7 +76,9 @@ class Writer {
         }
         word(static_cast<std::uint32_t>(size));
     }
-    void text(const std::string& text, char /*ending*/) {
+    void name(const std::string& name) { text(name); }
+    void fileName(const std::string& name) { text(name); }
+    void text(const std::string& text) {
         count(text.size());
         std::uint8_t* out = room(text.size());
         for (const char character : text) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <system_error>
 
 namespace korvane {
@@ -63,11 +64,11 @@ std::optional<float> powerOf(std::string_view text) {
     double number = 0.0;
     const char* end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, number);
-    const auto power = static_cast<float>(number); // what is too small for it is 0
-    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(power) || power < 0) {
+    constexpr double most = std::numeric_limits<float>::max();
+    if (result.ec != std::errc() || result.ptr != end || !(number >= 0 && number <= most)) {
         return std::nullopt;
     }
-    return power;
+    return static_cast<float>(number);
 }
 
 } // namespace korvane

@@ -2,7 +2,6 @@
 
 #include "edit/MaterialValues.h"
 
-#include <optional>
 #include <utility>
 
 namespace korvane {
@@ -26,9 +25,8 @@ void PendingShininess::commit(EditHistory& history, ModelDocument& document, std
     const std::string before = std::exchange(remembered_, text);
     const float current = document.Materials[material].Power;
     const float fallback = std::exchange(power_, current);
-    const std::optional<float> shown = powerOf(before);
-    const float start = shown.value_or(fallback);
-    if ((before != text || !shown) && start != current) {
+    const float start = powerOf(before).value_or(fallback);
+    if (before != text && start != current) {
         history.power(document, material, start, current);
     }
 }

@@ -41,7 +41,7 @@ class PendingShininess {
     void change() { pending_ = true; }
     /// Records what is pending, if the field's text differs from the remembered one, which it then
     /// becomes, and the material's power from the number that the remembered one was. A text that
-    /// is no power stands for that which the material had then, and differs from every text.
+    /// is no power stands for that which the material had then.
     void commit(EditHistory& history, ModelDocument& document, std::size_t material,
                 const std::string& text);
 

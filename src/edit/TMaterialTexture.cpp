@@ -1,13 +1,14 @@
 // The texture view of the material editor.
 
+#include "app/DevicePixels.h"
+#include "app/MouseEvents.h"
 #include "app/WidgetText.h"
 #include "edit/TMaterial.h"
 #include "edit/TOKBottomDlg.h"
 #include "model/ModelText.h"
-#include "app/DevicePixels.h"
-#include "app/MouseEvents.h"
 #include "ui_TMaterial.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QMouseEvent>
 
@@ -106,8 +107,7 @@ void TMaterial::mopen1execute() {
     if (textureDialog_->exec() != Accepted || textureDialog_->loadedImage() == nullptr) {
         return;
     }
-    // of a name with slashes a file gives back only the last part; with backslashes it stays whole
-    const QString name = QString(textureDialog_->fileName()).replace(u'/', u'\\');
+    const QString name = QDir::toNativeSeparators(textureDialog_->fileName());
     subject_->history->textureFile(*subject_->document, *material, modelText(name),
                                    textureDialog_->loadedImage());
     showTexture();

@@ -20,14 +20,13 @@ std::int64_t mostPixels(std::span<const std::uint8_t> bytes) {
     constexpr std::int64_t pixelsPerRunByte = 128;
     constexpr std::int64_t smallPicture = 1024 * 1024;
     ByteReader in(bytes);
-    in.skip(10); // the rest of the file header
-    const std::int64_t before = in.littleEndian32();
+    in.skip(14); // the file header
     const std::uint32_t headerSize = in.littleEndian32();
     in.skip(headerSize == oldHeaderSize ? 6 : 10);
     const std::int64_t bitsPerPixel = std::max<std::int64_t>(in.littleEndian16(), 1);
     const bool runs = headerSize != oldHeaderSize && (bitsPerPixel == 4 || bitsPerPixel == 8) &&
                       in.littleEndian32() != 0;
-    const std::int64_t size = std::max<std::int64_t>(std::ssize(bytes) - before, 0);
+    const auto size = static_cast<std::int64_t>(bytes.size());
     return runs ? std::max(size * pixelsPerRunByte, smallPicture) : size * 8 / bitsPerPixel;
 }
 

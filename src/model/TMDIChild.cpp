@@ -132,12 +132,12 @@ void TMDIChild::FileOpenMSH(const QString& fileName) {
         return;
     }
     const MshOutcome outcome = korvane::FileOpenMSH(fileName, *model_);
-    if (outcome.status == ReadStatus::CannotOpen) {
-        setCaption();
-    }
-    showReadFailure(outcome.status, fileName);
     if (!outcome.saveFailed.isEmpty()) {
         showSaveFailure(outcome.saveFailed);
+    }
+    showReadFailure(outcome.status, fileName);
+    if (model_ && outcome.status == ReadStatus::CannotOpen) {
+        setCaption();
     }
 }
 
@@ -173,6 +173,20 @@ void TMDIChild::FileSaveExecute() {
     model_->Modified = false;
 }
 
+bool TMDIChild::completeName(QString& name, const QString& suffix) {
+    const QString extension = upperExtension(name);
+    if (extension == QLatin1String(".XSI") || extension == QLatin1String(".MSH") ||
+        extension == QLatin1String(".X")) {
+        return true;
+    }
+    // the dialog takes whatever follows a dot for an extension, and asked about another file
+    name += u'.' + suffix;
+    return !QFileInfo::exists(name) ||
+           showMessage(*this, QStringLiteral("ReplaceQuestion"), QMessageBox::Warning,
+                       QStringLiteral("File exists.  Replace?"), name,
+                       QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
 void TMDIChild::FileSaveAsExecute() {
     if (!model_) {
         return;
@@ -191,21 +205,15 @@ void TMDIChild::FileSaveAsExecute() {
     if (model_->FileName.contains(u'/')) {
         dialog.setDirectory(QFileInfo(model_->FileName).path());
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
-        return;
-    }
-    QString name = dialog.selectedFiles().constFirst();
-    const QString extension = upperExtension(name);
-    if (extension != QLatin1String(".XSI") && extension != QLatin1String(".MSH") &&
-        extension != QLatin1String(".X")) {
-        // the dialog takes whatever follows a dot for an extension, and asked about another file
-        name += u'.' + dialog.defaultSuffix();
-        if (QFileInfo::exists(name) &&
-            showMessage(*this, QStringLiteral("ReplaceQuestion"), QMessageBox::Warning,
-                        QStringLiteral("File exists.  Replace?"), name,
-                        QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes) {
+    QString name;
+    do {
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
             return;
         }
+        name = dialog.selectedFiles().constFirst();
+    } while (!completeName(name, dialog.defaultSuffix()));
+    if (!model_) {
+        return;
     }
     model_->FileName = name;
     setCaption();

@@ -70,7 +70,8 @@ class TMDIChild : public QMdiSubWindow {
     [[nodiscard]] bool canPaste(ClipboardContent content) const;
     /// The clipboard block of the selection; empty if there is nothing that Copy takes.
     [[nodiscard]] QByteArray copy() const;
-    /// Pastes a block into the selection; one that is damaged or does not fit changes nothing.
+    /// Pastes a block into the selection. One that is damaged or does not fit changes nothing, and
+    /// the user is told.
     void paste(const QByteArray& block);
 
     /// The settings of the 3D view; changes show with the next render3d().
@@ -176,6 +177,9 @@ class TMDIChild : public QMdiSubWindow {
 
     void FileOpenXSI(const QString& fileName);
     void SaveFileXSI();
+    /// Gives a name that a file dialog left without an extension of ours the suffix. False if the
+    /// user does not want that file to be replaced.
+    bool completeName(QString& name, const QString& suffix);
     /// Shows nothing where the file was read or is just missing.
     void showReadFailure(ReadStatus status, const QString& fileName);
     void showSaveFailure(const QString& fileName);

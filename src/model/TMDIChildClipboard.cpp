@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <utility>
+#include <variant>
 
 namespace korvane {
 
@@ -28,18 +29,18 @@ void TMDIChild::paste(const QByteArray& block) {
         return;
     }
     std::optional<ClipboardItem> item = decodeBlock(bytesOf(block));
-    if (!item) {
-        showPasteFailure(QStringLiteral("The clipboard gives nothing that can be pasted."));
-        return;
-    }
-    const bool isFrame = std::holds_alternative<CopiedFrame>(*item);
+    const bool frameToFrame = item && std::holds_alternative<CopiedFrame>(*item) &&
+                              model_->Selected.NodeKind == NodeKind::Frame;
     TextureLoader textures(QFileInfo(model_->FileName).path());
-    if (pasteIntoSelection(*model_, history_, std::move(*item),
+    if (item &&
+        pasteIntoSelection(*model_, history_, std::move(*item),
                            [&textures](const std::string& name) { return textures.load(name); })) {
         rebuildTree();
         render3d();
-    } else if (isFrame) {
-        showPasteFailure(QStringLiteral("Frames cannot be nested any deeper."));
+    } else {
+        showPasteFailure(frameToFrame
+                             ? QStringLiteral("Frames cannot be nested any deeper.")
+                             : QStringLiteral("The clipboard gives nothing that can be pasted."));
     }
 }
 

@@ -16,7 +16,7 @@ class BlockShader {
         : texture_(surface.texture), opacity_(surface.opacity) {}
 
     /// `light` is red, green and blue from 0 to 255, s and t are positions in the texture. Pixels
-    /// outside of `pass` keep what they hold; of lanes from `used` on nothing is looked at.
+    /// outside of `pass` keep what they hold.
     void put(BitmapPixel* pixels, IntLanes pass, const std::array<FloatLanes, 3>& light,
              FloatLanes s, FloatLanes t) const {
         const auto before = loadLanes<IntLanes>(pixels);

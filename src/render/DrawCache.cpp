@@ -22,13 +22,12 @@ struct NormalMatrix {
         cofactors = {minor(5, 6, 9, 10),  -minor(4, 6, 8, 10), minor(4, 5, 8, 9),
                      -minor(1, 2, 9, 10), minor(0, 2, 8, 10),  -minor(0, 1, 8, 9),
                      minor(1, 2, 5, 6),   -minor(0, 2, 4, 6),  minor(0, 1, 4, 5)};
-        const bool mirrors = m[0] * cofactors[0] + m[1] * cofactors[1] + m[2] * cofactors[2] < 0;
         // the size does not matter: keep extreme matrices within range
         double largest = 0.0;
         for (const double c : cofactors) {
             largest = std::max(largest, std::abs(c));
         }
-        const double factor = (mirrors ? -1.0 : 1.0) / (largest > 0 ? largest : 1.0);
+        const double factor = (mirrors(m) ? -1.0 : 1.0) / (largest > 0 ? largest : 1.0);
         for (double& c : cofactors) {
             c *= factor;
         }

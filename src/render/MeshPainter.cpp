@@ -8,7 +8,8 @@ namespace korvane {
 
 namespace {
 
-/// Meshes whose front faces average less than this many pixels are dense.
+/// Meshes whose front faces average less than this many pixels, or most of which have less, are
+/// dense.
 constexpr double denseFacePixels = 12.0;
 
 /// The products of the two edges of each triangle of the fan that starts at the first corner,

@@ -1,8 +1,8 @@
 #include "render/TThreeDWinFrame.h"
 
 #include "app/DevicePixels.h"
-#include "render/GlContext.h"
 #include "app/MouseEvents.h"
+#include "render/GlContext.h"
 #include "render/StartCamera.h"
 #include "render/TGlPanel.h"
 #include "ui_TThreeDWinFrame.h"

@@ -5,8 +5,8 @@
 
 #include <QCommandLineParser>
 
-#include <cstdio>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #ifdef __GLIBC__

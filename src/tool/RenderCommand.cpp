@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 namespace korvane::tool {
 

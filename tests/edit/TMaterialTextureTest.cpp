@@ -167,11 +167,6 @@ TEST_F(TMaterialTextureTest, ADragThatIsNotFinishedLeavesNoTrace) {
     EXPECT_EQ(history.position(), 0);
 }
 
-/// A name as a model file keeps it whole.
-std::string withBackslashes(QString name) {
-    return name.replace(u'/', u'\\').toStdString();
-}
-
 TEST_F(TMaterialTextureTest, ATextureIsLoadedShownAndRecorded) {
     // a top-down picture of 2 x 1 pixels
     std::string tga(18, '\0');
@@ -186,7 +181,7 @@ TEST_F(TMaterialTextureTest, ATextureIsLoadedShownAndRecorded) {
         control<QAction>("mopen").trigger();
         EXPECT_EQ(control<QGroupBox>("texname").title(), QStringLiteral("Texture - [ good.tga ]"));
         EXPECT_EQ(control<QLabel>("size").text(), QStringLiteral("( 2 x 1 )"));
-        EXPECT_EQ(document.Materials[0].TextureFile, withBackslashes(good));
+        EXPECT_EQ(document.Materials[0].TextureFile, good.toStdString());
         EXPECT_EQ(document.Materials[0].TextureImage, textureDialog.loadedImage()) << "taken over";
         answerTexture(other, QDialog::Rejected);
         control<QAction>("mopen").trigger();
@@ -197,7 +192,7 @@ TEST_F(TMaterialTextureTest, ATextureIsLoadedShownAndRecorded) {
         control<QAction>("mopen").trigger();
         EXPECT_EQ(control<QLabel>("size").text(), QStringLiteral("( 1 x 1 )"));
     });
-    EXPECT_EQ(document.Materials[0].TextureFile, withBackslashes(other));
+    EXPECT_EQ(document.Materials[0].TextureFile, other.toStdString());
     EXPECT_EQ(history.position(), 1);
     EXPECT_EQ(edits, 2);
     history.undo(document);

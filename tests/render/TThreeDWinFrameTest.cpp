@@ -1,7 +1,7 @@
 #include "render/TThreeDWinFrame.h"
 
-#include "model/TMDIChild.h"
 #include "app/DevicePixels.h"
+#include "model/TMDIChild.h"
 #include "render/TImage.h"
 #include "support/GuiTest.h"
 
