@@ -1,5 +1,4 @@
-#include "model/FrameWalk.h"
-#include "model/ModelDocument.h"
+#include "support/FrameMaking.h"
 #include "support/RandomModel.h"
 
 #include <gtest/gtest.h>
@@ -7,12 +6,7 @@
 namespace korvane {
 namespace {
 
-FrameRecord named(const char* name, std::vector<FrameRecord> children = {}) {
-    FrameRecord frame;
-    frame.Name = name;
-    frame.Children = std::move(children);
-    return frame;
-}
+using test::named;
 
 /// The names in the order in which the document's cursor meets them.
 std::string cursorOrder(ModelDocument& document) {
