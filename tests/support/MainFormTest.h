@@ -3,8 +3,10 @@
 #include "app/EditorForms.h"
 #include "model/TMDIChild.h"
 #include "support/GuiTest.h"
+#include "support/Words.h"
 
 #include <QAction>
+#include <QTreeView>
 
 #include <memory>
 
@@ -21,6 +23,26 @@ class MainFormTest : public GuiTest {
     }
 
     [[nodiscard]] TMainForm& form() const { return forms_->mainForm; }
+    /// The active document window.
+    [[nodiscard]] TMDIChild& window() const { return *form().activeDocument(); }
+    [[nodiscard]] ModelDocument& document() const { return *window().document(); }
+    [[nodiscard]] QTreeView& tree() const { return child<QTreeView>(window(), "TreeView1"); }
+
+    /// The node that texts lead to from the top level of the tree.
+    [[nodiscard]] QModelIndex node(const QStringList& texts) const {
+        QModelIndex at;
+        for (const QString& text : texts) {
+            const QModelIndexList found = tree().model()->match(
+                tree().model()->index(0, 0, at), Qt::DisplayRole, text, 1, Qt::MatchExactly);
+            if (found.isEmpty()) {
+                throw std::runtime_error("no node " + text.toStdString());
+            }
+            at = found.front();
+        }
+        return at;
+    }
+    void select(const QStringList& texts) const { tree().setCurrentIndex(node(texts)); }
+
     [[nodiscard]] QAction& action(const char* name) const { return child<QAction>(form(), name); }
 
     /// Triggers the command as a user can: not while it is disabled.
@@ -31,16 +53,13 @@ class MainFormTest : public GuiTest {
         settle();
     }
 
-    /// The names of those actions that are as asked, each followed by a blank.
+    /// Those names of actions that are as asked, each followed by a blank.
     template <class Holds>
-    [[nodiscard]] std::string namesOf(const std::initializer_list<const char*>& names,
-                                      Holds holds) const {
+    [[nodiscard]] std::string namesOf(const char* names, Holds holds) const {
         settle();
         std::string found;
-        for (const char* name : names) {
-            if ((action(name).*holds)()) {
-                found += std::string(name) + ' ';
-            }
+        for (const std::string& name : words(names)) {
+            found += (action(name.c_str()).*holds)() ? name + ' ' : "";
         }
         return found;
     }

@@ -4,7 +4,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QMouseEvent>
 #include <QPushButton>
 
 namespace korvane::test {
@@ -104,13 +103,6 @@ void MaterialTest::select(FacePart part) {
     const QModelIndex face = tree.model()->index(static_cast<int>(part.face), 0);
     tree.setCurrentIndex(
         part.vertex == 0 ? face : tree.model()->index(static_cast<int>(part.vertex) - 1, 0, face));
-}
-
-void MaterialTest::move(QPoint at) {
-    // with the button held down, which the test library's own moves do not tell
-    QMouseEvent event(QEvent::MouseMove, QPointF(at), QPointF(view().mapToGlobal(at)), Qt::NoButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&view(), &event);
 }
 
 } // namespace korvane::test

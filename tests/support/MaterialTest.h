@@ -47,7 +47,7 @@ class MaterialTest : public GuiTest {
     void select(FacePart part);
     /// Presses, moves and releases the left button in the texture view.
     void press(QPoint at) { QTest::mousePress(&view(), Qt::LeftButton, Qt::NoModifier, at); }
-    void move(QPoint at);
+    void move(QPoint at) { moveHolding(view(), at); }
     void release(QPoint at) { QTest::mouseRelease(&view(), Qt::LeftButton, Qt::NoModifier, at); }
     [[nodiscard]] QWidget& view() { return control<QWidget>("Image1"); }
 
