@@ -49,20 +49,6 @@ struct Board {
     const PlaneColors colors;
 };
 
-TEST(PlaneMapping, PlanesShowTheWorldAsTold) {
-    const Vec3 p = {2, 3, 5};
-    EXPECT_EQ(toPlane(ViewPlane::XY, p), (PlanePoint{-2, 3}));
-    EXPECT_EQ(toPlane(ViewPlane::XZ, p), (PlanePoint{-2, 5}));
-    EXPECT_EQ(toPlane(ViewPlane::ZY, p), (PlanePoint{5, 3}));
-    EXPECT_EQ(toWorld(ViewPlane::XY, {2, 3}), (Vec3{-2, 3, 0}));
-    EXPECT_EQ(toWorld(ViewPlane::XZ, {2, 3}), (Vec3{-2, 0, 3}));
-    EXPECT_EQ(toWorld(ViewPlane::ZY, {2, 3}), (Vec3{0, 3, 2}));
-    const PlaneMapping mapping = {ViewPlane::XY, 50, 40, {1, 2}, 10};
-    EXPECT_EQ(mapping.screenX(3), 90);
-    EXPECT_EQ(mapping.screenY(-1), 30);
-    EXPECT_EQ(mapping.under(90, 30), (PlanePoint{3, -1}));
-}
-
 TEST(PlaneView, FramesShowWhereTheirWorldMatrixPutsThem) {
     Board board;
     board.document.Root.Children.push_back(squareAt(1, 2, 3));
