@@ -1,5 +1,6 @@
 #include "support/EditLadder.h"
 
+#include "model/StructureTree.h"
 #include "support/FrameMaking.h"
 #include "support/RandomEdits.h"
 #include "support/RandomModel.h"
@@ -86,6 +87,34 @@ TEST(EditLadder, RandomSequences) {
             }
         }
         ASSERT_EQ(ladder.climb(), "") << "seed " << seed;
+    }
+}
+
+/// What the tree shows of a document, and where its frames are.
+std::pair<std::string, std::vector<Matrix4>> shown(ModelDocument& document) {
+    std::pair<std::string, std::vector<Matrix4>> all;
+    const StructureTree tree(document);
+    for (const StructureNode& node : tree.nodes()) {
+        all.first += std::to_string(node.parent) + node.text + (node.deletable ? "-\n" : "\n");
+    }
+    for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+        all.second.push_back(walk.frame().Matrix);
+    }
+    return all;
+}
+
+TEST(EditLadder, WhatChangesIsRefreshed) {
+    for (std::uint32_t kind = 1; kind <= 23; ++kind) {
+        for (std::uint32_t seed = 1; seed <= 6; ++seed) {
+            ModelDocument document = comparableModel(100 * kind + seed);
+            EditHistory history;
+            test::RandomEdits(document, history, seed).make(static_cast<EditKind>(kind));
+            const auto [tree, places] = shown(document);
+            const RefreshFlags flags = history.undo(document);
+            const auto [treeBefore, placesBefore] = shown(document);
+            EXPECT_TRUE(flags.rebuildTree || tree == treeBefore) << kind;
+            EXPECT_TRUE(flags.refreshGeometry || places == placesBefore) << kind;
+        }
     }
 }
 

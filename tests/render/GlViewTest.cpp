@@ -271,6 +271,7 @@ TEST_F(GlViewTest, TheOrderOfTranslucentFramesHidesNone) {
 TEST_F(GlViewTest, ColoursOfWiresGoByTheSelection) {
     Scene scene({plain(1, 1, 1)});
     addSquare(scene.mesh(), 3, 0);
+    addSquare(scene.mesh(), 1, 0);
     scene.state.mode = RenderMode::Wireframe;
     const auto pixelsOf = [&](BitmapPixel color) {
         gl_.redraw(scene.document, scene.state);
@@ -283,10 +284,10 @@ TEST_F(GlViewTest, ColoursOfWiresGoByTheSelection) {
         {SelectState::Other, colors.unselected}};
     for (const auto& [state, color] : states) {
         scene.document.Root.SelectState = state;
-        EXPECT_NEAR(pixelsOf(color), 1064, 80) << "four lines";
+        EXPECT_NEAR(pixelsOf(color), 1064 + 1064 / 3, 100) << "four lines each";
     }
     scene.state.dots = true;
-    EXPECT_EQ(pixelsOf(colors.unselected), 4);
+    EXPECT_EQ(pixelsOf(colors.unselected), 8);
     // in the shaded modes the selected frame has a box, and nobody else
     scene.state.mode = RenderMode::FlatShading;
     scene.mesh().Faces.clear();
