@@ -30,7 +30,7 @@ class ClipboardCommands : public MainFormTest {
     void activate(qsizetype window) const {
         child<QMdiArea>(form(), "MDIArea").setActiveSubWindow(form().documents().at(window));
     }
-    void selectMaterials() const { select({QStringLiteral("Materials")}); }
+    void selectMaterials() const { select("Materials"); }
     [[nodiscard]] std::string enabled() const {
         return namesOf("EditCut EditCopy EditPaste", &QAction::isEnabled);
     }
@@ -48,31 +48,27 @@ class ClipboardCommands : public MainFormTest {
     }
 };
 
-const QString body = QStringLiteral("Frame frm-body");
-const QString mesh = QStringLiteral("Mesh body");
-const QString list = QStringLiteral("MeshMaterialList");
-
 TEST_F(ClipboardCommands, AreEnabledBySelectionAndContent) {
     const struct {
-        QStringList node;
+        std::string node;
         std::string withFrame;
         std::string withMaterials;
-    } rows[] = {{{body}, "EditCopy EditPaste ", "EditCopy "},
-                {{body, mesh}, "", ""},
-                {{body, mesh, list}, "EditCopy ", "EditCopy EditPaste "},
-                {{QStringLiteral("Materials")}, "EditCopy ", "EditCopy EditPaste "}};
-    select({body});
+    } rows[] = {{bodyNode, "EditCopy EditPaste ", "EditCopy "},
+                {bodyMesh, "", ""},
+                {bodyMaterials, "EditCopy ", "EditCopy EditPaste "},
+                {"Materials", "EditCopy ", "EditCopy EditPaste "}};
+    select(bodyNode);
     EXPECT_EQ(enabled(), "EditCopy "); // there is nothing to paste yet
     run("EditCopy");
     for (const auto& row : rows) {
         select(row.node);
-        EXPECT_EQ(enabled(), row.withFrame) << row.node.last().toStdString();
+        EXPECT_EQ(enabled(), row.withFrame) << row.node;
     }
     selectMaterials();
     run("EditCopy");
     for (const auto& row : rows) {
         select(row.node);
-        EXPECT_EQ(enabled(), row.withMaterials) << row.node.last().toStdString();
+        EXPECT_EQ(enabled(), row.withMaterials) << row.node;
     }
     for (TMDIChild* document : form().documents()) {
         document->close();
@@ -81,16 +77,15 @@ TEST_F(ClipboardCommands, AreEnabledBySelectionAndContent) {
 }
 
 TEST_F(ClipboardCommands, AFrameGoesFromWindowToWindowAndBackOutAgain) {
-    select({body});
+    select(bodyNode);
     run("EditCopy");
     activate(1);
     const std::string before = bytes();
-    select({body, QStringLiteral("Frame frm-wing")});
+    select(bodyNode + "/Frame frm-wing");
     run("EditPaste");
     EXPECT_EQ(document().Root.Children[0].Children.size(), 2U);
     EXPECT_EQ(document().Materials.size(), 4U);
-    select({body, QStringLiteral("Frame frm-wing"), body, mesh, list,
-            QStringLiteral("Material 4")}); // the tree shows it
+    select(bodyNode + "/Frame frm-wing/" + bodyMaterials + "/Material 4"); // the tree shows it
     EXPECT_TRUE(document().Modified);
     const std::string after = bytes();
     run("EditUndo1");
@@ -107,7 +102,7 @@ TEST_F(ClipboardCommands, MaterialsOutliveTheWindowTheyCameFrom) {
     run("EditCopy");
     window().close();
     settle();
-    select({body, mesh, list});
+    select(bodyMaterials);
     run("EditPaste");
     EXPECT_EQ(document().Root.Mesh.MaterialSlotList, (std::vector<std::int32_t>{0, 1, 2, 3}));
     run("EditUndo1");
@@ -119,7 +114,7 @@ TEST_F(ClipboardCommands, MaterialsOutliveTheWindowTheyCameFrom) {
 }
 
 TEST_F(ClipboardCommands, DamagedBlocksChangeNothing) {
-    select({body});
+    select(bodyNode);
     run("EditCopy");
     const QByteArray block = clipboardBlock();
     const std::string before = bytes();
@@ -162,7 +157,7 @@ class Counting : public QMimeData {
 };
 
 TEST_F(ClipboardCommands, TheClipboardIsAskedOnceForEachChange) {
-    select({body});
+    select(bodyNode);
     run("EditCopy");
     auto* counting = new Counting(clipboardBlock());
     QApplication::clipboard()->setMimeData(counting);
@@ -185,7 +180,7 @@ TEST_F(ClipboardCommands, TheClipboardIsAskedOnceForEachChange) {
 }
 
 TEST_F(ClipboardCommands, KeysWorkInTheTreeAndBelongToATextFieldThatHasTheFocus) {
-    select({body});
+    select(bodyNode);
     tree().setFocus();
     settle();
     QTest::keyClick(&tree(), Qt::Key_C, Qt::ControlModifier);
@@ -194,12 +189,12 @@ TEST_F(ClipboardCommands, KeysWorkInTheTreeAndBelongToATextFieldThatHasTheFocus)
     settle();
     QTest::keyClick(&tree(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(document().Root.Children.size(), 2U);
-    select({body, mesh}); // which cannot be copied: neither is its text
+    select(bodyMesh); // which cannot be copied: neither is its text
     settle();
     QTest::keyClick(&tree(), Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(clipboardBlock(), block);
 
-    select({body});
+    select(bodyNode);
     QLineEdit field(QStringLiteral("some text"), window().widget());
     field.show();
     field.setFocus();

@@ -63,14 +63,12 @@ class StructureEditing : public MainFormTest {
 };
 
 TEST_F(StructureEditing, FramesAreAddedRenamedAndDeletedAndAllOfItTakenBack) {
-    const QStringList top = {tree().model()->index(0, 0).data().toString()};
     std::vector<std::string> rungs = {bytes()};
     const auto rung = [&] { rungs.push_back(bytes()); };
-    select(top);
+    select(bodyNode);
     press("AddButton");
     rung();
-    const QStringList added = top + QStringList(QStringLiteral("Frame frm-"));
-    select(added);
+    select(bodyNode + "/Frame frm-");
     answerRename(QStringLiteral("Fin 2"), QStringLiteral("a blank"));
     press("RenameButton");
     rung();
@@ -80,7 +78,7 @@ TEST_F(StructureEditing, FramesAreAddedRenamedAndDeletedAndAllOfItTakenBack) {
     rung();
     press("DeleteButton");
     rung();
-    EXPECT_EQ(selected(), top[0]); // the parent
+    EXPECT_EQ(selected(), QStringLiteral("Frame frm-body")) << "the parent";
     EXPECT_TRUE(document().Modified);
     for (int time = 0; time < 2; ++time) {
         for (std::size_t i = rungs.size() - 1; i > 0; --i) {
@@ -98,11 +96,11 @@ TEST_F(StructureEditing, FramesAreAddedRenamedAndDeletedAndAllOfItTakenBack) {
 }
 
 TEST_F(StructureEditing, TheFrameThatUndoSelectsIsShown) {
-    const QStringList wing = {QStringLiteral("Frame frm-body"), QStringLiteral("Frame frm-wing")};
-    select(wing + QStringList(QStringLiteral("Frame frm-tip")));
+    const std::string wing = bodyNode + "/Frame frm-wing";
+    select(wing + "/Frame frm-tip");
     answerRename(QStringLiteral("end"), {});
     press("RenameButton");
-    select({QStringLiteral("Materials")});
+    select("Materials");
     tree().collapseAll();
     run("EditUndo1");
     EXPECT_EQ(selected(), QStringLiteral("Frame frm-tip"));
@@ -111,8 +109,7 @@ TEST_F(StructureEditing, TheFrameThatUndoSelectsIsShown) {
 }
 
 TEST_F(StructureEditing, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
-    const QStringList body = {QStringLiteral("Frame frm-body")};
-    select(body);
+    select(bodyNode);
     const FrameRecord& frame = document().Root;
     const std::string meshBoxes = "BackwardsBox EmissiveBox MaterialBox NormalsBox TexCoordsBox "
                                   "VertexColorsBox FlameBox GFlagBox AnimationBox ";
@@ -120,7 +117,7 @@ TEST_F(StructureEditing, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
     press("EditButton");
     EXPECT_FALSE(frame.HasMesh);
     EXPECT_FALSE(window().canUndo());
-    EXPECT_EQ(tree().model()->rowCount(node(body)), 1); // the tree tells of it all the same
+    EXPECT_EQ(tree().model()->rowCount(node(bodyNode)), 1); // the tree tells of it all the same
     answerFrameOptions({"MeshBox", "MaterialBox", "VertexColorsBox"}, "BasePoseBox TexCoordsBox ",
                        true);
     press("EditButton");
@@ -133,34 +130,28 @@ TEST_F(StructureEditing, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
 }
 
 TEST_F(StructureEditing, MaterialsComeAndGoAndTheTreeStaysOpen) {
-    const QString root = QStringLiteral("Frame frm-body");
-    const QStringList list = {root, QStringLiteral("Mesh body"),
-                              QStringLiteral("MeshMaterialList")};
     tree().expandAll();
     const std::size_t materials = document().Materials.size();
-    select(list);
+    select(bodyMaterials);
     press("AddButton");
-    EXPECT_EQ(selected(), list.back());
-    EXPECT_TRUE(tree().isExpanded(node(list)));
-    EXPECT_EQ(tree().model()->rowCount(node(list)), 3);
-    tree().setCurrentIndex(tree().model()->index(2, 0, node(list)));
+    EXPECT_EQ(selected(), QStringLiteral("MeshMaterialList"));
+    EXPECT_TRUE(tree().isExpanded(node(bodyMaterials)));
+    EXPECT_EQ(tree().model()->rowCount(node(bodyMaterials)), 3);
+    tree().setCurrentIndex(tree().model()->index(2, 0, node(bodyMaterials)));
     press("DeleteButton");
     EXPECT_EQ(tree().currentIndex().row(), 1); // the last slot there is
-    select({QStringLiteral("Materials")});
+    select("Materials");
     press("AddButton");
     EXPECT_EQ(document().Materials.size(), materials + 2);
-    tree().setCurrentIndex(tree().model()->index(static_cast<int>(materials) + 1, 0,
-                                                 node({QStringLiteral("Materials")})));
+    tree().setCurrentIndex(
+        tree().model()->index(static_cast<int>(materials) + 1, 0, node("Materials")));
     press("DeleteButton");
     EXPECT_EQ(document().Materials.size(), materials + 1);
     EXPECT_EQ(selected(), QStringLiteral("Material %1").arg(materials + 1));
 }
 
 TEST_F(StructureEditing, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
-    const QStringList root = {QStringLiteral("Frame frm-body")};
-    const auto child = [&](int i) {
-        return root + QStringList(QStringLiteral("Frame frm-%1").arg(i));
-    };
+    const auto child = [&](int i) { return bodyNode + "/Frame frm-" + std::to_string(i); };
     document().Root.Children.resize(400);
     for (int i = 0; i < 400; ++i) {
         FrameRecord& frame = document().Root.Children[static_cast<std::size_t>(i)];
@@ -168,9 +159,9 @@ TEST_F(StructureEditing, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
         frame.Children.resize(1);
     }
     ModelDocument::refreshPaths(document().Root, 0);
-    select(root);
+    select(bodyNode);
     press("AddButton"); // shows what the test has made
-    EXPECT_TRUE(tree().isExpanded(node(root)));
+    EXPECT_TRUE(tree().isExpanded(node(bodyNode)));
     tree().expand(node(child(1)));
     select(child(0));
     press("DeleteButton");
@@ -181,7 +172,7 @@ TEST_F(StructureEditing, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
     EXPECT_TRUE(tree().isExpanded(node(child(1))));
 
     // an edit of a frame that is out of sight leaves the view where it is; a new selection shows
-    select(root);
+    select(bodyNode);
     QScrollBar& bar = *tree().verticalScrollBar();
     settle();
     bar.setValue(20);
@@ -196,12 +187,10 @@ TEST_F(StructureEditing, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
 
 TEST_F(StructureEditing, OpeningAllOpensAll) {
     tree().collapseAll();
-    select({QStringLiteral("Frame frm-body")});
+    select(bodyNode);
     QTest::keyClick(&tree(), Qt::Key_Asterisk);
     settle();
-    EXPECT_TRUE(
-        tree().isExpanded(node({QStringLiteral("Frame frm-body"), QStringLiteral("Mesh body"),
-                                QStringLiteral("MeshMaterialList")})));
+    EXPECT_TRUE(tree().isExpanded(node(bodyMaterials)));
     int rows = 0;
     for (QModelIndex at = tree().model()->index(0, 0); at.isValid(); at = tree().indexBelow(at)) {
         ++rows;
@@ -211,7 +200,7 @@ TEST_F(StructureEditing, OpeningAllOpensAll) {
 
 TEST_F(StructureEditing, NamesAreOnOneLineAndLeftAloneOnesKeepTheirBytes) {
     FrameRecord& frame = document().Root;
-    select({QStringLiteral("Frame frm-body")});
+    select(bodyNode);
     answerRename(QStringLiteral("Wing\nTip\x85\u2028"), {});
     press("RenameButton");
     EXPECT_EQ(frame.Name, "wingtip");
@@ -229,9 +218,7 @@ TEST_F(StructureEditing, NamesAreOnOneLineAndLeftAloneOnesKeepTheirBytes) {
 }
 
 TEST_F(StructureEditing, EditOpensTheMaterialEditorOnWhatIsSelected) {
-    const QStringList list = {QStringLiteral("Frame frm-body"), QStringLiteral("Mesh body"),
-                              QStringLiteral("MeshMaterialList")};
-    const auto edit = [&](const QStringList& at, const std::function<void(QWidget&)>& steps) {
+    const auto edit = [&](const std::string& at, const std::function<void(QWidget&)>& steps) {
         select(at);
         settle();
         answer([&](QWidget& editor) {
@@ -245,27 +232,26 @@ TEST_F(StructureEditing, EditOpensTheMaterialEditorOnWhatIsSelected) {
     const auto current = [](QWidget& editor) {
         return child<QComboBox>(editor, "ComboBox1").currentText();
     };
-    edit(list + QStringList(QStringLiteral("Material 2")), [&](QWidget& editor) {
+    edit(bodyMaterials + "/Material 2", [&](QWidget& editor) {
         EXPECT_EQ(current(editor), QStringLiteral("Material 2"));
         EXPECT_EQ(document().Root.Mesh.CurrentSlot, 1);
     });
-    const QStringList table = {QStringLiteral("Materials")};
-    edit(table + QStringList(QStringLiteral("Material 2")), [&](QWidget& editor) {
+    edit("Materials/Material 2", [&](QWidget& editor) {
         EXPECT_EQ(current(editor), QStringLiteral("Material 2"));
         EXPECT_FALSE(child<QListWidget>(editor, "CheckListBox1").isEnabled());
     });
     // the tree follows the slots, the 3D view each edit
     window().setDrawingInterface(DrawApi::Software); // draws at once
     TImage& image = child<TImage>(window(), "Image1");
-    edit(list, [&](QWidget& editor) {
+    edit(bodyMaterials, [&](QWidget& editor) {
         const QImage before = image.picture().copy();
         child<QSlider>(editor, "opacitybar").setValue(20);
         EXPECT_NE(image.picture(), before);
         child<QListWidget>(editor, "CheckListBox1").item(0)->setCheckState(Qt::Unchecked);
     });
-    EXPECT_EQ(tree().model()->rowCount(node(list)), 1);
+    EXPECT_EQ(tree().model()->rowCount(node(bodyMaterials)), 1);
     run("EditUndo1");
-    EXPECT_EQ(tree().model()->rowCount(node(list)), 2);
+    EXPECT_EQ(tree().model()->rowCount(node(bodyMaterials)), 2);
 }
 
 } // namespace

@@ -12,6 +12,11 @@
 
 namespace korvane::test {
 
+// Nodes of the small model.
+inline const std::string bodyNode = "Frame frm-body";
+inline const std::string bodyMesh = bodyNode + "/Mesh body";
+inline const std::string bodyMaterials = bodyMesh + "/MeshMaterialList";
+
 /// A test of the running program: the main frame with its dialogs.
 class MainFormTest : public GuiTest {
   protected:
@@ -28,20 +33,20 @@ class MainFormTest : public GuiTest {
     [[nodiscard]] ModelDocument& document() const { return *window().document(); }
     [[nodiscard]] QTreeView& tree() const { return child<QTreeView>(window(), "TreeView1"); }
 
-    /// The node that texts lead to from the top level of the tree.
-    [[nodiscard]] QModelIndex node(const QStringList& texts) const {
+    /// The node of the tree that texts with "/" between them lead to from the top level.
+    [[nodiscard]] QModelIndex node(const std::string& path) const {
         QModelIndex at;
-        for (const QString& text : texts) {
+        for (const QString& text : QString::fromStdString(path).split(u'/')) {
             const QModelIndexList found = tree().model()->match(
                 tree().model()->index(0, 0, at), Qt::DisplayRole, text, 1, Qt::MatchExactly);
             if (found.isEmpty()) {
-                throw std::runtime_error("no node " + text.toStdString());
+                throw std::runtime_error("no node " + path);
             }
             at = found.front();
         }
         return at;
     }
-    void select(const QStringList& texts) const { tree().setCurrentIndex(node(texts)); }
+    void select(const std::string& path) const { tree().setCurrentIndex(node(path)); }
 
     [[nodiscard]] QAction& action(const char* name) const { return child<QAction>(form(), name); }
 
