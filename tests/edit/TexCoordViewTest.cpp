@@ -54,8 +54,7 @@ TexCoordView viewOf(std::int32_t width, std::int32_t height, std::int32_t zoom =
     TexCoordView view;
     view.setViewSize(256, 256);
     view.setTextureSize(width, height);
-    while (view.zoom() < zoom) {
-        view.zoomIn();
+    while (view.zoom() < zoom && view.zoomIn()) {
     }
     view.setOffsets(offsetX, offsetY);
     return view;

@@ -14,7 +14,7 @@ std::string cursorOrder(ModelDocument& document) {
     document.ResetRenderList();
     do {
         names += document.GetFramePtr()->Name + "<" + document.GetParentPtr()->Name + " ";
-    } while (document.IncRenderList());
+    } while (document.IncRenderList() && names.size() < 1000);
     return names;
 }
 
