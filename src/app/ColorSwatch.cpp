@@ -3,7 +3,6 @@
 #include <QColorDialog>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
 
 namespace korvane {
 

@@ -30,8 +30,9 @@ bool EditorApplication::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception&) {
-        // Only memory that ran out gets here. By now what asked for it is gone and most of it is
-        // free again, so that the user can be told and can save.
+        // Only memory that ran out gets here, or a copy that no clipboard block can hold. By now
+        // what asked for it is gone and most of it is free again, so that the user can be told and
+        // can save.
         QMessageBox::critical(activeWindow(), applicationName(),
                               QStringLiteral("There is not enough memory for this command."));
     }

@@ -16,6 +16,7 @@ QList<QRect> tileRects(const QSize& area, int count, Qt::Orientation orientation
 void cascadeWindows(QMdiArea& area);
 /// Tiles the windows that are not minimised.
 void tileWindows(QMdiArea& area, Qt::Orientation orientation);
+/// Minimises all windows.
 void minimizeWindows(QMdiArea& area);
 /// Lines the minimised windows up along the lower edge, from the left, further rows above.
 void arrangeMinimized(QMdiArea& area);

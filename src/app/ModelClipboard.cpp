@@ -1,5 +1,7 @@
 #include "app/ModelClipboard.h"
 
+#include "formats/ByteReader.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -29,11 +31,6 @@ QString contentFormat() {
 }
 
 constexpr qsizetype contentSize = 4;
-
-std::optional<ClipboardContent> contentIn(const QByteArray& bytes) {
-    return contentOf({reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                      static_cast<std::size_t>(bytes.size())});
-}
 
 } // namespace
 
@@ -70,8 +67,8 @@ void ModelClipboard::ask() {
     answered_ = !formats.isEmpty();
     content_.reset();
     if (formats.contains(blockFormat())) {
-        content_ = contentIn(
-            data->data(formats.contains(contentFormat()) ? contentFormat() : blockFormat()));
+        content_ = contentOf(bytesOf(
+            data->data(formats.contains(contentFormat()) ? contentFormat() : blockFormat())));
     }
 }
 

@@ -13,16 +13,18 @@ TColorOptions::TColorOptions(QWidget* parent)
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 
-    const std::pair<ColorSwatch*, QColor> defaults[] = {
-        {ui_->ThreeDWinColorEdit, QColor(0, 0, 0)},
-        {ui_->WireRenderSelectedEdit, QColor(255, 0, 0)},
-        {ui_->WireRenderSelectedChildEdit, QColor(0, 255, 0)},
-        {ui_->WireRenderUnselectedEdit, QColor(0, 0, 255)},
-        {ui_->TwoDWinColorEdit, QColor(255, 255, 255)},
-        {ui_->WorldAxesEdit, QColor(0, 128, 128)},
-        {ui_->ObjAxesEdit, QColor(255, 255, 0)}};
+    const ViewColors view;
+    const PlaneColors planes;
+    const std::pair<ColorSwatch*, BitmapPixel> defaults[] = {
+        {ui_->ThreeDWinColorEdit, view.background},
+        {ui_->WireRenderSelectedEdit, view.selected},
+        {ui_->WireRenderSelectedChildEdit, view.selectedChild},
+        {ui_->WireRenderUnselectedEdit, view.unselected},
+        {ui_->TwoDWinColorEdit, planes.frames.background},
+        {ui_->WorldAxesEdit, planes.worldAxes},
+        {ui_->ObjAxesEdit, planes.objectAxes}};
     for (const auto& [swatch, color] : defaults) {
-        swatch->setColor(color);
+        swatch->setColor(QColor::fromRgb(color));
     }
 
     const std::pair<ColorSwatch*, void (TColorOptions::*)()> handlers[] = {

@@ -20,6 +20,7 @@
 #include <QMimeData>
 #include <QOpenGLWidget>
 #include <QStatusTipEvent>
+#include <QWindow>
 
 #include <exception>
 #include <utility>
@@ -65,6 +66,7 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     setIcons();
     setUpToolBar();
     connectActions();
+    connectEvents();
     setWindowState(Qt::WindowMaximized);
 }
 
@@ -140,7 +142,9 @@ void TMainForm::connectActions() {
     }
     // shortcuts work wherever the focus is, whether or not their items show
     addActions({ui_->FileNew1, ui_->FileOpen1, ui_->EditCut, ui_->EditCopy, ui_->EditPaste});
+}
 
+void TMainForm::connectEvents() {
     connect(ui_->Window1, &QMenu::aboutToShow, this,
             [this] { windowList_.refresh(*this, *ui_->Window1); });
     connect(ui_->MDIArea, &QMdiArea::subWindowActivated, this, &TMainForm::showStatus);
@@ -324,7 +328,8 @@ void TMainForm::MainFormActivate() {
 }
 
 void TMainForm::idle() {
-    if (isVisible()) {
+    // by the time it is on the screen the frame is maximised: models open in their final size
+    if (isVisible() && windowHandle()->isExposed()) {
         scheduleFirstActivation();
     }
     // an action leaves its items and buttons alone when it is told what it already is

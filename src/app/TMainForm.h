@@ -101,6 +101,7 @@ class TMainForm : public QMainWindow {
     void MainFormActivate();
 
     void connectActions();
+    void connectEvents();
     void setIcons();
     void setUpToolBar();
     /// Runs the update handlers; called whenever the event loop is about to wait.

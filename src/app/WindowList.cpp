@@ -1,6 +1,7 @@
 #include "app/WindowList.h"
 
 #include "app/TMainForm.h"
+#include "app/WidgetText.h"
 #include "model/TMDIChild.h"
 
 #include <QMdiArea>
@@ -13,11 +14,10 @@ namespace {
 QAction* addItem(QMenu& menu, int number, TMDIChild& document) {
     constexpr int widest = 480;
     constexpr int lastDigit = 9; // the first nine can be chosen by their digit
-    QString text =
+    const QString text =
         menu.fontMetrics().elidedText(document.document()->FileName, Qt::ElideMiddle, widest);
-    text.replace(u'&', QStringLiteral("&&"));
     const QString mnemonic = number <= lastDigit ? QStringLiteral("&") : QString();
-    QAction* item = menu.addAction(mnemonic + QString::number(number) + u' ' + text);
+    QAction* item = menu.addAction(mnemonic + QString::number(number) + u' ' + captionOf(text));
     item->setObjectName(QStringLiteral("WindowItem%1").arg(number));
     item->setStatusTip(QStringLiteral("Go to this window"));
     item->setCheckable(true);

@@ -24,6 +24,7 @@ struct CopiedFrame {
     std::vector<MaterialRecord> materials;
 };
 
+/// Materials in the order in which they were copied.
 using CopiedMaterials = std::vector<MaterialRecord>;
 
 /// What a block holds when it has been read.

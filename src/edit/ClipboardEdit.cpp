@@ -13,12 +13,6 @@ namespace {
 
 using Image = std::shared_ptr<const TextureImage>;
 
-/// The frame that the selection is or belongs to, or null.
-const FrameRecord* selectedFrame(const ModelDocument& document) {
-    const std::optional<FramePath>& path = document.Selected.Frame;
-    return path ? frameAt(document.Root, path->childNumbers()) : nullptr;
-}
-
 /// The numbers of the materials that Copy takes from the selection; some may lead nowhere.
 std::vector<std::int32_t> selectedNumbers(const ModelDocument& document) {
     const NodeData& selected = document.Selected;
@@ -30,7 +24,7 @@ std::vector<std::int32_t> selectedNumbers(const ModelDocument& document) {
         std::iota(all.begin(), all.end(), 0);
         return all;
     }
-    const FrameRecord* frame = selectedFrame(document);
+    const FrameRecord* frame = document.selectedFrame();
     if (frame == nullptr || selected.NodeKind == NodeKind::MeshMaterialList) {
         return frame == nullptr ? std::vector<std::int32_t>() : frame->Mesh.MaterialSlotList;
     }
@@ -114,7 +108,7 @@ bool canPaste(NodeKind selected, ClipboardContent content) {
 
 QByteArray copySelection(const ModelDocument& document) {
     if (document.Selected.NodeKind == NodeKind::Frame) {
-        const FrameRecord* frame = selectedFrame(document);
+        const FrameRecord* frame = document.selectedFrame();
         return frame == nullptr ? QByteArray() : encodeFrame(*frame, document.Materials);
     }
     return canCopy(document.Selected.NodeKind) ? encodeMaterials(selectedMaterials(document))

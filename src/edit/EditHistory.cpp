@@ -47,10 +47,6 @@ std::size_t deepest(const FrameRecord& top) {
     return depth;
 }
 
-std::int32_t count(std::size_t size) {
-    return static_cast<std::int32_t>(size);
-}
-
 } // namespace
 
 RefreshFlags EditHistory::step(ModelDocument& document, EditAction& action, bool forward,
@@ -115,12 +111,12 @@ void EditHistory::selectFrameOf(ModelDocument& document, const EditAction& actio
     }
 }
 
-template <class Value>
+template <class Get, class Value>
 void EditHistory::materialValue(ModelDocument& document, EditKind kind, std::size_t material,
-                                Value before, Value after) {
+                                Get before, Value after) {
     if (material < document.Materials.size()) {
         EditAction action = materialAction(kind, material);
-        action.before = std::move(before);
+        action.before = before(document.Materials[material]);
         action.after = std::move(after);
         record(document, std::move(action));
     }
@@ -135,17 +131,6 @@ void EditHistory::frameValue(ModelDocument& document, EditAction action, Value b
         record(document, std::move(action));
     }
 }
-
-namespace {
-
-/// A copy of a value of a material, or of a new one's where there is none of that number.
-template <class Get>
-auto oldValue(const ModelDocument& document, std::size_t material, Get get) {
-    return material < document.Materials.size() ? get(document.Materials[material])
-                                                : get(MaterialRecord());
-}
-
-} // namespace
 
 void EditHistory::textureFile(ModelDocument& document, std::size_t material, std::string name,
                               std::shared_ptr<const TextureImage> image) {
@@ -163,50 +148,47 @@ void EditHistory::textureFile(ModelDocument& document, std::size_t material, std
 }
 
 void EditHistory::ambient(ModelDocument& document, std::size_t material, const ColorRGB& color) {
-    materialValue(document, EditKind::Ambient, material,
-                  oldValue(document, material, [](const MaterialRecord& m) { return m.Ambient; }),
-                  color);
+    materialValue(
+        document, EditKind::Ambient, material, [](const auto& m) { return m.Ambient; }, color);
 }
 
 void EditHistory::faceColor(ModelDocument& document, std::size_t material, const ColorRGB& color) {
-    const auto faceColorOf = [](const MaterialRecord& m) -> ColorRGB {
-        return {m.FaceColor.red, m.FaceColor.green, m.FaceColor.blue};
+    const auto withoutAlpha = [](const MaterialRecord& m) {
+        return ColorRGB{m.FaceColor.red, m.FaceColor.green, m.FaceColor.blue};
     };
-    materialValue(document, EditKind::FaceColor, material,
-                  oldValue(document, material, faceColorOf), color);
+    materialValue(document, EditKind::FaceColor, material, withoutAlpha, color);
 }
 
 void EditHistory::specular(ModelDocument& document, std::size_t material, const ColorRGB& color) {
-    materialValue(document, EditKind::Specular, material,
-                  oldValue(document, material, [](const MaterialRecord& m) { return m.Specular; }),
-                  color);
+    materialValue(
+        document, EditKind::Specular, material, [](const auto& m) { return m.Specular; }, color);
 }
 
 void EditHistory::emissive(ModelDocument& document, std::size_t material, const ColorRGB& color) {
-    materialValue(document, EditKind::Emissive, material,
-                  oldValue(document, material, [](const MaterialRecord& m) { return m.Emissive; }),
-                  color);
+    materialValue(
+        document, EditKind::Emissive, material, [](const auto& m) { return m.Emissive; }, color);
 }
 
 void EditHistory::opacity(ModelDocument& document, std::size_t material, float before,
                           float after) {
-    materialValue(document, EditKind::Opacity, material, before, after);
+    materialValue(
+        document, EditKind::Opacity, material, [before](const auto&) { return before; }, after);
 }
 
 void EditHistory::power(ModelDocument& document, std::size_t material, float before, float after) {
-    materialValue(document, EditKind::Power, material, before, after);
+    materialValue(
+        document, EditKind::Power, material, [before](const auto&) { return before; }, after);
 }
 
 void EditHistory::textureOn(ModelDocument& document, std::size_t material, bool on) {
     materialValue(
-        document, EditKind::TextureOn, material,
-        oldValue(document, material, [](const MaterialRecord& m) { return m.HasTexture; }), on);
+        document, EditKind::TextureOn, material, [](const auto& m) { return m.HasTexture; }, on);
 }
 
 void EditHistory::texCoords(ModelDocument& document, const FramePath& frame,
                             std::span<const std::int32_t> numbers, std::vector<Vec2> before,
                             std::vector<Vec2> after) {
-    std::vector<std::int32_t> extras = {count(numbers.size())};
+    std::vector<std::int32_t> extras = {sizeOf(numbers.size())};
     extras.insert(extras.end(), numbers.begin(), numbers.end());
     frameValue(document, frameAction(EditKind::TexCoords, frame, extras), std::move(before),
                std::move(after));
@@ -214,7 +196,7 @@ void EditHistory::texCoords(ModelDocument& document, const FramePath& frame,
 
 void EditHistory::faceSlot(ModelDocument& document, const FramePath& frame, std::int32_t face,
                            std::int32_t slot) {
-    const FrameRecord* target = frameAt(document.Root, frame.childNumbers());
+    const FrameRecord* target = frameAt(document.Root, frame);
     const auto number = static_cast<std::size_t>(face);
     if (target == nullptr) {
         return;
@@ -224,7 +206,7 @@ void EditHistory::faceSlot(ModelDocument& document, const FramePath& frame, std:
         frameValue(document, frameAction(EditKind::FaceSlot, frame, {{face}}), slots[number], slot);
     } else if (number < target->Mesh.Faces.size()) {
         frameValue<EditData>(document,
-                             frameAction(EditKind::FaceSlot, frame, {{face, count(slots.size())}}),
+                             frameAction(EditKind::FaceSlot, frame, {{face, sizeOf(slots.size())}}),
                              {}, slot);
     }
 }
@@ -235,7 +217,7 @@ void EditHistory::appendSlot(ModelDocument& document, const FramePath& frame,
 }
 
 void EditHistory::removeSlot(ModelDocument& document, const FramePath& frame, std::int32_t slot) {
-    const FrameRecord* target = frameAt(document.Root, frame.childNumbers());
+    const FrameRecord* target = frameAt(document.Root, frame);
     if (target != nullptr &&
         static_cast<std::size_t>(slot) < target->Mesh.MaterialSlotList.size()) {
         const std::int32_t extras[] = {0, slot, 0};
@@ -245,7 +227,7 @@ void EditHistory::removeSlot(ModelDocument& document, const FramePath& frame, st
 
 void EditHistory::addMeshMaterial(ModelDocument& document, const FramePath& frame) {
     frameValue<EditData>(document, frameAction(EditKind::AddMeshMaterial, frame), {},
-                         count(document.Materials.size()));
+                         sizeOf(document.Materials.size()));
 }
 
 void EditHistory::addMaterial(ModelDocument& document) {
@@ -255,7 +237,7 @@ void EditHistory::addMaterial(ModelDocument& document) {
 void EditHistory::deleteMaterial(ModelDocument& document, std::size_t material) {
     if (material < document.Materials.size()) {
         EditAction action = materialAction(EditKind::DeleteMaterial, 0);
-        action.path = {count(material)};
+        action.path = {sizeOf(material)};
         record(document, std::move(action));
     }
 }
@@ -266,17 +248,17 @@ void EditHistory::moveFrame(ModelDocument& document, const FramePath& frame, con
 }
 
 void EditHistory::renameFrame(ModelDocument& document, const FramePath& frame, std::string name) {
-    if (const FrameRecord* target = frameAt(document.Root, frame.childNumbers())) {
+    if (const FrameRecord* target = frameAt(document.Root, frame)) {
         frameValue(document, frameAction(EditKind::RenameFrame, frame), target->Name,
                    std::move(name));
     }
 }
 
 void EditHistory::addFrame(ModelDocument& document, const FramePath& parent, std::string name) {
-    const FrameRecord* target = frameAt(document.Root, parent.childNumbers());
+    const FrameRecord* target = frameAt(document.Root, parent);
     if (target != nullptr && parent.depth() < maxFrameDepth) {
         frameValue<EditData>(
-            document, frameAction(EditKind::AddFrame, parent, {{count(target->Children.size())}}),
+            document, frameAction(EditKind::AddFrame, parent, {{sizeOf(target->Children.size())}}),
             {}, std::move(name));
     }
 }
@@ -295,7 +277,7 @@ void EditHistory::deleteFrame(ModelDocument& document, const FramePath& frame) {
 
 void EditHistory::frameOptions(ModelDocument& document, const FramePath& frame,
                                const FrameFlags& before) {
-    if (const FrameRecord* target = frameAt(document.Root, frame.childNumbers())) {
+    if (const FrameRecord* target = frameAt(document.Root, frame)) {
         frameValue(document, frameAction(EditKind::FrameOptions, frame), before,
                    frameFlags(*target));
     }
@@ -303,16 +285,16 @@ void EditHistory::frameOptions(ModelDocument& document, const FramePath& frame,
 
 void EditHistory::pasteMaterials(ModelDocument& document, std::vector<MaterialRecord> materials) {
     EditAction action = materialAction(EditKind::PasteMaterials, document.Materials.size());
-    action.path = {count(materials.size())};
+    action.path = {sizeOf(materials.size())};
     action.after = parts(std::move(materials));
     record(document, std::move(action));
 }
 
 void EditHistory::pasteMeshMaterials(ModelDocument& document, const FramePath& frame,
                                      std::vector<MaterialRecord> materials) {
-    if (const FrameRecord* target = frameAt(document.Root, frame.childNumbers())) {
-        const std::int32_t extras[] = {count(materials.size()), count(document.Materials.size()),
-                                       count(target->Mesh.MaterialSlotList.size())};
+    if (const FrameRecord* target = frameAt(document.Root, frame)) {
+        const std::int32_t extras[] = {sizeOf(materials.size()), sizeOf(document.Materials.size()),
+                                       sizeOf(target->Mesh.MaterialSlotList.size())};
         frameValue<EditData>(document, frameAction(EditKind::PasteMeshMaterials, frame, extras), {},
                              parts(std::move(materials)));
     }
@@ -323,7 +305,7 @@ void EditHistory::pasteFrame(ModelDocument& document, const FramePath& parent, F
     if (parent.depth() + 1 + deepest(frame) > maxFrameDepth) {
         return;
     }
-    const std::int32_t extras[] = {count(materials.size()), count(document.Materials.size())};
+    const std::int32_t extras[] = {sizeOf(materials.size()), sizeOf(document.Materials.size())};
     std::vector<FrameRecord> frames;
     frames.push_back(std::move(frame));
     frameValue<EditData>(document, frameAction(EditKind::PasteFrame, parent, extras), {},

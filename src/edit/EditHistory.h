@@ -91,8 +91,8 @@ class EditHistory {
     }
     void record(ModelDocument& document, EditAction action, const TextureSource& textures);
     /// Records a value of a material or of the action's frame, if there is one.
-    template <class Value>
-    void materialValue(ModelDocument& document, EditKind kind, std::size_t material, Value before,
+    template <class Get, class Value>
+    void materialValue(ModelDocument& document, EditKind kind, std::size_t material, Get before,
                        Value after);
     template <class Value>
     void frameValue(ModelDocument& document, EditAction action, Value before, Value after);

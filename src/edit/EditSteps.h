@@ -9,6 +9,11 @@
 
 namespace korvane {
 
+/// A size as an entry keeps it.
+inline std::int32_t sizeOf(std::size_t size) {
+    return static_cast<std::int32_t>(size);
+}
+
 /// One entry on its way into or out of the model.
 struct EditStep {
     ModelDocument& document;

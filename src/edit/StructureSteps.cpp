@@ -15,10 +15,6 @@ auto at(std::vector<Element>& list, std::size_t place) {
     return list.begin() + static_cast<std::ptrdiff_t>(std::min(place, list.size()));
 }
 
-std::int32_t sizeOf(std::size_t size) {
-    return static_cast<std::int32_t>(size);
-}
-
 /// Takes a slot out of a mesh and moves the faces of it and of those above it one down. A face of
 /// slot 0 stays there, also when it is slot 0 that goes. Gives the faces moved.
 std::vector<std::int32_t> takeSlot(FrameRecord& frame, std::size_t slot) {
@@ -98,7 +94,7 @@ std::vector<FrameRecord> takeFrame(const EditStep& step, std::size_t position) {
     return taken;
 }
 
-/// Reads back what stepDeleteMaterial notes about one slot.
+/// What stepDeleteMaterial notes about a slot that it takes away.
 struct SlotNote {
     std::span<const std::int32_t> frame; ///< child numbers
     std::size_t slot;
@@ -115,6 +111,7 @@ void noteSlot(EditAction& action, std::span<const std::int32_t> frame, std::size
     ++action.index;
 }
 
+/// Reads the notes back.
 std::vector<SlotNote> slotNotes(const EditAction& action) {
     std::vector<SlotNote> notes;
     std::span<const std::int32_t> rest = std::span(action.path).subspan(1);

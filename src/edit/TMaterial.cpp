@@ -1,6 +1,6 @@
 #include "edit/TMaterial.h"
 
-#include "edit/CentreOnScreen.h"
+#include "app/CentreOnScreen.h"
 #include "edit/MaterialValues.h"
 #include "ui_TMaterial.h"
 
@@ -160,17 +160,21 @@ void TMaterial::fillSlots() {
     ui_->ComboBox1->addItems(texts);
 }
 
-void TMaterial::fillMaterials() {
-    const QScopedValueRollback<bool> filling(filling_, true);
-    const std::size_t count = subject_->document->Materials.size();
-    std::vector<bool> used(count);
+std::vector<bool> TMaterial::usedMaterials() const {
+    std::vector<bool> used(subject_->document->Materials.size());
     for (const std::int32_t material : mesh().MaterialSlotList) {
-        if (static_cast<std::size_t>(material) < count) {
+        if (static_cast<std::size_t>(material) < used.size()) {
             used[static_cast<std::size_t>(material)] = true;
         }
     }
+    return used;
+}
+
+void TMaterial::fillMaterials() {
+    const QScopedValueRollback<bool> filling(filling_, true);
+    const std::vector<bool> used = usedMaterials();
     ui_->CheckListBox1->clear();
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < used.size(); ++i) {
         auto* item = new QListWidgetItem(materialText(static_cast<std::int64_t>(i)));
         item->setCheckState(used[i] ? Qt::Checked : Qt::Unchecked);
         ui_->CheckListBox1->addItem(item);
@@ -362,39 +366,46 @@ void TMaterial::CheckListBoxClicked() {
         return;
     }
     commitPending();
-    const std::size_t count = subject_->document->Materials.size();
-    for (std::size_t material = 0; material < count; ++material) {
+    const std::vector<bool> used = usedMaterials();
+    bool changed = false;
+    for (std::size_t material = 0; material < used.size(); ++material) {
         const QListWidgetItem* item = ui_->CheckListBox1->item(static_cast<int>(material));
-        moveSlots(material, item != nullptr && item->checkState() == Qt::Checked);
+        const bool wanted = item != nullptr && item->checkState() == Qt::Checked;
+        if (wanted != used[material]) {
+            changed = true;
+            if (wanted) {
+                appendSlot(material);
+            } else {
+                removeSlots(material);
+            }
+        }
     }
     lockLastMaterial();
     fillSlots();
     MaterialRefresh();
-    if (slotsChanged_) {
+    slotsChanged_ = slotsChanged_ || changed;
+    if (changed) {
         Q_EMIT edited();
     }
 }
 
-void TMaterial::moveSlots(std::size_t material, bool used) {
+void TMaterial::appendSlot(std::size_t material) {
+    subject_->history->appendSlot(*subject_->document, *subject_->path,
+                                  static_cast<std::int32_t>(material));
+}
+
+void TMaterial::removeSlots(std::size_t material) {
     const std::vector<std::int32_t>& slots = mesh().MaterialSlotList;
-    bool found = false;
     for (std::size_t slot = 0; slot < slots.size();) {
-        if (static_cast<std::size_t>(slots[slot]) != material || used) {
-            found = found || static_cast<std::size_t>(slots[slot]) == material;
+        if (static_cast<std::size_t>(slots[slot]) != material) {
             ++slot;
             continue;
         }
         subject_->history->removeSlot(*subject_->document, *subject_->path,
                                       static_cast<std::int32_t>(slot));
-        slotsChanged_ = true;
         // the current slot moves as the slots of the faces do
         std::int32_t& current = mesh().CurrentSlot;
         current -= current >= static_cast<std::int32_t>(slot) && current != 0 ? 1 : 0;
-    }
-    if (used && !found) {
-        subject_->history->appendSlot(*subject_->document, *subject_->path,
-                                      static_cast<std::int32_t>(material));
-        slotsChanged_ = true;
     }
 }
 

@@ -112,7 +112,10 @@ class TMaterial : public QDialog {
     void showImage(bool shown);
     void changeColor(ColorSwatch& swatch,
                      void (EditHistory::*record)(ModelDocument&, std::size_t, const ColorRGB&));
-    void moveSlots(std::size_t material, bool used);
+    /// Which materials of the document some slot of the mesh leads to.
+    [[nodiscard]] std::vector<bool> usedMaterials() const;
+    void appendSlot(std::size_t material);
+    void removeSlots(std::size_t material);
     void refuseShininess();
     void zoomChanged();
     void offsetChanged();

@@ -1,10 +1,11 @@
 // The texture view of the material editor.
 
+#include "app/WidgetText.h"
 #include "edit/TMaterial.h"
 #include "edit/TOKBottomDlg.h"
 #include "model/ModelText.h"
-#include "render/DevicePixels.h"
-#include "render/MouseEvents.h"
+#include "app/DevicePixels.h"
+#include "app/MouseEvents.h"
 #include "ui_TMaterial.h"
 
 #include <QFileInfo>
@@ -66,9 +67,8 @@ void TMaterial::showTexture() {
     const MaterialRecord& material = current ? subject_->document->Materials[*current] : none;
     texture_ = material.TextureImage;
     view_.setTextureSize(texture_->width, texture_->height);
-    QString name = current ? withoutFolder(material.TextureFile) : QString();
-    name.replace(u'&', QLatin1String("&&")); // else it would underline a letter
-    ui_->texname->setTitle(QStringLiteral("Texture - [ %1 ]").arg(name));
+    const QString name = current ? withoutFolder(material.TextureFile) : QString();
+    ui_->texname->setTitle(QStringLiteral("Texture - [ %1 ]").arg(captionOf(name)));
     const QSize size = current ? QSize(texture_->width, texture_->height) : QSize(0, 0);
     ui_->size->setText(QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height()));
     showImage(material.HasTexture || !current);

@@ -1,6 +1,7 @@
 #include "edit/TOKBottomDlg.h"
 
-#include "edit/CentreOnScreen.h"
+#include "app/CentreOnScreen.h"
+#include "app/WidgetText.h"
 #include "edit/TexturePicture.h"
 #include "formats/TextureLoader.h"
 #include "ui_TOKBottomDlg.h"
@@ -54,6 +55,8 @@ void TOKBottomDlg::connectControls() {
         TextureLoad();
         accept();
     });
+    connect(ui_->Edit1, &QLineEdit::textEdited, ui_->OKBtn,
+            [this] { ui_->OKBtn->setEnabled(true); });
     connect(ui_->CancelBtn, &QPushButton::clicked, this, &TOKBottomDlg::reject);
     ui_->FileListBox1->installEventFilter(this);
     ui_->Edit1->installEventFilter(this);
@@ -167,13 +170,15 @@ void TOKBottomDlg::clearChoice() {
     ui_->Image1->clear();
     fileName_.clear();
     image_.reset();
+    ui_->OKBtn->setEnabled(false);
     setWindowTitle(QStringLiteral("Load Texture"));
 }
 
 void TOKBottomDlg::LoadPreview(const QString& fileName) {
     fileName_ = fileName;
-    image_ = std::make_shared<const TextureImage>(loadTextureFile(fileName));
-    if (*image_ == *blankTextureImage()) {
+    image_ = loadSharedTexture(fileName);
+    ui_->OKBtn->setEnabled(true);
+    if (image_ == blankTextureImage()) {
         ui_->Image1->setText(QStringLiteral("This file cannot be shown.\nIt can be loaded all the "
                                             "same, for programs that read it."));
     } else {
@@ -186,11 +191,8 @@ void TOKBottomDlg::LoadPreview(const QString& fileName) {
         picture.setDevicePixelRatio(ratio);
         ui_->Image1->setPixmap(QPixmap::fromImage(picture));
     }
-    // "[*]" in a title is the place of a mark for unsaved changes, unless it is doubled
-    const QString name = QFileInfo(fileName).fileName();
-    setWindowTitle(QStringLiteral("Load Texture - [%1]")
-                       .arg(name)
-                       .replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    setWindowTitle(
+        titleOf(QStringLiteral("Load Texture - [%1]").arg(QFileInfo(fileName).fileName())));
 }
 
 void TOKBottomDlg::TextureLoad() {
@@ -206,7 +208,7 @@ bool TOKBottomDlg::takeTypedName() {
     ui_->Edit1->setModified(false);
     if (typed.isEmpty()) {
         clearChoice();
-        return true;
+        return false;
     }
     if (typed.contains(u'*') || typed.contains(u'?')) {
         setMask(typed);
@@ -220,7 +222,6 @@ bool TOKBottomDlg::takeTypedName() {
     if (!named.isFile()) {
         clearChoice();
         ui_->Edit1->setText(typed);
-        ui_->Edit1->setModified(true); // not to be loaded by asking twice
         ui_->Image1->setText(QStringLiteral("There is no file of this name."));
         return false;
     }
@@ -229,7 +230,7 @@ bool TOKBottomDlg::takeTypedName() {
 }
 
 void TOKBottomDlg::accept() {
-    if (!ui_->Edit1->isModified() || takeTypedName()) {
+    if ((!ui_->Edit1->isModified() || takeTypedName()) && image_ != nullptr) {
         QDialog::accept();
     }
 }

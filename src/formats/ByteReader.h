@@ -1,11 +1,19 @@
 #pragma once
 
+#include <QByteArray>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
 namespace korvane {
+
+/// The bytes of an array, valid as long as it stays as it is.
+inline std::span<const std::uint8_t> bytesOf(const QByteArray& data) {
+    return {reinterpret_cast<const std::uint8_t*>(data.constData()),
+            static_cast<std::size_t>(data.size())};
+}
 
 /// The number in four bytes, the lowest first.
 inline std::uint32_t littleEndian32At(std::span<const std::uint8_t, 4> bytes) {

@@ -11,6 +11,7 @@ namespace korvane {
 /// How many readable bytes the quick parsers below need from the first character on.
 inline constexpr std::int64_t quickNumberReach = 32;
 
+/// Whether the character is an ASCII digit.
 inline bool isDigit(char c) {
     return static_cast<unsigned char>(c - '0') < 10;
 }
@@ -62,6 +63,25 @@ inline const char* quickInteger(const char* p, std::int32_t& value) {
     return nullptr;
 }
 
+/// Parses the exponent of up to two digits that may follow a number and adds it. False where it is
+/// none or longer.
+inline bool quickExponent(const char*& p, std::int32_t& exponent) {
+    if (*p != 'e' && *p != 'E') {
+        return true;
+    }
+    const char sign = *++p;
+    p += sign == '-' || sign == '+' ? 1 : 0;
+    if (!isDigit(*p)) {
+        return false;
+    }
+    std::int32_t power = *p++ - '0';
+    if (isDigit(*p)) {
+        power = power * 10 + (*p++ - '0');
+    }
+    exponent += sign == '-' ? -power : power;
+    return !isDigit(*p);
+}
+
 /// Parses a decimal number of up to 19 digits, eight of them before the point, to the float that
 /// std::from_chars gives, bit by bit. Null where that takes more than one exact step: the exact
 /// parser has to decide.
@@ -98,23 +118,8 @@ inline const char* quickReal(const char* p, float& value) {
             }
         }
     }
-    if (cut || count == 0 || count > 19) {
+    if (cut || count == 0 || count > 19 || !quickExponent(p, exponent)) {
         return nullptr;
-    }
-    if (*p == 'e' || *p == 'E') {
-        const char sign = *++p;
-        p += sign == '-' || sign == '+' ? 1 : 0;
-        if (!isDigit(*p)) {
-            return nullptr;
-        }
-        std::int32_t power = *p++ - '0';
-        if (isDigit(*p)) {
-            power = power * 10 + (*p++ - '0');
-        }
-        if (isDigit(*p)) {
-            return nullptr;
-        }
-        exponent += sign == '-' ? -power : power;
     }
     // With both numbers exact in double precision one operation rounds once ...
     if ((digits >> 53U) != 0 || exponent < -22 || exponent > 22) {

@@ -1,5 +1,6 @@
 #include "formats/TextureLoader.h"
 
+#include "formats/ByteReader.h"
 #include "formats/FileNames.h"
 #include "formats/TextureDecoders.h"
 #include "model/ModelText.h"
@@ -13,11 +14,6 @@
 namespace korvane {
 
 namespace {
-
-std::span<const std::uint8_t> bytesOf(const QByteArray& data) {
-    return {reinterpret_cast<const std::uint8_t*>(data.constData()),
-            static_cast<std::size_t>(data.size())};
-}
 
 /// Whether there is a file of that name; folders and devices are none.
 bool isFile(const QString& name) {
@@ -44,12 +40,7 @@ std::shared_ptr<const TextureImage> TextureLoader::loadOnce(const QString& file)
     if (known != byFile_.constEnd()) {
         return *known;
     }
-    TextureImage image = loadTextureFile(file);
-    auto shared = image == *blankTextureImage()
-                      ? blankTextureImage()
-                      : std::make_shared<const TextureImage>(std::move(image));
-    byFile_.insert(path, shared);
-    return shared;
+    return *byFile_.insert(path, loadSharedTexture(file));
 }
 
 std::optional<QString> TextureLoader::find(const QString& name) {
@@ -127,6 +118,12 @@ TextureImage loadTextureFile(const QString& fileName) {
         }
         return {};
     });
+}
+
+std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName) {
+    TextureImage image = loadTextureFile(fileName);
+    return image == *blankTextureImage() ? blankTextureImage()
+                                         : std::make_shared<const TextureImage>(std::move(image));
 }
 
 } // namespace korvane

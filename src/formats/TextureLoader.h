@@ -43,5 +43,7 @@ class TextureLoader {
 
 /// Decodes a file by its extension; the 1 x 1 image where that cannot be done.
 TextureImage loadTextureFile(const QString& fileName);
+/// The same, to be shared; the one blank image where it cannot be done. Never null.
+std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName);
 
 } // namespace korvane

@@ -21,7 +21,9 @@ struct FrameFlags {
     bool operator==(const FrameFlags&) const = default;
 };
 
+/// The flags that a frame and its mesh have.
 FrameFlags frameFlags(const FrameRecord& frame);
+/// Gives a frame and its mesh flags; their lists stay as they are.
 void setFrameFlags(FrameRecord& frame, const FrameFlags& flags);
 
 } // namespace korvane

@@ -2,8 +2,6 @@
 
 #include "model/FrameRecord.h"
 
-#include <utility>
-
 namespace korvane {
 
 FramePath::FramePath(std::span<const std::int32_t> childNumbers) {
@@ -30,8 +28,10 @@ bool FramePath::operator==(const FramePath& other) const {
     return childNumbers() == other.childNumbers();
 }
 
-const FrameRecord* frameAt(const FrameRecord& root, std::span<const std::int32_t> childNumbers) {
-    const FrameRecord* frame = &root;
+namespace {
+
+template <class Frame>
+Frame* descend(Frame* frame, std::span<const std::int32_t> childNumbers) {
     for (const std::int32_t number : childNumbers) {
         if (number < 1 || static_cast<std::size_t>(number) > frame->Children.size()) {
             return nullptr;
@@ -41,8 +41,22 @@ const FrameRecord* frameAt(const FrameRecord& root, std::span<const std::int32_t
     return frame;
 }
 
+} // namespace
+
 FrameRecord* frameAt(FrameRecord& root, std::span<const std::int32_t> childNumbers) {
-    return const_cast<FrameRecord*>(frameAt(std::as_const(root), childNumbers));
+    return descend(&root, childNumbers);
+}
+
+const FrameRecord* frameAt(const FrameRecord& root, std::span<const std::int32_t> childNumbers) {
+    return descend(&root, childNumbers);
+}
+
+FrameRecord* frameAt(FrameRecord& root, const FramePath& path) {
+    return descend(&root, path.childNumbers());
+}
+
+const FrameRecord* frameAt(const FrameRecord& root, const FramePath& path) {
+    return descend(&root, path.childNumbers());
 }
 
 } // namespace korvane

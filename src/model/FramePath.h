@@ -42,5 +42,7 @@ class FramePath {
 /// pointer is valid until the next structural edit.
 FrameRecord* frameAt(FrameRecord& root, std::span<const std::int32_t> childNumbers);
 const FrameRecord* frameAt(const FrameRecord& root, std::span<const std::int32_t> childNumbers);
+FrameRecord* frameAt(FrameRecord& root, const FramePath& path);
+const FrameRecord* frameAt(const FrameRecord& root, const FramePath& path);
 
 } // namespace korvane

@@ -14,6 +14,7 @@ struct ModelCounts {
     std::size_t faces = 0;
 };
 
+/// Counts a frame and all below it.
 ModelCounts countModel(const FrameRecord& root);
 
 /// "1 face", "2 faces".

@@ -2,7 +2,6 @@
 
 #include "model/FrameWalk.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <utility>
@@ -102,6 +101,14 @@ void ModelDocument::refreshPaths(FrameRecord& parent, std::size_t position) {
     }
 }
 
+FrameRecord* ModelDocument::selectedFrame() {
+    return Selected.Frame ? frameAt(Root, *Selected.Frame) : nullptr;
+}
+
+const FrameRecord* ModelDocument::selectedFrame() const {
+    return Selected.Frame ? frameAt(Root, *Selected.Frame) : nullptr;
+}
+
 void ModelDocument::selectFrame(const FramePath& path) {
     Selected = {.Frame = path,
                 .CanAdd = true,
@@ -120,7 +127,7 @@ void ModelDocument::markSelection(const FramePath& path) {
     for (FrameWalk walk(Root); !walk.done(); walk.next()) {
         walk.frame().SelectState = SelectState::Other;
     }
-    FrameRecord* selected = frameAt(Root, path.childNumbers());
+    FrameRecord* selected = frameAt(Root, path);
     if (selected == nullptr) {
         return;
     }

@@ -57,6 +57,10 @@ struct ModelDocument {
     /// frames below them: they change with the number of their predecessors.
     static void refreshPaths(FrameRecord& parent, std::size_t position);
 
+    /// The frame that the selection is or belongs to, or null. Valid until the next structural
+    /// edit.
+    [[nodiscard]] FrameRecord* selectedFrame();
+    [[nodiscard]] const FrameRecord* selectedFrame() const;
     /// Makes the frame at the path the selection, with its node in the structure tree, and moves
     /// the cursor to it. The path must lead to a frame.
     void selectFrame(const FramePath& path);

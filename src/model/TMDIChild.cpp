@@ -1,6 +1,7 @@
 #include "model/TMDIChild.h"
 
 #include "app/PaletteIcon.h"
+#include "app/WidgetText.h"
 #include "formats/FileNames.h"
 #include "formats/MshOpener.h"
 #include "formats/XsiReader.h"
@@ -307,9 +308,7 @@ void TMDIChild::setViewColors(const ViewColors& colors) {
 }
 
 void TMDIChild::setCaption() {
-    // window titles take "[*]" as the place of a mark for unsaved changes, unless it is doubled
-    setWindowTitle(
-        QString(model_->FileName).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    setWindowTitle(titleOf(model_->FileName));
 }
 
 void TMDIChild::fitPages() {

@@ -171,7 +171,6 @@ class TMDIChild : public QMdiSubWindow {
     void showVisibility();
     void storeVisibility();
     void setPointerText(const QString& text);
-    [[nodiscard]] FrameRecord* selectedFrame();
     [[nodiscard]] bool acceptsEdits() const { return model_ && !model_->DragRunning; }
     static void fillPanel(QWidget& panel, const QColor& color);
 

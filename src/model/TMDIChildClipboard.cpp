@@ -1,6 +1,7 @@
 // Copying and pasting in the document window.
 
 #include "edit/ClipboardEdit.h"
+#include "formats/ByteReader.h"
 #include "formats/TextureLoader.h"
 #include "model/TMDIChild.h"
 
@@ -26,9 +27,7 @@ void TMDIChild::paste(const QByteArray& block) {
     if (!acceptsEdits()) {
         return;
     }
-    std::optional<ClipboardItem> item =
-        decodeBlock({reinterpret_cast<const std::uint8_t*>(block.data()),
-                     static_cast<std::size_t>(block.size())});
+    std::optional<ClipboardItem> item = decodeBlock(bytesOf(block));
     if (!item) {
         showPasteFailure(QStringLiteral("The clipboard gives nothing that can be pasted."));
         return;

@@ -14,7 +14,7 @@ void TMDIChild::editMaterials() {
         node.NodeKind == NodeKind::MeshMaterialList || node.NodeKind == NodeKind::MaterialTable;
     const std::int32_t slot = firstSlot ? 0 : node.ItemIndex;
     if (node.Frame) {
-        if (FrameRecord* frame = frameAt(model_->Root, node.Frame->childNumbers())) {
+        if (FrameRecord* frame = frameAt(model_->Root, *node.Frame)) {
             frame->Mesh.CurrentSlot = slot;
             showMaterialEditor(*frame, node.Frame);
         }

@@ -136,7 +136,7 @@ void TMDIChild::EditButtonClick() {
 
 void TMDIChild::editFrameOptions() {
     const FramePath path = *model_->Selected.Frame;
-    FrameRecord* frame = frameAt(model_->Root, path.childNumbers());
+    FrameRecord* frame = frameAt(model_->Root, path);
     if (frame == nullptr) {
         return;
     }
@@ -158,7 +158,7 @@ void TMDIChild::RenameButtonClick() {
         return;
     }
     const FramePath path = *model_->Selected.Frame;
-    const FrameRecord* frame = frameAt(model_->Root, path.childNumbers());
+    const FrameRecord* frame = frameAt(model_->Root, path);
     if (frame == nullptr) {
         return;
     }

@@ -70,14 +70,8 @@ void TMDIChild::showDragCursor() {
     }
 }
 
-FrameRecord* TMDIChild::selectedFrame() {
-    return model_ && model_->Selected.Frame
-               ? frameAt(model_->Root, model_->Selected.Frame->childNumbers())
-               : nullptr;
-}
-
 void TMDIChild::showVisibility() {
-    const FrameRecord* frame = selectedFrame();
+    const FrameRecord* frame = model_ ? model_->selectedFrame() : nullptr;
     ui_->FrameVisibleAction->setEnabled(frame != nullptr);
     ui_->MeshVisibleAction->setEnabled(frame != nullptr && frame->ViewFlags[0]);
     if (frame != nullptr) {
@@ -87,7 +81,7 @@ void TMDIChild::showVisibility() {
 }
 
 void TMDIChild::storeVisibility() {
-    if (FrameRecord* frame = selectedFrame()) {
+    if (FrameRecord* frame = model_ ? model_->selectedFrame() : nullptr) {
         frame->ViewFlags[0] = ui_->FrameVisibleAction->isChecked();
         frame->ViewFlags[2] = ui_->MeshVisibleAction->isChecked();
         structure_->showVisibility(*frame);

@@ -1,8 +1,8 @@
 // The 2D views of the document window and the mouse in them.
 
 #include "model/TMDIChild.h"
-#include "render/DevicePixels.h"
-#include "render/MouseEvents.h"
+#include "app/DevicePixels.h"
+#include "app/MouseEvents.h"
 #include "render/StartCamera.h"
 #include "render/TImage.h"
 #include "ui_TMDIChild.h"

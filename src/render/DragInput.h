@@ -4,6 +4,7 @@
 
 namespace korvane {
 
+/// The mouse buttons as drags tell them apart.
 enum class DragButton { Left, Right, Other };
 
 /// A mouse event of a view: positions are device pixels.

@@ -38,12 +38,7 @@ struct NormalMatrix {
         const double x = n.x * cofactors[0] + n.y * cofactors[3] + n.z * cofactors[6];
         const double y = n.x * cofactors[1] + n.y * cofactors[4] + n.z * cofactors[7];
         const double z = n.x * cofactors[2] + n.y * cofactors[5] + n.z * cofactors[8];
-        const double length = std::sqrt(x * x + y * y + z * z);
-        if (!(length > 0) || !std::isfinite(length)) {
-            return {};
-        }
-        return {static_cast<float>(x / length), static_cast<float>(y / length),
-                static_cast<float>(z / length)};
+        return unitVector(x, y, z);
     }
 
     std::array<double, 9> cofactors{};
@@ -73,12 +68,7 @@ Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3>
         y += (double{a.z} - b.z) * (double{a.x} + b.x);
         z += (double{a.x} - b.x) * (double{a.y} + b.y);
     }
-    const double length = std::sqrt(x * x + y * y + z * z);
-    if (!(length > 0) || !std::isfinite(length)) {
-        return {};
-    }
-    return {static_cast<float>(x / length), static_cast<float>(y / length),
-            static_cast<float>(z / length)};
+    return unitVector(x, y, z);
 }
 
 bool usableNormal(const Vec3& normal) {

@@ -20,10 +20,8 @@ GLuint upload(const TextureImage& image) {
     const void* pixels = image.pixels.data();
     QImage scaled;
     if (largest > 0 && (width > largest || height > largest)) {
-        const QImage whole(reinterpret_cast<const uchar*>(image.pixels.data()), width, height,
-                           static_cast<qsizetype>(width) * 4, QImage::Format_RGBA8888);
-        scaled = whole.scaled(std::min(width, largest), std::min(height, largest),
-                              Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        scaled = imageOf(image).scaled(std::min(width, largest), std::min(height, largest),
+                                       Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         scaled.convertTo(QImage::Format_RGBA8888);
         width = scaled.width();
         height = scaled.height();

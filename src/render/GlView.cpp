@@ -71,13 +71,6 @@ Matrix4 modelView(const DrawContext& context, const Matrix4& world, const ModelD
         fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles, document.CameraDistance));
 }
 
-bool mirrors(const Matrix4& m) {
-    return double{m[0]} * (double{m[5]} * m[10] - double{m[6]} * m[9]) -
-               double{m[1]} * (double{m[4]} * m[10] - double{m[6]} * m[8]) +
-               double{m[2]} * (double{m[4]} * m[9] - double{m[5]} * m[8]) <
-           0;
-}
-
 void setColor(BitmapPixel color) {
     constexpr float unit = 1.0F / 255.0F;
     glColor4f(static_cast<float>(color >> 16U & 0xffU) * unit,
@@ -155,7 +148,8 @@ void GlView::setProjection() const {
     glViewport(0, 0, geometry_.width, geometry_.height);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
-    gluPerspective(60.0, static_cast<double>(geometry_.width) / geometry_.height, 0.25, 5000.0);
+    gluPerspective(60.0, static_cast<double>(geometry_.width) / geometry_.height,
+                   ViewGeometry::nearZ, ViewGeometry::farZ);
 }
 
 void GlView::redraw(ModelDocument& document, ViewState& state) {

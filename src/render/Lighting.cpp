@@ -26,8 +26,8 @@ Vec3 halfVector(const Vec3& light, const Vec3& eye) {
 
 ColorRGB flatColor(const ColorRGB& meanColor, float meanSpecular, const ColorRGB& specularColor) {
     const float s = meanSpecular;
-    const auto channel = [s](float mean, float spec) {
-        return clampUnit((1 - s) * mean + s * spec) * 255;
+    const auto channel = [s](float mean, float specular) {
+        return clampUnit((1 - s) * mean + s * specular) * 255;
     };
     return {channel(meanColor.red, specularColor.red),
             channel(meanColor.green, specularColor.green),

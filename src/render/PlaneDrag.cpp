@@ -145,7 +145,7 @@ void PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& mapping,
 }
 
 void PlaneDrag::setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const {
-    FrameRecord* frame = frameAt(document.Root, frame_.childNumbers());
+    FrameRecord* frame = frameAt(document.Root, frame_);
     if (frame != nullptr && !same(frame->Matrix, matrix)) {
         frame->Matrix = matrix;
         document.RedrawAll = document.Changed = true;
@@ -172,7 +172,7 @@ std::optional<FrameMove> PlaneDrag::end(const DragInput& input, const PlaneMappi
     const bool left = left_;
     left_ = right_ = false;
     document.DragRunning = false;
-    const FrameRecord* frame = frameAt(document.Root, frame_.childNumbers());
+    const FrameRecord* frame = frameAt(document.Root, frame_);
     const bool ofFrame =
         progress_.tool == ViewTool::MoveFrame || progress_.tool == ViewTool::RotateFrame;
     if (!left || !ofFrame || frame == nullptr || same(frame->Matrix, frameMatrix_)) {

@@ -3,7 +3,6 @@
 #include "render/ViewGeometry.h"
 
 #include <cstddef>
-#include <span>
 #include <vector>
 
 namespace korvane {

@@ -1,6 +1,6 @@
 #include "render/TGlPanel.h"
 
-#include "render/DevicePixels.h"
+#include "app/DevicePixels.h"
 #include "render/GlContext.h"
 
 #include <QOpenGLContext>

@@ -1,8 +1,8 @@
 #include "render/TThreeDWinFrame.h"
 
-#include "render/DevicePixels.h"
+#include "app/DevicePixels.h"
 #include "render/GlContext.h"
-#include "render/MouseEvents.h"
+#include "app/MouseEvents.h"
 #include "render/StartCamera.h"
 #include "render/TGlPanel.h"
 #include "ui_TThreeDWinFrame.h"

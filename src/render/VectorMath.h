@@ -83,6 +83,7 @@ Matrix4 ScaleMatrix(float s, const Matrix4& a);
 /// The element-wise sum of all sixteen elements.
 Matrix4 AddMatrix(const Matrix4& a, const Matrix4& b);
 
+/// The scalar product.
 float dotproduct(const Vec3& p, const Vec3& q);
 
 /// p divided by its length; a zero vector stays zero, a very short one is divided as any other.
@@ -93,6 +94,24 @@ inline Vec3 Normalize(const Vec3& p) {
         length = 1e-6F;
     }
     return {p.x / length, p.y / length, p.z / length};
+}
+
+/// The unit vector of a direction given in double precision; zero where it has no finite length.
+inline Vec3 unitVector(double x, double y, double z) {
+    const double length = std::sqrt(x * x + y * y + z * z);
+    if (!(length > 0) || !std::isfinite(length)) {
+        return {};
+    }
+    return {static_cast<float>(x / length), static_cast<float>(y / length),
+            static_cast<float>(z / length)};
+}
+
+/// Whether the matrix turns right hands into left ones.
+inline bool mirrors(const Matrix4& m) {
+    return double{m[0]} * (double{m[5]} * m[10] - double{m[6]} * m[9]) -
+               double{m[1]} * (double{m[4]} * m[10] - double{m[6]} * m[8]) +
+               double{m[2]} * (double{m[4]} * m[9] - double{m[5]} * m[8]) <
+           0;
 }
 
 /// A sum of vectors that is rounded only when it is taken out.

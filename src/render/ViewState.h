@@ -11,6 +11,7 @@ namespace korvane {
 /// What the 3D view draws through. Direct3D can be set but no command does; it draws as Software.
 enum class DrawApi : std::int32_t { Software = 0, OpenGL = 1, Direct3D = 2 };
 
+/// How the 3D view draws faces.
 enum class RenderMode : std::int32_t { Wireframe = 0, FlatShading = 1, SmoothShading = 2 };
 
 /// Pi as the 3D view takes it for all its angles: deliberately the single-precision value just

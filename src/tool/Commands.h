@@ -17,6 +17,7 @@ enum class ExitStatus { Done = 0, Refused = 1, Usage = 2 };
 /// A subcommand: gets the words behind its name, which may hold options of its own.
 using Command = ExitStatus (*)(const QStringList& words);
 
+// The subcommands, as `korvane-tool --help` tells them.
 ExitStatus info(const QStringList& words);
 ExitStatus convert(const QStringList& words);
 ExitStatus render(const QStringList& words);

@@ -3,9 +3,6 @@
 #include "tool/Commands.h"
 
 #include <QFileInfo>
-#include <QImage>
-
-#include <cstddef>
 
 namespace korvane::tool {
 
@@ -21,10 +18,7 @@ ExitStatus texture(const QStringList& words) {
         return refuse(in, QStringLiteral("No such file"));
     }
     const TextureImage image = loadTextureFile(*file);
-    const QImage picture(
-        reinterpret_cast<const uchar*>(image.pixels.data()), image.width, image.height,
-        qsizetype{image.width} * static_cast<qsizetype>(sizeof(Rgba8)), QImage::Format_RGBA8888);
-    return savePng(picture, out);
+    return savePng(imageOf(image), out);
 }
 
 } // namespace korvane::tool

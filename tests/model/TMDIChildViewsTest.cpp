@@ -1,4 +1,4 @@
-#include "render/DevicePixels.h"
+#include "app/DevicePixels.h"
 #include "render/TImage.h"
 #include "support/MainFormTest.h"
 

@@ -70,7 +70,7 @@ TEST(Traversal, PathsLeadToFramesOrNowhere) {
     FrameRecord root = named("r", {named("a"), named("b", {named("c")})});
     const std::vector<std::int32_t> toC = {2, 1};
     EXPECT_EQ(frameAt(root, toC)->Name, "c");
-    EXPECT_EQ(frameAt(root, {}), &root);
+    EXPECT_EQ(frameAt(root, FramePath()), &root);
     for (const std::vector<std::int32_t>& bad :
          {std::vector<std::int32_t>{0}, {-1}, {3}, {1, 1}, {2, 1, 1}}) {
         EXPECT_EQ(frameAt(root, bad), nullptr);

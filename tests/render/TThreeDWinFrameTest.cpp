@@ -1,6 +1,6 @@
 #include "render/TThreeDWinFrame.h"
 
-#include "render/DevicePixels.h"
+#include "app/DevicePixels.h"
 #include "render/TImage.h"
 #include "support/MainFormTest.h"
 

@@ -1,4 +1,4 @@
-#include "render/MouseEvents.h"
+#include "app/MouseEvents.h"
 
 #include <cmath>
 
