@@ -78,11 +78,13 @@ void MaterialTest::answerTexture(const QString& file, QDialog::DialogCode result
     answer([this, file, result](QWidget& shown) {
         ASSERT_EQ(&shown, &textureDialog);
         EXPECT_FALSE(textureDialog.isAccepted() && textureDialog.loadedImage());
-        if (!file.isEmpty()) {
-            child<QLineEdit>(shown, "Edit1").clear();
-            QTest::keyClicks(&child<QLineEdit>(shown, "Edit1"), file);
-        }
+        child<QLineEdit>(shown, "Edit1").clear();
+        QTest::keyClicks(&child<QLineEdit>(shown, "Edit1"), file);
         child<QPushButton>(shown, result == QDialog::Accepted ? "OKBtn" : "CancelBtn").click();
+        if (shown.isVisible()) {
+            ADD_FAILURE() << "the dialog is still open";
+            textureDialog.reject();
+        }
     });
 }
 
