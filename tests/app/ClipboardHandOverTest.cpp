@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QMimeData>
 
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -51,9 +52,10 @@ class Manager {
 
     /// Serves one request to save; without it the manager is one that does not answer.
     void serve() {
+        deadline_ = std::chrono::steady_clock::now() + std::chrono::seconds(20);
         thread_ = std::thread([this] { save(); });
     }
-    /// What was saved; waits for it.
+    /// What was saved; waits for it, though not for ever.
     [[nodiscard]] QByteArray saved() {
         thread_.join();
         return saved_;
@@ -67,14 +69,20 @@ class Manager {
                                          nullptr))
             ->atom;
     }
+    /// The next event of the type; none when it does not come in time.
     Owned<xcb_generic_event_t> next(unsigned type) {
-        for (;;) {
-            xcb_flush(connection_);
-            Owned<xcb_generic_event_t> event(xcb_wait_for_event(connection_));
-            if (!event || (event->response_type & 0x7fU) == type) {
+        using namespace std::chrono_literals;
+        xcb_flush(connection_);
+        while (std::chrono::steady_clock::now() < deadline_) {
+            Owned<xcb_generic_event_t> event(xcb_poll_for_event(connection_));
+            if (event && (event->response_type & 0x7fU) == type) {
                 return event;
             }
+            if (!event) {
+                std::this_thread::sleep_for(1ms);
+            }
         }
+        return {};
     }
     /// Takes the property that the content comes in, or a piece of it; false for an empty one.
     bool take() {
@@ -89,12 +97,18 @@ class Manager {
     }
     void save() {
         const auto request = next(XCB_SELECTION_REQUEST);
+        if (!request) {
+            return;
+        }
         const auto asked = *reinterpret_cast<const xcb_selection_request_event_t*>(request.get());
         xcb_convert_selection(connection_, window_, clipboard_, format_, format_, XCB_CURRENT_TIME);
         next(XCB_SELECTION_NOTIFY);
         take();
         for (bool more = inPieces_; more;) {
             const auto event = next(XCB_PROPERTY_NOTIFY);
+            if (!event) {
+                return;
+            }
             const auto& change = *reinterpret_cast<const xcb_property_notify_event_t*>(event.get());
             more = change.state != XCB_PROPERTY_NEW_VALUE || change.atom != format_ || take();
         }
@@ -116,6 +130,7 @@ class Manager {
     xcb_atom_t clipboard_ = XCB_ATOM_NONE;
     xcb_atom_t increments_ = XCB_ATOM_NONE;
     bool inPieces_ = false;
+    std::chrono::steady_clock::time_point deadline_;
     QByteArray saved_;
     std::thread thread_;
 };

@@ -14,12 +14,12 @@ namespace {
 class RenderCommandsTest : public MainFormTest {
   protected:
     [[nodiscard]] std::string marks() const {
-        return namesOf({"Rwire", "Rflat", "Rfull", "Rdots", "Rallowtrans", "Rbackwards",
-                        "OpenGLAction", "SoftwareAction", "D3DAction"},
+        return namesOf("Rwire Rflat Rfull Rdots Rallowtrans Rbackwards "
+                       "OpenGLAction SoftwareAction D3DAction",
                        &QAction::isChecked);
     }
 
-    [[nodiscard]] ViewState& view() const { return form().activeDocument()->view(); }
+    [[nodiscard]] ViewState& view() const { return window().view(); }
 
     [[nodiscard]] static QRgb corner(TMDIChild& window) {
         settle();
@@ -48,7 +48,7 @@ class RenderCommandsTest : public MainFormTest {
 };
 
 TEST_F(RenderCommandsTest, ModesSettingsAndInterfacesMoveTheirMarks) {
-    start({file("small.xsi", smallModel())});
+    start({write("small.xsi", smallModel())});
     EXPECT_EQ(marks(), "Rfull Rallowtrans Rbackwards OpenGLAction ");
     const struct {
         const char* command;
@@ -100,7 +100,7 @@ TEST_F(RenderCommandsTest, WithoutAWindowInterfacesDoNothing) {
 }
 
 TEST_F(RenderCommandsTest, MenusAndButtonsStayUntouchedWhenNothingChanged) {
-    start({file("small.xsi", smallModel())});
+    start({write("small.xsi", smallModel())});
     settle();
     int changes = 0;
     for (QAction* action : form().findChildren<QAction*>()) {
@@ -113,28 +113,8 @@ TEST_F(RenderCommandsTest, MenusAndButtonsStayUntouchedWhenNothingChanged) {
     EXPECT_GT(changes, 0);
 }
 
-TEST_F(RenderCommandsTest, SwatchesHaveTheirColoursAndNames) {
-    start();
-    const std::tuple<const char*, const char*, QColor> swatches[] = {
-        {"ThreeDWinColorEdit", "ThreeDWinColor", QColor(0, 0, 0)},
-        {"WireRenderSelectedEdit", "WireRenderSelected", QColor(255, 0, 0)},
-        {"WireRenderSelectedChildEdit", "WireRenderSelectedChild", QColor(0, 255, 0)},
-        {"WireRenderUnselectedEdit", "WireRenderUnselected", QColor(0, 0, 255)},
-        {"TwoDWinColorEdit", "TwoDWinColor", QColor(255, 255, 255)},
-        {"WorldAxesEdit", "WorldAxes", QColor(0, 128, 128)},
-        {"ObjAxesEdit", "ObjAxes", QColor(255, 255, 0)}};
-    for (const auto& [name, label, color] : swatches) {
-        const auto& swatch = child<ColorSwatch>(forms_->colorOptions, name);
-        EXPECT_EQ(swatch.color(), color) << name;
-        EXPECT_EQ(swatch.accessibleName(), QString::fromLatin1(label));
-        const QByteArray labelName = QByteArray(label) + "Label";
-        EXPECT_EQ(child<QLabel>(forms_->colorOptions, labelName.constData()).text(),
-                  QString::fromLatin1(label));
-    }
-}
-
 TEST_F(RenderCommandsTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly) {
-    const TMainForm& frame = start({file("a.xsi", smallModel()), file("b.xsi", smallModel())});
+    const TMainForm& frame = start({write("a.xsi", smallModel()), write("b.xsi", smallModel())});
     const QList<TMDIChild*> windows = frame.documents();
     windows[0]->setDrawingInterface(DrawApi::Software);
     windows[0]->view().lastDrawnMode = RenderMode::SmoothShading;
@@ -164,7 +144,7 @@ TEST_F(RenderCommandsTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly
 }
 
 TEST_F(RenderCommandsTest, ThePlanesTakeTheirColoursFromTheNextOkOn) {
-    const TMainForm& frame = start({file("a.xsi", smallModel())});
+    const TMainForm& frame = start({write("a.xsi", smallModel())});
     const auto paper = [](TMDIChild& window) {
         return child<TImage>(window, "Image4").picture().pixel(0, 0);
     };

@@ -1,14 +1,11 @@
 #include "edit/ClipboardEdit.h"
 
-#include "model/FrameWalk.h"
 #include "support/ClipboardBytes.h"
 #include "support/EditLadder.h"
-#include "support/RandomModel.h"
+#include "support/FrameMaking.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -16,10 +13,7 @@ namespace korvane {
 namespace {
 
 using test::EditSnapshot;
-
-FramePath path(std::vector<std::int32_t> numbers) {
-    return FramePath(numbers);
-}
+using test::path;
 
 /// A document with its history: a root with a mesh of slots 2, 0, 2 and a child without one, and
 /// three materials told apart by their power.
@@ -176,13 +170,7 @@ TEST(ClipboardEdit, NothingToPasteChangesNothing) {
     model.select(NodeKind::MaterialSlot, 7);
     const test::Bytes none = model.copied();
     Model deep;
-    FrameRecord* deepest = &deep.document.Root;
-    std::vector<std::int32_t> numbers;
-    for (std::size_t depth = 0; depth < maxFrameDepth; ++depth) {
-        deepest->Children.resize(1);
-        deepest = &deepest->Children[0];
-        numbers.push_back(1);
-    }
+    const std::vector<std::int32_t> numbers = test::chainBelow(deep.document.Root, maxFrameDepth);
     Model source;
     source.select(NodeKind::Frame);
     const test::Bytes frame = source.copied();
@@ -241,68 +229,6 @@ TEST(ClipboardEdit, ATextureSwitchedOffIsLoadedByItsName) {
     EXPECT_EQ(asked, "off.tga");
     EXPECT_EQ(*target.document.Materials[3].TextureImage, *picture(9));
     EXPECT_EQ(target.document.Materials[4].TextureImage, blankTextureImage());
-}
-
-/// A random model to paste from and into, with the rungs of its ladder.
-class RandomPastes {
-  public:
-    explicit RandomPastes(std::uint32_t seed) : random_(seed) {
-        constexpr int deepest = 1;
-        model_.document = test::RandomModel(seed, deepest).make();
-        model_.document.computeDerivedData();
-        for (FrameWalk walk(model_.document.Root); !walk.done(); walk.next()) {
-            walk.frame().Mesh.Normals.clear(); // averages that are no numbers cannot be compared
-            ModelDocument::computeMeshData(walk.frame());
-            paths_.push_back(walk.frame().Path);
-        }
-        rungs_.emplace_back(model_.document);
-    }
-
-    /// Selects something; not among what was pasted, so that the models stay small.
-    void selectAny() {
-        constexpr NodeKind kinds[] = {NodeKind::Frame, NodeKind::MeshMaterialList,
-                                      NodeKind::MaterialSlot, NodeKind::MaterialTable,
-                                      NodeKind::TableMaterial};
-        model_.select(kinds[random_() % 5], static_cast<std::int32_t>(random_() % 4),
-                      paths_[random_() % paths_.size()]);
-    }
-    [[nodiscard]] test::Bytes copied() {
-        selectAny();
-        return model_.copied();
-    }
-    void paste(const test::Bytes& block) {
-        selectAny();
-        if (model_.paste(block)) {
-            rungs_.emplace_back(model_.document);
-        } else {
-            ASSERT_EQ(EditSnapshot(model_.document), rungs_.back());
-        }
-    }
-    std::string climb() { return test::climb(model_.document, model_.history, rungs_); }
-    [[nodiscard]] std::size_t rungs() const { return rungs_.size(); }
-
-  private:
-    std::mt19937 random_;
-    Model model_;
-    std::vector<FramePath> paths_;
-    std::vector<EditSnapshot> rungs_;
-};
-
-TEST(ClipboardEdit, LadderOverPastesBetweenDocuments) {
-    std::size_t rungs = 0;
-    for (std::uint32_t seed = 1; seed <= 60; ++seed) {
-        RandomPastes one(seed);
-        RandomPastes other(seed + 1000);
-        for (int i = 0; i < 6; ++i) {
-            ASSERT_NO_FATAL_FAILURE(other.paste(one.copied()));
-            ASSERT_NO_FATAL_FAILURE(one.paste(other.copied()));
-            ASSERT_NO_FATAL_FAILURE(one.paste(one.copied()));
-        }
-        ASSERT_EQ(one.climb(), "") << "seed " << seed;
-        ASSERT_EQ(other.climb(), "") << "seed " << seed;
-        rungs += one.rungs() + other.rungs();
-    }
-    EXPECT_GT(rungs, 400U);
 }
 
 } // namespace

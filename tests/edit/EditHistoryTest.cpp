@@ -1,6 +1,7 @@
 #include "edit/EditHistory.h"
 
 #include "edit/PendingScalarEdit.h"
+#include "support/FrameMaking.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +10,8 @@
 namespace korvane {
 namespace {
 
-FrameRecord named(std::string name, std::vector<FrameRecord> children = {}) {
-    FrameRecord frame;
-    frame.Name = std::move(name);
-    frame.Children = std::move(children);
-    return frame;
-}
-
-FramePath path(std::vector<std::int32_t> numbers) {
-    return FramePath(numbers);
-}
+using test::named;
+using test::path;
 
 std::string namesOf(const std::vector<FrameRecord>& frames) {
     std::string names;
@@ -50,84 +43,34 @@ class History : public ::testing::Test {
 };
 
 TEST_F(History, PositionAndTail) {
-    EXPECT_FALSE(history.canUndo());
-    EXPECT_FALSE(history.canRedo());
     EXPECT_EQ(history.undo(document), RefreshFlags());
     EXPECT_EQ(history.redo(document), RefreshFlags());
-    EXPECT_FALSE(document.Modified);
+    EXPECT_FALSE(history.canUndo() || history.canRedo() || document.Modified);
     history.renameFrame(document, path({1}), "one");
     history.renameFrame(document, path({1}), "two");
     EXPECT_TRUE(document.Modified);
     EXPECT_EQ(history.position(), 1);
     document.Modified = false;
     history.undo(document);
-    EXPECT_TRUE(document.Modified);
-    EXPECT_TRUE(history.canUndo() && history.canRedo());
+    EXPECT_TRUE(history.canUndo() && history.canRedo() && document.Modified);
     history.renameFrame(document, path({1}), "three");
     EXPECT_FALSE(history.canRedo());
     EXPECT_EQ(history.entries().size(), 2U);
+    history.undo(document);
     document.Modified = false;
-    history.undo(document);
-    history.undo(document);
-    EXPECT_EQ(document.Root.Children[0].Name, "a");
-    history.redo(document);
     history.redo(document);
     EXPECT_EQ(document.Root.Children[0].Name, "three");
     EXPECT_TRUE(document.Modified);
 }
 
-TEST_F(History, RefreshFlagsByKind) {
-    const FramePath a = path({1});
-    mesh(document.Root.Children[0], {0, 1}, {0, 1}).TexCoords.resize(2);
-    const std::int32_t first[] = {0};
-    const RefreshFlags m = {true, false, false};
-    const RefreshFlags mg = {true, true, false};
-    const RefreshFlags t = {false, false, true};
-    const RefreshFlags mt = {true, false, true};
-    const RefreshFlags mgt = {true, true, true};
-    const struct {
-        std::function<void()> record;
-        EditKind kind;
-        RefreshFlags flags;
-    } rows[] = {
-        {[&] { history.textureFile(document, 0, "a.tga"); }, EditKind::TextureFile, m},
-        {[&] { history.ambient(document, 0, {}); }, EditKind::Ambient, m},
-        {[&] { history.faceColor(document, 0, {}); }, EditKind::FaceColor, m},
-        {[&] { history.specular(document, 0, {}); }, EditKind::Specular, m},
-        {[&] { history.emissive(document, 0, {}); }, EditKind::Emissive, m},
-        {[&] { history.opacity(document, 0, 1, 0); }, EditKind::Opacity, m},
-        {[&] { history.textureOn(document, 0, true); }, EditKind::TextureOn, m},
-        {[&] {
-             history.texCoords(document, a, first, {{0, 0}}, {{1, 1}});
-         },
-         EditKind::TexCoords, m},
-        {[&] { history.faceSlot(document, a, 0, 1); }, EditKind::FaceSlot, m},
-        {[&] { history.appendSlot(document, a, 2); }, EditKind::AppendSlot, mt},
-        {[&] { history.removeSlot(document, a, 0); }, EditKind::RemoveSlot, mt},
-        {[&] { history.addMeshMaterial(document, a); }, EditKind::AddMeshMaterial, mt},
-        {[&] { history.addMaterial(document); }, EditKind::AddMaterial, mt},
-        {[&] { history.deleteMaterial(document, 0); }, EditKind::DeleteMaterial, mt},
-        {[&] { history.moveFrame(document, a, {}, {}); }, EditKind::MoveFrame, mg},
-        {[&] { history.renameFrame(document, a, "n"); }, EditKind::RenameFrame, t},
-        {[&] { history.addFrame(document, a, ""); }, EditKind::AddFrame, mgt},
-        {[&] { history.deleteFrame(document, a); }, EditKind::DeleteFrame, mgt},
-        {[&] { history.frameOptions(document, a, {}); }, EditKind::FrameOptions, mgt},
-        {[&] { history.power(document, 0, 1, 0); }, EditKind::Power, m},
-        {[&] { history.pasteMaterials(document, {{}}); }, EditKind::PasteMaterials, mt},
-        {[&] { history.pasteMeshMaterials(document, a, {{}}); }, EditKind::PasteMeshMaterials, mt},
-        {[&] { history.pasteFrame(document, a, {}, {}); }, EditKind::PasteFrame, mgt},
-    };
-    std::uint32_t kind = 0;
-    for (const auto& row : rows) {
-        row.record();
-        ++kind;
-        ASSERT_EQ(history.position(), 0) << kind;
-        EXPECT_EQ(static_cast<std::uint32_t>(history.entries()[0].kind), kind);
-        EXPECT_EQ(row.kind, history.entries()[0].kind);
-        EXPECT_EQ(history.undo(document), row.flags) << kind;
-        EXPECT_EQ(history.redo(document), row.flags) << kind;
-        history.undo(document);
-    }
+TEST_F(History, OnlyWhatAChangeTouchesIsRefreshed) {
+    history.ambient(document, 0, {});
+    EXPECT_EQ(history.undo(document), (RefreshFlags{true, false, false}));
+    history.moveFrame(document, path({1}), {}, {});
+    EXPECT_EQ(history.undo(document), (RefreshFlags{true, true, false}));
+    history.renameFrame(document, path({1}), "n");
+    history.undo(document);
+    EXPECT_EQ(history.redo(document), (RefreshFlags{false, false, true})) << "the tree alone";
 }
 
 TEST_F(History, FrameKindsSelectTheFrameOfTheirEntry) {
@@ -173,13 +116,7 @@ TEST_F(History, FramesComeAndGoInTheirPlaces) {
 }
 
 TEST_F(History, FramesNestNoDeeperThanTheLimit) {
-    FrameRecord* deepest = &document.Root;
-    std::vector<std::int32_t> numbers;
-    for (std::size_t depth = 0; depth < maxFrameDepth; ++depth) {
-        deepest->Children.assign(1, FrameRecord());
-        deepest = &deepest->Children[0];
-        numbers.push_back(1);
-    }
+    std::vector<std::int32_t> numbers = test::chainBelow(document.Root, maxFrameDepth);
     history.addFrame(document, path(numbers), "");
     history.pasteFrame(document, path(numbers), {}, {});
     EXPECT_FALSE(history.canUndo());
@@ -200,6 +137,21 @@ TEST_F(History, FacesOfSlotZeroStayWhenASlotGoes) {
     EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 1, 2, 7, -1}));
     history.redo(document);
     EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 1, 6, -1}));
+}
+
+TEST_F(History, AFaceBeyondTheSlotsOfFacesGetsOneAndSoDoThoseBefore) {
+    MeshRecord& m = mesh(document.Root.Children[0], {0, 1, 2}, {1});
+    for (int face = 0; face < 5; ++face) {
+        m.Faces.push_back(std::vector<std::uint32_t>{0, 0, 0});
+    }
+    history.faceSlot(document, path({1}), 3, 0);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1, 2, 2, 0})) << "as they were drawn";
+    history.undo(document);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1}));
+    history.redo(document);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1, 2, 2, 0}));
+    history.faceSlot(document, path({1}), 5, 0); // no such face
+    EXPECT_EQ(history.position(), 0);
 }
 
 TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
@@ -355,16 +307,11 @@ TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
 }
 
 TEST_F(History, WhatLeadsNowhereIsLeftAlone) {
-    history.ambient(document, 3, {});
-    history.renameFrame(document, path({4}), "n");
-    history.faceSlot(document, path({1}), 0, 0);
     history.faceSlot(document, path({1}), -1, 0);
-    history.removeSlot(document, path({1}), 0);
     history.removeSlot(document, path({1}), -1);
-    history.deleteMaterial(document, 3);
+    history.renameFrame(document, path({4}), "n");
     history.pasteFrame(document, path({9}), {}, {});
     EXPECT_FALSE(history.canUndo());
-    EXPECT_FALSE(document.Modified);
     // a change past the history: its entries find nothing, and the position moves all the same
     history.texCoords(document, path({1}), std::vector<std::int32_t>{5, -1}, {{}, {}}, {{}, {}});
     history.renameFrame(document, path({3}), "n");
@@ -372,10 +319,11 @@ TEST_F(History, WhatLeadsNowhereIsLeftAlone) {
     history.pasteMaterials(document, {{}, {}});
     document.Root.Children.pop_back();
     document.Materials.clear();
-    while (history.canUndo()) {
+    for (std::size_t i = 0; i < 4; ++i) {
         history.undo(document);
     }
-    while (history.canRedo()) {
+    EXPECT_FALSE(history.canUndo());
+    for (std::size_t i = 0; i < 4; ++i) {
         history.redo(document);
     }
     EXPECT_EQ(history.position(), 3);

@@ -34,7 +34,7 @@ class TOKBottomDlgTest : public GuiTest {
                                                                 {"notes.txt", "text"},
                                                                 {"more/c.bmp", "nothing"}};
         for (const auto& [name, content] : contents) {
-            EXPECT_EQ(file(name, content), path(name));
+            EXPECT_EQ(write(name, content), path(name));
         }
     }
 
@@ -166,13 +166,6 @@ TEST_F(TOKBottomDlgTest, TheAcceptedFlagFollowsItsEvents) {
 TEST_F(TOKBottomDlgTest, FiltersAndFoldersDecideWhatIsListed) {
     show([&] {
         auto& filters = child<QComboBox>(dialog, "FilterComboBox1");
-        std::string names;
-        for (int i = 0; i < filters.count(); ++i) {
-            names += filters.itemText(i).toStdString() + '|' +
-                     filters.itemData(i).toString().toStdString() + '|';
-        }
-        EXPECT_EQ(names, "Compatible Files|*.bmp;*.tga;*.pic|BMP Files|*.bmp|TGA Files|*.tga|"
-                         "PIC Files|*.pic|");
         list().setCurrentIndex(item(0));
         filters.setCurrentIndex(3);
         Q_EMIT filters.activated(3);

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -53,8 +54,7 @@ TexCoordView viewOf(std::int32_t width, std::int32_t height, std::int32_t zoom =
     TexCoordView view;
     view.setViewSize(256, 256);
     view.setTextureSize(width, height);
-    while (view.zoom() < zoom) {
-        view.zoomIn();
+    while (view.zoom() < zoom && view.zoomIn()) {
     }
     view.setOffsets(offsetX, offsetY);
     return view;
@@ -205,24 +205,16 @@ TEST(TexCoordView, ShortListsShowAsFarAsTheyGo) {
 }
 
 TEST(TexCoordDrag, MovesAFaceByTheWayOfTheMouse) {
-    struct Case {
-        std::int32_t width, height, zoom;
-    };
-    for (const Case& c : {Case{256, 256, 1},
-                          {512, 512, 2},
-                          {301, 99, 1},
-                          {301, 99, 2},
-                          {37, 641, 4},
-                          {301, 99, 8},
-                          {1, 1, 1},
-                          {1, 1, 8}}) {
-        const TexCoordView view = viewOf(c.width, c.height, c.zoom, 20, 30);
+    const std::array<std::int32_t, 3> cases[] = {{256, 256, 1}, {512, 512, 2}, {301, 99, 1},
+                                                 {37, 641, 4},  {301, 99, 8},  {1, 1, 8}};
+    for (const auto& [width, height, zoom] : cases) {
+        const TexCoordView view = viewOf(width, height, zoom, 20, 30);
         MeshRecord mesh = twoFaces();
         TexCoordDrag drag;
         ASSERT_TRUE(drag.begin(left(100, 200), mesh, {0, 0}));
         // a tenth of the texture to the right, a twentieth down, over a detour
-        const float dx = 0.1F * static_cast<float>(c.width * c.zoom);
-        const float dy = 0.05F * static_cast<float>(c.height * c.zoom);
+        const float dx = 0.1F * static_cast<float>(width * zoom);
+        const float dy = 0.05F * static_cast<float>(height * zoom);
         EXPECT_TRUE(drag.update(left(-9000, 9000), view, mesh));
         EXPECT_TRUE(drag.update(left(100 + dx, 200 + dy), view, mesh));
         EXPECT_NEAR(mesh.TexCoords[0].u, 0.35F, 1e-5F);

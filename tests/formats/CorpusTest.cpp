@@ -40,6 +40,14 @@ bool hasHeader(const QString& path) {
 }
 
 TEST_F(Corpus, EveryModelIsReadOrRefusedAndSavesToAFixedPoint) {
+    // what some of them hold, so that none is read by halves
+    std::map<QString, std::array<std::size_t, 3>> known = {
+        {QStringLiteral("heli.x"), {9, 421, 377}},
+        {QStringLiteral("airplane 2.x"), {8, 1282, 596}},
+        {QStringLiteral("car.x"), {5, 1860, 1850}},
+        {QStringLiteral("ChessKnight.x"), {1, 5855, 10664}},
+        {QStringLiteral("arrow.x"), {2, 156, 152}},
+    };
     int read = 0;
     for (const QString& path : models("x") + models("x-as-0302")) {
         ModelDocument document;
@@ -48,6 +56,12 @@ TEST_F(Corpus, EveryModelIsReadOrRefusedAndSavesToAFixedPoint) {
             << qPrintable(path);
         if (status == ReadStatus::Done) {
             ++read;
+            if (const auto row = known.find(QFileInfo(path).fileName()); row != known.end()) {
+                const ModelCounts counts = countModel(document.Root);
+                EXPECT_EQ((std::array{counts.meshes, counts.vertices, counts.faces}), row->second)
+                    << qPrintable(path);
+                known.erase(row);
+            }
             const std::string saved = test::writeText(document);
             // Names that the rules cut short may read back differently once, never twice.
             const std::string again = test::writeText(test::readText(saved));
@@ -55,30 +69,7 @@ TEST_F(Corpus, EveryModelIsReadOrRefusedAndSavesToAFixedPoint) {
         }
     }
     EXPECT_GE(read, 20);
-}
-
-TEST_F(Corpus, WholeModelsKeepAllTheirFaces) {
-    const std::map<QString, std::array<std::size_t, 3>> expected = {
-        {QStringLiteral("heli.x"), {9, 421, 377}},
-        {QStringLiteral("airplane 2.x"), {8, 1282, 596}},
-        {QStringLiteral("car.x"), {5, 1860, 1850}},
-        {QStringLiteral("ChessKnight.x"), {1, 5855, 10664}},
-        {QStringLiteral("arrow.x"), {2, 156, 152}},
-    };
-    std::size_t found = 0;
-    for (const QString& path : models("x") + models("x-as-0302")) {
-        const auto row = expected.find(QFileInfo(path).fileName());
-        if (row == expected.end() || !hasHeader(path)) {
-            continue;
-        }
-        ++found;
-        ModelDocument document;
-        FileOpenXSI(path, document);
-        const ModelCounts counts = countModel(document.Root);
-        EXPECT_EQ((std::array{counts.meshes, counts.vertices, counts.faces}), row->second)
-            << qPrintable(path);
-    }
-    EXPECT_EQ(found, expected.size());
+    EXPECT_TRUE(known.empty());
 }
 
 } // namespace

@@ -112,6 +112,15 @@ TEST_F(Files, SavingReplacesTheFileAndKeepsLinks) {
     EXPECT_TRUE(SaveFileXSI(document, path("new.xsi")));
     EXPECT_EQ(content(path("new.xsi")), expected);
     EXPECT_EQ(filesInFolder(), 4);
+    // ".." in a link is above the folder that the link is in, not above the link to that folder
+    write("real/deep/file", "");
+    ASSERT_TRUE(QFile::link(QStringLiteral("real/deep"), path("alias")));
+    const QString above = write("real/t.xsi", "old");
+    ASSERT_TRUE(QFile::link(QStringLiteral("../t.xsi"), path("real/deep/link.xsi")));
+    EXPECT_TRUE(SaveFileXSI(document, path("alias/link.xsi")));
+    EXPECT_EQ(content(above), expected);
+    EXPECT_TRUE(QFileInfo(path("real/deep/link.xsi")).isSymbolicLink());
+    EXPECT_EQ(filesInFolder(), 4);
 }
 
 /// Gives new files of this process other permissions than usual.
@@ -140,7 +149,7 @@ TEST_F(Files, SavingKeepsThePermissionsWhateverNewFilesGet) {
     }
 }
 
-TEST_F(Files, AFailedSaveLeavesTheOldFile) {
+TEST_F(Files, WhatIsNoFileIsNotSavedInto) {
     const ModelDocument document;
     EXPECT_FALSE(SaveFileXSI(document, path("no/such/folder.xsi")));
     QDir().mkdir(path("folder.xsi"));
@@ -150,6 +159,18 @@ TEST_F(Files, AFailedSaveLeavesTheOldFile) {
     ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), path("device.xsi")));
     EXPECT_FALSE(SaveFileXSI(document, path("device.xsi")));
     EXPECT_FALSE(QFileInfo(QStringLiteral("/dev/full")).isFile());
+}
+
+TEST_F(Files, ASaveThatBreaksOffLeavesTheOldFile) {
+    const QString target = write("old.xsi", "old");
+    for (const bool thrown : {false, true}) {
+        EXPECT_FALSE(replaceFile(target, [thrown](const TextSink& sink) {
+            EXPECT_TRUE(sink("half"));
+            return thrown ? throw std::bad_alloc() : false;
+        }));
+        EXPECT_EQ(content(target), "old");
+        EXPECT_EQ(filesInFolder(), 1);
+    }
 }
 
 /// Lets no file of this process grow beyond a size, as a full disk would.

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <random>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -247,33 +246,6 @@ TEST(HostileInput, ManyMeshesOfOneFrameStayLinear) {
     // each such list takes the faces read so far over once more, until that is out of proportion
     EXPECT_GE(document.Root.Mesh.TexCoordFaces.size(), mentions);
     EXPECT_LT(watch.largest(), 10 * meshes.size());
-}
-
-TEST(HostileInput, RandomDamageHarmsNothing) {
-    std::mt19937 random(5);
-    for (std::uint32_t seed = 1; seed <= 60; ++seed) {
-        const std::string text = test::writeText(test::RandomModel(seed).make());
-        for (int round = 0; round < 20; ++round) {
-            std::string damaged = text;
-            for (int i = 0; i < 5; ++i) {
-                const std::size_t at = 16 + random() % (damaged.size() - 16);
-                switch (random() % 3) {
-                case 0:
-                    damaged[at] = static_cast<char>(random());
-                    break;
-                case 1:
-                    damaged.erase(at, random() % 50);
-                    break;
-                default:
-                    damaged.insert(at,
-                                   text.substr(16 + random() % (text.size() - 16), random() % 200));
-                    break;
-                }
-            }
-            const ModelDocument document = readText(damaged);
-            test::writeText(document);
-        }
-    }
 }
 
 /// What a model or a picture comes to: for a model its contents and how its root is saved.

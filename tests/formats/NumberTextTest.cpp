@@ -1,5 +1,7 @@
 #include "formats/NumberText.h"
 
+#include "support/Words.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -37,28 +39,14 @@ void compareWriting(float value) {
 }
 
 TEST(NumberText, RealsAreWrittenAsTheLibraryDoes) {
-    for (const float value : {0.0F,
-                              1.0F,
-                              0.5F,
-                              200.0F,
-                              0.1F,
-                              1.0F / 3,
-                              1e-4F,
-                              1e-5F,
-                              1e-7F,
-                              1e6F,
-                              1e5F,
-                              999999.5F,
-                              999999.4F,
-                              99999.95F,
-                              0.09999995F,
-                              1234567.0F,
-                              1e38F,
-                              std::numeric_limits<float>::min(),
-                              std::numeric_limits<float>::max(),
-                              std::numeric_limits<float>::denorm_min(),
-                              std::numeric_limits<float>::infinity(),
-                              std::numeric_limits<float>::quiet_NaN()}) {
+    using Limits = std::numeric_limits<float>;
+    for (const float value :
+         {0.0F, 1.0F, 0.5F, 200.0F, 0.1F, 1.0F / 3, 1e-4F, 1e-5F, 1e-7F, 1e6F, 1e5F, 999999.5F}) {
+        compareWriting(value);
+    }
+    for (const float value :
+         {999999.4F, 99999.95F, 0.09999995F, 1234567.0F, 1e38F, Limits::min(), Limits::max(),
+          Limits::denorm_min(), Limits::infinity(), Limits::quiet_NaN()}) {
         compareWriting(value);
     }
     // every binary exponent
@@ -73,8 +61,8 @@ TEST(NumberText, RealsAreWrittenAsTheLibraryDoes) {
 
 TEST(NumberText, TiesAndSixDigitBoundariesRoundAsTheLibraryDoes) {
     for (float scale = 1.0F; scale > 1e-5F; scale /= 2) {
-        for (int n = 1; n < 2000;
-             ++n) { // sums of powers of two: many end in a 5 behind the sixth digit
+        // sums of powers of two: many end in a 5 behind the sixth digit
+        for (int n = 1; n < 2000; ++n) {
             compareWriting(static_cast<float>(n) * scale);
         }
     }
@@ -92,14 +80,9 @@ TEST(NumberText, TiesAndSixDigitBoundariesRoundAsTheLibraryDoes) {
 
 TEST(NumberText, IntegersAreWrittenAsTheLibraryDoes) {
     std::mt19937 random(3);
-    std::vector<std::int32_t> values = {0,
-                                        -1,
-                                        9,
-                                        10,
-                                        999999,
-                                        1000000,
-                                        std::numeric_limits<std::int32_t>::max(),
-                                        std::numeric_limits<std::int32_t>::min()};
+    using Limits = std::numeric_limits<std::int32_t>;
+    std::vector<std::int32_t> values = {
+        0, -1, 9, 10, 999999, 1000000, Limits::max(), Limits::min()};
     for (int i = 0; i < 100000; ++i) {
         values.push_back(static_cast<std::int32_t>(random()) >> (random() % 32));
     }
@@ -134,30 +117,16 @@ TEST(NumberText, IntegersAreParsedAsTheLibraryDoes) {
         EXPECT_TRUE(compareInteger(number)) << number;
     }
     // no numbers, or too long for the quick way: among them what 32 bits hold just so or not at all
-    for (const char* number : {"",
-                               "-",
-                               "+",
-                               "+1",
-                               "--1",
-                               "-+1",
-                               " 1",
-                               ".5",
-                               "x",
-                               "0000000001",
-                               "1000000000",
-                               "2147483647",
-                               "2147483648",
-                               "-2147483648",
-                               "-2147483649",
-                               "4294967295",
-                               "4294967297",
-                               "9999999999",
-                               "18446744073709551617",
-                               "-99999999999999999999999999999999"}) {
+    for (const std::string& number :
+         test::words("- + +1 --1 -+1 .5 x 0000000001 1000000000 2147483647 2147483648 -2147483648 "
+                     "-2147483649 4294967295 4294967297 9999999999 18446744073709551617 "
+                     "-99999999999999999999999999999999")) {
         EXPECT_FALSE(compareInteger(number)) << number;
     }
-    for (int behind = 0; behind < 256;
-         ++behind) { // what may end a number, and what goes on with it
+    EXPECT_FALSE(compareInteger(""));
+    EXPECT_FALSE(compareInteger(" 1"));
+    // what may end a number, and what goes on with it
+    for (int behind = 0; behind < 256; ++behind) {
         const char c = static_cast<char>(behind);
         EXPECT_EQ(compareInteger("-42", c), !isDigit(c)) << behind;
     }
@@ -218,29 +187,10 @@ TEST(NumberText, MiddlesBetweenFloatsAreParsedToTheLibrarysBits) {
             compareParsing(text.data());
         }
     }
-    for (const char* text : {"0.1000000000000000055",
-                             "9007199254740993",
-                             "9007199254740991",
-                             "16777217",
-                             "16777219",
-                             "1e22",
-                             "1e23",
-                             "1e-22",
-                             "1e-23",
-                             "123456789012345678901234567890",
-                             "0.00000000000000000001",
-                             "00000000000000000000.5",
-                             "1.",
-                             ".5",
-                             "-0",
-                             "-0.0",
-                             "1e+05",
-                             "1e5.5",
-                             "1e",
-                             "1e+",
-                             "1e123",
-                             "-",
-                             "."}) {
+    for (const std::string& text : test::words(
+             "0.1000000000000000055 9007199254740993 9007199254740991 16777217 16777219 1e22 "
+             "1e23 1e-22 1e-23 123456789012345678901234567890 0.00000000000000000001 "
+             "00000000000000000000.5 1. .5 -0 -0.0 1e+05 1e5.5 1e 1e+ 1e123 - .")) {
         compareParsing(text);
     }
 }

@@ -111,7 +111,8 @@ TEST(Materials, EmissiveFramesExchangeRedAndGreenOfColoursWithoutBlue) {
 
 TEST(Materials, ReferencesAddNoSlot) {
     const ModelDocument document =
-        readMaterials(4, directX("1;0;0") + " { some material }\n{frame}\n" + directX("0;1;0"));
+        readMaterials(5, directX("1;0;0") + " { some material }\n{frame}\n{ name } // remark\n" +
+                             directX("0;1;0"));
     EXPECT_EQ(document.Root.Mesh.MaterialSlotList, (std::vector<std::int32_t>{0, 1}));
     expectReadOn(document);
 }

@@ -1,7 +1,5 @@
 #include "model/StructureTree.h"
 
-#include "model/StructureTreeModel.h"
-
 #include <gtest/gtest.h>
 
 namespace korvane {
@@ -91,22 +89,6 @@ TEST(StructureTree, OneSlotAndOneMaterialCannotBeDeleted) {
             }
         }
     }
-}
-
-TEST(StructureTree, ItemModelMirrorsTheNodes) {
-    ModelDocument document = example(2, 3);
-    document.Root.Name = "caf\xe9"; // not UTF-8: one character a byte
-    StructureTreeModel model;
-    model.setTree(StructureTree(document));
-    for (std::size_t i = 0; i < model.tree().nodes().size(); ++i) {
-        const QModelIndex index = model.indexOf(static_cast<std::int32_t>(i));
-        ASSERT_EQ(model.index(index.row(), 0, model.parent(index)), index);
-    }
-    EXPECT_EQ(model.rowCount({}), 2);
-    EXPECT_EQ(model.data(model.indexOf(0), Qt::DisplayRole).toString(),
-              QStringLiteral("Frame frm-caf\u00e9"));
-    EXPECT_FALSE(model.index(2, 0, {}).isValid());
-    EXPECT_FALSE(model.indexOf(99).isValid());
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-#include "model/FrameWalk.h"
-#include "model/ModelDocument.h"
+#include "support/FrameMaking.h"
 #include "support/RandomModel.h"
 
 #include <gtest/gtest.h>
@@ -7,12 +6,7 @@
 namespace korvane {
 namespace {
 
-FrameRecord named(const char* name, std::vector<FrameRecord> children = {}) {
-    FrameRecord frame;
-    frame.Name = name;
-    frame.Children = std::move(children);
-    return frame;
-}
+using test::named;
 
 /// The names in the order in which the document's cursor meets them.
 std::string cursorOrder(ModelDocument& document) {
@@ -20,7 +14,7 @@ std::string cursorOrder(ModelDocument& document) {
     document.ResetRenderList();
     do {
         names += document.GetFramePtr()->Name + "<" + document.GetParentPtr()->Name + " ";
-    } while (document.IncRenderList());
+    } while (document.IncRenderList() && names.size() < 1000);
     return names;
 }
 

@@ -45,18 +45,6 @@ class GlViewTest : public ::testing::Test {
     bool drawnAt(const QImage& picture, int x, int y) const {
         return picture.pixel(x, y) != state_.colors.background;
     }
-    /// Whether something is drawn at the pixel or next to it.
-    bool drawnNear(const QImage& picture, int x, int y) const {
-        for (int row = std::max(0, y - 1); row <= std::min(side - 1, y + 1); ++row) {
-            for (int column = std::max(0, x - 1); column <= std::min(side - 1, x + 1); ++column) {
-                if (drawnAt(picture, column, row)) {
-                    return true;
-                }
-            }
-        }
-        return false;
-    }
-
     /// What is drawn at a place counted in hundredths of the picture.
     BitmapPixel glPixel(Scene& scene, int x, int y) {
         gl_.redraw(scene.document, scene.state);
@@ -103,28 +91,18 @@ TEST_F(GlViewTest, ShowsTheSamplesAsTheSoftwareViewDoes) {
     }
 }
 
-TEST_F(GlViewTest, DrawsTheSameWires) {
-    state_.mode = RenderMode::Wireframe;
-    for (const char* sample : {"windmill.xsi", "skiff.xsi", "lighthouse.x"}) {
-        open(sample);
-        for (const CameraAngles& angles : cameras) {
-            state_.angles = angles;
-            const QImage gl = glPicture();
-            const QImage software = softwarePicture();
-            double both = 0;
-            double either = 0;
-            for (int y = 0; y < side; ++y) {
-                for (int x = 0; x < side; ++x) {
-                    const bool inGl = drawnNear(gl, x, y);
-                    const bool inSoftware = drawnNear(software, x, y);
-                    both += inGl && inSoftware ? 1 : 0;
-                    either += inGl || inSoftware ? 1 : 0;
-                }
-            }
-            ASSERT_GT(both, 1000) << sample;
-            EXPECT_GE(both / either, 0.9) << sample << " yaw " << angles.yaw;
-        }
+TEST_F(GlViewTest, TheLastColumnOfAFramesMatrixMovesNothing) {
+    open("skiff.xsi");
+    state_.angles = cameras[1];
+    const QImage before = glPicture();
+    for (const std::size_t element : {3U, 11U, 15U}) {
+        document_.Root.Matrix[element] = element == 15 ? 0.0F : 0.5F;
+        EXPECT_EQ(glPicture(), before) << element;
     }
+    document_.Root.Matrix = Matrix4();
+    const QImage software = softwarePicture();
+    document_.Root.Matrix[15] = 0;
+    EXPECT_EQ(softwarePicture(), software);
 }
 
 TEST_F(GlViewTest, RecordsAMeshOnceItRestsAndNeverForMoving) {
@@ -247,18 +225,10 @@ TEST_F(GlViewTest, EditsOfARecordedMeshShowAtOnce) {
     const std::vector<std::int32_t> numbers = {0, 1, 2, 3};
     history.texCoords(scene.document, FramePath(), numbers, before, after);
     EXPECT_EQ(recorded(), 0xff0000ffU);
+    history.undo(scene.document);
+    EXPECT_EQ(glPixel(scene, 33, 50), 0xff00ff00U);
     scene.mesh().HasTexCoords = false;
     EXPECT_EQ(recorded(), 0xffffffffU);
-    scene.mesh().HasTexCoords = true;
-    EXPECT_EQ(recorded(), 0xff0000ffU);
-    history.removeSlot(scene.document, FramePath(), 0);
-    EXPECT_EQ(recorded(), 0xff0000ffU);
-    history.undo(scene.document);
-    EXPECT_EQ(glPixel(scene, 33, 50), 0xff0000ffU);
-    history.undo(scene.document);
-    EXPECT_EQ(recorded(), 0xff00ff00U);
-    history.undo(scene.document);
-    EXPECT_EQ(recorded(), 0xffff0000U);
 }
 
 TEST_F(GlViewTest, TranslucentMeshesShowTheirFarSidesWhenTold) {
@@ -301,54 +271,37 @@ TEST_F(GlViewTest, TheOrderOfTranslucentFramesHidesNone) {
 TEST_F(GlViewTest, ColoursOfWiresGoByTheSelection) {
     Scene scene({plain(1, 1, 1)});
     addSquare(scene.mesh(), 3, 0);
+    addSquare(scene.mesh(), 1, 0);
     scene.state.mode = RenderMode::Wireframe;
-    const auto colorAndPixels = [&] {
+    const auto pixelsOf = [&](BitmapPixel color) {
         gl_.redraw(scene.document, scene.state);
-        const QImage picture = gl_.picture();
-        std::pair<BitmapPixel, int> found;
-        for (int y = 0; y < side; ++y) {
-            for (int x = 0; x < side; ++x) {
-                if (drawnAt(picture, x, y)) {
-                    found = {picture.pixel(x, y), found.second + 1};
-                }
-            }
-        }
-        return found;
+        return side * side - static_cast<int>(countOtherThan(gl_.picture(), color));
     };
+    const ViewColors& colors = scene.state.colors;
     const std::pair<SelectState, BitmapPixel> states[] = {
-        {SelectState::Selected, scene.state.colors.selected},
-        {SelectState::Descendant, scene.state.colors.selectedChild},
-        {SelectState::Other, scene.state.colors.unselected}};
+        {SelectState::Selected, colors.selected},
+        {SelectState::Descendant, colors.selectedChild},
+        {SelectState::Other, colors.unselected}};
     for (const auto& [state, color] : states) {
         scene.document.Root.SelectState = state;
-        const auto [shown, pixels] = colorAndPixels();
-        EXPECT_EQ(shown, color);
-        EXPECT_NEAR(pixels, 1064, 80) << "four lines";
+        EXPECT_NEAR(pixelsOf(color), 1064 + 1064 / 3, 100) << "four lines each";
     }
     scene.state.dots = true;
-    EXPECT_EQ(colorAndPixels(), std::pair(scene.state.colors.unselected, 4));
+    EXPECT_EQ(pixelsOf(colors.unselected), 8);
     // in the shaded modes the selected frame has a box, and nobody else
     scene.state.mode = RenderMode::FlatShading;
     scene.mesh().Faces.clear();
     scene.document.Root.Cache.clear();
-    EXPECT_EQ(colorAndPixels().second, 0);
+    EXPECT_EQ(pixelsOf(colors.background), side * side);
     scene.document.Root.SelectState = SelectState::Selected;
-    const auto [color, pixels] = colorAndPixels();
-    EXPECT_EQ(color, scene.state.colors.selected);
+    const int box = pixelsOf(colors.selected);
+    EXPECT_GT(box, 500);
     // it stays whole before what is drawn later and lies behind it
     FrameRecord behind = scene.document.Root;
     behind.SelectState = SelectState::Descendant;
     addSquare(behind.Mesh, 30, -2);
     scene.document.Root.Children.push_back(behind);
-    gl_.redraw(scene.document, scene.state);
-    int box = 0;
-    const QImage picture = gl_.picture();
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x) {
-            box += picture.pixel(x, y) == scene.state.colors.selected ? 1 : 0;
-        }
-    }
-    EXPECT_EQ(box, pixels);
+    EXPECT_EQ(pixelsOf(colors.selected), box);
 }
 
 TEST_F(GlViewTest, HostileMeshesAreLeftOut) {

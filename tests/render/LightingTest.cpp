@@ -77,18 +77,5 @@ TEST(Lighting, AdditiveColourKeepsTheHueOfTheFace) {
     EXPECT_EQ(lit(grey, {0, 0, -1}).color.green, 0);
 }
 
-TEST(Lighting, FlatColourBlendsTowardTheSpecularColour) {
-    const ColorRGB color = flatColor({0.5F, 1, -1}, 0.25F, {1, 0.2F, 0});
-    EXPECT_FLOAT_EQ(color.red, (0.75F * 0.5F + 0.25F) * 255);
-    EXPECT_FLOAT_EQ(color.green, (0.75F + 0.25F * 0.2F) * 255);
-    EXPECT_EQ(color.blue, 0);
-    EXPECT_EQ(flatColor({1, 1, 1}, 1, {9, 0, 0}).red, 255);
-    const LitColor smooth = {{0.5F, 0.9F, 0}, 0.5F};
-    const ColorRGB sum = smooth.withHighlight({1, 1, 0.5F});
-    EXPECT_EQ(sum.red, 1);
-    EXPECT_EQ(sum.green, 1);
-    EXPECT_FLOAT_EQ(sum.blue, 0.25F);
-}
-
 } // namespace
 } // namespace korvane

@@ -1,11 +1,11 @@
 #include "render/TGlPanel.h"
 
+#include "render/Bitmap.h"
 #include "render/GlContext.h"
 #include "render/TImage.h"
 #include "support/MainFormTest.h"
 
 #include <QMessageBox>
-#include <QMouseEvent>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions_2_1>
@@ -67,14 +67,8 @@ class TGlPanelTest : public MainFormTest {
         settle();
         return panel(window).grabFramebuffer().convertToFormat(QImage::Format_RGB32);
     }
-    static int drawnPixels(const QImage& picture, QRgb background) {
-        int drawn = 0;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                drawn += picture.pixel(x, y) != background ? 1 : 0;
-            }
-        }
-        return drawn;
+    static std::size_t drawnPixels(const QImage& picture) {
+        return countOtherThan(picture, 0xff000000U);
     }
     /// Draws until all that rests is recorded.
     static void drawOften(TMDIChild& window) {
@@ -90,8 +84,7 @@ TEST_F(TGlPanelTest, MenuSwitchesTheInterfaceAndKeepsTheView) {
     start({sample("skiff.xsi")});
     run("Rflat");
     const QImage gl = picture(active());
-    const int drawn = drawnPixels(gl, qRgb(0, 0, 0));
-    EXPECT_GT(drawn, 1000);
+    EXPECT_GT(drawnPixels(gl), 1000U);
     const auto& image = child<TImage>(active(), "Image1");
     EXPECT_FALSE(image.isVisible());
     active().view().angles.yaw += 1;
@@ -102,10 +95,10 @@ TEST_F(TGlPanelTest, MenuSwitchesTheInterfaceAndKeepsTheView) {
     EXPECT_EQ(active().findChild<TGlPanel*>(), nullptr);
     EXPECT_TRUE(image.isVisible());
     EXPECT_EQ(image.picture().size(), gl.size());
-    const int bySoftware = drawnPixels(image.picture(), qRgb(0, 0, 0));
+    const auto bySoftware = static_cast<double>(drawnPixels(image.picture()));
     run("OpenGLAction");
     EXPECT_FALSE(image.isVisible());
-    EXPECT_NEAR(drawnPixels(picture(active()), qRgb(0, 0, 0)), bySoftware, bySoftware * 0.05);
+    EXPECT_NEAR(static_cast<double>(drawnPixels(picture(active()))), bySoftware, bySoftware * 0.05);
     EXPECT_EQ(active().view().angles, angles);
     EXPECT_EQ(active().document()->CameraDistance, distance);
     EXPECT_EQ(active().view().mode, RenderMode::FlatShading);
@@ -170,42 +163,22 @@ TEST_F(TGlPanelTest, WindowsWithDifferentModesKeepApart) {
     EXPECT_EQ(picture(smooth), smoothPicture);
 }
 
-TEST_F(TGlPanelTest, OtherColoursShowWithTheNextDrawing) {
-    start({sample("skiff.xsi"), sample("skiff.xsi")});
-    for (TMDIChild* window : form().documents()) {
-        settle();
-        ViewColors colors = window->view().colors;
-        colors.background = 0xff0a141eU;
-        window->setViewColors(colors);
-        EXPECT_EQ(window->view().lastDrawnMode, static_cast<RenderMode>(10));
-        window->render3d();
-        window->setFocus();
-        EXPECT_EQ(picture(*window).pixel(0, 0), qRgb(10, 20, 30));
-        EXPECT_EQ(window->view().lastDrawnMode, RenderMode::SmoothShading);
-    }
-}
-
 TEST_F(TGlPanelTest, DraggingTurnsTheModelAndRecordsNothing) {
     start({sample("windmill.xsi")});
     TGlPanel& panel = this->panel(active());
     drawOften(active());
     const std::size_t recorded = panel.view().counts().recorded;
     EXPECT_GT(recorded, 0U);
-    const std::size_t meshes = panel.view().counts().meshes;
     const QImage before = picture(active());
     const float yaw = active().view().angles.yaw;
     QTest::mousePress(&panel, Qt::LeftButton, Qt::NoModifier, {50, 50});
     for (int x = 60; x <= 100; x += 10) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(x, 50),
-                         QPointF(panel.mapToGlobal(QPoint(x, 50))), Qt::NoButton, Qt::LeftButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(&panel, &move);
+        moveHolding(panel, {x, 50});
         settle();
     }
     QTest::mouseRelease(&panel, Qt::LeftButton, Qt::NoModifier, {100, 50});
     EXPECT_LT(active().view().angles.yaw, yaw);
     EXPECT_NE(picture(active()), before);
-    EXPECT_GT(panel.view().counts().meshes, meshes);
     EXPECT_EQ(panel.view().counts().recorded, recorded);
     EXPECT_EQ(panel.view().counts().errors, 0U);
     // a picture that is up to date is not drawn again

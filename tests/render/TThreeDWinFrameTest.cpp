@@ -3,50 +3,36 @@
 #include "app/DevicePixels.h"
 #include "model/TMDIChild.h"
 #include "render/TImage.h"
-#include "support/GuiTest.h"
+#include "support/MainFormTest.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QMdiArea>
 #include <QTest>
-#include <QTreeView>
 #include <QWheelEvent>
 
 namespace korvane::test {
 namespace {
 
-class TThreeDWinFrameTest : public GuiTest {
+class TThreeDWinFrameTest : public MainFormTest {
   protected:
     TThreeDWinFrameTest() {
-        area_.resize(900, 600);
-        area_.show();
-        window_ = new TMDIChild(ViewColors());
-        area_.addSubWindow(window_);
-        window_->showMaximized();
-        window_->create(file("small.xsi", smallModel()));
-        window_->setDrawingInterface(DrawApi::Software);
+        start({write("small.xsi", smallModel())});
+        window().setDrawingInterface(DrawApi::Software);
         settle();
-        image_ = &child<TImage>(*window_, "Image1");
-        view_ = &child<TThreeDWinFrame>(*window_, "ThreeDWin");
+        image_ = &child<TImage>(window(), "Image1");
+        view_ = &child<TThreeDWinFrame>(window(), "ThreeDWin");
     }
 
     QImage picture() const { return image_->picture().copy(); }
-    float distance() const { return window_->document()->CameraDistance; }
+    float distance() const { return document().CameraDistance; }
     void press(Qt::MouseButton button, QPoint at) {
         QTest::mousePress(image_, button, Qt::NoModifier, at);
     }
-    /// A move with the button held down, which the test library's own moves do not tell.
-    void drag(Qt::MouseButton button, QPoint at) {
-        QMouseEvent event(QEvent::MouseMove, QPointF(at), QPointF(image_->mapToGlobal(at)),
-                          Qt::NoButton, button, Qt::NoModifier);
-        QApplication::sendEvent(image_, &event);
-    }
+    void drag(Qt::MouseButton button, QPoint at) { moveHolding(*image_, at, button); }
     void release(Qt::MouseButton button, QPoint at) {
         QTest::mouseRelease(image_, button, Qt::NoModifier, at);
     }
 
-    QMdiArea area_;
-    TMDIChild* window_;
     TImage* image_;
     TThreeDWinFrame* view_;
 };
@@ -58,7 +44,7 @@ TEST_F(TThreeDWinFrameTest, ShowsTheModelInTheSizeOfTheControl) {
     // on the screen it is what was drawn
     EXPECT_EQ(image_->grab().toImage().convertToFormat(QImage::Format_RGB32), shown);
     const float distance = this->distance();
-    child<QCheckBox>(*window_, "TwoDVisibleBox").setChecked(false);
+    child<QCheckBox>(window(), "TwoDVisibleBox").setChecked(false);
     settle();
     EXPECT_EQ(picture().size(), sizeInPixels(*image_));
     EXPECT_GT(picture().width(), shown.width());
@@ -111,20 +97,14 @@ TEST_F(TThreeDWinFrameTest, EscapeAndLosingTheMouseCancelADrag) {
     EXPECT_EQ(view_->state().angles, start) << "cancelled for good";
     press(Qt::LeftButton, {50, 50});
     drag(Qt::LeftButton, {70, 55});
-    child<QTreeView>(*window_, "TreeView1").setFocus();
+    tree().setFocus();
     EXPECT_EQ(view_->state().angles, start);
 }
 
 TEST_F(TThreeDWinFrameTest, SelectingAFrameShows) {
     const QImage before = picture();
-    auto& tree = child<QTreeView>(*window_, "TreeView1");
-    // the frame below the root that has no mesh
-    const QModelIndex root = tree.model()->index(0, 0);
-    tree.setCurrentIndex(tree.model()->index(1, 0, root));
+    select(bodyNode + "/Frame frm-wing"); // has no mesh
     EXPECT_NE(picture(), before) << "the root's box is gone";
-    view_->state().mode = RenderMode::Wireframe;
-    window_->render3d();
-    EXPECT_NE(picture(), before);
 }
 
 } // namespace

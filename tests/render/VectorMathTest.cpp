@@ -1,5 +1,7 @@
 #include "render/VectorMath.h"
 
+#include "support/FrameMaking.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,13 +11,7 @@
 namespace korvane {
 namespace {
 
-Matrix4 translation(float x, float y, float z) {
-    Matrix4 m;
-    m[12] = x;
-    m[13] = y;
-    m[14] = z;
-    return m;
-}
+using test::translation;
 
 /// A quarter turn about z that takes x to y.
 Matrix4 quarterTurn() {

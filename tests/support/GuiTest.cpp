@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMouseEvent>
 
 namespace korvane::test {
 
@@ -13,6 +13,12 @@ void settle() {
     QEventLoop loop;
     QTimer::singleShot(30, &loop, &QEventLoop::quit);
     loop.exec();
+}
+
+void moveHolding(QWidget& widget, QPoint at, Qt::MouseButtons held) {
+    QMouseEvent event(QEvent::MouseMove, QPointF(at), QPointF(widget.mapToGlobal(at)), Qt::NoButton,
+                      held, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
 }
 
 GuiTest::GuiTest() {
@@ -87,17 +93,6 @@ void GuiTest::answerFileDialog(const QString& name, const QString& path) {
         child<QLineEdit>(*dialog, "fileNameEdit").setText(path);
         static_cast<QDialog*>(dialog)->accept();
     });
-}
-
-QString GuiTest::path(const char* name) const {
-    return folder_.filePath(QString::fromLatin1(name));
-}
-
-QString GuiTest::file(const char* name, const std::string& text) const {
-    QFile written(path(name));
-    EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-    written.write(QByteArray::fromStdString(text));
-    return written.fileName();
 }
 
 std::string smallModel() {

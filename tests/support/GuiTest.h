@@ -1,9 +1,10 @@
 #pragma once
 
+#include "support/TestFiles.h"
+
 #include <QList>
 #include <QPointer>
 #include <QString>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QWidget>
 
@@ -26,6 +27,10 @@ namespace korvane::test {
 /// Lets the event loop run until it has waited, so that posted events and update handlers have run.
 void settle();
 
+/// Moves the mouse over a widget with the button held down, which the test library's own moves do
+/// not tell; without one it hovers.
+void moveHolding(QWidget& widget, QPoint at, Qt::MouseButtons held = Qt::LeftButton);
+
 /// The one child of that class and object name; fails the test and ends it where there is none.
 template <class T>
 T& child(const QObject& in, const char* name) {
@@ -37,7 +42,7 @@ T& child(const QObject& in, const char* name) {
 }
 
 /// A test with windows: a folder for its files, and answers to the modal windows that come up.
-class GuiTest : public ::testing::Test {
+class GuiTest : public TestFiles {
   protected:
     GuiTest();
     ~GuiTest() override;
@@ -52,20 +57,14 @@ class GuiTest : public ::testing::Test {
     void answerCloseQuestion(const QString& fileName, int answer);
     /// Answers the next file dialog with the path, or cancels it if that is empty.
     void answerFileDialog(const QString& name, const QString& path);
-    /// From here on the test looks after modal windows itself.
-    void leaveModalWindows() { poll_.stop(); }
+    /// From here on the test looks after modal windows itself; only one that stays is dismissed.
+    void leaveModalWindows() { poll_.setInterval(10'000); }
     /// Whether every answer has been asked for.
     [[nodiscard]] bool allAnswered() const { return answers_.empty(); }
-
-    /// The path of a file in the test's folder.
-    [[nodiscard]] QString path(const char* name) const;
-    /// Writes a file into the test's folder and gives its path.
-    [[nodiscard]] QString file(const char* name, const std::string& text) const;
 
   private:
     void handleModalWindow();
 
-    QTemporaryDir folder_;
     std::deque<std::function<void(QWidget&)>> answers_;
     QTimer poll_;
     QList<QPointer<QWidget>> handled_; ///< those that are open

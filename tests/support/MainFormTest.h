@@ -3,12 +3,19 @@
 #include "app/EditorForms.h"
 #include "model/TMDIChild.h"
 #include "support/GuiTest.h"
+#include "support/Words.h"
 
 #include <QAction>
+#include <QTreeView>
 
 #include <memory>
 
 namespace korvane::test {
+
+// Nodes of the small model.
+inline const std::string bodyNode = "Frame frm-body";
+inline const std::string bodyMesh = bodyNode + "/Mesh body";
+inline const std::string bodyMaterials = bodyMesh + "/MeshMaterialList";
 
 /// A test of the running program: the main frame with its dialogs.
 class MainFormTest : public GuiTest {
@@ -21,6 +28,26 @@ class MainFormTest : public GuiTest {
     }
 
     [[nodiscard]] TMainForm& form() const { return forms_->mainForm; }
+    /// The active document window.
+    [[nodiscard]] TMDIChild& window() const { return *form().activeDocument(); }
+    [[nodiscard]] ModelDocument& document() const { return *window().document(); }
+    [[nodiscard]] QTreeView& tree() const { return child<QTreeView>(window(), "TreeView1"); }
+
+    /// The node of the tree that texts with "/" between them lead to from the top level.
+    [[nodiscard]] QModelIndex node(const std::string& path) const {
+        QModelIndex at;
+        for (const QString& text : QString::fromStdString(path).split(u'/')) {
+            const QModelIndexList found = tree().model()->match(
+                tree().model()->index(0, 0, at), Qt::DisplayRole, text, 1, Qt::MatchExactly);
+            if (found.isEmpty()) {
+                throw std::runtime_error("no node " + path);
+            }
+            at = found.front();
+        }
+        return at;
+    }
+    void select(const std::string& path) const { tree().setCurrentIndex(node(path)); }
+
     [[nodiscard]] QAction& action(const char* name) const { return child<QAction>(form(), name); }
 
     /// Triggers the command as a user can: not while it is disabled.
@@ -31,16 +58,13 @@ class MainFormTest : public GuiTest {
         settle();
     }
 
-    /// The names of those actions that are as asked, each followed by a blank.
+    /// Those names of actions that are as asked, each followed by a blank.
     template <class Holds>
-    [[nodiscard]] std::string namesOf(const std::initializer_list<const char*>& names,
-                                      Holds holds) const {
+    [[nodiscard]] std::string namesOf(const char* names, Holds holds) const {
         settle();
         std::string found;
-        for (const char* name : names) {
-            if ((action(name).*holds)()) {
-                found += std::string(name) + ' ';
-            }
+        for (const std::string& name : words(names)) {
+            found += (action(name.c_str()).*holds)() ? name + ' ' : "";
         }
         return found;
     }

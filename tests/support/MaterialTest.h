@@ -38,7 +38,7 @@ class MaterialTest : public GuiTest {
     void answerColor(std::optional<QColor> color);
     /// The message about what is no power.
     void answerConversionError();
-    /// Chooses the file in the texture dialog that comes up next; nothing if it is empty.
+    /// Chooses the file in the texture dialog that comes up next.
     void answerTexture(const QString& file, QDialog::DialogCode result);
     /// Chooses an item of the combo box as a user does.
     void chooseSlot(int slot);
@@ -47,7 +47,7 @@ class MaterialTest : public GuiTest {
     void select(FacePart part);
     /// Presses, moves and releases the left button in the texture view.
     void press(QPoint at) { QTest::mousePress(&view(), Qt::LeftButton, Qt::NoModifier, at); }
-    void move(QPoint at);
+    void move(QPoint at) { moveHolding(view(), at); }
     void release(QPoint at) { QTest::mouseRelease(&view(), Qt::LeftButton, Qt::NoModifier, at); }
     [[nodiscard]] QWidget& view() { return control<QWidget>("Image1"); }
 

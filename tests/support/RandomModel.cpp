@@ -1,6 +1,8 @@
 #include "support/RandomModel.h"
 
+#include <array>
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <string>
@@ -19,14 +21,17 @@ ModelDocument RandomModel::make() {
     return document;
 }
 
-/// Everyday numbers mostly, any finite bit pattern now and then.
+/// Everyday numbers mostly, anything finite now and then; with six digits, as files keep them.
 float RandomModel::real() {
     if (chance(70)) {
         return static_cast<float>(number(-100000, 100000)) / 1000.0F;
     }
     for (;;) {
-        const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(random_()));
+        auto value = std::bit_cast<float>(static_cast<std::uint32_t>(random_()));
         if (std::isfinite(value)) {
+            std::array<char, 20> text{};
+            std::to_chars(text.begin(), text.end(), value, std::chars_format::general, 6);
+            std::from_chars(text.begin(), text.end(), value);
             return value;
         }
     }

@@ -39,6 +39,20 @@ class TestFiles : public testing::Test {
     QTemporaryDir folder_;
 };
 
+/// Makes a folder the one that names without a folder belong to, for as long as it lives.
+class WorkingFolder {
+  public:
+    explicit WorkingFolder(const QString& folder) : before_(QDir::currentPath()) {
+        EXPECT_TRUE(QDir::setCurrent(folder));
+    }
+    ~WorkingFolder() { QDir::setCurrent(before_); }
+    WorkingFolder(const WorkingFolder&) = delete;
+    WorkingFolder& operator=(const WorkingFolder&) = delete;
+
+  private:
+    QString before_;
+};
+
 /// The folder of real models and pictures that the environment names; empty if there is none.
 inline QString corpusFolder() {
     return qEnvironmentVariable("KORVANE_CORPUS");
