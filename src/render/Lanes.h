@@ -9,6 +9,7 @@ namespace korvane {
 // machine they build for; loops over single numbers they do not, once a depth test is in them.
 using FloatLanes [[gnu::vector_size(16)]] = float;
 using IntLanes [[gnu::vector_size(16)]] = std::int32_t;
+using UnsignedLanes [[gnu::vector_size(16)]] = std::uint32_t;
 /// Eight small numbers side by side, and two wide ones.
 using ShortLanes [[gnu::vector_size(16)]] = std::uint16_t;
 using WideLanes [[gnu::vector_size(16)]] = std::uint64_t;

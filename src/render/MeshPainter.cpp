@@ -370,8 +370,9 @@ bool MeshPainter::placeTexture(const TextureSampler& sampler) {
         return false;
     }
     for (RasterCorner& corner : corners_) {
-        corner.s = (corner.s - offS) * width - steps / 2;
-        corner.t = (corner.t - offT) * height - steps / 2;
+        // far from 0 the next whole number may be the coordinate itself
+        corner.s = std::max((corner.s - offS) * width - steps / 2, 0.0F);
+        corner.t = std::max((corner.t - offT) * height - steps / 2, 0.0F);
     }
     return true;
 }

@@ -68,10 +68,12 @@ class TextureSampler {
         std::array<std::uint32_t, laneCount> numbers_;
     };
 
-    /// Columns or rows of repetitions as those of the texture itself.
+    /// Columns or rows of repetitions as those of the texture itself; within it for any number.
     [[nodiscard]] IntLanes wrapped(IntLanes at, std::uint32_t size) const {
         const IntLanes side = allLanes(static_cast<std::int32_t>(size));
-        return powersOfTwo_ ? at & (side - allLanes(1)) : at % side;
+        return powersOfTwo_ ? at & (side - allLanes(1))
+                            : reinterpret_cast<IntLanes>(reinterpret_cast<UnsignedLanes>(at) %
+                                                         reinterpret_cast<UnsignedLanes>(side));
     }
 
     /// The four channels of a pixel and those of the one to its right.
