@@ -18,7 +18,7 @@ namespace {
 std::int64_t mostPixels(std::span<const std::uint8_t> bytes) {
     constexpr std::uint32_t oldHeaderSize = 12;
     constexpr std::int64_t pixelsPerRunByte = 128;
-    constexpr std::int64_t smallPicture = 1024 * 1024;
+    constexpr std::int64_t smallPicture = 1 << 20;
     ByteReader in(bytes);
     in.skip(14); // the file header
     const std::uint32_t headerSize = in.littleEndian32();
