@@ -6,6 +6,7 @@
 #include "support/Words.h"
 
 #include <QAction>
+#include <QTest>
 #include <QTreeView>
 
 #include <memory>
@@ -23,6 +24,8 @@ class MainFormTest : public GuiTest {
     TMainForm& start(const QStringList& paths = {}) {
         forms_ = std::make_unique<EditorForms>(paths);
         forms_->mainForm.show();
+        // which is when the models open
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&forms_->mainForm));
         settle();
         return forms_->mainForm;
     }
