@@ -1,5 +1,7 @@
 #include "app/ColorSwatch.h"
 
+#include "app/ModalCall.h"
+
 #include <QColorDialog>
 #include <QKeyEvent>
 #include <QPainter>
@@ -21,7 +23,7 @@ bool ColorSwatch::choose() {
     QColorDialog dialog(color_, this);
     dialog.setObjectName(QStringLiteral("ColorDialog1"));
     dialog.setWindowTitle(accessibleName());
-    if (dialog.exec() != QDialog::Accepted) {
+    if (execModal(dialog) != QDialog::Accepted) {
         return false;
     }
     setColor(dialog.selectedColor());

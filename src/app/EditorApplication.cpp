@@ -1,5 +1,6 @@
 #include "app/EditorApplication.h"
 
+#include "app/ModalCall.h"
 #include "app/PaletteIcon.h"
 
 #include <QMessageBox>
@@ -33,8 +34,10 @@ bool EditorApplication::notify(QObject* receiver, QEvent* event) {
         // Only memory that ran out gets here, or a copy that no clipboard block can hold. By now
         // what asked for it is gone and most of it is free again, so that the user can be told and
         // can save.
-        QMessageBox::critical(activeWindow(), applicationName(),
-                              QStringLiteral("There is not enough memory for this command."));
+        QMessageBox box(QMessageBox::Critical, applicationName(),
+                        QStringLiteral("There is not enough memory for this command."),
+                        QMessageBox::Ok, activeWindow());
+        execModal(box);
     }
     return true;
 }

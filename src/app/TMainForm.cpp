@@ -2,6 +2,7 @@
 
 #include "app/EditorForms.h"
 #include "app/MdiArrange.h"
+#include "app/ModalCall.h"
 #include "app/PaletteIcon.h"
 #include "app/ToolButtons.h"
 #include "formats/FileNames.h"
@@ -137,7 +138,9 @@ void TMainForm::connectActions() {
                 // the action has moved its mark by itself; marks are the handlers' business
                 action->setChecked(!action->isChecked());
             }
-            (this->*execute)();
+            if (!ModalCall::running()) {
+                (this->*execute)();
+            }
         });
     }
     // shortcuts work wherever the focus is, whether or not their items show
@@ -217,6 +220,10 @@ void TMainForm::dropEvent(QDropEvent* event) {
 }
 
 void TMainForm::closeEvent(QCloseEvent* event) {
+    if (ModalCall::running()) {
+        event->ignore();
+        return;
+    }
     // all are asked before the first one closes: Cancel leaves every window open
     const QList<TMDIChild*> open = documents();
     for (TMDIChild* document : open) {
@@ -245,7 +252,7 @@ void TMainForm::FileOpen1Execute() {
     dialog.setNameFilters({QStringLiteral("Compatible files (*.msh *.xsi *.x)"),
                            QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
-    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+    if (execModal(dialog) == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
         createDocument(dialog.selectedFiles().constFirst());
     }
 }
@@ -316,7 +323,7 @@ void TMainForm::windowUpdate() {
 }
 
 void TMainForm::HelpAbout1Execute() {
-    forms_.aboutBox.exec();
+    execModal(forms_.aboutBox);
 }
 
 void TMainForm::MainFormActivate() {

@@ -1,6 +1,7 @@
 // The commands of the main frame that tell how the 3D view is drawn.
 
 #include "app/EditorForms.h"
+#include "app/ModalCall.h"
 #include "app/TMainForm.h"
 #include "model/TMDIChild.h"
 #include "ui_TMainForm.h"
@@ -10,7 +11,7 @@
 namespace korvane {
 
 void TMainForm::ColorOptionsActionExecute() {
-    if (forms_.colorOptions.exec() != QDialog::Accepted) {
+    if (execModal(forms_.colorOptions) != QDialog::Accepted) {
         return;
     }
     const ViewColors colors = forms_.colorOptions.viewColors();

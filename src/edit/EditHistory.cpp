@@ -52,6 +52,7 @@ std::size_t deepest(const FrameRecord& top) {
 RefreshFlags EditHistory::step(ModelDocument& document, EditAction& action, bool forward,
                                const TextureSource& textures) {
     document.Modified = true;
+    ++document.Revision;
     const EditKindRow* row = editKindRow(action.kind);
     if (row == nullptr) {
         return {};

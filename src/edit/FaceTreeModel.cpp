@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 namespace korvane {
 
@@ -20,9 +21,9 @@ int rows(std::size_t size) {
 
 } // namespace
 
-void FaceTreeModel::setFaces(const PolygonList* faces) {
+void FaceTreeModel::setFaces(Faces faces) {
     beginResetModel();
-    faces_ = faces;
+    faces_ = std::move(faces);
     endResetModel();
 }
 
@@ -52,15 +53,16 @@ QModelIndex FaceTreeModel::parent(const QModelIndex& child) const {
 }
 
 int FaceTreeModel::rowCount(const QModelIndex& parent) const {
-    if (faces_ == nullptr) {
+    const PolygonList* faces = this->faces();
+    if (faces == nullptr) {
         return 0;
     }
     if (!parent.isValid()) {
-        return rows(faces_->size());
+        return rows(faces->size());
     }
     const auto face = static_cast<std::size_t>(parent.row());
-    const bool ofFace = parent.internalId() == ofTopLevel && face < faces_->size();
-    return ofFace ? rows((*faces_)[face].size()) : 0;
+    const bool ofFace = parent.internalId() == ofTopLevel && face < faces->size();
+    return ofFace ? rows((*faces)[face].size()) : 0;
 }
 
 int FaceTreeModel::columnCount(const QModelIndex& /*parent*/) const {
@@ -69,14 +71,15 @@ int FaceTreeModel::columnCount(const QModelIndex& /*parent*/) const {
 
 QVariant FaceTreeModel::data(const QModelIndex& index, int role) const {
     const auto part = partOf(index);
-    if (!part || faces_ == nullptr || part->face >= faces_->size() ||
+    const PolygonList* faces = this->faces();
+    if (!part || faces == nullptr || part->face >= faces->size() ||
         (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) {
         return {};
     }
     if (part->vertex == 0) {
         return QStringLiteral("face %1").arg(part->face + 1);
     }
-    const auto corners = (*faces_)[part->face];
+    const auto corners = (*faces)[part->face];
     return part->vertex <= corners.size()
                ? QStringLiteral("vertice %1").arg(quint64{corners[part->vertex - 1]} + 1)
                : QVariant();

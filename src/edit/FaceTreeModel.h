@@ -4,6 +4,7 @@
 
 #include <QAbstractItemModel>
 
+#include <functional>
 #include <optional>
 
 namespace korvane {
@@ -16,8 +17,11 @@ class FaceTreeModel : public QAbstractItemModel {
   public:
     using QAbstractItemModel::QAbstractItemModel;
 
-    /// Shows these faces, which must stay as they are until others or null are set.
-    void setFaces(const PolygonList* faces);
+    using Faces = std::function<const PolygonList*()>;
+
+    /// Shows the faces that the function leads to, which must stay the same until others are set.
+    /// It is asked anew for every row, as a mesh may move; it may answer null.
+    void setFaces(Faces faces);
 
     /// What a row stands for; nothing for an invalid index.
     [[nodiscard]] static std::optional<FacePart> partOf(const QModelIndex& index);
@@ -29,7 +33,9 @@ class FaceTreeModel : public QAbstractItemModel {
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
   private:
-    const PolygonList* faces_ = nullptr;
+    [[nodiscard]] const PolygonList* faces() const { return faces_ ? faces_() : nullptr; }
+
+    Faces faces_;
 };
 
 } // namespace korvane

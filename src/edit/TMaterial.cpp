@@ -1,6 +1,7 @@
 #include "edit/TMaterial.h"
 
 #include "app/CentreOnScreen.h"
+#include "app/ModalCall.h"
 #include "edit/MaterialValues.h"
 #include "ui_TMaterial.h"
 
@@ -10,6 +11,7 @@
 #include <QMessageBox>
 #include <QScopedValueRollback>
 
+#include <numeric>
 #include <string>
 #include <utility>
 
@@ -112,12 +114,39 @@ void TMaterial::connectControls() {
 
 void TMaterial::edit(const MaterialSubject& subject) {
     subject_ = subject;
+    table_ = FrameRecord();
+    if (!subject.frame) {
+        table_.Mesh.MaterialSlotList.resize(subject.document->Materials.size());
+        std::iota(table_.Mesh.MaterialSlotList.begin(), table_.Mesh.MaterialSlotList.end(), 0);
+    }
+    mesh().CurrentSlot = subject.slot;
     showNeeded_ = true;
     centreOnScreen(*this);
-    exec();
-    faces_.setFaces(nullptr);
+    execModal(*this);
+    faces_.setFaces({});
     DeleteBMP();
     subject_.reset();
+}
+
+const FrameRecord& TMaterial::frame() const {
+    const FrameRecord* found =
+        subject_->frame ? frameAt(subject_->document->Root, *subject_->frame) : nullptr;
+    return found != nullptr ? *found : table_;
+}
+
+FrameRecord& TMaterial::frame() {
+    FrameRecord* found =
+        subject_->frame ? frameAt(subject_->document->Root, *subject_->frame) : nullptr;
+    return found != nullptr ? *found : table_;
+}
+
+bool TMaterial::stillCurrent(std::size_t material, std::uint64_t revision) const {
+    return subject_ && subject_->document->Revision == revision && currentMaterial() == material;
+}
+
+void TMaterial::documentChanged() {
+    ++subject_->document->Revision;
+    Q_EMIT edited();
 }
 
 void TMaterial::showEvent(QShowEvent* event) {
@@ -143,7 +172,7 @@ void TMaterial::keyPressEvent(QKeyEvent* event) {
 void TMaterial::ShowMaterial() {
     drag_ = TexCoordDrag();
     fillSlots();
-    faces_.setFaces(&mesh().Faces);
+    faces_.setFaces([this] { return subject_ ? &mesh().Faces : nullptr; });
     fillMaterials();
     lockLastMaterial();
     slotsChanged_ = false;
@@ -253,7 +282,7 @@ void TMaterial::enableControls() {
         action->setEnabled(current);
     }
     ui_->ComboBox1->setEnabled(anyMaterial && ui_->ComboBox1->count() > 0);
-    ui_->CheckListBox1->setEnabled(anyMaterial && subject_->path.has_value());
+    ui_->CheckListBox1->setEnabled(anyMaterial && subject_->frame.has_value());
     for (QWidget* widget :
          {static_cast<QWidget*>(ui_->TreeView1), static_cast<QWidget*>(ui_->texname),
           static_cast<QWidget*>(ui_->ZoomInButton), static_cast<QWidget*>(ui_->ZoomOutButton),
@@ -302,7 +331,11 @@ void TMaterial::changeColor(ColorSwatch& swatch,
                                                         const ColorRGB&)) {
     commitPending();
     const auto material = currentMaterial();
-    if (material && swatch.choose()) {
+    if (!material) {
+        return;
+    }
+    const std::uint64_t revision = subject_->document->Revision;
+    if (swatch.choose() && stillCurrent(*material, revision)) {
         (subject_->history->*record)(*subject_->document, *material,
                                      modelColor(bytesOf(swatch.color())));
         Q_EMIT edited();
@@ -320,7 +353,7 @@ void TMaterial::OpacityChange() {
     subject_->document->Materials[*material].FaceColor.alpha = opacityAt(position);
     ui_->opacity->setText(QString::number(position));
     pendingOpacity_.change();
-    Q_EMIT edited();
+    documentChanged();
 }
 
 void TMaterial::ShininessChange() {
@@ -333,7 +366,7 @@ void TMaterial::ShininessChange() {
     pendingShininess_.change();
     if (const auto power = powerOf(ui_->Edit1->text().toStdString())) {
         subject_->document->Materials[*material].Power = *power;
-        Q_EMIT edited();
+        documentChanged();
     } else {
         refuseShininess();
     }
@@ -343,7 +376,7 @@ void TMaterial::refuseShininess() {
     QMessageBox box(QMessageBox::Warning, QStringLiteral("Conversion Error"),
                     QStringLiteral("Please type a number >= 0"), QMessageBox::Ok, this);
     box.setObjectName(QStringLiteral("ConversionError"));
-    box.exec();
+    execModal(box);
 }
 
 void TMaterial::ComboBoxChange() {
@@ -352,8 +385,8 @@ void TMaterial::ComboBoxChange() {
     if (!subject_ || slot < 0) {
         return;
     }
-    if (const auto part = selectedPart(); part && subject_->path) {
-        subject_->history->faceSlot(*subject_->document, *subject_->path,
+    if (const auto part = selectedPart(); part && subject_->frame) {
+        subject_->history->faceSlot(*subject_->document, *subject_->frame,
                                     static_cast<std::int32_t>(part->face), slot);
         Q_EMIT edited();
     }
@@ -362,7 +395,7 @@ void TMaterial::ComboBoxChange() {
 }
 
 void TMaterial::CheckListBoxClicked() {
-    if (filling_ || !subject_ || !subject_->path) {
+    if (filling_ || !subject_ || !subject_->frame) {
         return;
     }
     commitPending();
@@ -390,7 +423,7 @@ void TMaterial::CheckListBoxClicked() {
 }
 
 void TMaterial::appendSlot(std::size_t material) {
-    subject_->history->appendSlot(*subject_->document, *subject_->path,
+    subject_->history->appendSlot(*subject_->document, *subject_->frame,
                                   static_cast<std::int32_t>(material));
 }
 
@@ -401,7 +434,7 @@ void TMaterial::removeSlots(std::size_t material) {
             ++slot;
             continue;
         }
-        subject_->history->removeSlot(*subject_->document, *subject_->path,
+        subject_->history->removeSlot(*subject_->document, *subject_->frame,
                                       static_cast<std::int32_t>(slot));
         // the current slot moves as the slots of the faces do
         std::int32_t& current = mesh().CurrentSlot;

@@ -11,6 +11,7 @@
 #include <QDialog>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -26,12 +27,12 @@ namespace Ui {
 class TMaterial;
 }
 
-/// What the material editor works on. All of it must stay in place while the editor is shown.
+/// What the material editor works on. Document and history must outlive the call.
 struct MaterialSubject {
     ModelDocument* document = nullptr;
     EditHistory* history = nullptr;
-    FrameRecord* frame = nullptr;  ///< its mesh has the material slots
-    std::optional<FramePath> path; ///< where the frame stands; a frame outside the model has none
+    std::optional<FramePath> frame; ///< whose mesh has the material slots; none means the table
+    std::int32_t slot = 0;          ///< the slot to begin with; of the table a material's number
 };
 
 /// The material editor: the materials of a frame's mesh, which faces use them, their values and
@@ -46,8 +47,7 @@ class TMaterial : public QDialog {
     /// The dialog that lets the user choose texture files; it must outlive every edit().
     void setTextureDialog(TOKBottomDlg& dialog) { textureDialog_ = &dialog; }
 
-    /// Shows the editor until the user closes it. The frame's `CurrentSlot` is the material that it
-    /// begins with.
+    /// Shows the editor until the user closes it.
     void edit(const MaterialSubject& subject);
     /// Whether the user gave the mesh other materials since the editor was shown last.
     [[nodiscard]] bool slotsChanged() const { return slotsChanged_; }
@@ -121,7 +121,16 @@ class TMaterial : public QDialog {
     void offsetChanged();
     void texCoordsChanged();
     void cancelDrag();
-    [[nodiscard]] MeshRecord& mesh() const { return subject_->frame->Mesh; }
+    /// The frame that is edited, looked up anew; a frame that is gone is as one without materials.
+    [[nodiscard]] FrameRecord& frame();
+    [[nodiscard]] const FrameRecord& frame() const;
+    [[nodiscard]] MeshRecord& mesh() { return frame().Mesh; }
+    [[nodiscard]] const MeshRecord& mesh() const { return frame().Mesh; }
+    /// Whether a dialog that was shown at this revision for the current material may still change
+    /// that.
+    [[nodiscard]] bool stillCurrent(std::size_t material, std::uint64_t revision) const;
+    /// The document was changed past its history.
+    void documentChanged();
     /// The number of the material in the current slot, if that leads to one.
     [[nodiscard]] std::optional<std::size_t> currentMaterial() const;
     /// The face or vertex that the tree has selected.
@@ -133,6 +142,9 @@ class TMaterial : public QDialog {
     TOKBottomDlg* textureDialog_ = nullptr;
     FaceTreeModel faces_;
     std::optional<MaterialSubject> subject_; ///< while the editor is shown
+    /// The table is edited as the slots of a frame that is no part of the model. As that has no
+    /// path, nothing about it can be recorded.
+    FrameRecord table_;
     PendingOpacity pendingOpacity_;
     PendingShininess pendingShininess_;
     TexCoordView view_;

@@ -1,6 +1,7 @@
 // The texture view of the material editor.
 
 #include "app/DevicePixels.h"
+#include "app/ModalCall.h"
 #include "app/MouseEvents.h"
 #include "app/WidgetText.h"
 #include "edit/TMaterial.h"
@@ -104,7 +105,9 @@ void TMaterial::mopen1execute() {
         return;
     }
     textureDialog_->reset(QFileInfo(subject_->document->FileName).path());
-    if (textureDialog_->exec() != Accepted || textureDialog_->loadedImage() == nullptr) {
+    const std::uint64_t revision = subject_->document->Revision;
+    if (execModal(*textureDialog_) != Accepted || textureDialog_->loadedImage() == nullptr ||
+        !stillCurrent(*material, revision)) {
         return;
     }
     const QString name = QDir::toNativeSeparators(textureDialog_->fileName());
@@ -224,7 +227,7 @@ void TMaterial::mouseEvent(const QMouseEvent& event) {
 
 void TMaterial::FormMouseDown(const DragInput& input) {
     // a frame outside the model has nothing that a history could refer to
-    if (input.button != DragButton::Left || !subject_->path || !mesh().HasTexCoords) {
+    if (input.button != DragButton::Left || !subject_->frame || !mesh().HasTexCoords) {
         return;
     }
     commitPending();
@@ -245,7 +248,7 @@ void TMaterial::FormMouseUp(const DragInput& input) {
     }
     MovedTexCoords moved = drag_.end(input, view_, mesh());
     subject_->document->DragRunning = false;
-    subject_->history->texCoords(*subject_->document, *subject_->path, moved.numbers,
+    subject_->history->texCoords(*subject_->document, *subject_->frame, moved.numbers,
                                  std::move(moved.before), std::move(moved.after));
     texCoordsChanged();
 }
@@ -256,9 +259,9 @@ void TMaterial::MaterialPTMove(const DragInput& input) {
 }
 
 void TMaterial::texCoordsChanged() {
-    subject_->frame->Cache.markMeshChanged();
+    frame().Cache.markMeshChanged();
     DrawTexTri();
-    Q_EMIT edited();
+    documentChanged();
 }
 
 void TMaterial::cancelDrag() {

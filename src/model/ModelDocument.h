@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace korvane {
@@ -22,6 +23,9 @@ struct ModelDocument {
     QString FileName;
     bool NeverSaved = true; ///< no file name of the user's choice yet: Save asks for one
     bool Modified = true;   ///< the model differs from its file
+    /// Counts the changes to what files hold. What was worked out before a dialog showed is of no
+    /// use once this has moved on without it.
+    std::uint64_t Revision = 0;
     RenderCursor Cursor;    ///< `CursorDepth` and `CursorPath`
     NodeData Selected;      ///< the selection in the structure tree
     NodeData SelectionCopy; ///< kept equal to Selected

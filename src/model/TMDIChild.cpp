@@ -1,6 +1,8 @@
 #include "model/TMDIChild.h"
 
+#include "app/ModalCall.h"
 #include "app/PaletteIcon.h"
+#include "app/WindowFocus.h"
 #include "app/WidgetText.h"
 #include "formats/FileNames.h"
 #include "formats/MshOpener.h"
@@ -40,7 +42,7 @@ QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectNa
         const int width = box.fontMetrics().horizontalAdvance(title) * 5 / 4 + titleButtons;
         grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
     }
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    return static_cast<QMessageBox::StandardButton>(execModal(box));
 }
 
 } // namespace
@@ -63,16 +65,14 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setUpTools();
     ui_->ThreeDWin->setDocument(document());
     loadTexturesOfDocument();
+    new WindowFocus(*this, *ui_->TreeView1); // owned by the window
     ui_->Panel3->installEventFilter(this);
     ui_->TreeView1->installEventFilter(this);
 
     structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TMDIChild::ChildSelectedChange);
-    connect(ui_->EditButton, &QPushButton::clicked, this, &TMDIChild::EditButtonClick);
-    connect(ui_->RenameButton, &QPushButton::clicked, this, &TMDIChild::RenameButtonClick);
-    connect(ui_->DeleteButton, &QPushButton::clicked, this, &TMDIChild::Deletebuttonclick);
-    connect(ui_->AddButton, &QPushButton::clicked, this, &TMDIChild::Addbuttonclick);
+    setUpButtons();
     fitPages();
     rebuildTree();
 }
@@ -207,7 +207,7 @@ void TMDIChild::FileSaveAsExecute() {
     }
     QString name;
     do {
-        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
+        if (execModal(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
             return;
         }
         name = dialog.selectedFiles().constFirst();
@@ -246,13 +246,18 @@ bool TMDIChild::FormCanClose() {
     return answer != QMessageBox::Cancel;
 }
 
+bool TMDIChild::mayEdit() const {
+    return acceptsEdits() && !ModalCall::running();
+}
+
 void TMDIChild::closeUnasked() {
     closeAgreed_ = true;
     close();
 }
 
 void TMDIChild::closeEvent(QCloseEvent* event) {
-    if (!closeAgreed_ && !FormCanClose()) {
+    // a call that shows a dialog still works on the model
+    if (ModalCall::running() || (!closeAgreed_ && !FormCanClose())) {
         event->ignore();
         return;
     }
@@ -274,6 +279,9 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
         dynamic_cast<QKeyEvent&>(*event).matches(QKeySequence::Copy)) {
         // where nothing can be copied a tree would replace what was by the text of its node
         return true;
+    }
+    if (watched == ui_->DeleteButton && event->type() == QEvent::MouseButtonDblClick) {
+        return true; // deletes what was meant, and not what is selected then
     }
     return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
 }

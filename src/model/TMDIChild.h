@@ -152,6 +152,7 @@ class TMDIChild : public QMdiSubWindow {
     [[nodiscard]] std::array<PlaneImage, planeCount> planeImages() const;
     void setUpViews();
     void setUpTools();
+    void setUpButtons();
     /// An event of a view; whether that was all about it.
     bool viewEvent(const QObject& watched, QEvent& event);
     bool planeEvent(const PlaneImage& image, QEvent& event);
@@ -173,6 +174,9 @@ class TMDIChild : public QMdiSubWindow {
     void storeVisibility();
     void setPointerText(const QString& text);
     [[nodiscard]] bool acceptsEdits() const { return model_ && !model_->DragRunning; }
+    /// The same, and no call that shows a dialog is at work. Commands ask this when they run, but
+    /// do not show it: all of them would grey behind every dialog.
+    [[nodiscard]] bool mayEdit() const;
     static void fillPanel(QWidget& panel, const QColor& color);
 
     void FileOpenXSI(const QString& fileName);
@@ -189,8 +193,6 @@ class TMDIChild : public QMdiSubWindow {
     void editFrameOptions();
     /// Opens the material editor on the selected slot or entry of the table.
     void editMaterials();
-    /// `path` leads to the frame; a frame outside the model has none.
-    void showMaterialEditor(FrameRecord& frame, const std::optional<FramePath>& path);
     void refresh(const RefreshFlags& flags, const NodeData& selectedBefore);
     /// Moves the selection in the tree to what the document has selected, as if the user did.
     void followSelection();

@@ -25,7 +25,7 @@ bool TMDIChild::canPaste(ClipboardContent content) const {
 }
 
 void TMDIChild::paste(const QByteArray& block) {
-    if (!acceptsEdits()) {
+    if (!mayEdit()) {
         return;
     }
     std::optional<ClipboardItem> item = decodeBlock(bytesOf(block));

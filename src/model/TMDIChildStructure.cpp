@@ -1,5 +1,6 @@
 // The "Structure" page of the document window.
 
+#include "app/ModalCall.h"
 #include "formats/TextureLoader.h"
 #include "model/FrameFlags.h"
 #include "model/ModelText.h"
@@ -18,6 +19,24 @@
 #include <utility>
 
 namespace korvane {
+
+void TMDIChild::setUpButtons() {
+    const std::pair<QPushButton*, void (TMDIChild::*)()> handlers[] = {
+        {ui_->EditButton, &TMDIChild::EditButtonClick},
+        {ui_->RenameButton, &TMDIChild::RenameButtonClick},
+        {ui_->DeleteButton, &TMDIChild::Deletebuttonclick},
+        {ui_->AddButton, &TMDIChild::Addbuttonclick}};
+    for (const auto& [button, handler] : handlers) {
+        connect(button, &QPushButton::clicked, this, [this, handler = handler] {
+            if (mayEdit()) {
+                (this->*handler)();
+            }
+            // on a button the next Space, meant for the tree, would press it again
+            ui_->TreeView1->setFocus();
+        });
+    }
+    ui_->DeleteButton->installEventFilter(this);
+}
 
 void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
     if (!model_ || filling_) {
@@ -85,14 +104,14 @@ void TMDIChild::loadTexturesOfDocument() {
 }
 
 void TMDIChild::undo() {
-    if (canUndo()) {
+    if (mayEdit() && canUndo()) {
         const NodeData before = model_->Selected;
         refresh(history_.undo(*model_), before);
     }
 }
 
 void TMDIChild::redo() {
-    if (canRedo()) {
+    if (mayEdit() && canRedo()) {
         const NodeData before = model_->Selected;
         refresh(history_.redo(*model_), before);
     }
@@ -112,9 +131,6 @@ void TMDIChild::refresh(const RefreshFlags& flags, const NodeData& selectedBefor
 }
 
 void TMDIChild::EditButtonClick() {
-    if (!model_) {
-        return;
-    }
     switch (model_->Selected.NodeKind) {
     case NodeKind::Frame:
         if (dialogs_.frameOptions != nullptr) {
@@ -141,8 +157,16 @@ void TMDIChild::editFrameOptions() {
         return;
     }
     const FrameFlags before = frameFlags(*frame);
-    const bool confirmed = dialogs_.frameOptions->edit(*frame);
-    if (!model_ || frameFlags(*frame) == before) {
+    std::uint64_t revision = model_->Revision;
+    const bool confirmed = dialogs_.frameOptions->edit(before, [&](const FrameFlags& flags) {
+        FrameRecord* edited = model_->Revision == revision ? frameAt(model_->Root, path) : nullptr;
+        if (edited != nullptr) {
+            setFrameFlags(*edited, flags);
+            revision = ++model_->Revision;
+        }
+    });
+    frame = model_->Revision == revision ? frameAt(model_->Root, path) : nullptr;
+    if (frame == nullptr || frameFlags(*frame) == before) {
         return;
     }
     if (confirmed) {
@@ -154,7 +178,7 @@ void TMDIChild::editFrameOptions() {
 }
 
 void TMDIChild::RenameButtonClick() {
-    if (!model_ || !model_->Selected.Frame || dialogs_.renameFrame == nullptr) {
+    if (!model_->Selected.Frame || dialogs_.renameFrame == nullptr) {
         return;
     }
     const FramePath path = *model_->Selected.Frame;
@@ -163,21 +187,17 @@ void TMDIChild::RenameButtonClick() {
         return;
     }
     const QString shown = shownText(frame->Name);
+    // a name that is left alone keeps its bytes, whatever they show as
+    const std::string bytes = frame->Name;
+    const std::uint64_t revision = model_->Revision;
     const std::optional<QString> name = dialogs_.renameFrame->rename(shown, path.depth() == 0);
-    if (!model_) {
-        return;
-    }
-    if (name) {
-        // a name that was left alone keeps its bytes, whatever they show as
-        history_.renameFrame(*model_, path, *name == shown ? frame->Name : modelText(*name));
+    if (name && model_->Revision == revision) {
+        history_.renameFrame(*model_, path, *name == shown ? bytes : modelText(*name));
     }
     rebuildTree();
 }
 
 void TMDIChild::Deletebuttonclick() {
-    if (!model_) {
-        return;
-    }
     const NodeData node = model_->Selected;
     switch (node.NodeKind) {
     case NodeKind::Frame:
@@ -197,9 +217,6 @@ void TMDIChild::Deletebuttonclick() {
 }
 
 void TMDIChild::Addbuttonclick() {
-    if (!model_) {
-        return;
-    }
     const NodeData node = model_->Selected;
     switch (node.NodeKind) {
     case NodeKind::Frame:

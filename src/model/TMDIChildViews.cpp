@@ -1,6 +1,7 @@
 // The 2D views of the document window and the mouse in them.
 
 #include "app/DevicePixels.h"
+#include "app/ModalCall.h"
 #include "app/MouseEvents.h"
 #include "model/TMDIChild.h"
 #include "render/StartCamera.h"
@@ -190,6 +191,9 @@ void TMDIChild::planeWheelEvent(const PlaneImage& image, const QWheelEvent& even
 }
 
 void TMDIChild::mouseDown(ViewPlane plane, const DragInput& input) {
+    if (ModalCall::running()) {
+        return;
+    }
     planes_.mouseDown(plane, input, *model_);
     showDragCursor();
     redrawStale();

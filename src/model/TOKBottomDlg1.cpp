@@ -1,5 +1,6 @@
 #include "model/TOKBottomDlg1.h"
 
+#include "app/ModalCall.h"
 #include "ui_TOKBottomDlg1.h"
 
 #include <QLocale>
@@ -54,7 +55,7 @@ std::optional<QString> TOKBottomDlg1::rename(const QString& name, bool root) {
     ui_->NameEdit->selectAll();
     ui_->NameEdit->setFocus();
     showHint(name);
-    if (exec() != Accepted) {
+    if (execModal(*this) != Accepted) {
         return std::nullopt;
     }
     return ui_->NameEdit->text();

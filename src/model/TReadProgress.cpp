@@ -1,5 +1,7 @@
 #include "model/TReadProgress.h"
 
+#include "app/ModalCall.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QProgressDialog>
@@ -36,6 +38,7 @@ bool TReadProgress::goOn(std::size_t done, std::size_t size) {
         dialog_->setWindowModality(Qt::ApplicationModal);
         dialog_->setAutoReset(false);
         dialog_->setMinimumDuration(0);
+        call_ = std::make_unique<ModalCall>(*dialog_);
         dialog_->show();
     } else if (sincePump_.elapsed() < pumpInterval) {
         return true;

@@ -12,6 +12,8 @@ class QWidget;
 
 namespace korvane {
 
+class ModalCall;
+
 /// Shows how far the reading of a file has got once it takes long, and lets the user cancel it.
 /// While it shows it alone lets events through, and keeps the user from the other windows.
 class TReadProgress {
@@ -32,6 +34,7 @@ class TReadProgress {
     QElapsedTimer sinceStart_;
     QElapsedTimer sincePump_;
     std::unique_ptr<QProgressDialog> dialog_;
+    std::unique_ptr<ModalCall> call_; ///< as long as there is a dialog, even one that was cancelled
 };
 
 } // namespace korvane

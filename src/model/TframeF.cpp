@@ -1,5 +1,6 @@
 #include "model/TframeF.h"
 
+#include "app/ModalCall.h"
 #include "ui_TframeF.h"
 
 #include <utility>
@@ -25,32 +26,32 @@ TframeF::TframeF(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::Tf
     ui_->BasePoseBox->setEnabled(false);
     // a box of a flag that nothing here writes shows the frame, whatever is clicked
     connect(ui_->VertexColorsBox, &QCheckBox::clicked, this,
-            [this] { ui_->VertexColorsBox->setChecked(frame_->Mesh.HasVertexColors); });
+            [this] { ui_->VertexColorsBox->setChecked(flags_.HasVertexColors); });
 }
 
 TframeF::~TframeF() = default;
 
-bool TframeF::edit(FrameRecord& frame) {
-    frame_ = &frame;
+bool TframeF::edit(const FrameFlags& flags, Write write) {
+    flags_ = flags;
+    write_ = std::move(write);
     FrameEditActivate();
-    const bool confirmed = exec() == Accepted;
-    frame_ = nullptr;
+    const bool confirmed = execModal(*this) == Accepted;
+    write_ = {};
     return confirmed;
 }
 
 void TframeF::FrameEditActivate() {
-    const MeshRecord& mesh = frame_->Mesh;
-    ui_->BasePoseBox->setChecked(frame_->HasBasePose);
-    ui_->MeshBox->setChecked(frame_->HasMesh);
-    ui_->BackwardsBox->setChecked(frame_->RenderBackwards);
-    ui_->EmissiveBox->setChecked(frame_->Emissive);
-    ui_->MaterialBox->setChecked(mesh.HasMaterials);
-    ui_->NormalsBox->setChecked(mesh.HasNormals);
-    ui_->TexCoordsBox->setChecked(mesh.HasTexCoords);
-    ui_->VertexColorsBox->setChecked(mesh.HasVertexColors);
-    ui_->FlameBox->setChecked(frame_->KV2Animated);
-    ui_->GFlagBox->setChecked(frame_->GFlag);
-    ui_->AnimationBox->setChecked(frame_->HasAnimation);
+    ui_->BasePoseBox->setChecked(flags_.HasBasePose);
+    ui_->MeshBox->setChecked(flags_.HasMesh);
+    ui_->BackwardsBox->setChecked(flags_.RenderBackwards);
+    ui_->EmissiveBox->setChecked(flags_.Emissive);
+    ui_->MaterialBox->setChecked(flags_.HasMaterials);
+    ui_->NormalsBox->setChecked(flags_.HasNormals);
+    ui_->TexCoordsBox->setChecked(flags_.HasTexCoords);
+    ui_->VertexColorsBox->setChecked(flags_.HasVertexColors);
+    ui_->FlameBox->setChecked(flags_.KV2Animated);
+    ui_->GFlagBox->setChecked(flags_.GFlag);
+    ui_->AnimationBox->setChecked(flags_.HasAnimation);
     enableBoxes();
     ui_->MeshBox->setFocus();
 }
@@ -58,47 +59,54 @@ void TframeF::FrameEditActivate() {
 void TframeF::enableBoxes() {
     for (QCheckBox* box : {ui_->BackwardsBox, ui_->EmissiveBox, ui_->MaterialBox, ui_->NormalsBox,
                            ui_->VertexColorsBox, ui_->FlameBox, ui_->GFlagBox, ui_->AnimationBox}) {
-        box->setEnabled(frame_->HasMesh);
+        box->setEnabled(flags_.HasMesh);
     }
-    ui_->TexCoordsBox->setEnabled(frame_->HasMesh && frame_->Mesh.HasMaterials);
+    ui_->TexCoordsBox->setEnabled(flags_.HasMesh && flags_.HasMaterials);
+}
+
+void TframeF::setFlag(bool FrameFlags::*flag, const QCheckBox& box) {
+    flags_.*flag = box.isChecked();
+    if (write_) {
+        write_(flags_);
+    }
 }
 
 void TframeF::MeshBoxClick() {
-    frame_->HasMesh = ui_->MeshBox->isChecked();
+    setFlag(&FrameFlags::HasMesh, *ui_->MeshBox);
     enableBoxes();
 }
 
 void TframeF::BackwardsClicked() {
-    frame_->RenderBackwards = ui_->BackwardsBox->isChecked();
+    setFlag(&FrameFlags::RenderBackwards, *ui_->BackwardsBox);
 }
 
 void TframeF::EmissiveClicked() {
-    frame_->Emissive = ui_->EmissiveBox->isChecked();
+    setFlag(&FrameFlags::Emissive, *ui_->EmissiveBox);
 }
 
 void TframeF::MaterialChecked() {
-    frame_->Mesh.HasMaterials = ui_->MaterialBox->isChecked();
+    setFlag(&FrameFlags::HasMaterials, *ui_->MaterialBox);
     enableBoxes();
 }
 
 void TframeF::NormalsChecked() {
-    frame_->Mesh.HasNormals = ui_->NormalsBox->isChecked();
+    setFlag(&FrameFlags::HasNormals, *ui_->NormalsBox);
 }
 
 void TframeF::TexCoordsChecked() {
-    frame_->Mesh.HasTexCoords = ui_->TexCoordsBox->isChecked();
+    setFlag(&FrameFlags::HasTexCoords, *ui_->TexCoordsBox);
 }
 
 void TframeF::FlameChecked() {
-    frame_->KV2Animated = ui_->FlameBox->isChecked();
+    setFlag(&FrameFlags::KV2Animated, *ui_->FlameBox);
 }
 
 void TframeF::GFlagActionExecute() {
-    frame_->GFlag = ui_->GFlagBox->isChecked();
+    setFlag(&FrameFlags::GFlag, *ui_->GFlagBox);
 }
 
 void TframeF::AnimationActionExecute() {
-    frame_->HasAnimation = ui_->AnimationBox->isChecked();
+    setFlag(&FrameFlags::HasAnimation, *ui_->AnimationBox);
 }
 
 } // namespace korvane

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "model/FrameRecord.h"
+#include "model/FrameFlags.h"
 
 #include <QDialog>
 
+#include <functional>
 #include <memory>
 
 class QCheckBox;
@@ -14,17 +15,19 @@ namespace Ui {
 class TframeF;
 }
 
-/// The frame options: the flags of a frame, each written into the frame at the moment its box is
-/// clicked. Cancel deliberately puts nothing back.
+/// The frame options: the flags of a frame, all handed over at the moment a box is clicked. Cancel
+/// deliberately puts nothing back.
 class TframeF : public QDialog {
     Q_OBJECT
   public:
     explicit TframeF(QWidget* parent);
     ~TframeF() override;
 
-    /// Shows the dialog for a frame, which must stay where it is until this returns; whether the
-    /// user confirmed.
-    bool edit(FrameRecord& frame);
+    using Write = std::function<void(const FrameFlags&)>;
+
+    /// Shows a frame's flags and calls `write` whenever the user has changed one. Returns true if
+    /// the user confirmed.
+    bool edit(const FrameFlags& flags, Write write);
 
   private:
     void FrameEditActivate();
@@ -39,9 +42,12 @@ class TframeF : public QDialog {
     void AnimationActionExecute();
 
     void enableBoxes();
+    /// Takes over what a box shows now.
+    void setFlag(bool FrameFlags::*flag, const QCheckBox& box);
 
     std::unique_ptr<Ui::TframeF> ui_;
-    FrameRecord* frame_ = nullptr; ///< while the dialog shows
+    FrameFlags flags_;
+    Write write_;
 };
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 #include "render/TThreeDWinFrame.h"
 
 #include "app/DevicePixels.h"
+#include "app/ModalCall.h"
 #include "app/MouseEvents.h"
 #include "render/GlContext.h"
 #include "render/StartCamera.h"
@@ -67,7 +68,7 @@ void TThreeDWinFrame::showFailure(GlProbe probe) {
                     QMessageBox::Ok, this);
     box.setObjectName(QStringLiteral("GlFailure"));
     box.setTextFormat(Qt::PlainText);
-    box.exec();
+    execModal(box);
 }
 
 void TThreeDWinFrame::redraw() {

@@ -59,7 +59,7 @@ TEST(FaceTreeModel, HasARowForEachFaceAndVertex) {
     faces.push_back(std::vector<std::uint32_t>{});
     FaceTreeModel model;
     EXPECT_EQ(model.rowCount({}), 0);
-    model.setFaces(&faces);
+    model.setFaces([&faces] { return &faces; });
     ASSERT_EQ(model.rowCount({}), 2);
     const QModelIndex face = model.index(0, 0, {});
     EXPECT_EQ(model.data(face, Qt::DisplayRole).toString(), QStringLiteral("face 1"));

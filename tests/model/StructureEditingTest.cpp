@@ -95,6 +95,18 @@ TEST_F(StructureEditing, FramesAreAddedRenamedAndDeletedAndAllOfItTakenBack) {
     }
 }
 
+TEST_F(StructureEditing, AQuickSecondPressDeletesNothingMoreAndTheTreeGetsTheFocusBack) {
+    select(bodyNode + "/Frame frm-wing/Frame frm-tip");
+    auto& button = child<QPushButton>(window(), "DeleteButton");
+    button.setFocus();
+    QTest::mouseDClick(&button, Qt::LeftButton); // with the press and release before it
+    ASSERT_EQ(document().Root.Children.size(), 1U);
+    EXPECT_TRUE(document().Root.Children[0].Children.empty());
+    EXPECT_TRUE(tree().hasFocus());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(document().Root.Children.empty()) << "a click of its own";
+}
+
 TEST_F(StructureEditing, TheFrameThatUndoSelectsIsShown) {
     const std::string wing = bodyNode + "/Frame frm-wing";
     select(wing + "/Frame frm-tip");

@@ -2,7 +2,9 @@
 #include "formats/XsiReader.h"
 #include "render/GlOffscreen.h"
 #include "render/StartCamera.h"
+#include "support/Display.h"
 #include "support/Scene.h"
+#include "support/Skip.h"
 
 #include <QGuiApplication>
 
@@ -18,7 +20,7 @@ class GlViewTest : public ::testing::Test {
   protected:
     void SetUp() override {
         if (gl_.status() != GlProbe::Works) {
-            GTEST_SKIP() << "no OpenGL here";
+            KORVANE_SKIP("no OpenGL here");
         }
     }
     QImage glPicture() {
@@ -334,8 +336,8 @@ TEST_F(GlViewTest, HostileMeshesAreLeftOut) {
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (const auto status = korvane::test::statusWithoutDisplay()) {
+        return *status;
     }
     const QGuiApplication application(argc, argv);
     return RUN_ALL_TESTS();

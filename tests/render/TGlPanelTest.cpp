@@ -4,6 +4,7 @@
 #include "render/GlContext.h"
 #include "render/TImage.h"
 #include "support/MainFormTest.h"
+#include "support/Skip.h"
 
 #include <QMessageBox>
 #include <QOffscreenSurface>
@@ -59,7 +60,7 @@ class TGlPanelTest : public MainFormTest {
   protected:
     void SetUp() override {
         if (probeContext() != GlProbe::Works) {
-            GTEST_SKIP() << "no OpenGL here";
+            KORVANE_SKIP("no OpenGL here");
         }
     }
     static TGlPanel& panel(TMDIChild& window) { return child<TGlPanel>(window, "GlPanel"); }
@@ -193,7 +194,7 @@ class WithoutGl : public MainFormTest {
   protected:
     void SetUp() override {
         if (probeContext() == GlProbe::Works) {
-            GTEST_SKIP() << "there is OpenGL here";
+            KORVANE_SKIP("there is OpenGL here");
         }
     }
     void expectMessage() {

@@ -1,4 +1,5 @@
 #include "app/EditorApplication.h"
+#include "support/Display.h"
 
 #include <QTemporaryDir>
 
@@ -6,6 +7,9 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
+    if (const auto status = korvane::test::statusWithoutDisplay()) {
+        return *status;
+    }
     // the place where Qt's own dialogs would keep their settings; a test looks into it
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());

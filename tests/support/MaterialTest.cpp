@@ -35,7 +35,7 @@ MaterialTest::MaterialTest() {
     document.Modified = false;
 }
 
-void MaterialTest::edit(FrameRecord* of, std::optional<FramePath> where,
+void MaterialTest::edit(std::optional<FramePath> where, std::int32_t slot,
                         const std::function<void()>& steps) {
     answer([this, steps](QWidget& shown) {
         ASSERT_EQ(&shown, &editor);
@@ -50,7 +50,7 @@ void MaterialTest::edit(FrameRecord* of, std::optional<FramePath> where,
         }
     });
     settle(); // one shown before is seen to be gone
-    editor.edit({&document, &history, of, std::move(where)});
+    editor.edit({&document, &history, std::move(where), slot});
     EXPECT_TRUE(allAnswered());
 }
 

@@ -22,8 +22,11 @@ class MaterialTest : public GuiTest {
     MaterialTest();
 
     /// Shows the editor, lets the steps use it and closes it by "OK" unless they did.
-    void edit(const std::function<void()>& steps) { edit(&frame(), framePath(), steps); }
-    void edit(FrameRecord* frame, std::optional<FramePath> path,
+    void edit(const std::function<void()>& steps, std::int32_t slot = 0) {
+        edit(framePath(), slot, steps);
+    }
+    /// `frame` is none for the table.
+    void edit(std::optional<FramePath> frame, std::int32_t slot,
               const std::function<void()>& steps);
 
     [[nodiscard]] FrameRecord& frame() { return document.Root.Children[0]; }

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace korvane {
+
+/// Stands for one modal call: made before its dialog shows, gone when the call returns.
+///
+/// A modal dialog blocks the other windows only while it shows. Its call returns later, once the
+/// events that were waiting have been delivered, and until then these would reach windows whose
+/// work is still on the stack, or the hidden dialog itself. So from the moment the innermost dialog
+/// hides until its call has returned, no window gets any input, and none may be closed by the user.
+class ModalCall {
+  public:
+    /// The dialog must outlive this object.
+    explicit ModalCall(QDialog& dialog);
+    ~ModalCall();
+    ModalCall(const ModalCall&) = delete;
+    ModalCall& operator=(const ModalCall&) = delete;
+
+    /// True while a call has not returned. Until then no document window edits its model, closes or
+    /// shows another dialog, whoever asks for it; assistive programs do so without any input.
+    [[nodiscard]] static bool running();
+
+  private:
+    class InputGate;
+
+    const QDialog& dialog_;
+    const ModalCall* outer_;        ///< the call during which this one was made
+    std::unique_ptr<QObject> gate_; ///< the outermost call's
+};
+
+/// Shows the dialog until the user closes it; what QDialog::exec() answers.
+int execModal(QDialog& dialog);
+
+} // namespace korvane

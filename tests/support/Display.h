@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <optional>
+
+namespace korvane::test {
+
+/// The exit status of a test program that cannot or need not start the toolkit: one that is only to
+/// list its tests, or has no display.
+inline std::optional<int> statusWithoutDisplay() {
+    if (GTEST_FLAG_GET(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(name)) {
+            return std::nullopt;
+        }
+    }
+    std::puts("[  SKIPPED ] no display here");
+    return qEnvironmentVariableIsSet("KORVANE_NO_SKIP") ? 1 : 0;
+}
+
+} // namespace korvane::test
