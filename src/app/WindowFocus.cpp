@@ -8,7 +8,7 @@ namespace korvane {
 WindowFocus::WindowFocus(QMdiSubWindow& window, QWidget& first)
     : QObject(&window), window_(window), first_(first) {
     connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget* /*old*/, QWidget* now) { focusChanged(now); });
+            [this](QWidget* old, QWidget* now) { focusChanged(old, now); });
     connect(&window, &QMdiSubWindow::windowStateChanged, this,
             [this](Qt::WindowStates before, Qt::WindowStates now) {
                 const bool active = now.testFlag(Qt::WindowActive);
@@ -23,7 +23,12 @@ WindowFocus::WindowFocus(QMdiSubWindow& window, QWidget& first)
             });
 }
 
-void WindowFocus::focusChanged(QWidget* now) {
+void WindowFocus::focusChanged(const QWidget* old, QWidget* now) {
+    // leaving a maximised window hides it for a moment, and the toolkit moves the focus out of what
+    // it hides
+    if (old != nullptr && window_.isAncestorOf(old) && !old->isVisible()) {
+        return;
+    }
     // a press in the window both activates it and chooses a control
     const bool byUser = restored_ || QApplication::mouseButtons() != Qt::NoButton;
     if (byUser && now != nullptr && now != &window_ && window_.isAncestorOf(now)) {

@@ -17,7 +17,7 @@ class WindowFocus : public QObject {
     WindowFocus(QMdiSubWindow& window, QWidget& first);
 
   private:
-    void focusChanged(QWidget* now);
+    void focusChanged(const QWidget* old, QWidget* now);
     void restore();
 
     QMdiSubWindow& window_;

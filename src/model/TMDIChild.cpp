@@ -281,7 +281,8 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (watched == ui_->DeleteButton && event->type() == QEvent::MouseButtonDblClick) {
-        return true; // deletes what was meant, and not what is selected then
+        ui_->TreeView1->setFocus(); // the press has taken it
+        return true; // one click deletes what was meant, a second one not what is selected then
     }
     return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
 }

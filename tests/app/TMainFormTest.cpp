@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QStatusTipEvent>
 #include <QToolBar>
 #include <QToolButton>
@@ -115,6 +116,30 @@ TEST_F(TMainFormTest, OpenDialogOpensTheChosenFile) {
     EXPECT_EQ(enabledCommands(), "FileNew1 FileOpen1 FileSave FileSaveAs FileClose1 FileExit1 ");
     run("FileSave");
     EXPECT_FALSE(document().Modified);
+}
+
+TEST_F(TMainFormTest, ComingBackToAWindowPutsTheKeyboardWhereItWas) {
+    start({write("a.xsi", smallModel()), write("b.xsi", smallModel())});
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form()));
+    settle();
+    EXPECT_TRUE(tree().hasFocus());
+    child<QPushButton>(window(), "AddButton").setFocus();
+    auto& area = child<QMdiArea>(form(), "MDIArea");
+    std::string focus;
+    for (int i = 0; i < 5; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+        settle();
+        focus += QApplication::focusWidget()->objectName().toStdString() + ' ';
+    }
+    EXPECT_EQ(focus, "TreeView1 AddButton TreeView1 AddButton TreeView1 ");
+    // the press that comes back to a window chooses a control there
+    run("WindowTileVertical1");
+    TMDIChild& other = *form().documents().at(1);
+    auto& there = child<QTreeView>(other, "TreeView1");
+    QTest::mouseClick(there.viewport(), Qt::LeftButton);
+    settle();
+    EXPECT_EQ(area.activeSubWindow(), &other);
+    EXPECT_TRUE(there.hasFocus());
 }
 
 TEST_F(TMainFormTest, StatusAndTitleFollowTheActiveWindow) {

@@ -99,7 +99,9 @@ TEST_F(StructureEditing, AQuickSecondPressDeletesNothingMoreAndTheTreeGetsTheFoc
     select(bodyNode + "/Frame frm-wing/Frame frm-tip");
     auto& button = child<QPushButton>(window(), "DeleteButton");
     button.setFocus();
-    QTest::mouseDClick(&button, Qt::LeftButton); // with the press and release before it
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::mouseDClick(&button, Qt::LeftButton); // how the second press comes
+    QTest::mouseRelease(&button, Qt::LeftButton);
     ASSERT_EQ(document().Root.Children.size(), 1U);
     EXPECT_TRUE(document().Root.Children[0].Children.empty());
     EXPECT_TRUE(tree().hasFocus());
