@@ -23,9 +23,33 @@ constexpr std::array<std::pair<std::string_view, Command>, 4> commands = {{
     {"texture", texture},
 }};
 
+/// Says what is wrong with the command, and how the commands are called.
+ExitStatus showUsage(const QString& reason) {
+    std::fprintf(
+        stderr,
+        "korvane-tool: %s\n"
+        "usage: korvane-tool info FILE...            what the models hold\n"
+        "       korvane-tool convert IN OUT.xsi [--repeat N]\n"
+        "                                            save a model as dotXSI; N times, with the\n"
+        "                                            median times of loading and saving\n"
+        "       korvane-tool render IN OUT.png [--mode wireframe|flat|smooth] [--view "
+        "3d|xy|xz|zy]\n"
+        "                    [--api software|opengl] [--size WxH] [--pitch R] [--yaw R]\n"
+        "                    [--distance D] [--center X,Y,Z] [--no-transparent]\n"
+        "                    [--no-hidden-transparent] [--repeat N] [--format png]\n"
+        "                                            a picture of the model; N times, with the\n"
+        "                                            median time and the pixels drawn\n"
+        "       korvane-tool texture IN OUT.png [--format png]\n"
+        "                                            a texture as the editor decodes it\n"
+        "A picture needs a name that ends in .png, or any name with --format png; \"-\" is\n"
+        "standard output.\n",
+        printable(reason).c_str());
+    return ExitStatus::Usage;
+}
+
 ExitStatus run(const QStringList& words) {
     if (words.isEmpty()) {
-        return usage(QStringLiteral("no command given"));
+        return showUsage(QStringLiteral("no command given"));
     }
     const std::string name = words.first().toStdString();
     for (const auto& [known, command] : commands) {
@@ -33,7 +57,7 @@ ExitStatus run(const QStringList& words) {
             return command(words.mid(1));
         }
     }
-    return usage(QStringLiteral("unknown command \"%1\"").arg(words.first()));
+    return showUsage(QStringLiteral("unknown command \"%1\"").arg(words.first()));
 }
 
 /// Drawing with OpenGL needs the connection to the display, nothing else does. Where there is no
