@@ -1,3 +1,4 @@
+#include "formats/FileNames.h"
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
@@ -62,11 +63,12 @@ ExitStatus run(const QStringList& words) {
 
 /// Drawing with OpenGL needs the connection to the display, nothing else does. Where there is no
 /// display Qt would end the program: it gets a platform that needs none, which has no OpenGL.
-std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
-    const auto isOpenGl = [](std::string_view word) {
-        return word == "opengl" || word == "--api=opengl" || word == "-api=opengl";
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
+                                                  const QStringList& words) {
+    const auto isOpenGl = [](const QString& word) {
+        return word == QLatin1String("opengl") || word == QLatin1String("--api=opengl");
     };
-    if (std::none_of(argv, argv + argc, isOpenGl)) {
+    if (std::none_of(words.begin(), words.end(), isOpenGl)) {
         return std::make_unique<QCoreApplication>(argc, argv);
     }
     QByteArray platforms = qgetenv("QT_QPA_PLATFORM");
@@ -89,8 +91,10 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 
 int main(int argc, char** argv) {
     try {
-        const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
-        ExitStatus status = run(QCoreApplication::arguments().mid(1));
+        const QStringList words = korvane::commandLineWords(argc, argv);
+        argc = std::min(argc, 1); // the toolkit would take a file's name for one of its options
+        const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv, words);
+        ExitStatus status = run(words);
         // an earlier failure need not show again when the rest is flushed
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
             status = refuse(QStringLiteral("standard output"),
