@@ -1,7 +1,7 @@
 # Sourced by the scripts from the top folder: the packages they need, and how they configure.
 
 run_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
-    libqt6svg6 libgl-dev libglu1-mesa-dev libopengl-dev libgl1-mesa-dri libxkbcommon-dev libxcb1-dev fonts-dejavu-core"
+    libqt6svg6 qt6-wayland libgl-dev libglu1-mesa-dev libopengl-dev libgl1-mesa-dri libxkbcommon-dev libxcb1-dev fonts-dejavu-core"
 test_packages="$run_packages libgtest-dev libbenchmark-dev locales xvfb xauth openbox"
 
 # Installs the Debian packages that are missing, and only those.

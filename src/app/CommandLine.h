@@ -1,14 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
-#include <span>
 
 namespace korvane {
 
-/// The text to print in place of starting, if the one and only argument asks for it: "--help" or
-/// "--version". All other arguments are models to open, or ignored.
-std::optional<QString> commandLineAnswer(std::span<char*> arguments);
+/// The text to print in place of starting, if one of the words before "--" asks for it: "--help",
+/// "-h" or "--version". All other words are models to open, or ignored.
+std::optional<QString> commandLineAnswer(const QStringList& words);
 
 } // namespace korvane

@@ -2,21 +2,18 @@
 #include "app/CommandLine.h"
 #include "app/EditorApplication.h"
 #include "app/EditorForms.h"
+#include "formats/FileNames.h"
 
-#include <cstddef>
 #include <cstdio>
-#include <span>
 
 int main(int argc, char** argv) {
-    const std::span arguments(argv, static_cast<std::size_t>(argc));
-    if (!arguments.empty()) {
-        if (const auto answer = korvane::commandLineAnswer(arguments.subspan(1))) {
-            std::fputs(qPrintable(*answer), stdout);
-            return 0;
-        }
+    const QStringList words = korvane::commandLineWords(argc, argv);
+    if (const auto answer = korvane::commandLineAnswer(words)) {
+        std::fputs(qPrintable(*answer), stdout);
+        return 0;
     }
-    const korvane::EditorApplication application(argc, argv);
-    korvane::EditorForms forms(korvane::EditorApplication::arguments().mid(1));
+    const auto application = korvane::EditorApplication::onDisplay(argc, argv);
+    korvane::EditorForms forms(words);
     forms.mainForm.show();
     const int status = korvane::EditorApplication::exec();
     korvane::handOverClipboard();

@@ -1,8 +1,18 @@
 #include "formats/FileNames.h"
 
+#include <QFile>
+
 #include <algorithm>
 
 namespace korvane {
+
+QStringList commandLineWords(int argc, char** argv) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i) {
+        words.push_back(QFile::decodeName(argv[i]));
+    }
+    return words;
+}
 
 QString upperExtension(const QString& fileName) {
     const qsizetype folder = std::max(fileName.lastIndexOf(u'/'), fileName.lastIndexOf(u'\\'));

@@ -1,15 +1,16 @@
 #include "tool/Commands.h"
 
-#include "formats/AtomicFile.h"
 #include "formats/FileNames.h"
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
 #include "model/ModelText.h"
 
-#include <QBuffer>
+#include <QFile>
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 namespace korvane::tool {
 
@@ -41,24 +42,22 @@ ExitStatus refuse(const QString& file, const QString& reason) {
     return ExitStatus::Refused;
 }
 
-ExitStatus usage(const QString& reason) {
-    std::fprintf(
-        stderr,
-        "korvane-tool: %s\n"
-        "usage: korvane-tool info FILE...            what the models hold\n"
-        "       korvane-tool convert IN OUT.xsi [--repeat N]\n"
-        "                                            save a model as dotXSI; N times, with the\n"
-        "                                            median times of loading and saving\n"
-        "       korvane-tool render IN OUT.png [--mode wireframe|flat|smooth] [--view "
-        "3d|xy|xz|zy]\n"
-        "                    [--api software|opengl] [--size WxH] [--pitch R] [--yaw R]\n"
-        "                    [--distance D] [--center X,Y,Z] [--no-transparent]\n"
-        "                    [--no-hidden-transparent] [--repeat N]\n"
-        "                                            a picture of the model; N times, with the\n"
-        "                                            median time and the pixels drawn\n"
-        "       korvane-tool texture IN OUT.png      a texture as the editor decodes it\n",
-        printable(reason).c_str());
+ExitStatus wrongCall(const QString& reason) {
+    std::fprintf(stderr, "korvane-tool: %s (korvane-tool alone shows how it is called)\n",
+                 printable(reason).c_str());
     return ExitStatus::Usage;
+}
+
+bool isSameFile(const QString& in, const QString& out) {
+    const auto path = [](const QString& file) {
+        return std::filesystem::path(QFile::encodeName(file).toStdString());
+    };
+    std::error_code missing;
+    return std::filesystem::equivalent(path(in), path(out), missing);
+}
+
+ExitStatus refuseInput(const QString& out) {
+    return refuse(out, QStringLiteral("Would overwrite the input"));
 }
 
 bool open(const QString& file, ModelDocument& document) {
@@ -73,16 +72,6 @@ bool open(const QString& file, ModelDocument& document) {
     refuse(file, status == ReadStatus::Missing ? QStringLiteral("No such file")
                                                : failureCaption(status, file));
     return false;
-}
-
-ExitStatus savePng(const QImage& picture, const QString& file) {
-    QBuffer png;
-    png.open(QIODevice::WriteOnly);
-    const bool saved = picture.save(&png, "PNG") && replaceFile(file, [&png](const TextSink& sink) {
-                           const QByteArray& bytes = png.data();
-                           return sink({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-                       });
-    return saved ? ExitStatus::Done : refuse(file, QString::fromLatin1(saveFailureCaption));
 }
 
 } // namespace korvane::tool

@@ -2,7 +2,6 @@
 
 #include "model/ModelDocument.h"
 
-#include <QImage>
 #include <QString>
 #include <QStringList>
 
@@ -31,14 +30,17 @@ std::string printable(const QString& text);
 /// Prints "FILE: reason" on standard error.
 ExitStatus refuse(const QString& file, const QString& reason);
 
-/// Prints the reason and how to call the program on standard error.
-ExitStatus usage(const QString& reason);
+/// Prints the reason why a call is wrong and where help is found, in one line on standard error.
+ExitStatus wrongCall(const QString& reason);
+
+/// Whether both names lead to the same file, by whatever spelling or link.
+bool isSameFile(const QString& in, const QString& out);
+
+/// Refuses an output that is one of the inputs.
+ExitStatus refuseInput(const QString& out);
 
 /// Reads a model as the editor's Open does. False, with the reason printed, when the file is
 /// missing, unreadable, not valid or of another kind.
 bool open(const QString& file, ModelDocument& document);
-
-/// Writes a picture as PNG, or refuses if that fails.
-ExitStatus savePng(const QImage& picture, const QString& file);
 
 } // namespace korvane::tool

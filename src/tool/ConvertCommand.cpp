@@ -49,17 +49,20 @@ ExitStatus convert(const QStringList& words) {
     QCommandLineParser parser;
     parser.addOption(repeat);
     if (!parser.parse(QStringList(QStringLiteral("convert")) + words)) {
-        return usage(parser.errorText());
+        return wrongCall(parser.errorText());
     }
     const QStringList files = parser.positionalArguments();
     bool valid = true;
     const int rounds = parser.isSet(repeat) ? parser.value(repeat).toInt(&valid) : 1;
     if (files.size() != 2 || !valid || rounds < 1) {
-        return usage(
+        return wrongCall(
             QStringLiteral("convert needs IN and OUT.xsi, and a number above 0 to repeat"));
     }
     if (upperExtension(files[1]) != QLatin1String(".XSI")) {
-        return usage(QStringLiteral("the name of the output must end in .xsi"));
+        return wrongCall(QStringLiteral("the name of the output must end in .xsi"));
+    }
+    if (isSameFile(files[0], files[1]) && upperExtension(files[0]) != QLatin1String(".XSI")) {
+        return refuseInput(files[1]);
     }
     if (rounds > 1) {
         keepFreedMemory();

@@ -62,7 +62,7 @@ void printTree(ModelDocument& document) {
 
 ExitStatus info(const QStringList& words) {
     if (words.isEmpty()) {
-        return usage(QStringLiteral("info needs a file"));
+        return wrongCall(QStringLiteral("info needs a file"));
     }
     ExitStatus worst = ExitStatus::Done;
     for (const QString& file : words) {

@@ -2,7 +2,7 @@
 #include "render/PlaneView.h"
 #include "render/SoftwareView.h"
 #include "render/StartCamera.h"
-#include "tool/Commands.h"
+#include "tool/PictureOutput.h"
 #include "tool/Timing.h"
 
 #include <QCommandLineParser>
@@ -44,6 +44,7 @@ class RenderOptions {
              {"api", "mode", "view", "size", "pitch", "yaw", "distance", "center", "repeat"}) {
             parser_.addOption({QString::fromLatin1(name), {}, QStringLiteral("value")});
         }
+        addFormatOption(parser_);
         parser_.addOption(QCommandLineOption(QStringLiteral("no-transparent")));
         parser_.addOption(QCommandLineOption(QStringLiteral("no-hidden-transparent")));
     }
@@ -59,11 +60,17 @@ class RenderOptions {
         }
         request.in = files[0];
         request.out = files[1];
+        if (QString fault = pictureOutputFault(parser_, request.out); !fault.isEmpty()) {
+            return fault;
+        }
         request.state.allowTransparent = !parser_.isSet(QStringLiteral("no-transparent"));
         request.state.showHiddenTransparent =
             !parser_.isSet(QStringLiteral("no-hidden-transparent"));
         readChoices(request);
         readNumbers(request);
+        if (request.repeat && isStandardOutput(request.out)) {
+            return QStringLiteral("--repeat prints where the picture would go");
+        }
         return wrong_.isEmpty() ? QString()
                                 : QStringLiteral("\"%1\" is no value for --%2")
                                       .arg(parser_.value(wrong_), wrong_);
@@ -187,7 +194,10 @@ ExitStatus render(const QStringList& words) {
     RenderRequest request;
     RenderOptions options;
     if (const QString reason = options.parse(words, request); !reason.isEmpty()) {
-        return usage(reason);
+        return wrongCall(reason);
+    }
+    if (isSameFile(request.in, request.out)) {
+        return refuseInput(request.out);
     }
     ModelDocument document;
     if (!open(request.in, document)) {

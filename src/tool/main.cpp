@@ -1,3 +1,4 @@
+#include "formats/FileNames.h"
 #include "formats/XsiWriter.h"
 #include "tool/Commands.h"
 
@@ -23,9 +24,33 @@ constexpr std::array<std::pair<std::string_view, Command>, 4> commands = {{
     {"texture", texture},
 }};
 
+/// Says what is wrong with the command, and how the commands are called.
+ExitStatus showUsage(const QString& reason) {
+    std::fprintf(
+        stderr,
+        "korvane-tool: %s\n"
+        "usage: korvane-tool info FILE...            what the models hold\n"
+        "       korvane-tool convert IN OUT.xsi [--repeat N]\n"
+        "                                            save a model as dotXSI; N times, with the\n"
+        "                                            median times of loading and saving\n"
+        "       korvane-tool render IN OUT.png [--mode wireframe|flat|smooth] [--view "
+        "3d|xy|xz|zy]\n"
+        "                    [--api software|opengl] [--size WxH] [--pitch R] [--yaw R]\n"
+        "                    [--distance D] [--center X,Y,Z] [--no-transparent]\n"
+        "                    [--no-hidden-transparent] [--repeat N] [--format png]\n"
+        "                                            a picture of the model; N times, with the\n"
+        "                                            median time and the pixels drawn\n"
+        "       korvane-tool texture IN OUT.png [--format png]\n"
+        "                                            a texture as the editor decodes it\n"
+        "A picture needs a name that ends in .png, or any name with --format png; \"-\" is\n"
+        "standard output.\n",
+        printable(reason).c_str());
+    return ExitStatus::Usage;
+}
+
 ExitStatus run(const QStringList& words) {
     if (words.isEmpty()) {
-        return usage(QStringLiteral("no command given"));
+        return showUsage(QStringLiteral("no command given"));
     }
     const std::string name = words.first().toStdString();
     for (const auto& [known, command] : commands) {
@@ -33,16 +58,17 @@ ExitStatus run(const QStringList& words) {
             return command(words.mid(1));
         }
     }
-    return usage(QStringLiteral("unknown command \"%1\"").arg(words.first()));
+    return showUsage(QStringLiteral("unknown command \"%1\"").arg(words.first()));
 }
 
 /// Drawing with OpenGL needs the connection to the display, nothing else does. Where there is no
 /// display Qt would end the program: it gets a platform that needs none, which has no OpenGL.
-std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
-    const auto isOpenGl = [](std::string_view word) {
-        return word == "opengl" || word == "--api=opengl" || word == "-api=opengl";
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
+                                                  const QStringList& words) {
+    const auto isOpenGl = [](const QString& word) {
+        return word == QLatin1String("opengl") || word == QLatin1String("--api=opengl");
     };
-    if (std::none_of(argv, argv + argc, isOpenGl)) {
+    if (std::none_of(words.begin(), words.end(), isOpenGl)) {
         return std::make_unique<QCoreApplication>(argc, argv);
     }
     QByteArray platforms = qgetenv("QT_QPA_PLATFORM");
@@ -65,8 +91,10 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 
 int main(int argc, char** argv) {
     try {
-        const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
-        ExitStatus status = run(QCoreApplication::arguments().mid(1));
+        const QStringList words = korvane::commandLineWords(argc, argv);
+        argc = std::min(argc, 1); // the toolkit would take a file's name for one of its options
+        const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv, words);
+        ExitStatus status = run(words);
         // an earlier failure need not show again when the rest is flushed
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
             status = refuse(QStringLiteral("standard output"),

@@ -6,6 +6,10 @@
 #include <QProcess>
 #include <QRegularExpression>
 
+#include <filesystem>
+#include <initializer_list>
+#include <utility>
+
 namespace korvane {
 namespace {
 
@@ -153,6 +157,52 @@ TEST_F(Tool, RenderDrawsThePictureAskedFor) {
     }
 }
 
+TEST_F(Tool, PicturesGoUnderTheNamesThatAreMeantForThem) {
+    write("a.tga", "\0\0\2\0\0\0\0\0\0\0\0\0\1\0\1\0\30\0\1\2\3"s);
+    for (const std::string call : {"render good.x --size 9x9 ", "texture a.tga "}) {
+        EXPECT_EQ(run(call + "o.PNG").status, 0);
+        const std::string picture = content(path("o.PNG"));
+        EXPECT_EQ(picture.substr(0, 4), "\x89PNG");
+        const Outcome piped = run(call + "-");
+        EXPECT_EQ(piped.status, 0);
+        EXPECT_EQ(piped.output, picture);
+        EXPECT_FALSE(QFile::exists(path("-")));
+        EXPECT_EQ(run(call + "thumbnail --format png").status, 0);
+        EXPECT_EQ(content(path("thumbnail")), picture);
+        QFile::remove(path("thumbnail"));
+        EXPECT_EQ(run(call + "-", QStringLiteral("/dev/full")).errors,
+                  "standard output: Unable to save\n");
+    }
+}
+
+TEST_F(Tool, AnInputIsNotOverwritten) {
+    ASSERT_TRUE(QDir().mkpath(path("sub")));
+    write("a.tga", "\0\0\2\0\0\0\0\0\0\0\0\0\1\0\1\0\30\0\1\2\3"s);
+    std::filesystem::create_symlink("good.x", path("soft.xsi").toStdString());
+    std::filesystem::create_hard_link(path("good.x").toStdString(), path("hard.xsi").toStdString());
+    std::filesystem::create_symlink("../a.tga", path("sub/soft.png").toStdString());
+    const std::string model = content(path("good.x"));
+    const std::string texture = content(path("a.tga"));
+    for (const auto& [words, out] : std::initializer_list<std::pair<std::string, std::string>>{
+             {"render --format png good.x ", "sub/../good.x"},
+             {"render --format png good.x ", "soft.xsi"},
+             {"texture --format png a ", "./a.tga"}, // found without its extension
+             {"texture a.tga ", "sub/soft.png"},
+             {"convert good.x ", "soft.xsi"},
+             {"convert good.x ", "hard.xsi"}}) {
+        const Outcome outcome = run(words + out);
+        EXPECT_EQ(outcome.status, 1) << words;
+        EXPECT_EQ(outcome.errors, out + ": Would overwrite the input\n");
+    }
+    EXPECT_EQ(content(path("good.x")), model);
+    EXPECT_EQ(content(path("a.tga")), texture);
+    // saving a dotXSI file anew is what Save does
+    ASSERT_EQ(run("convert good.x own.xsi").status, 0);
+    const std::string saved = content(path("own.xsi"));
+    EXPECT_EQ(run("convert own.xsi ./own.xsi --repeat 2").status, 0);
+    EXPECT_EQ(content(path("own.xsi")), saved);
+}
+
 TEST_F(Tool, SaysInOneLineWhyItRefuses) {
     const std::pair<const char*, const char*> refused[] = {
         {"info bad.x", "bad.x: Not a valid .X file\n"},
@@ -164,27 +214,49 @@ TEST_F(Tool, SaysInOneLineWhyItRefuses) {
         {"render good.x no/o.png", "no/o.png: Unable to save\n"},
         {"render good.x o.png --api opengl", "good.x: no OpenGL here\n"},
         {"texture none.tga o.png", "none.tga: No such file\n"},
-        {"texture bad.x no/o.png", "no/o.png: Unable to save\n"}};
+        {"texture bad.x no/o.png", "no/o.png: Unable to save\n"},
+        {"render bad.x - --format png", "bad.x: Not a valid .X file\n"}};
     for (const auto& [words, errors] : refused) {
         const Outcome outcome = run(words);
         EXPECT_EQ(outcome.status, 1) << words;
         EXPECT_EQ(outcome.output, "") << words;
         EXPECT_EQ(outcome.errors, errors);
     }
-    for (const char* words :
-         {"convert good.x o.x", "convert good.x", "convert good.x o.xsi --repeat 0",
-          "convert good.x o.xsi --repeat many", "convert good.x o.xsi --frobnicate",
-          "render good.x", "render good.x o.png --mode pretty", "render good.x o.png --view yx",
-          "render good.x o.png --size 0x9", "render good.x o.png --size 9",
-          "render good.x o.png --center 1,2", "render good.x o.png --pitch nan",
-          "render good.x o.png --distance -1", "render good.x o.png --repeat 0", "texture bad.x",
-          "info", "", "frobnicate"}) {
+    for (const char* words : {"convert good.x o.x",
+                              "convert good.x",
+                              "convert good.x o.xsi --repeat 0",
+                              "convert good.x o.xsi --repeat many",
+                              "convert good.x o.xsi --frobnicate",
+                              "render good.x",
+                              "render good.x o.png --mode pretty",
+                              "render good.x o.png --view yx",
+                              "render good.x o.png --size 0x9",
+                              "render good.x o.png --size 9",
+                              "render good.x o.png --center 1,2",
+                              "render good.x o.png --pitch nan",
+                              "render good.x o.png --distance -1",
+                              "render good.x o.png --repeat 0",
+                              "texture bad.x",
+                              "render good.x bad.x",
+                              "render good.x o",
+                              "render good.x o.png --format jpg",
+                              "render good.x - --repeat 1",
+                              "texture a.msh o.tga",
+                              "texture a.msh o --format",
+                              "info"}) {
         const Outcome outcome = run(words);
         EXPECT_EQ(outcome.status, 2) << words;
         EXPECT_EQ(outcome.output, "") << words;
+        EXPECT_EQ(outcome.errors.find("korvane-tool: "), 0U) << words;
+        EXPECT_EQ(outcome.errors.find('\n'), outcome.errors.size() - 1) << words;
+    }
+    for (const char* words : {"", "frobnicate"}) {
+        const Outcome outcome = run(words);
+        EXPECT_EQ(outcome.status, 2) << words;
         EXPECT_NE(outcome.errors.find("usage:"), std::string::npos) << words;
     }
     EXPECT_FALSE(QFile::exists(path("o.xsi")));
+    EXPECT_EQ(content(path("bad.x")), "nothing");
     // one bad file does not keep the others from being shown
     const Outcome both = run("info bad.x good.x");
     EXPECT_EQ(both.status, 1);
