@@ -35,3 +35,16 @@ configure() {
     cmake --fresh --preset "$preset" >/dev/null
     touch "$stamp"
 }
+
+# Runs a command on a display of its own with a window manager: without one no window is ever activated
+# or maximised.
+on_display() {
+    # in a Wayland session the toolkit would take that
+    QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x1024x24" bash -c '
+        openbox >/dev/null 2>&1 &
+        manager=$!
+        status=0
+        "$@" || status=$?
+        kill "$manager" 2>/dev/null || true
+        exit "$status"' on_display "$@"
+}
