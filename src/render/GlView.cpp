@@ -67,8 +67,9 @@ Matrix4 modelView(const DrawContext& context, const Matrix4& world, const ModelD
     // the last column takes no part in the model: it must neither move nor divide here
     fromCentre[3] = fromCentre[7] = fromCentre[11] = 0.0F;
     fromCentre[15] = 1.0F;
-    return MatrixMatrix(
-        fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles, document.CameraDistance));
+    // rigid, which keeps the light: the projection scales
+    const float distance = document.CameraDistance / context.state.scaleFactor;
+    return MatrixMatrix(fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles, distance));
 }
 
 void setColor(BitmapPixel color) {
@@ -134,7 +135,7 @@ void GlView::setUp(const ModelDocument& document, ViewState& state, std::int32_t
     glEnable(GL_TEXTURE_2D);
     glTexEnvf(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     resize(width, height);
-    setProjection();
+    setProjection(state.scaleFactor);
     counts_.uploads += textures_.update(document.Materials);
     nameReadBuffer();
     applyMode(state);
@@ -144,23 +145,25 @@ void GlView::resize(std::int32_t width, std::int32_t height) {
     geometry_ = ViewGeometry(width, height);
 }
 
-void GlView::setProjection() const {
+void GlView::setProjection(float scale) const {
     glViewport(0, 0, geometry_.width, geometry_.height);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     gluPerspective(60.0, static_cast<double>(geometry_.width) / geometry_.height,
                    ViewGeometry::nearZ, ViewGeometry::farZ);
+    glScalef(scale, scale, scale);
 }
 
 void GlView::redraw(ModelDocument& document, ViewState& state) {
-    setProjection(); // another view may have drawn in between
+    setProjection(state.scaleFactor); // another view may have drawn in between
     if (state.lastDrawnMode != state.mode) {
         applyMode(state);
     }
     counts_.uploads += textures_.update(document.Materials);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     setLight(state);
-    const Camera camera(state.angles, document.CameraDistance, document.CameraCenter);
+    const Camera camera(state.angles, document.CameraDistance, document.CameraCenter,
+                        state.scaleFactor);
     const DrawContext context = {{}, geometry_, state, camera};
     list_.rebuild(document.Root);
     materials_.take(document.Materials, state);

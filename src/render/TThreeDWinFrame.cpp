@@ -78,7 +78,7 @@ void TThreeDWinFrame::redraw() {
     geometry_ = ViewGeometry(size.width(), size.height());
     if (cameraPending_ && !size.isEmpty()) {
         cameraPending_ = false;
-        startCamera(*document_, geometry_);
+        startCamera(*document_, state_, geometry_);
     }
     if (panel_ != nullptr && panel_->failed()) {
         // the driver took back what the probe was promised

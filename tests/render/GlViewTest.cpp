@@ -36,7 +36,7 @@ class GlViewTest : public ::testing::Test {
         document_ = ModelDocument();
         const QString name = QStringLiteral(KORVANE_SAMPLES "/") + QString::fromLatin1(sample);
         ASSERT_EQ(FileOpenXSI(name, document_), ReadStatus::Done);
-        startCamera(document_, ViewGeometry(side, side));
+        startCamera(document_, state_, ViewGeometry(side, side));
         // black highlights: those of two views need not agree
         for (MaterialRecord& material : document_.Materials) {
             material.Specular = {};

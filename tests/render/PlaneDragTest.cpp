@@ -123,6 +123,8 @@ TEST(PlaneDrag, ZoomStepsByTwoBetweenItsLimits) {
         {16, DragButton::Left, 32},        {16, DragButton::Right, 8},
         {4096, DragButton::Left, 4096},    {2500, DragButton::Left, 5000},
         {0.02F, DragButton::Right, 0.02F}, {0.04F, DragButton::Right, 0.02F},
+        {8e5F, DragButton::Right, 4e5F},   {8e5F, DragButton::Left, 8e5F},
+        {1e-4F, DragButton::Left, 2e-4F},  {1e-4F, DragButton::Right, 1e-4F},
         {16, DragButton::Other, 16}};
     for (const auto& [scale, button, expected] : steps) {
         Desk desk({}, ViewTool::Zoom);

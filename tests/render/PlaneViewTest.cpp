@@ -261,13 +261,12 @@ TEST(PlaneView, AModelJustOpenedIsSeenWholeAndCentred) {
     startPlanes(document, 300, 200);
     EXPECT_EQ(document.PlaneScale, ModelDocument().PlaneScale);
     document.Root = squareAt(0, 0, 0);
-    const std::pair<float, float> extremes[] = {{1e-7F, 5000.0F}, {1e9F, 0.01F}};
+    const std::pair<float, float> extremes[] = {{1e-7F, 9e8F}, {1e9F, 9e-8F}};
     for (const auto& [factor, scale] : extremes) {
         document.Root.Matrix[0] = document.Root.Matrix[5] = factor;
         startPlanes(document, 300, 200);
         EXPECT_FLOAT_EQ(document.PlaneScale, scale);
     }
-    EXPECT_GT(document.PlaneScale, 0.01F);
 }
 
 } // namespace
