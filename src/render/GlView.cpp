@@ -232,6 +232,10 @@ void GlView::checkErrors() {
 void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass) {
     const ViewState& state = context.state;
     const bool wires = state.mode == RenderMode::Wireframe;
+    const bool mirrored = mirrors(item.world);
+    if (mirrored) {
+        glFrontFace(GL_CW); // the fronts of such a frame run the other way on the screen
+    }
     materials_.select(item.frame->Mesh);
     glDepthMask(GL_TRUE);
     if (wires) {
@@ -249,12 +253,14 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
             glCullFace(GL_FRONT);
             drawShape(item, GlShape::Translucent);
         }
-        // what turns away on the screen, in mirrored frames too
         glCullFace(GL_BACK);
         drawShape(item, GlShape::Translucent);
         glDisable(GL_CULL_FACE);
     }
     glDepthMask(GL_TRUE);
+    if (mirrored) {
+        glFrontFace(GL_CCW);
+    }
 }
 
 void GlView::drawShape(const DrawItem& item, GlShape shape) {
@@ -262,8 +268,7 @@ void GlView::drawShape(const DrawItem& item, GlShape shape) {
     const bool faces = shape == GlShape::Opaque || shape == GlShape::Translucent;
     const bool recorded =
         lists_.draw(*item.frame, shape, materials_,
-                    faces ? glMaterials(materials_, textures_) : std::vector<GlMaterial>(),
-                    mirrors(item.world));
+                    faces ? glMaterials(materials_, textures_) : std::vector<GlMaterial>());
     counts_.recorded += recorded ? 1 : 0;
 }
 

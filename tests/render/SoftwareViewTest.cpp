@@ -1,6 +1,8 @@
 #include "render/SoftwareView.h"
 
-#include "support/Scene.h"
+#include "formats/XsiReader.h"
+#include "render/StartCamera.h"
+#include "support/Mirrored.h"
 
 #include <gtest/gtest.h>
 
@@ -47,10 +49,29 @@ TEST(SoftwareView, FacesAreDrawnFromTheirFrontUnlessTheFrameRendersBackwards) {
     scene.redraw();
     EXPECT_EQ(scene.at(100, 100), red) << "lit from the side that is seen";
     scene.document.Root.RenderBackwards = false;
-    // exporters that mirror write faces that run right on the screen: only that counts
-    scene.document.Root.Matrix[0] = -1;
+    scene.document.Root.Matrix[0] = -1; // the sides of a mirrored frame stay what they are
     scene.redraw();
-    EXPECT_EQ(scene.at(100, 100), red);
+    EXPECT_EQ(scene.drawn(), 0U);
+}
+
+TEST(SoftwareView, MirroredFramesShowAsTheirPlainTwins) {
+    for (const char* sample : {"skiff.xsi", "windmill.xsi"}) {
+        ModelDocument document;
+        ASSERT_EQ(FileOpenXSI(QStringLiteral(KORVANE_SAMPLES "/") + QString::fromLatin1(sample),
+                              document),
+                  ReadStatus::Done);
+        SoftwareView view;
+        view.resize(320, 240);
+        ViewState start;
+        startCamera(document, start, view.geometry());
+        test::expectMirroredShowsAsItsTwin(
+            document,
+            [&view](ModelDocument& drawn, ViewState& state) {
+                view.redraw(drawn, state);
+                return imageOf(view.bitmap()).copy();
+            },
+            0.0);
+    }
 }
 
 TEST(SoftwareView, CornersOnOneLineDoNotHideAFace) {
