@@ -140,6 +140,21 @@ TEST(PlaneDrag, ZoomStepsByTwoBetweenItsLimits) {
     }
 }
 
+TEST(DragInput, StepsOfTheMouseAreStepsInPixelsAtAnyScaleFactor) {
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 4.0 / 3.0}) {
+        for (int corner = 0; corner < 9; ++corner) {
+            // as the window system tells of pixels of the window
+            const auto pixelAt = [&](int pixel) {
+                return devicePixel(pixel / ratio, corner, ratio);
+            };
+            for (int pixel = -50; pixel < 2000; ++pixel) {
+                ASSERT_EQ(pixelAt(pixel + 1) - pixelAt(pixel), 1.0F) << ratio << ' ' << pixel;
+            }
+            EXPECT_NEAR(pixelAt(1000), 1000 - corner * ratio, 0.5);
+        }
+    }
+}
+
 TEST(PlaneDrag, MovingAddsTheWayToTheFramesOwnPlace) {
     for (const Parent& parent : parents) {
         for (const PlaneCase& plane : planes) {
