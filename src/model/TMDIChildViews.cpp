@@ -2,6 +2,7 @@
 
 #include "app/DevicePixels.h"
 #include "app/MouseEvents.h"
+#include "app/PictureLabel.h"
 #include "model/TMDIChild.h"
 #include "render/StartCamera.h"
 #include "render/TImage.h"
@@ -40,8 +41,7 @@ void TMDIChild::setUpViews() {
     for (const PlaneImage& image : planeImages()) {
         image.image->installEventFilter(this);
         image.image->setEdged(true);
-        image.label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        image.label->adjustSize();
+        layOver(*image.label);
     }
     showPlaneColors();
     // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view

@@ -2,7 +2,9 @@
 
 #include "app/DevicePixels.h"
 #include "app/MouseEvents.h"
+#include "app/PictureLabel.h"
 #include "render/GlContext.h"
+#include "render/NothingShown.h"
 #include "render/StartCamera.h"
 #include "render/TGlPanel.h"
 #include "ui_TThreeDWinFrame.h"
@@ -20,6 +22,7 @@ namespace korvane {
 TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
     : QWidget(parent), ui_(std::make_unique<Ui::TThreeDWinFrame>()) {
     ui_->setupUi(this);
+    ui_->ReasonLabel->hide();
     // clicked or tabbed to: Escape has to arrive here while a drag runs
     setFocusPolicy(Qt::StrongFocus);
     // queued: whoever asked for the drawing cannot wait for the user
@@ -85,6 +88,7 @@ void TThreeDWinFrame::redraw() {
         releaseContext();
         Q_EMIT contextFailed();
     }
+    showReason();
     if (panel_ != nullptr) {
         panel_->redraw();
         return;
@@ -94,6 +98,19 @@ void TThreeDWinFrame::redraw() {
     }
     view_.redraw(*document_, state_);
     ui_->Image1->showPicture(imageOf(view_.bitmap()));
+}
+
+void TThreeDWinFrame::showReason() {
+    const QString reason = whyNothingShows(*document_, state_);
+    QLabel& label = *ui_->ReasonLabel;
+    label.setVisible(!reason.isEmpty());
+    if (label.isHidden()) {
+        return;
+    }
+    label.setText(reason);
+    layOver(label);
+    setInkFor(label, state_.colors.background);
+    label.raise(); // whatever has drawn the picture
 }
 
 void TThreeDWinFrame::FrameResize() {

@@ -1,6 +1,7 @@
 #include "render/SoftwareView.h"
 
 #include "formats/XsiReader.h"
+#include "render/NothingShown.h"
 #include "render/StartCamera.h"
 #include "support/Mirrored.h"
 
@@ -321,6 +322,31 @@ TEST(SoftwareView, HiddenFramesAreLeftOutTheirChildrenAreNot) {
     scene.document.Root.ViewFlags = {true, false, true};
     scene.redraw();
     EXPECT_EQ(scene.at(100, 100), red);
+}
+
+TEST(NothingShown, IsExplained) {
+    Scene scene({plain(1, 0, 0, 0.0F), plain(0, 1, 0)});
+    const auto reason = [&scene] {
+        return whyNothingShows(scene.document, scene.state).toStdString();
+    };
+    EXPECT_EQ(reason(), "The model has no mesh.");
+    addSquare(scene.mesh(), 1, 0, 0);
+    EXPECT_EQ(reason(), "Every mesh shown has opacity 0.");
+    scene.document.Root.ViewFlags[2] = false;
+    EXPECT_EQ(reason(), "Every mesh is hidden.");
+    scene.document.Root.Children.push_back(scene.document.Root);
+    FrameRecord& child = scene.document.Root.Children[0];
+    child.ViewFlags[2] = true;
+    EXPECT_EQ(reason(), "Every mesh shown has opacity 0.");
+    scene.state.allowTransparent = false;
+    EXPECT_EQ(reason(), "");
+    scene.state.allowTransparent = true;
+    for (const std::int32_t slot : {1, 2, -1}) { // of the other material, or of none at all
+        child.Mesh.FaceSlotIndex = {slot};
+        EXPECT_EQ(reason(), "") << slot;
+    }
+    child.HasMesh = false;
+    EXPECT_EQ(reason(), "Every mesh is hidden.");
 }
 
 TEST(SoftwareView, WhatCannotBeDrawnIsLeftOut) {
