@@ -106,14 +106,11 @@ void TMDIChild::drawPlane(const PlaneImage& image) {
         planesPending_ = false;
         startPlanes(*model_, size.width(), size.height());
     }
-    view.draw(*model_, this->view().dots);
-    image.image->showPicture(imageOf(view.bitmap()));
+    const bool dots = this->view().dots;
+    view.draw(*model_, dots);
+    image.image->showPicture(imageOf(view.bitmap()), view.selectionOverlay(*model_, dots));
     // of the picture's colours, which it may have got later than the panel
-    constexpr int half = 128;
-    const QColor paper = QColor::fromRgb(view.colors().frames.background);
-    QPalette palette = image.label->palette();
-    palette.setColor(QPalette::WindowText, paper.lightness() < half ? Qt::white : Qt::black);
-    image.label->setPalette(palette);
+    setInkFor(*image.label, view.colors().frames.background);
 }
 
 bool TMDIChild::viewEvent(const QObject& watched, QEvent& event) {
