@@ -16,8 +16,8 @@ namespace {
 void drawFrames(benchmark::State& state, ModelDocument document, RenderMode mode) {
     SoftwareView view;
     view.resize(1024, 768);
-    startCamera(document, view.geometry());
     ViewState settings;
+    startCamera(document, settings, view.geometry());
     settings.mode = mode;
     settings.angles.pitch = 1.0F; // from above: the meshes are landscapes
     for (auto _ : state) {

@@ -31,7 +31,7 @@ struct ModelDocument {
     NodeData SelectionCopy; ///< kept equal to Selected
     // What the document's views share.
     Vec3 CameraCenter; ///< the point in world space that the 3D view looks at and turns about
-    float CameraDistance = 10.0F; ///< of the eye from that point
+    float CameraDistance = 10.0F; ///< of the eye from that point, scaled as the 3D view is
     float PlaneScale = 16.0F;     ///< the zoom scale of the 2D views: pixels a unit
     Vec3 PanVector;               ///< how far the 2D views show the world moved
     ViewTool Tool = ViewTool::Zoom;

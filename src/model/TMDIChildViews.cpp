@@ -3,6 +3,7 @@
 #include "app/DevicePixels.h"
 #include "app/ModalCall.h"
 #include "app/MouseEvents.h"
+#include "app/PictureLabel.h"
 #include "model/TMDIChild.h"
 #include "render/StartCamera.h"
 #include "render/TImage.h"
@@ -41,8 +42,7 @@ void TMDIChild::setUpViews() {
     for (const PlaneImage& image : planeImages()) {
         image.image->installEventFilter(this);
         image.image->setEdged(true);
-        image.label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        image.label->adjustSize();
+        layOver(*image.label);
     }
     showPlaneColors();
     // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view
@@ -107,14 +107,11 @@ void TMDIChild::drawPlane(const PlaneImage& image) {
         planesPending_ = false;
         startPlanes(*model_, size.width(), size.height());
     }
-    view.draw(*model_, this->view().dots);
-    image.image->showPicture(imageOf(view.bitmap()));
+    const bool dots = this->view().dots;
+    view.draw(*model_, dots);
+    image.image->showPicture(imageOf(view.bitmap()), view.selectionOverlay(*model_, dots));
     // of the picture's colours, which it may have got later than the panel
-    constexpr int half = 128;
-    const QColor paper = QColor::fromRgb(view.colors().frames.background);
-    QPalette palette = image.label->palette();
-    palette.setColor(QPalette::WindowText, paper.lightness() < half ? Qt::white : Qt::black);
-    image.label->setPalette(palette);
+    setInkFor(*image.label, view.colors().frames.background);
 }
 
 bool TMDIChild::viewEvent(const QObject& watched, QEvent& event) {

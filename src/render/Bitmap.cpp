@@ -14,10 +14,21 @@ void Bitmap::fill(BitmapPixel color) {
     std::fill(pixels_.begin(), pixels_.end(), color);
 }
 
-QImage imageOf(const Bitmap& bitmap) {
+namespace {
+
+QImage wrapped(const Bitmap& bitmap, QImage::Format format) {
     return {reinterpret_cast<const uchar*>(bitmap.pixels()), bitmap.width(), bitmap.height(),
-            qsizetype{bitmap.width()} * static_cast<qsizetype>(sizeof(BitmapPixel)),
-            QImage::Format_RGB32};
+            qsizetype{bitmap.width()} * static_cast<qsizetype>(sizeof(BitmapPixel)), format};
+}
+
+} // namespace
+
+QImage imageOf(const Bitmap& bitmap) {
+    return wrapped(bitmap, QImage::Format_RGB32);
+}
+
+QImage overlayOf(const Bitmap& bitmap) {
+    return wrapped(bitmap, QImage::Format_ARGB32_Premultiplied);
 }
 
 std::size_t countOtherThan(const QImage& image, BitmapPixel color) {

@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-/// A pixel of a Bitmap: 0xffRRGGBB as an integer.
+/// A pixel of a Bitmap: 0xffRRGGBB as an integer; 0 for none, where a bitmap is laid over another.
 using BitmapPixel = std::uint32_t;
 
 /// A picture in memory that drawing goes into: rows of 32-bit pixels, top row first, without gaps.
@@ -44,6 +44,8 @@ class Bitmap {
 
 /// The bitmap as an image that uses its memory: valid until the bitmap is resized or gone.
 QImage imageOf(const Bitmap& bitmap);
+/// The same for one to be laid over another: pixels of value 0 are transparent.
+QImage overlayOf(const Bitmap& bitmap);
 
 /// How many pixels of a 32-bit image differ from the colour.
 std::size_t countOtherThan(const QImage& image, BitmapPixel color);

@@ -124,7 +124,7 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
         allFinite_ = allFinite_ && isFinite(WorldVertices[i]);
     }
     buildNormals(mesh, world);
-    buildFaceNormals(mesh);
+    buildFaceNormals(mesh, world);
     if (planes_) {
         planes_->forgetPoints();
     }
@@ -146,7 +146,8 @@ void DrawCache::buildNormals(const MeshRecord& mesh, const Matrix4& world) {
     }
 }
 
-void DrawCache::buildFaceNormals(const MeshRecord& mesh) {
+void DrawCache::buildFaceNormals(const MeshRecord& mesh, const Matrix4& world) {
+    const bool mirrored = mirrors(world);
     const auto hasAllNormals = [&](std::size_t face) {
         if (face >= mesh.NormalFaces.size() ||
             mesh.NormalFaces[face].size() < mesh.Faces[face].size()) {
@@ -161,7 +162,8 @@ void DrawCache::buildFaceNormals(const MeshRecord& mesh) {
     for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
         if (!hasAllNormals(face)) {
             WorldCache3.resize(mesh.Faces.size());
-            WorldCache3[face] = polygonNormal(mesh.Faces[face], WorldVertices);
+            const Vec3 normal = polygonNormal(mesh.Faces[face], WorldVertices);
+            WorldCache3[face] = mirrored ? -normal : normal;
         }
     }
 }

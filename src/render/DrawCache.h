@@ -32,8 +32,8 @@ class DrawCache {
   public:
     std::vector<Vec3> WorldVertices; ///< one position in world space per vertex
     std::vector<Vec3> WorldCache2;   ///< one unit normal in world space per normal of the mesh
-    /// One unit normal in world space per face, by its shape alone; empty when every corner of the
-    /// mesh has a normal of its own.
+    /// One unit normal in world space per face, by its shape alone, on the face's front in mirrored
+    /// frames too; empty when every corner of the mesh has a normal of its own.
     std::vector<Vec3> WorldCache3;
 
     DrawCache() = default;
@@ -72,7 +72,7 @@ class DrawCache {
     };
 
     void buildNormals(const MeshRecord& mesh, const Matrix4& world);
-    void buildFaceNormals(const MeshRecord& mesh);
+    void buildFaceNormals(const MeshRecord& mesh, const Matrix4& world);
 
     std::optional<Key> key_;
     Bounds bounds_;

@@ -12,7 +12,7 @@ void DrawList::rebuild(FrameRecord& root) {
         worlds_.resize(walk.depth());
         worlds_.push_back(worlds_.empty() ? frame.Matrix
                                           : MatrixMatrix(frame.Matrix, worlds_.back()));
-        if (frame.ViewFlags[0] && frame.ViewFlags[2]) {
+        if (isShown(frame)) {
             items_.push_back({&frame, worlds_.back()});
         }
     }

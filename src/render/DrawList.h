@@ -6,14 +6,19 @@
 
 namespace korvane {
 
+/// Whether the views draw the frame's mesh: its first and third view flag are set.
+inline bool isShown(const FrameRecord& frame) {
+    return frame.ViewFlags[0] && frame.ViewFlags[2];
+}
+
 /// One frame to draw. The pointer is valid until the next structural edit.
 struct DrawItem {
     FrameRecord* frame;
     Matrix4 world;
 };
 
-/// The frames of a tree that the views show, in pre-order, the root included. A frame is left out
-/// when its first or third view flag is clear; its children are still entered.
+/// The frames of a tree that the views show, in pre-order, the root included. The children of a
+/// frame that is left out are still entered.
 class DrawList {
   public:
     void rebuild(FrameRecord& root);

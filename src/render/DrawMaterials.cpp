@@ -22,6 +22,10 @@ bool isTranslucent(const MaterialRecord& material, const ViewState& state) {
             (hasPicture(material) && material.TextureImage->HasAlpha));
 }
 
+float shownOpacity(const MaterialRecord& material, const ViewState& state) {
+    return isTranslucent(material, state) ? clampUnit(material.FaceColor.alpha) : 1.0F;
+}
+
 std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
     if (!mesh.HasMaterials) {
         return -1;
@@ -29,6 +33,17 @@ std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
     return face < mesh.FaceSlotIndex.size()
                ? std::int64_t{mesh.FaceSlotIndex[face]}
                : static_cast<std::int64_t>(mesh.MaterialSlotList.size()) - 1;
+}
+
+const MaterialRecord* materialOfFace(const MeshRecord& mesh, std::size_t face,
+                                     std::span<const MaterialRecord> table) {
+    const auto at = [](std::int64_t index, const auto& list) {
+        return index >= 0 && index < static_cast<std::int64_t>(list.size())
+                   ? &list[static_cast<std::size_t>(index)]
+                   : nullptr;
+    };
+    const std::int32_t* index = at(slotOfFace(mesh, face), mesh.MaterialSlotList);
+    return index != nullptr ? at(*index, table) : nullptr;
 }
 
 std::span<const std::uint32_t> textureCorners(const MeshRecord& mesh, std::size_t face,
@@ -49,7 +64,7 @@ std::span<const std::uint32_t> textureCorners(const MeshRecord& mesh, std::size_
 
 DrawMaterial::DrawMaterial(const MaterialRecord& material, const ViewState& state)
     : colors(material), textured(hasPicture(material)), translucent(isTranslucent(material, state)),
-      opacity(translucent ? clampUnit(material.FaceColor.alpha) : 1.0F) {
+      opacity(shownOpacity(material, state)) {
     if (textured) {
         image = material.TextureImage.get();
         sampler = TextureSampler(*image);

@@ -20,9 +20,16 @@ bool hasPicture(const MaterialRecord& material);
 /// Whether faces of the material go to the transparent pass: only smooth shading mixes colours.
 bool isTranslucent(const MaterialRecord& material, const ViewState& state);
 
+/// The opacity that the material is drawn with, 0 to 1.
+float shownOpacity(const MaterialRecord& material, const ViewState& state);
+
 /// The slot of a face in its mesh, which may lead nowhere: the last slot for faces without an
 /// entry, -1 in a mesh without materials.
 std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face);
+
+/// The material of a face in the document's table, or null if its slot leads nowhere.
+const MaterialRecord* materialOfFace(const MeshRecord& mesh, std::size_t face,
+                                     std::span<const MaterialRecord> table);
 
 /// The numbers of a face's texture coordinates, one for each of its corners; empty if one has none.
 std::span<const std::uint32_t> textureCorners(const MeshRecord& mesh, std::size_t face,

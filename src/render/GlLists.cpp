@@ -6,14 +6,13 @@
 namespace korvane {
 
 bool GlLists::draw(const FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
-                   std::vector<GlMaterial> materials, bool mirrored) {
+                   std::vector<GlMaterial> materials) {
     Mesh& mesh = meshes_[frame.Cache.meshRevision()];
     mesh.used = true;
     Shape& known = mesh.shapes[static_cast<std::size_t>(shape)];
-    if (known.materials != materials || known.mirrored != mirrored) {
+    if (known.materials != materials) {
         freeShape(known);
         known.materials = std::move(materials);
-        known.mirrored = mirrored;
     }
     if (known.list != 0) {
         glCallList(known.list);
@@ -25,11 +24,11 @@ bool GlLists::draw(const FrameRecord& frame, GlShape shape, const DrawMaterials&
     }
     if (known.list == 0) {
         known.draws += std::exchange(known.drawn, true) ? 0 : 1;
-        emitMesh(frame, shape, slots, known.materials, mirrored);
+        emitMesh(frame, shape, slots, known.materials);
         return false;
     }
     glNewList(known.list, GL_COMPILE);
-    emitMesh(frame, shape, slots, known.materials, mirrored);
+    emitMesh(frame, shape, slots, known.materials);
     glEndList();
     glCallList(known.list);
     return true;

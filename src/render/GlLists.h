@@ -19,7 +19,7 @@ class GlLists {
 
     /// Draws the shape of a frame's mesh, see emitMesh. Gives whether it was recorded by the way.
     bool draw(const FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
-              std::vector<GlMaterial> materials, bool mirrored);
+              std::vector<GlMaterial> materials);
     /// Keeps what is recorded of a frame's mesh although it was not drawn.
     void keep(const FrameRecord& frame);
     /// Frees what was recorded of meshes neither drawn nor kept since the last sweep.
@@ -31,7 +31,6 @@ class GlLists {
     /// One shape of a mesh and what it was recorded with.
     struct Shape {
         std::vector<GlMaterial> materials;
-        bool mirrored = false;
         int draws = 0;      ///< unchanged ones so far, at most one counted between sweeps
         bool drawn = false; ///< since the last sweep
         std::uint32_t list = 0;

@@ -34,9 +34,8 @@ void bindTexture(std::uint32_t texture) {
 /// Emits the faces of one mesh as triangle fans.
 class FanEmitter {
   public:
-    FanEmitter(const FrameRecord& frame, bool mirrored)
-        : mesh_(frame.Mesh), cornersHaveNormals_(frame.Cache.WorldCache3.empty()),
-          faceNormalSign_(mirrored ? -1.0F : 1.0F) {}
+    explicit FanEmitter(const FrameRecord& frame)
+        : mesh_(frame.Mesh), cornersHaveNormals_(frame.Cache.WorldCache3.empty()) {}
 
     void emit(std::size_t face, const GlMaterial& material, bool& textureOn) const {
         const auto corners = mesh_.Faces[face];
@@ -49,7 +48,8 @@ class FanEmitter {
         const auto normals = face < mesh_.NormalFaces.size() && mesh_.HasNormals
                                  ? mesh_.NormalFaces[face]
                                  : std::span<const std::uint32_t>();
-        const Vec3 faceNormal = cornersHaveNormals_ ? Vec3() : ownNormal(corners);
+        const Vec3 faceNormal =
+            cornersHaveNormals_ ? Vec3() : polygonNormal(corners, mesh_.Vertices);
         glBegin(GL_TRIANGLE_FAN);
         for (std::size_t k = 0; k < corners.size(); ++k) {
             const bool own = k < normals.size() && normals[k] < mesh_.Normals.size() &&
@@ -75,19 +75,13 @@ class FanEmitter {
         });
         return finite ? places : std::span<const std::uint32_t>();
     }
-    /// The face's normal by its shape as it is seen in the world, where mirroring turns it round.
-    [[nodiscard]] Vec3 ownNormal(std::span<const std::uint32_t> corners) const {
-        const Vec3 n = polygonNormal(corners, mesh_.Vertices);
-        return {n.x * faceNormalSign_, n.y * faceNormalSign_, n.z * faceNormalSign_};
-    }
 
     const MeshRecord& mesh_;
     bool cornersHaveNormals_;
-    float faceNormalSign_;
 };
 
 void emitFaces(const FrameRecord& frame, bool translucent, const DrawMaterials& slots,
-               const std::vector<GlMaterial>& materials, bool mirrored) {
+               const std::vector<GlMaterial>& materials) {
     const MeshRecord& mesh = frame.Mesh;
     // the faces by slot, in their order within each
     std::vector<std::vector<std::uint32_t>> facesOf(materials.size());
@@ -98,7 +92,7 @@ void emitFaces(const FrameRecord& frame, bool translucent, const DrawMaterials& 
             facesOf[slot].push_back(static_cast<std::uint32_t>(face));
         }
     }
-    const FanEmitter emitter(frame, mirrored);
+    const FanEmitter emitter(frame);
     for (std::size_t slot = 0; slot < materials.size(); ++slot) {
         if (facesOf[slot].empty()) {
             continue;
@@ -157,11 +151,11 @@ std::vector<GlMaterial> glMaterials(const DrawMaterials& materials, const GlText
 }
 
 void emitMesh(const FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
-              const std::vector<GlMaterial>& materials, bool mirrored) {
+              const std::vector<GlMaterial>& materials) {
     switch (shape) {
     case GlShape::Opaque:
     case GlShape::Translucent:
-        emitFaces(frame, shape == GlShape::Translucent, slots, materials, mirrored);
+        emitFaces(frame, shape == GlShape::Translucent, slots, materials);
         break;
     case GlShape::Outlines:
         emitLines(frame.Mesh, GL_LINE_LOOP);

@@ -67,8 +67,9 @@ Matrix4 modelView(const DrawContext& context, const Matrix4& world, const ModelD
     // the last column takes no part in the model: it must neither move nor divide here
     fromCentre[3] = fromCentre[7] = fromCentre[11] = 0.0F;
     fromCentre[15] = 1.0F;
-    return MatrixMatrix(
-        fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles, document.CameraDistance));
+    // rigid, which keeps the light: the projection scales
+    const float distance = document.CameraDistance / context.state.scaleFactor;
+    return MatrixMatrix(fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles, distance));
 }
 
 void setColor(BitmapPixel color) {
@@ -134,7 +135,7 @@ void GlView::setUp(const ModelDocument& document, ViewState& state, std::int32_t
     glEnable(GL_TEXTURE_2D);
     glTexEnvf(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     resize(width, height);
-    setProjection();
+    setProjection(state.scaleFactor);
     counts_.uploads += textures_.update(document.Materials);
     nameReadBuffer();
     applyMode(state);
@@ -144,23 +145,25 @@ void GlView::resize(std::int32_t width, std::int32_t height) {
     geometry_ = ViewGeometry(width, height);
 }
 
-void GlView::setProjection() const {
+void GlView::setProjection(float scale) const {
     glViewport(0, 0, geometry_.width, geometry_.height);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     gluPerspective(60.0, static_cast<double>(geometry_.width) / geometry_.height,
                    ViewGeometry::nearZ, ViewGeometry::farZ);
+    glScalef(scale, scale, scale);
 }
 
 void GlView::redraw(ModelDocument& document, ViewState& state) {
-    setProjection(); // another view may have drawn in between
+    setProjection(state.scaleFactor); // another view may have drawn in between
     if (state.lastDrawnMode != state.mode) {
         applyMode(state);
     }
     counts_.uploads += textures_.update(document.Materials);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     setLight(state);
-    const Camera camera(state.angles, document.CameraDistance, document.CameraCenter);
+    const Camera camera(state.angles, document.CameraDistance, document.CameraCenter,
+                        state.scaleFactor);
     const DrawContext context = {{}, geometry_, state, camera};
     list_.rebuild(document.Root);
     materials_.take(document.Materials, state);
@@ -229,6 +232,10 @@ void GlView::checkErrors() {
 void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass) {
     const ViewState& state = context.state;
     const bool wires = state.mode == RenderMode::Wireframe;
+    const bool mirrored = mirrors(item.world);
+    if (mirrored) {
+        glFrontFace(GL_CW); // the fronts of such a frame run the other way on the screen
+    }
     materials_.select(item.frame->Mesh);
     glDepthMask(GL_TRUE);
     if (wires) {
@@ -246,12 +253,14 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
             glCullFace(GL_FRONT);
             drawShape(item, GlShape::Translucent);
         }
-        // what turns away on the screen, in mirrored frames too
         glCullFace(GL_BACK);
         drawShape(item, GlShape::Translucent);
         glDisable(GL_CULL_FACE);
     }
     glDepthMask(GL_TRUE);
+    if (mirrored) {
+        glFrontFace(GL_CCW);
+    }
 }
 
 void GlView::drawShape(const DrawItem& item, GlShape shape) {
@@ -259,8 +268,7 @@ void GlView::drawShape(const DrawItem& item, GlShape shape) {
     const bool faces = shape == GlShape::Opaque || shape == GlShape::Translucent;
     const bool recorded =
         lists_.draw(*item.frame, shape, materials_,
-                    faces ? glMaterials(materials_, textures_) : std::vector<GlMaterial>(),
-                    mirrors(item.world));
+                    faces ? glMaterials(materials_, textures_) : std::vector<GlMaterial>());
     counts_.recorded += recorded ? 1 : 0;
 }
 

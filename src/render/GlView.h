@@ -41,7 +41,7 @@ class GlView {
     [[nodiscard]] std::size_t textureCount() const { return textures_.count(); }
 
   private:
-    void setProjection() const;
+    void setProjection(float scale) const;
     void checkErrors();
     void drawPass(const DrawContext& context, const ModelDocument& document, bool translucent);
     void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);

@@ -68,6 +68,13 @@ struct FaceExtent {
     std::int32_t bottom = std::numeric_limits<std::int32_t>::min();
 };
 
+/// Takes the corners the other way round, from the same first one, so that the fan keeps its
+/// triangles.
+template <class Corner>
+void turnRound(std::vector<Corner>& corners) {
+    std::reverse(corners.begin() + 1, corners.end());
+}
+
 } // namespace
 
 void MeshPainter::begin(std::span<const MaterialRecord> materials, const ViewState& state) {
@@ -122,6 +129,7 @@ void MeshPainter::setUp(const DrawContext& context, const DrawItem& item, bool t
     bothSides_ =
         item.frame->RenderBackwards || (translucentPass && context.state.showHiddenTransparent);
     flipNormals_ = bothSides_;
+    mirrored_ = mirrors(item.world);
     // one more for corners that have no normal at all
     const std::size_t normals = cache_->WorldCache2.size() + cache_->WorldCache3.size() + 1;
     if (litNormals_.size() < normals) {
@@ -140,6 +148,7 @@ void MeshPainter::collect(bool translucentPass) {
     const bool mixed = materials_.any(!translucentPass);
     const PolygonList& faces = mesh_->Faces;
     const std::span<const ScreenVertex> screen = screen_;
+    const float sign = mirrored_ ? -1.0F : 1.0F;
     double area = 0.0;
     std::size_t count = 0;
     std::size_t small = 0;
@@ -159,7 +168,7 @@ void MeshPainter::collect(bool translucentPass) {
             continue;
         }
         const float product =
-            inPixels(fanProduct(corners.size(), [&](std::size_t k) -> const ScreenVertex& {
+            sign * inPixels(fanProduct(corners.size(), [&](std::size_t k) -> const ScreenVertex& {
                 return screen[corners[k]];
             }));
         if (product < 0 || bothSides_) {
@@ -269,6 +278,9 @@ void MeshPainter::drawInside(std::uint32_t face, const DrawMaterial& material) {
             corners_[k].t = 1.0F - at.v;
         }
     }
+    if (mirrored_) {
+        turnRound(corners_);
+    }
     fill(material, textured);
 }
 
@@ -300,6 +312,9 @@ void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material)
             const LitNormal& color = smoothColor(number, material.colors);
             polygon[k].color = {color.red, color.green, color.blue};
         });
+    }
+    if (mirrored_) {
+        turnRound(polygon);
     }
     if (!clipper_.clip(context_->geometry)) {
         return;

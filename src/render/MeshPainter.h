@@ -62,6 +62,7 @@ class MeshPainter {
     LightDirections light_; ///< in world space
     bool flipNormals_ = false;
     bool bothSides_ = false;
+    bool mirrored_ = false; ///< its faces run the other way on the screen
     float threshold_ = 0.0F;
     std::uint32_t nextStamp_ = 1; ///< of the first slot of the next mesh
     std::uint32_t slotStamp_ = 0; ///< of the slot being drawn

@@ -4,6 +4,8 @@
 #include "render/SelectedFrame.h"
 #include "render/WirePainter.h"
 
+#include <algorithm>
+
 namespace korvane {
 
 namespace {
@@ -64,15 +66,36 @@ void PlaneView::draw(ModelDocument& document, bool dots) {
     projectedFrames_ = 0;
     bitmap_.fill(colors_.frames.background);
     drawAxes(map);
-    drawOrigin(map, document.Root);
+    findOrigin(map, document.Root);
+    drawOrigin(bitmap_);
     list_.rebuild(document.Root);
     for (const DrawItem& item : list_.items()) {
         if (item.frame->HasMesh) {
-            drawFrame(map, item, dots);
+            projectFrame(map, item);
+            drawFrame(bitmap_, map, *item.frame, dots);
         }
     }
     // last, since it mostly lies within the model
-    drawCameraCentre(map, document.CameraCenter);
+    drawCameraCentre(bitmap_, map, document.CameraCenter);
+}
+
+QImage PlaneView::selectionOverlay(const ModelDocument& document, bool dots) {
+    const auto& items = list_.items();
+    const auto selected = std::find_if(items.begin(), items.end(), [](const DrawItem& item) {
+        return item.frame->HasMesh && item.frame->SelectState == SelectState::Selected;
+    });
+    if (selected == items.end() && origin_ == noPixel) {
+        return {};
+    }
+    const PlaneMapping map = mapping(document);
+    overlay_.resize(bitmap_.width(), bitmap_.height());
+    overlay_.fill(0);
+    if (selected != items.end()) {
+        drawFrame(overlay_, map, *selected->frame, dots);
+    }
+    drawOrigin(overlay_);
+    drawCameraCentre(overlay_, map, document.CameraCenter); // which stays on top
+    return overlayOf(overlay_);
 }
 
 void PlaneView::drawAxes(const PlaneMapping& mapping) {
@@ -82,28 +105,36 @@ void PlaneView::drawAxes(const PlaneMapping& mapping) {
     drawLine(bitmap_, 0, y, bitmap_.width() - 1, y, colors_.worldAxes);
 }
 
-void PlaneView::drawOrigin(const PlaneMapping& mapping, FrameRecord& root) {
+void PlaneView::findOrigin(const PlaneMapping& mapping, FrameRecord& root) {
+    origin_ = noPixel;
     const FoundFrame found = findSelectedFrame(root);
     // the mesh alone may be hidden: the mark stays
     if (found.frame->SelectState != SelectState::Selected || !found.frame->ViewFlags[0]) {
         return;
     }
     const PlanePoint origin = toPlane(plane_, VectorMatrix({}, found.world));
-    const PixelPoint at = pixelAt(mapping.screenX(origin.u), mapping.screenY(origin.v));
-    if (at != noPixel) {
+    origin_ = pixelAt(mapping.screenX(origin.u), mapping.screenY(origin.v));
+}
+
+void PlaneView::drawOrigin(Bitmap& bitmap) const {
+    if (origin_ != noPixel) {
         // two, since one is hard to see in yellow
-        drawEllipse(bitmap_, at, markRadius, markRadius, colors_.objectAxes);
-        drawEllipse(bitmap_, at, markRadius + 1, markRadius + 1, colors_.objectAxes);
+        drawEllipse(bitmap, origin_, markRadius, markRadius, colors_.objectAxes);
+        drawEllipse(bitmap, origin_, markRadius + 1, markRadius + 1, colors_.objectAxes);
     }
 }
 
-void PlaneView::drawFrame(const PlaneMapping& mapping, const DrawItem& item, bool dots) {
+void PlaneView::projectFrame(const PlaneMapping& mapping, const DrawItem& item) {
     FrameRecord& frame = *item.frame;
     frame.Cache.refresh(frame.Mesh, item.world);
     if (frame.Cache.planes().project(mapping, frame.Cache.WorldVertices)) {
         ++projectedFrames_;
     }
-    const EdgePainter painter(bitmap_, mapping, frame);
+}
+
+void PlaneView::drawFrame(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame,
+                          bool dots) const {
+    const EdgePainter painter(bitmap, mapping, frame);
     const BitmapPixel color = wireColor(colors_.frames, frame.SelectState);
     if (dots) {
         painter.drawEnds(color);
@@ -112,12 +143,13 @@ void PlaneView::drawFrame(const PlaneMapping& mapping, const DrawItem& item, boo
     }
 }
 
-void PlaneView::drawCameraCentre(const PlaneMapping& mapping, const Vec3& centre) {
+void PlaneView::drawCameraCentre(Bitmap& bitmap, const PlaneMapping& mapping,
+                                 const Vec3& centre) const {
     const PlanePoint place = toPlane(plane_, centre);
     const double x = mapping.screenX(place.u);
     const double y = mapping.screenY(place.v);
-    drawLine(bitmap_, x - markRadius, y, x + markRadius, y, colors_.cameraCentre);
-    drawLine(bitmap_, x, y - markRadius, x, y + markRadius, colors_.cameraCentre);
+    drawLine(bitmap, x - markRadius, y, x + markRadius, y, colors_.cameraCentre);
+    drawLine(bitmap, x, y - markRadius, x, y + markRadius, colors_.cameraCentre);
 }
 
 } // namespace korvane

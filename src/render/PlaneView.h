@@ -40,17 +40,26 @@ class PlaneView {
     /// Draws the document's frames, with dots only the ends of their lines, and brings their
     /// drawing caches up to date.
     void draw(ModelDocument& document, bool dots = false);
+    /// The selected frame's lines and mark once more, to be laid over the picture where other
+    /// frames' lines cover them, as the last draw() had them; a null image if it drew neither. It
+    /// uses the view's memory until the next call.
+    [[nodiscard]] QImage selectionOverlay(const ModelDocument& document, bool dots = false);
     /// Of how many frames the last draw() had to work out anew where their vertices show.
     [[nodiscard]] std::size_t projectedFrames() const { return projectedFrames_; }
 
   private:
     void drawAxes(const PlaneMapping& mapping);
-    void drawOrigin(const PlaneMapping& mapping, FrameRecord& root);
-    void drawFrame(const PlaneMapping& mapping, const DrawItem& item, bool dots);
-    void drawCameraCentre(const PlaneMapping& mapping, const Vec3& centre);
+    void findOrigin(const PlaneMapping& mapping, FrameRecord& root);
+    void drawOrigin(Bitmap& bitmap) const;
+    void projectFrame(const PlaneMapping& mapping, const DrawItem& item);
+    void drawFrame(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame,
+                   bool dots) const;
+    void drawCameraCentre(Bitmap& bitmap, const PlaneMapping& mapping, const Vec3& centre) const;
 
     ViewPlane plane_;
     Bitmap bitmap_;
+    Bitmap overlay_;              ///< of one pixel until it is asked for
+    PixelPoint origin_ = noPixel; ///< of the selected frame, if it has a mark
     PlaneColors colors_;
     DrawList list_;
     std::size_t projectedFrames_ = 0;

@@ -28,10 +28,10 @@ Containment containment(const DrawContext& context, const DrawItem& item) {
         return Containment::Outside;
     }
     std::array<Vec3, 8> corners = boxCorners(cache.bounds());
-    float size = context.camera.magnitude();
+    float size = 0.0F;
     for (Vec3& corner : corners) {
         corner = VectorMatrix(corner, item.world);
-        size = std::max({size, std::abs(corner.x), std::abs(corner.y), std::abs(corner.z)});
+        size = std::max(size, context.camera.magnitude(corner));
         corner = context.camera.toView(corner);
         if (!usablePosition(corner)) {
             return Containment::Crossing;

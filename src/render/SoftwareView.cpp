@@ -13,7 +13,8 @@ void SoftwareView::resize(std::int32_t width, std::int32_t height) {
 void SoftwareView::redraw(ModelDocument& document, ViewState& state) {
     std::fill(depths_.begin(), depths_.end(), ViewGeometry::farZ);
     bitmap_.fill(state.colors.background);
-    const Camera camera(state.angles, document.CameraDistance, document.CameraCenter);
+    const Camera camera(state.angles, document.CameraDistance, document.CameraCenter,
+                        state.scaleFactor);
     const DrawContext context = {
         {bitmap_.pixels(), depths_.data(), geometry_.width, geometry_.height},
         geometry_,

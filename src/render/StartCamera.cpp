@@ -1,6 +1,6 @@
 #include "render/StartCamera.h"
 
-#include "render/DrawList.h"
+#include "render/ScreenMesh.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,38 +42,67 @@ Vec3 centreOf(const Bounds& bounds) {
             bounds.low.z / 2 + bounds.high.z / 2};
 }
 
+/// The distance from a point to the farthest of the vertices and of the corners of the selected
+/// frame's box.
+double radiusAround(const Vec3& centre, const DrawList& list) {
+    double largest = 0.0;
+    const auto add = [&](const Vec3& p) {
+        const double squared = squaredDistance(p, centre);
+        largest = std::isfinite(squared) ? std::max(largest, squared) : largest;
+    };
+    for (const DrawItem& item : list.items()) {
+        const DrawCache& cache = item.frame->Cache;
+        if (!item.frame->HasMesh) {
+            continue;
+        }
+        std::for_each(cache.WorldVertices.begin(), cache.WorldVertices.end(), add);
+        if (item.frame->SelectState == SelectState::Selected && !cache.bounds().empty) {
+            for (const Vec3& corner : boxCorners(cache.bounds())) {
+                add(VectorMatrix(corner, item.world));
+            }
+        }
+    }
+    return std::sqrt(largest);
+}
+
+/// From how far a ball around the camera centre is seen whole, with the eye outside.
+double startDistance(double radius, const ViewGeometry& geometry) {
+    return std::max(radius * fitDistance(geometry), radius + double{ViewGeometry::nearZ});
+}
+
+/// The scale factor for a model of a radius.
+double startScale(double radius, const ViewGeometry& geometry) {
+    constexpr double radiusOfLarge = 100.0;
+    constexpr double most = 1e30; // stays within single precision with what it is multiplied by
+    const double diameter = 2 * radius;
+    if (radius + startDistance(radius, geometry) > double{ViewGeometry::farZ}) {
+        return radiusOfLarge / radius;
+    }
+    // a single point has no size
+    return diameter < 1 && diameter > 0 ? std::min(1 / diameter, most) : 1.0;
+}
+
 } // namespace
 
-void startCamera(ModelDocument& document, const ViewGeometry& geometry) {
+void startCamera(ModelDocument& document, ViewState& state, const ViewGeometry& geometry) {
     DrawList list;
     list.rebuild(document.Root);
     const Bounds bounds = worldBounds(list);
     if (bounds.empty) {
         document.CameraCenter = Vec3();
         document.CameraDistance = ModelDocument().CameraDistance;
+        state.scaleFactor = 1.0F;
         return;
     }
-    const Vec3 centre = centreOf(bounds);
-    double squaredRadius = 0.0;
-    for (const DrawItem& item : list.items()) {
-        if (!item.frame->HasMesh) {
-            continue;
-        }
-        for (const Vec3& vertex : item.frame->Cache.WorldVertices) {
-            const double squared = squaredDistance(vertex, centre);
-            squaredRadius =
-                std::isfinite(squared) ? std::max(squaredRadius, squared) : squaredRadius;
-        }
-    }
-    const double radius = std::sqrt(squaredRadius);
-    double distance =
-        std::max(radius * fitDistance(geometry), radius + double{ViewGeometry::nearZ});
-    const double farthest = double{ViewGeometry::farZ} - radius;
-    if (farthest > 0) {
-        distance = std::min(distance, farthest);
-    }
-    document.CameraCenter = centre;
-    document.CameraDistance = static_cast<float>(distance);
+    document.CameraCenter = centreOf(bounds);
+    const double radius = radiusAround(document.CameraCenter, list);
+    const double scale = startScale(radius, geometry);
+    const double shown = radius * scale;
+    // a view of a few columns would have the eye beyond its depth
+    const double farthest = double{ViewGeometry::farZ} - shown;
+    document.CameraDistance =
+        static_cast<float>(std::min(startDistance(shown, geometry), farthest));
+    state.scaleFactor = static_cast<float>(scale);
 }
 
 void startPlanes(ModelDocument& document, std::int32_t width, std::int32_t height) {
@@ -97,8 +126,8 @@ void startPlanes(ModelDocument& document, std::int32_t width, std::int32_t heigh
         scale = share * std::min(std::max(width, 1) / across, std::max(height, 1) / upright);
     }
     document.PanVector = -centreOf(bounds);
-    document.PlaneScale = static_cast<float>(
-        std::clamp(scale, double{std::nextafter(tooSmallScale, 1.0F)}, double{largestScale}));
+    constexpr double most = 1e30; // within single precision
+    document.PlaneScale = static_cast<float>(std::clamp(scale, 1 / most, most));
 }
 
 } // namespace korvane

@@ -6,8 +6,9 @@ namespace korvane {
 
 TImage::TImage(QWidget* parent) : QWidget(parent) {}
 
-void TImage::showPicture(const QImage& picture) {
+void TImage::showPicture(const QImage& picture, const QImage& overlay) {
     picture_ = picture;
+    overlay_ = overlay;
     update();
 }
 
@@ -17,11 +18,12 @@ void TImage::setEdged(bool edged) {
 }
 
 void TImage::paintEvent(QPaintEvent* /*event*/) {
-    // a copy shares the memory; the ratio is that of the screen the control is on by now
-    QImage picture = picture_;
-    picture.setDevicePixelRatio(devicePixelRatioF());
     QPainter painter(this);
-    painter.drawImage(QPointF(0, 0), picture);
+    // copies share the memory; the ratio is that of the screen the control is on by now
+    for (QImage layer : {picture_, overlay_}) {
+        layer.setDevicePixelRatio(devicePixelRatioF());
+        painter.drawImage(QPointF(0, 0), layer);
+    }
     if (edged_) {
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawLine(rect().topRight(), rect().bottomRight());

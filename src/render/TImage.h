@@ -12,9 +12,11 @@ class TImage : public QWidget {
   public:
     explicit TImage(QWidget* parent = nullptr);
 
-    /// Shows a picture made for the control's size in device pixels. Its memory is used as it is
-    /// and must stay in place until another one is shown.
-    void showPicture(const QImage& picture);
+    /// Shows a picture made for the control's size in device pixels, and over it another one of
+    /// that size, if there is one, whose transparent parts let the first be seen. Their memory is
+    /// used as it is and must stay in place until others are shown.
+    void showPicture(const QImage& picture, const QImage& overlay = {});
+    /// The picture alone.
     [[nodiscard]] const QImage& picture() const { return picture_; }
 
     /// Whether a thin line over the picture's right and lower edge sets it off from its neighbours.
@@ -25,6 +27,7 @@ class TImage : public QWidget {
 
   private:
     QImage picture_;
+    QImage overlay_;
     bool edged_ = false;
 };
 

@@ -3,7 +3,9 @@
 #include "app/DevicePixels.h"
 #include "app/ModalCall.h"
 #include "app/MouseEvents.h"
+#include "app/PictureLabel.h"
 #include "render/GlContext.h"
+#include "render/NothingShown.h"
 #include "render/StartCamera.h"
 #include "render/TGlPanel.h"
 #include "ui_TThreeDWinFrame.h"
@@ -21,6 +23,7 @@ namespace korvane {
 TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
     : QWidget(parent), ui_(std::make_unique<Ui::TThreeDWinFrame>()) {
     ui_->setupUi(this);
+    ui_->ReasonLabel->hide();
     // clicked or tabbed to: Escape has to arrive here while a drag runs
     setFocusPolicy(Qt::StrongFocus);
     // queued: whoever asked for the drawing cannot wait for the user
@@ -79,13 +82,14 @@ void TThreeDWinFrame::redraw() {
     geometry_ = ViewGeometry(size.width(), size.height());
     if (cameraPending_ && !size.isEmpty()) {
         cameraPending_ = false;
-        startCamera(*document_, geometry_);
+        startCamera(*document_, state_, geometry_);
     }
     if (panel_ != nullptr && panel_->failed()) {
         // the driver took back what the probe was promised
         releaseContext();
         Q_EMIT contextFailed();
     }
+    showReason();
     if (panel_ != nullptr) {
         panel_->redraw();
         return;
@@ -95,6 +99,19 @@ void TThreeDWinFrame::redraw() {
     }
     view_.redraw(*document_, state_);
     ui_->Image1->showPicture(imageOf(view_.bitmap()));
+}
+
+void TThreeDWinFrame::showReason() {
+    const QString reason = whyNothingShows(*document_, state_);
+    QLabel& label = *ui_->ReasonLabel;
+    label.setVisible(!reason.isEmpty());
+    if (label.isHidden()) {
+        return;
+    }
+    label.setText(reason);
+    layOver(label);
+    setInkFor(label, state_.colors.background);
+    label.raise(); // whatever has drawn the picture
 }
 
 void TThreeDWinFrame::FrameResize() {

@@ -60,6 +60,8 @@ class TThreeDWinFrame : public QWidget {
 
   private:
     void FrameResize();
+    /// Says in the corner of the picture why there is nothing to be seen, or nothing.
+    void showReason();
     void mouseDown(const DragInput& input);
     void mouseMove(const DragInput& input);
     void mouseUp(const DragInput& input);

@@ -84,10 +84,12 @@ struct PlaneMapping {
 inline constexpr float tooSmallScale = 0.01F;
 inline constexpr float largestScale = 5000.0F;
 
-/// The zoom scale after a change by a factor; as it was if that would be beyond the limits.
+/// The zoom scale after a change by a factor; as it was if that would be beyond the limit in that
+/// direction. A scale that started beyond the other limit can always come back.
 constexpr float zoomedScale(float scale, float factor) {
     const float zoomed = scale * factor;
-    return zoomed > tooSmallScale && zoomed <= largestScale ? zoomed : scale;
+    const bool allowed = factor > 1.0F ? zoomed <= largestScale : zoomed > tooSmallScale;
+    return allowed ? zoomed : scale;
 }
 
 } // namespace korvane

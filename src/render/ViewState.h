@@ -48,6 +48,8 @@ struct ViewState {
     Vec3 light = {0, 0, -1}; ///< the direction to the light, in view space
     Vec3 eye = {0, 0, -1};   ///< the direction to the eye, in view space
     ViewColors colors;
+    /// How much larger than in the model everything shows, about the camera centre; the camera
+    /// distance is in what comes out. Lighting knows nothing of it.
     float scaleFactor = 1.0F;
     /// Faces are drawn when the product of their projected edges, in pixels, is below this.
     std::int32_t backFaceThreshold = -6;

@@ -188,6 +188,16 @@ ExitStatus renderPlane(const RenderRequest& request, ModelDocument& document) {
         view.colors().frames.background);
 }
 
+/// What is given of the camera is in units of the model, and so is then all of it.
+void placeCamera(RenderRequest& request, ModelDocument& document) {
+    startCamera(document, request.state, ViewGeometry(request.width, request.height));
+    if (request.distance || request.centre) {
+        document.CameraDistance /= std::exchange(request.state.scaleFactor, 1.0F);
+    }
+    document.CameraDistance = request.distance.value_or(document.CameraDistance);
+    document.CameraCenter = request.centre.value_or(document.CameraCenter);
+}
+
 } // namespace
 
 ExitStatus render(const QStringList& words) {
@@ -203,9 +213,7 @@ ExitStatus render(const QStringList& words) {
     if (!open(request.in, document)) {
         return ExitStatus::Refused;
     }
-    startCamera(document, ViewGeometry(request.width, request.height));
-    document.CameraCenter = request.centre.value_or(document.CameraCenter);
-    document.CameraDistance = request.distance.value_or(document.CameraDistance);
+    placeCamera(request, document);
     if (request.plane) {
         return renderPlane(request, document);
     }

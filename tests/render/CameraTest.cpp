@@ -143,14 +143,20 @@ TEST(Wheel, ZoomsByAFactorANotchAndComesBack) {
 
 TEST(StartCamera, ShowsTheWholeModelAnyWayRound) {
     test::Scene scene({test::plain(1, 1, 1)});
-    for (const auto& [half, offset] : {std::pair{3.0F, 100.0F}, {0.01F, 0.0F}, {500.0F, 3.0F}}) {
+    for (const auto& [half, offset] : {std::pair{3.0F, 100.0F},
+                                       {0.001F, 0.0F},
+                                       {500.0F, 3.0F},
+                                       {1800.0F, 0.0F},
+                                       {5000.0F, 900.0F},
+                                       {1e12F, 0.0F},
+                                       {1e-20F, 0.0F}}) {
         scene.clearMesh();
         test::addSquare(scene.mesh(), half, 0);
         scene.document.Root.Matrix[12] = offset;
         scene.document.Root.RenderBackwards = true;
         for (const auto& [width, height] : {std::pair{300, 100}, {100, 300}}) {
             scene.view.resize(width, height);
-            startCamera(scene.document, scene.view.geometry());
+            startCamera(scene.document, scene.state, scene.view.geometry());
             EXPECT_EQ(scene.document.CameraCenter, (Vec3{offset, 0, 0}));
             for (const float yaw : {0.0F, 2.0F, 4.0F}) {
                 scene.state.angles = {1.0F, yaw, 0};
@@ -159,32 +165,58 @@ TEST(StartCamera, ShowsTheWholeModelAnyWayRound) {
                     imageOf(scene.view.bitmap()).copy(1, 1, width - 2, height - 2);
                 EXPECT_EQ(countOtherThan(inside, scene.state.colors.background), scene.drawn())
                     << half << ' ' << width << ' ' << yaw;
-                EXPECT_GT(scene.drawn(), half > 1 ? 100U : 1U) << half << ' ' << width;
+                EXPECT_GT(scene.drawn(), 300U) << half << ' ' << width;
             }
         }
     }
 }
 
-TEST(StartCamera, KeepsWithinTheDepthOfTheViewAndSurvivesAnyModel) {
-    test::Scene scene({});
-    const auto distanceOf = [&scene](float half) {
+TEST(StartCamera, ScalesWhatTheDepthOfTheViewCannotHold) {
+    test::Scene scene({test::plain(1, 1, 1)});
+    const struct {
+        float radius;
+        float scale;
+        float distance; ///< of the eye where the smaller side of the view is the upright one
+    } cases[] = {{0.0F, 1.0F, 0.25F},
+                 {0.001F, 500.0F, 1.0F},
+                 {0.49F, 1 / 0.98F, 1.0F},
+                 {0.51F, 1.0F, 1.02F},
+                 {10.0F, 1.0F, 20.0F},
+                 {1660.0F, 1.0F, 3320.0F},
+                 {1670.0F, 100 / 1670.0F, 200.0F},
+                 {5e4F, 0.002F, 200.0F}};
+    for (const auto& [radius, scale, distance] : cases) {
         scene.clearMesh();
-        test::addSquare(scene.mesh(), half, 0);
-        startCamera(scene.document, scene.view.geometry());
-        return scene.document.CameraDistance;
-    };
-    const float radius = 2000 * std::sqrt(2.0F);
-    EXPECT_FLOAT_EQ(distanceOf(2000), 5000 - radius);
-    EXPECT_GT(distanceOf(5000), 5000) << "too large for the view whatever is done";
+        test::addSquare(scene.mesh(), radius / std::sqrt(2.0F), 0);
+        startCamera(scene.document, scene.state, ViewGeometry(400, 300));
+        EXPECT_FLOAT_EQ(scene.state.scaleFactor, scale) << radius;
+        EXPECT_NEAR(scene.document.CameraDistance, distance, distance * 1e-4) << radius;
+    }
+}
+
+TEST(StartCamera, SeesTheBoxOfTheSelectedFrameWhole) {
+    test::Scene scene({test::plain(1, 1, 1)});
+    scene.mesh().Vertices = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {-1, 0, 0}, {0, -1, 0}, {0, 0, -1}};
+    startCamera(scene.document, scene.state, scene.view.geometry());
+    EXPECT_NEAR(scene.document.CameraDistance, 2.0F, 1e-3);
+    scene.document.Root.SelectState = SelectState::Selected;
+    startCamera(scene.document, scene.state, scene.view.geometry());
+    EXPECT_NEAR(scene.document.CameraDistance, 2 * std::sqrt(3.0F), 1e-3);
+}
+
+TEST(StartCamera, SurvivesAnyModel) {
+    test::Scene scene({});
+    test::addSquare(scene.mesh(), 5000, 0);
     scene.mesh().Vertices[0].x = std::numeric_limits<float>::quiet_NaN();
     scene.mesh().Vertices[1] = {3e38F, -3e38F, 3e38F};
-    scene.document.Root.Cache.clear();
-    startCamera(scene.document, scene.view.geometry());
+    startCamera(scene.document, scene.state, ViewGeometry(3, 900));
+    EXPECT_LT(scene.document.CameraDistance, 5000);
     scene.redraw();
     scene.clearMesh();
-    startCamera(scene.document, scene.view.geometry());
+    startCamera(scene.document, scene.state, scene.view.geometry());
     EXPECT_EQ(scene.document.CameraCenter, Vec3());
     EXPECT_EQ(scene.document.CameraDistance, 10);
+    EXPECT_EQ(scene.state.scaleFactor, 1);
 }
 
 } // namespace

@@ -35,8 +35,8 @@ TEST(ImageBaseline, SamplesLookAsTheyDid) {
             ASSERT_EQ(baseline.size(), QSize(240, 180)) << sample << ' ' << name;
             SoftwareView view;
             view.resize(baseline.width(), baseline.height());
-            startCamera(document, view.geometry());
             ViewState state;
+            startCamera(document, state, view.geometry());
             state.mode = mode;
             view.redraw(document, state);
             std::size_t differing = 0;

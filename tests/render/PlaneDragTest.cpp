@@ -123,6 +123,8 @@ TEST(PlaneDrag, ZoomStepsByTwoBetweenItsLimits) {
         {16, DragButton::Left, 32},        {16, DragButton::Right, 8},
         {4096, DragButton::Left, 4096},    {2500, DragButton::Left, 5000},
         {0.02F, DragButton::Right, 0.02F}, {0.04F, DragButton::Right, 0.02F},
+        {8e5F, DragButton::Right, 4e5F},   {8e5F, DragButton::Left, 8e5F},
+        {1e-4F, DragButton::Left, 2e-4F},  {1e-4F, DragButton::Right, 1e-4F},
         {16, DragButton::Other, 16}};
     for (const auto& [scale, button, expected] : steps) {
         Desk desk({}, ViewTool::Zoom);
@@ -135,6 +137,21 @@ TEST(PlaneDrag, ZoomStepsByTwoBetweenItsLimits) {
         EXPECT_EQ(desk.document.PlaneScale, expected);
         EXPECT_EQ(desk.document.PanVector, Vec3());
         EXPECT_FALSE(desk.document.Changed);
+    }
+}
+
+TEST(DragInput, StepsOfTheMouseAreStepsInPixelsAtAnyScaleFactor) {
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 4.0 / 3.0}) {
+        for (int corner = 0; corner < 9; ++corner) {
+            // as the window system tells of pixels of the window
+            const auto pixelAt = [&](int pixel) {
+                return devicePixel(pixel / ratio, corner, ratio);
+            };
+            for (int pixel = -50; pixel < 2000; ++pixel) {
+                ASSERT_EQ(pixelAt(pixel + 1) - pixelAt(pixel), 1.0F) << ratio << ' ' << pixel;
+            }
+            EXPECT_NEAR(pixelAt(1000), 1000 - corner * ratio, 0.5);
+        }
     }
 }
 

@@ -1,6 +1,9 @@
 #include "render/SoftwareView.h"
 
-#include "support/Scene.h"
+#include "formats/XsiReader.h"
+#include "render/NothingShown.h"
+#include "render/StartCamera.h"
+#include "support/Mirrored.h"
 
 #include <gtest/gtest.h>
 
@@ -47,10 +50,29 @@ TEST(SoftwareView, FacesAreDrawnFromTheirFrontUnlessTheFrameRendersBackwards) {
     scene.redraw();
     EXPECT_EQ(scene.at(100, 100), red) << "lit from the side that is seen";
     scene.document.Root.RenderBackwards = false;
-    // exporters that mirror write faces that run right on the screen: only that counts
-    scene.document.Root.Matrix[0] = -1;
+    scene.document.Root.Matrix[0] = -1; // the sides of a mirrored frame stay what they are
     scene.redraw();
-    EXPECT_EQ(scene.at(100, 100), red);
+    EXPECT_EQ(scene.drawn(), 0U);
+}
+
+TEST(SoftwareView, MirroredFramesShowAsTheirPlainTwins) {
+    for (const char* sample : {"skiff.xsi", "windmill.xsi"}) {
+        ModelDocument document;
+        ASSERT_EQ(FileOpenXSI(QStringLiteral(KORVANE_SAMPLES "/") + QString::fromLatin1(sample),
+                              document),
+                  ReadStatus::Done);
+        SoftwareView view;
+        view.resize(320, 240);
+        ViewState start;
+        startCamera(document, start, view.geometry());
+        test::expectMirroredShowsAsItsTwin(
+            document,
+            [&view](ModelDocument& drawn, ViewState& state) {
+                view.redraw(drawn, state);
+                return imageOf(view.bitmap()).copy();
+            },
+            0.0);
+    }
 }
 
 TEST(SoftwareView, CornersOnOneLineDoNotHideAFace) {
@@ -300,6 +322,31 @@ TEST(SoftwareView, HiddenFramesAreLeftOutTheirChildrenAreNot) {
     scene.document.Root.ViewFlags = {true, false, true};
     scene.redraw();
     EXPECT_EQ(scene.at(100, 100), red);
+}
+
+TEST(NothingShown, IsExplained) {
+    Scene scene({plain(1, 0, 0, 0.0F), plain(0, 1, 0)});
+    const auto reason = [&scene] {
+        return whyNothingShows(scene.document, scene.state).toStdString();
+    };
+    EXPECT_EQ(reason(), "The model has no mesh.");
+    addSquare(scene.mesh(), 1, 0, 0);
+    EXPECT_EQ(reason(), "Every mesh shown has opacity 0.");
+    scene.document.Root.ViewFlags[2] = false;
+    EXPECT_EQ(reason(), "Every mesh is hidden.");
+    scene.document.Root.Children.push_back(scene.document.Root);
+    FrameRecord& child = scene.document.Root.Children[0];
+    child.ViewFlags[2] = true;
+    EXPECT_EQ(reason(), "Every mesh shown has opacity 0.");
+    scene.state.allowTransparent = false;
+    EXPECT_EQ(reason(), "");
+    scene.state.allowTransparent = true;
+    for (const std::int32_t slot : {1, 2, -1}) { // of the other material, or of none at all
+        child.Mesh.FaceSlotIndex = {slot};
+        EXPECT_EQ(reason(), "") << slot;
+    }
+    child.HasMesh = false;
+    EXPECT_EQ(reason(), "Every mesh is hidden.");
 }
 
 TEST(SoftwareView, WhatCannotBeDrawnIsLeftOut) {

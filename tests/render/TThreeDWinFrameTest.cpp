@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -99,6 +100,35 @@ TEST_F(TThreeDWinFrameTest, EscapeAndLosingTheMouseCancelADrag) {
     drag(Qt::LeftButton, {70, 55});
     tree().setFocus();
     EXPECT_EQ(view_->state().angles, start);
+}
+
+TEST_F(TThreeDWinFrameTest, AnEmptyPictureSaysWhyInItsCorner) {
+    const auto& reason = child<QLabel>(window(), "ReasonLabel");
+    EXPECT_FALSE(reason.isVisible());
+    document().Root.ViewFlags[0] = false;
+    window().render3d();
+    EXPECT_TRUE(reason.isVisible());
+    EXPECT_EQ(reason.text().toStdString(), "Every mesh is hidden.");
+    EXPECT_GE(reason.width(), reason.sizeHint().width());
+    EXPECT_EQ(view_->childAt(reason.geometry().center()), image_) << "the mouse goes through";
+    document().Root.ViewFlags[0] = true;
+    window().render3d();
+    EXPECT_FALSE(reason.isVisible());
+}
+
+TEST(TImage, LaysAnotherPictureOverItsOwn) {
+    TImage image;
+    image.resize(4, 3);
+    QImage red(sizeInPixels(image), QImage::Format_RGB32);
+    red.fill(0xffff0000U);
+    QImage overlay(red.size(), QImage::Format_ARGB32_Premultiplied);
+    overlay.fill(0);
+    overlay.setPixel(1, 2, 0xff00ff00U);
+    image.showPicture(red, overlay);
+    QImage expected = red;
+    expected.setPixel(1, 2, 0xff00ff00U);
+    EXPECT_EQ(image.grab().toImage().convertToFormat(QImage::Format_RGB32), expected);
+    EXPECT_EQ(image.picture(), red);
 }
 
 TEST_F(TThreeDWinFrameTest, SelectingAFrameShows) {
