@@ -2,6 +2,7 @@
 
 #include "app/EditorForms.h"
 #include "app/MdiArrange.h"
+#include "app/MenuLetters.h"
 #include "app/PaletteIcon.h"
 #include "app/ToolButtons.h"
 #include "formats/FileNames.h"
@@ -64,6 +65,7 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
         panel->hide();
     }
     setIcons();
+    setUpMenus();
     setUpToolBar();
     connectActions();
     connectEvents();
@@ -100,6 +102,14 @@ void TMainForm::setUpToolBar() {
     addDropDown(*ui_->ToolBar1, *ui_->EditUndo1);
     addDropDown(*ui_->ToolBar1, *ui_->EditRedo1);
 }
+void TMainForm::setUpMenus() {
+    // its item shows the key of the action, which it is under another caption: two that have the
+    // key would be ambiguous
+    ui_->FileOpenItem->setText(ui_->FileOpenItem->text() + u'\t' +
+                               ui_->FileOpen1->shortcut().toString(QKeySequence::NativeText));
+    actOnFirstLetters(*this);
+}
+
 
 void TMainForm::connectActions() {
     const std::pair<QAction*, void (TMainForm::*)()> commands[] = {

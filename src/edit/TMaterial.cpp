@@ -1,6 +1,7 @@
 #include "edit/TMaterial.h"
 
 #include "app/CentreOnScreen.h"
+#include "app/MenuLetters.h"
 #include "edit/MaterialValues.h"
 #include "ui_TMaterial.h"
 
@@ -56,6 +57,7 @@ void TMaterial::setUpLook() {
     QMenu* color = menu->addMenu(QStringLiteral("Color"));
     color->addActions({ui_->ambientchng, ui_->diffusechng, ui_->specularchng});
     layout()->setMenuBar(menu);
+    actOnFirstLetters(*menu);
 
     for (std::size_t i = 0; i < std::size(statusPanels_); ++i) {
         auto* panel = new QLabel(this);

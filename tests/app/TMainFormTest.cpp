@@ -54,6 +54,20 @@ TEST_F(TMainFormTest, ButtonsTellWhatTheyDoAndSomeCommandsAreOutOfReach) {
     }
 }
 
+TEST_F(TMainFormTest, KeysOfCommandsAreUnambiguous) {
+    start();
+    QStringList keys;
+    for (const QAction* action : form().findChildren<QAction*>()) {
+        if (!action->shortcut().isEmpty()) {
+            keys += action->shortcut().toString();
+        }
+    }
+    const auto shown = static_cast<qsizetype>(keys.size());
+    EXPECT_EQ(keys.removeDuplicates(), 0);
+    EXPECT_GE(shown, 5);
+    EXPECT_EQ(action("FileOpenItem").text(), QStringLiteral("&Open File\tCtrl+O"));
+}
+
 TEST_F(TMainFormTest, CommandsAreEnabledByTheWindowsThereAre) {
     start();
     const char* all =
