@@ -50,7 +50,6 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     ui_->setupUi(this);
     setCentralWidget(ui_->FrameContent);
     statusPanel_->setObjectName(QStringLiteral("StatusPanel"));
-    statusPanel_->setAccessibleName(QStringLiteral("Status"));
     statusPanel_->setTextFormat(Qt::PlainText);
     // a long message must not keep the frame from getting narrow
     statusPanel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -65,8 +64,8 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
         panel->hide();
     }
     setIcons();
-    setUpMenus();
     setUpToolBar();
+    setUpMenus();
     connectActions();
     connectEvents();
     setWindowState(Qt::WindowMaximized);
@@ -102,6 +101,7 @@ void TMainForm::setUpToolBar() {
     addDropDown(*ui_->ToolBar1, *ui_->EditUndo1);
     addDropDown(*ui_->ToolBar1, *ui_->EditRedo1);
 }
+
 void TMainForm::setUpMenus() {
     // its item shows the key of the action, which it is under another caption: two that have the
     // key would be ambiguous
@@ -109,7 +109,6 @@ void TMainForm::setUpMenus() {
                                ui_->FileOpen1->shortcut().toString(QKeySequence::NativeText));
     actOnFirstLetters(*this);
 }
-
 
 void TMainForm::connectActions() {
     const std::pair<QAction*, void (TMainForm::*)()> commands[] = {

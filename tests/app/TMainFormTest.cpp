@@ -54,6 +54,20 @@ TEST_F(TMainFormTest, ButtonsTellWhatTheyDoAndSomeCommandsAreOutOfReach) {
     }
 }
 
+TEST_F(TMainFormTest, LabelsAreReadAsWhatTheyShow) {
+    start({write("small.xsi", smallModel())});
+    int labels = 0;
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        const QString name = widget->objectName();
+        if (qobject_cast<const QLabel*>(widget) != nullptr && !name.isEmpty() &&
+            !name.startsWith(u"qt_") && name != QStringLiteral("ProgramIcon")) {
+            EXPECT_EQ(widget->accessibleName(), QString()) << name.toStdString();
+            ++labels;
+        }
+    }
+    EXPECT_GT(labels, 20);
+}
+
 TEST_F(TMainFormTest, KeysOfCommandsAreUnambiguous) {
     start();
     QStringList keys;
