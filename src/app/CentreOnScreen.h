@@ -11,7 +11,9 @@ inline void centreOnScreen(QDialog& dialog) {
     const QRect screen = window->screen()->availableGeometry();
     QRect place({}, dialog.sizeHint());
     place.moveCenter(screen.center());
-    dialog.move(place.topLeft());
+    // without the frame, which is known only once it has been shown: counted in, the dialog would
+    // come up elsewhere from the second time on
+    dialog.setGeometry(place);
 }
 
 } // namespace korvane

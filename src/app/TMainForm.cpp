@@ -2,6 +2,7 @@
 
 #include "app/EditorForms.h"
 #include "app/MdiArrange.h"
+#include "app/MenuLetters.h"
 #include "app/ModalCall.h"
 #include "app/PaletteIcon.h"
 #include "app/ToolButtons.h"
@@ -50,7 +51,6 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     ui_->setupUi(this);
     setCentralWidget(ui_->FrameContent);
     statusPanel_->setObjectName(QStringLiteral("StatusPanel"));
-    statusPanel_->setAccessibleName(QStringLiteral("Status"));
     statusPanel_->setTextFormat(Qt::PlainText);
     // a long message must not keep the frame from getting narrow
     statusPanel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -66,6 +66,7 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     }
     setIcons();
     setUpToolBar();
+    setUpMenus();
     connectActions();
     connectEvents();
     setWindowState(Qt::WindowMaximized);
@@ -100,6 +101,14 @@ void TMainForm::setUpToolBar() {
     nameToolButtons(*ui_->ToolBar1);
     addDropDown(*ui_->ToolBar1, *ui_->EditUndo1);
     addDropDown(*ui_->ToolBar1, *ui_->EditRedo1);
+}
+
+void TMainForm::setUpMenus() {
+    // its item shows the key of the action, which it is under another caption: two that have the
+    // key would be ambiguous
+    ui_->FileOpenItem->setText(ui_->FileOpenItem->text() + u'\t' +
+                               ui_->FileOpen1->shortcut().toString(QKeySequence::NativeText));
+    actOnFirstLetters(*this);
 }
 
 void TMainForm::connectActions() {

@@ -104,6 +104,7 @@ class TMainForm : public QMainWindow {
     void connectEvents();
     void setIcons();
     void setUpToolBar();
+    void setUpMenus();
     /// Runs the update handlers; called whenever the event loop is about to wait.
     void idle();
     void scheduleFirstActivation();

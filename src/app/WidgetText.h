@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 namespace korvane {
@@ -10,10 +11,22 @@ inline QString titleOf(QString text) {
     return text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
+/// A text as a tool tip: as it stands, broken into lines where it is long.
+inline QString toolTipOf(const QString& text) {
+    return text.isEmpty() ? text
+                          : QStringLiteral("<p style='white-space:pre-wrap'>") +
+                                text.toHtmlEscaped() + QStringLiteral("</p>");
+}
+
 /// A text as a caption or menu item: "&" would underline the letter behind it, unless it is
 /// doubled.
 inline QString captionOf(QString text) {
     return text.replace(u'&', QStringLiteral("&&"));
+}
+
+/// The size of a picture in pixels.
+inline QString sizeText(QSize size) {
+    return QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height());
 }
 
 } // namespace korvane

@@ -10,14 +10,17 @@ namespace korvane {
 
 namespace {
 
-// in double: products of these with a float have no rounding of their own that cutting could show
+// in double: products of it with a float have no rounding of their own that cutting could show
 constexpr double byteScale = 255.0;
-constexpr double opacityScale = 100.0;
+// in single precision, as the model keeps opacity: rounding makes up for what the float of a
+// hundredth lacks, which cutting would turn into a whole step
+constexpr float opacityScale = static_cast<float>(lastOpacityPosition);
 
 /// The whole part of the product within 0 and the scale.
-std::int32_t cut(float value, double scale) {
-    const double product = double{value} * scale;
-    return product > 0.0 ? static_cast<std::int32_t>(std::min(product, scale)) : 0;
+template <class Number>
+std::int32_t cut(float value, Number scale) {
+    const Number product = Number{value} * scale;
+    return product > 0 ? static_cast<std::int32_t>(std::min(product, scale)) : 0;
 }
 
 } // namespace

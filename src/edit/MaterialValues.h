@@ -24,7 +24,8 @@ inline constexpr std::int32_t lastOpacityPosition = 100;
 
 /// The opacity, 0 to 1, of a position of the bar.
 float opacityAt(std::int32_t position);
-/// The position of the bar for an opacity: of two the lower one, and within the bar.
+/// The position of the bar for an opacity: of two the lower one, and within the bar. All but two of
+/// the positions come back from their opacity.
 std::int32_t opacityPosition(float opacity);
 
 /// A power as text, blind to the locale, which powerOf() gives back exactly.

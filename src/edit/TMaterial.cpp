@@ -1,12 +1,13 @@
 #include "edit/TMaterial.h"
 
 #include "app/CentreOnScreen.h"
+#include "app/ElidedLabel.h"
+#include "app/MenuLetters.h"
 #include "app/ModalCall.h"
 #include "edit/MaterialValues.h"
 #include "ui_TMaterial.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScopedValueRollback>
@@ -58,19 +59,15 @@ void TMaterial::setUpLook() {
     QMenu* color = menu->addMenu(QStringLiteral("Color"));
     color->addActions({ui_->ambientchng, ui_->diffusechng, ui_->specularchng});
     layout()->setMenuBar(menu);
+    actOnFirstLetters(*menu);
 
     for (std::size_t i = 0; i < std::size(statusPanels_); ++i) {
-        auto* panel = new QLabel(this);
+        auto* panel = new ElidedLabel(this); // a face may have many corners
         panel->setObjectName(QStringLiteral("StatusPanel%1").arg(i));
-        panel->setAccessibleName(i == 0 ? QStringLiteral("Columns of the selected face")
-                                        : QStringLiteral("Rows of the selected face"));
-        panel->setTextFormat(Qt::PlainText);
-        // a face of many corners must not widen the dialog
-        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         ui_->StatusBar1->addWidget(panel, 1);
         statusPanels_[i] = panel;
     }
-    // nor must a long name or number, or a scroll bar that comes and goes
+    // a long name or number must not widen the dialog, nor a scroll bar that comes and goes
     ui_->texname->setFixedWidth(ui_->texname->sizeHint().width());
     ui_->opacity->setMinimumWidth(
         ui_->opacity->fontMetrics().horizontalAdvance(QString::number(lastOpacityPosition)));

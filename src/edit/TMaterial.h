@@ -15,12 +15,12 @@
 #include <memory>
 #include <optional>
 
-class QLabel;
 class QMouseEvent;
 
 namespace korvane {
 
 class ColorSwatch;
+class ElidedLabel;
 class TOKBottomDlg;
 
 namespace Ui {
@@ -109,7 +109,9 @@ class TMaterial : public QDialog {
     void enableControls();
     void showValues();
     void showTexture();
-    void showImage(bool shown);
+    void showTextureName();
+    /// Shows the picture, or why there is none, and the scroll bars that it needs.
+    void showPicture();
     void changeColor(ColorSwatch& swatch,
                      void (EditHistory::*record)(ModelDocument&, std::size_t, const ColorRGB&));
     /// Which materials of the document some slot of the mesh leads to.
@@ -138,7 +140,7 @@ class TMaterial : public QDialog {
     void mouseEvent(const QMouseEvent& event);
 
     std::unique_ptr<Ui::TMaterial> ui_;
-    QLabel* statusPanels_[2] = {};
+    ElidedLabel* statusPanels_[2] = {};
     TOKBottomDlg* textureDialog_ = nullptr;
     FaceTreeModel faces_;
     std::optional<MaterialSubject> subject_; ///< while the editor is shown

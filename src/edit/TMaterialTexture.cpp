@@ -1,11 +1,13 @@
 // The texture view of the material editor.
 
 #include "app/DevicePixels.h"
+#include "app/ElidedLabel.h"
 #include "app/ModalCall.h"
 #include "app/MouseEvents.h"
 #include "app/WidgetText.h"
 #include "edit/TMaterial.h"
 #include "edit/TOKBottomDlg.h"
+#include "edit/TextureViewText.h"
 #include "model/ModelText.h"
 #include "ui_TMaterial.h"
 
@@ -13,24 +15,25 @@
 #include <QFileInfo>
 #include <QMouseEvent>
 
-#include <algorithm>
 #include <utility>
 
 namespace korvane {
 
 namespace {
 
-/// The name of a texture without its folder, whichever way the folders are separated.
-QString withoutFolder(const std::string& name) {
-    const QString text = shownText(name);
-    return text.mid(std::max(text.lastIndexOf(u'/'), text.lastIndexOf(u'\\')) + 1);
-}
-
 /// A text of a face with so many corners that nobody reads them all still has to fit into memory
 /// and time as a line of the status bar.
 QString statusText(const std::string& text) {
     constexpr std::size_t longest = 4096;
-    return QString::fromStdString(text.substr(0, longest));
+    const QString shown = QString::fromStdString(text.substr(0, longest));
+    return text.size() > longest ? shown + QChar(0x2026) : shown;
+}
+
+constexpr int textMargin = 16; ///< in pixels, of a line of text in the view or over it
+
+/// The text with its middle left out as far as it has no room, in pixels, in the widget's font.
+QString elided(const QWidget& widget, const QString& text, int room) {
+    return widget.fontMetrics().elidedText(text, Qt::ElideMiddle, room);
 }
 
 void setUpBar(QScrollBar& bar, const std::optional<std::int32_t>& range, std::int32_t page,
@@ -69,18 +72,40 @@ void TMaterial::showTexture() {
     const MaterialRecord& material = current ? subject_->document->Materials[*current] : none;
     texture_ = material.TextureImage;
     view_.setTextureSize(texture_->width, texture_->height);
-    const QString name = current ? withoutFolder(material.TextureFile) : QString();
-    ui_->texname->setTitle(QStringLiteral("Texture - [ %1 ]").arg(captionOf(name)));
+    showTextureName();
     const QSize size = current ? QSize(texture_->width, texture_->height) : QSize(0, 0);
-    ui_->size->setText(QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height()));
-    showImage(material.HasTexture || !current);
-    scrollcheck();
+    ui_->size->setText(sizeText(size));
+    showPicture();
     DrawTexTri();
 }
 
-void TMaterial::showImage(bool shown) {
-    ui_->Image1->setVisible(shown);
-    ui_->TextureOffLabel->setVisible(!shown);
+void TMaterial::showTextureName() {
+    const auto current = currentMaterial();
+    const std::string file =
+        current ? subject_->document->Materials[*current].TextureFile : std::string();
+    const QString title = QStringLiteral("Texture - [ %1 ]");
+    const int taken = ui_->texname->fontMetrics().horizontalAdvance(title.arg(QString()));
+    const QString name = elided(*ui_->texname, withoutFolder(file),
+                                ui_->texname->minimumWidth() - taken - textMargin);
+    ui_->texname->setTitle(title.arg(captionOf(name)));
+    ui_->texname->setToolTip(toolTipOf(shownText(file)));
+}
+
+void TMaterial::showPicture() {
+    const auto current = currentMaterial();
+    QString message;
+    bool on = true;
+    if (current) {
+        const MaterialRecord& material = subject_->document->Materials[*current];
+        on = material.HasTexture;
+        message = textureViewText(material, QFileInfo(subject_->document->FileName).path(),
+                                  elided(*ui_->TextureMessage, withoutFolder(material.TextureFile),
+                                         ui_->Image1->minimumWidth() - textMargin));
+    }
+    ui_->TextureMessage->setText(message);
+    ui_->TextureMessage->setVisible(!message.isEmpty());
+    ui_->Image1->setVisible(on);
+    scrollcheck();
 }
 
 void TMaterial::TextureStatusChange() {
@@ -95,7 +120,7 @@ void TMaterial::TextureStatusChange() {
         subject_->history->textureOn(*subject_->document, *material, on);
         Q_EMIT edited();
     }
-    showImage(record.HasTexture);
+    showPicture();
 }
 
 void TMaterial::mopen1execute() {
@@ -140,7 +165,8 @@ void TMaterial::zoomChanged() {
 void TMaterial::scrollcheck() {
     const QSize size = sizeInPixels(*ui_->Image1);
     view_.setViewSize(size.width(), size.height());
-    const ScrollRanges ranges = view_.scrollcheck();
+    const ScrollRanges needed = view_.scrollcheck();
+    const ScrollRanges ranges = ui_->TextureMessage->isHidden() ? needed : ScrollRanges();
     setUpBar(*ui_->HorizontalBar, ranges.horizontal, size.width() / view_.zoom(), view_.offsetX());
     setUpBar(*ui_->VerticalBar, ranges.vertical, size.height() / view_.zoom(), view_.offsetY());
     ui_->CornerPanel->setVisible(ranges.horizontal && ranges.vertical);
@@ -232,7 +258,7 @@ void TMaterial::FormMouseDown(const DragInput& input) {
     }
     commitPending();
     if (const auto part = selectedPart()) {
-        subject_->document->DragRunning = drag_.begin(input, mesh(), *part);
+        subject_->document->DragRunning = drag_.begin(input, view_, mesh(), *part);
     }
 }
 

@@ -9,7 +9,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -41,9 +43,7 @@ void TOKBottomDlg::connectControls() {
             &TOKBottomDlg::folderChanged);
     connect(ui_->FileListBox1->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &TOKBottomDlg::fileChanged);
-    // the folder shown finds its place when those around it are known
-    connect(folders_, &QFileSystemModel::directoryLoaded, this, &TOKBottomDlg::scrollToFolder,
-            Qt::QueuedConnection);
+    connectFolderTree();
     connect(ui_->FileListBox1, &QListView::doubleClicked, this, [this](const QModelIndex& file) {
         choose(files_->filePath(file)); // whatever has been typed
         TextureLoad();
@@ -62,6 +62,23 @@ void TOKBottomDlg::connectControls() {
     ui_->Edit1->installEventFilter(this);
 }
 
+void TOKBottomDlg::connectFolderTree() {
+    // the folder shown finds its place when those around it are known, and again when they have
+    // been sorted
+    connect(folders_, &QFileSystemModel::directoryLoaded, this, &TOKBottomDlg::scrollToFolder,
+            Qt::QueuedConnection);
+    connect(folders_, &QFileSystemModel::layoutChanged, this, &TOKBottomDlg::scrollToFolder,
+            Qt::QueuedConnection);
+    QTreeView& tree = *ui_->DirectoryListBox1;
+    connect(tree.header(), &QHeaderView::sectionResized, this, &TOKBottomDlg::scrollToFolder,
+            Qt::QueuedConnection);
+    const auto leave = [this] { following_ = following_ && placing_; };
+    connect(&tree, &QTreeView::expanded, this, leave);
+    connect(&tree, &QTreeView::collapsed, this, leave);
+    connect(tree.verticalScrollBar(), &QScrollBar::actionTriggered, this, leave);
+    connect(tree.horizontalScrollBar(), &QScrollBar::actionTriggered, this, leave);
+}
+
 void TOKBottomDlg::reset(const QString& folder) {
     if (folders_ == nullptr) {
         folders_ = new QFileSystemModel(this);
@@ -71,6 +88,9 @@ void TOKBottomDlg::reset(const QString& folder) {
         for (int column = 1; column < folders_->columnCount(); ++column) {
             ui_->DirectoryListBox1->hideColumn(column);
         }
+        // as wide as its names: those of folders deep down would have no room
+        ui_->DirectoryListBox1->header()->setStretchLastSection(false);
+        ui_->DirectoryListBox1->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         files_ = new QFileSystemModel(this);
         files_->setFilter(QDir::Files);
         files_->setNameFilterDisables(false);
@@ -83,6 +103,7 @@ void TOKBottomDlg::reset(const QString& folder) {
     clearChoice();
     ui_->FileListBox1->setFocus();
     accepted_ = false;
+    following_ = true;
     centreOnScreen(*this);
 }
 
@@ -113,18 +134,36 @@ QString TOKBottomDlg::folder() const {
 }
 
 void TOKBottomDlg::showFolder(const QString& folder) {
-    const QModelIndex index = folders_->index(folder);
-    ui_->DirectoryListBox1->setCurrentIndex(index);
-    ui_->DirectoryListBox1->expand(index);
+    {
+        const QScopedValueRollback<bool> placing(placing_, true);
+        const QModelIndex index = folders_->index(folder);
+        ui_->DirectoryListBox1->setCurrentIndex(index);
+        ui_->DirectoryListBox1->expand(index);
+    }
+    following_ = true;
     scrollToFolder();
 }
 
 void TOKBottomDlg::scrollToFolder() {
-    const QTreeView& tree = *ui_->DirectoryListBox1;
-    const QModelIndex current = tree.currentIndex();
-    if (!tree.viewport()->rect().contains(tree.visualRect(current))) {
-        ui_->DirectoryListBox1->scrollTo(current, QAbstractItemView::PositionAtCenter);
+    if (!following_) {
+        return;
     }
+    const QScopedValueRollback<bool> placing(placing_, true);
+    QTreeView& tree = *ui_->DirectoryListBox1;
+    const QModelIndex current = tree.currentIndex();
+    const QRect place = tree.visualRect(current);
+    if (place.isEmpty() || place.top() < 0 || place.bottom() >= tree.viewport()->height()) {
+        tree.scrollTo(current, QAbstractItemView::PositionAtCenter);
+    }
+    QScrollBar& across = *tree.horizontalScrollBar();
+    const int left = across.value() + tree.visualRect(current).left();
+    const int end = left + tree.sizeHintForIndex(current).width();
+    across.setValue(std::min(left, end - tree.viewport()->width()));
+}
+
+void TOKBottomDlg::showEvent(QShowEvent* event) {
+    scrollToFolder(); // there was no room to scroll in before
+    QDialog::showEvent(event);
 }
 
 void TOKBottomDlg::folderChanged() {
@@ -168,6 +207,7 @@ void TOKBottomDlg::clearChoice() {
     ui_->FileListBox1->clearSelection();
     ui_->Edit1->setText(mask_);
     ui_->Image1->clear();
+    ui_->PreviewSize->clear();
     fileName_.clear();
     image_.reset();
     ui_->OKBtn->setEnabled(false);
@@ -179,6 +219,7 @@ void TOKBottomDlg::LoadPreview(const QString& fileName) {
     image_ = loadSharedTexture(fileName);
     ui_->OKBtn->setEnabled(true);
     if (image_ == blankTextureImage()) {
+        ui_->PreviewSize->clear();
         ui_->Image1->setText(QStringLiteral("This file cannot be shown.\nIt can be loaded all the "
                                             "same, for programs that read it."));
     } else {
@@ -189,6 +230,7 @@ void TOKBottomDlg::LoadPreview(const QString& fileName) {
             picture = picture.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         }
         picture.setDevicePixelRatio(ratio);
+        ui_->PreviewSize->setText(sizeText({image_->width, image_->height}));
         ui_->Image1->setPixmap(QPixmap::fromImage(picture));
     }
     setWindowTitle(
@@ -226,7 +268,8 @@ bool TOKBottomDlg::takeTypedName() {
         return false;
     }
     choose(QDir::cleanPath(named.absoluteFilePath()));
-    return true;
+    // the preview warns of what cannot be shown; loading it once more takes it
+    return image_ != blankTextureImage();
 }
 
 void TOKBottomDlg::accept() {

@@ -39,6 +39,7 @@ class TOKBottomDlg : public QDialog {
     void reject() override;
 
   protected:
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -47,13 +48,16 @@ class TOKBottomDlg : public QDialog {
     void TextureCancel();
 
     void connectControls();
+    void connectFolderTree();
     void fillDrives();
     void showFolder(const QString& folder);
+    /// Brings the folder shown into sight, unless the user has moved the tree since.
     void scrollToFolder();
     void folderChanged();
     void fileChanged();
     void setMask(const QString& mask);
-    /// Takes what was typed: another mask, a folder or a file. False if it chooses no file.
+    /// Takes what was typed: another mask, a folder or a file. False if it chooses no file, or one
+    /// that cannot be shown.
     bool takeTypedName();
     void choose(const QString& fileName);
     void clearChoice();
@@ -66,7 +70,9 @@ class TOKBottomDlg : public QDialog {
     QString fileName_;
     std::shared_ptr<const TextureImage> image_;
     bool accepted_ = false;
-    bool filling_ = false; ///< the lists follow something else, not the user
+    bool following_ = false; ///< the tree keeps the folder shown in sight
+    bool placing_ = false;   ///< the tree is moved and opened, but not by the user
+    bool filling_ = false;   ///< the lists follow something else, not the user
 };
 
 } // namespace korvane

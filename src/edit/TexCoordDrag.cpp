@@ -19,8 +19,9 @@ float withinTexture(float value) {
 
 } // namespace
 
-bool TexCoordDrag::begin(const DragInput& input, const MeshRecord& mesh, FacePart moved) {
-    if (active_ || input.button != DragButton::Left) {
+bool TexCoordDrag::begin(const DragInput& input, const TexCoordView& view, const MeshRecord& mesh,
+                         FacePart moved) {
+    if (active_ || input.button != DragButton::Left || view.isSinglePixel()) {
         return false;
     }
     numbers_.clear();

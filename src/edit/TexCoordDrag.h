@@ -23,8 +23,10 @@ struct MovedTexCoords {
 /// of its vertices, within 0 to 1. It works on one mesh and one view from begin() to the end.
 class TexCoordDrag {
   public:
-    /// A button went down. False if it is not the left one, or there is nothing to move.
-    bool begin(const DragInput& input, const MeshRecord& mesh, FacePart moved);
+    /// A button went down. False if it is not the left one, the texture is a single pixel or there
+    /// is nothing to move.
+    bool begin(const DragInput& input, const TexCoordView& view, const MeshRecord& mesh,
+               FacePart moved);
     /// The mouse moved: the mesh holds the new coordinates. False when no drag runs.
     bool update(const DragInput& input, const TexCoordView& view, MeshRecord& mesh) const;
     /// A button was released: as update(), and the drag is over. Gives what it has moved.

@@ -44,6 +44,9 @@ class TexCoordView {
     /// come back into range with the next scrollcheck().
     void setViewSize(std::int32_t width, std::int32_t height);
     void setTextureSize(std::int32_t width, std::int32_t height);
+    /// Whether the texture is one pixel alone, on which there is nothing to aim at: a way of one
+    /// pixel across it would be the whole texture.
+    [[nodiscard]] bool isSinglePixel() const { return textureWidth_ == 1 && textureHeight_ == 1; }
 
     [[nodiscard]] std::int32_t zoom() const { return zoom_; }
     /// Doubles or halves the zoom within 1 to maxZoom. False if it is at its end.

@@ -55,6 +55,34 @@ TEST_F(TMainFormTest, ButtonsTellWhatTheyDoAndSomeCommandsAreOutOfReach) {
     }
 }
 
+TEST_F(TMainFormTest, LabelsAreReadAsWhatTheyShow) {
+    start({write("small.xsi", smallModel())});
+    int labels = 0;
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        const QString name = widget->objectName();
+        if (qobject_cast<const QLabel*>(widget) != nullptr && !name.isEmpty() &&
+            !name.startsWith(u"qt_") && name != QStringLiteral("ProgramIcon")) {
+            EXPECT_EQ(widget->accessibleName(), QString()) << name.toStdString();
+            ++labels;
+        }
+    }
+    EXPECT_GT(labels, 20);
+}
+
+TEST_F(TMainFormTest, KeysOfCommandsAreUnambiguous) {
+    start();
+    QStringList keys;
+    for (const QAction* action : form().findChildren<QAction*>()) {
+        if (!action->shortcut().isEmpty()) {
+            keys += action->shortcut().toString();
+        }
+    }
+    const auto shown = static_cast<qsizetype>(keys.size());
+    EXPECT_EQ(keys.removeDuplicates(), 0);
+    EXPECT_GE(shown, 5);
+    EXPECT_EQ(action("FileOpenItem").text(), QStringLiteral("&Open File\tCtrl+O"));
+}
+
 TEST_F(TMainFormTest, CommandsAreEnabledByTheWindowsThereAre) {
     start();
     const char* all =

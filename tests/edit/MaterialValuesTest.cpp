@@ -31,10 +31,17 @@ TEST(MaterialValues, OpacityIsCut) {
     EXPECT_EQ(opacityAt(40), 0.4F);
     EXPECT_EQ(opacityAt(100), 1.0F);
     EXPECT_EQ(opacityPosition(0.4F), 40);
-    EXPECT_EQ(opacityPosition(0.29F), 28) << "the nearest float is a little less";
     EXPECT_EQ(opacityPosition(0.999F), 99);
     EXPECT_EQ(opacityPosition(7.0F), 100);
     EXPECT_EQ(opacityPosition(-7.0F), 0);
+    EXPECT_EQ(opacityPosition(std::nanf("")), 0);
+    std::vector<std::int32_t> lost;
+    for (std::int32_t position = 0; position <= lastOpacityPosition; ++position) {
+        if (opacityPosition(opacityAt(position)) != position) {
+            lost.push_back(position);
+        }
+    }
+    EXPECT_EQ(lost, (std::vector<std::int32_t>{53, 59}));
 }
 
 TEST(MaterialValues, PowersAreTextThatReadsBack) {

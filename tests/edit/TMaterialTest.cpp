@@ -18,7 +18,7 @@ namespace {
 using TMaterialTest = MaterialTest;
 
 TEST_F(TMaterialTest, ShowsTheMaterialOfTheSlotAndChangesNothing) {
-    document.Materials[0].FaceColor = {1.0F, 0.5F, 0.0F, 0.29F};
+    document.Materials[0].FaceColor = {1.0F, 0.5F, 0.0F, 0.289F};
     document.Materials[0].Ambient = {0.1F, 0.2F, 0.3F};
     document.Materials[0].Power = 12.345678F;
     document.Materials[1].Specular = {-1.0F, 2.0F, 0.999F};
@@ -285,19 +285,19 @@ TEST_F(TMaterialTest, EveryEditGoesDownAndUpTheLadder) {
         [&] { control<QLineEdit>("Edit1").setText(QStringLiteral("0.1")), commit(); },
         [&] { click("textureCheckBox"); },
         [&] { click("textureCheckBox"); },
-        [&] { answerTexture(image, QDialog::Accepted), control<QAction>("mopen").trigger(); },
         [&] {
             select({1, 0}), press({100, 100}), move({105, 103}), release({110, 90});
         },
         [&] {
             select({1, 3}), press({0, 0}), release({-90, 400});
         },
+        [&] { answerTexture(image, QDialog::Accepted), control<QAction>("mopen").trigger(); },
         [&] { chooseSlot(0); },
         [&] { check(2, true); },
         [&] { check(0, false); },
         [&] { answerColor(QColor(1, 1, 1)), click("ambient"); }};
     document.Materials[0].Power = 1.0F / 3.0F;
-    document.Materials[0].FaceColor.alpha = 0.29F;
+    document.Materials[0].FaceColor.alpha = 0.289F;
     snapshot();
     edit([&] {
         for (const auto& step : steps) {

@@ -36,9 +36,17 @@ TEST_F(TMaterialTextureTest, ScrollBarsComeAndGoWithTheZoom) {
         EXPECT_EQ(across.value(), 300 - 256);
         EXPECT_EQ(down.value(), 0);
         EXPECT_EQ(editor.size(), size);
+        across.setValue(30);
+        click("textureCheckBox");
+        EXPECT_FALSE(across.isVisible()) << "the texture is off";
+        click("textureCheckBox");
+        EXPECT_TRUE(across.isVisible());
+        EXPECT_EQ(across.value(), 30);
         chooseSlot(1); // 1 x 1
         EXPECT_FALSE(across.isVisible());
         EXPECT_EQ(across.value(), 0);
+        history.undo(document);
+        history.undo(document);
     });
     EXPECT_FALSE(history.canUndo());
 }
@@ -162,10 +170,22 @@ TEST_F(TMaterialTextureTest, ATextureIsLoadedShownAndRecorded) {
         answerTexture(other, QDialog::Accepted); // cannot be decoded
         control<QAction>("mopen").trigger();
         EXPECT_EQ(control<QLabel>("size").text(), QStringLiteral("( 1 x 1 )"));
+        auto& message = control<QLabel>("TextureMessage");
+        EXPECT_EQ(message.text(), QStringLiteral("other.pic cannot be shown"));
+        EXPECT_TRUE(message.isVisible());
+        chooseSlot(1);
+        answerTexture(good, QDialog::Accepted);
+        control<QAction>("mopen").trigger();
+        EXPECT_EQ(message.text(),
+                  QStringLiteral("good.tga is chosen but off: it will not be saved"));
+        click("textureCheckBox");
+        EXPECT_TRUE(message.isHidden());
+        history.undo(document);
+        history.undo(document);
     });
     EXPECT_EQ(document.Materials[0].TextureFile, other.toStdString());
     EXPECT_EQ(history.position(), 1);
-    EXPECT_EQ(edits, 2);
+    EXPECT_EQ(edits, 4);
     history.undo(document);
     history.undo(document);
     EXPECT_EQ(document.Materials[0].TextureFile, "skins\\body.tga");

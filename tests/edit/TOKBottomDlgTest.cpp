@@ -98,7 +98,10 @@ TEST_F(TOKBottomDlgTest, PreviewsEachFileAndHandsTheLastOneOver) {
                   EXPECT_EQ(edit(), QStringLiteral("a.tga"));
                   EXPECT_EQ(preview().pixmap(Qt::ReturnByValue).toImage().pixelColor(1, 1),
                             QColor('a', 'a', 'a'));
+                  const auto& size = child<QLabel>(dialog, "PreviewSize");
+                  EXPECT_EQ(size.text(), QStringLiteral("( 3 x 2 )"));
                   list().setCurrentIndex(item(2));
+                  EXPECT_EQ(size.text(), QString());
                   EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Load Texture - [broken.pic]"));
                   EXPECT_TRUE(
                       preview().text().startsWith(QStringLiteral("This file cannot be shown.")));
@@ -161,6 +164,18 @@ TEST_F(TOKBottomDlgTest, TheAcceptedFlagFollowsItsEvents) {
               QDialog::Accepted);
     EXPECT_TRUE(dialog.isAccepted());
     EXPECT_EQ(dialog.fileName(), path("b.TGA"));
+}
+
+TEST_F(TOKBottomDlgTest, ATypedFileThatCannotBeShownIsLoadedAfterTheWarning) {
+    EXPECT_EQ(show([&] {
+                  type(path("more/c.bmp"));
+                  EXPECT_TRUE(
+                      preview().text().startsWith(QStringLiteral("This file cannot be shown.")));
+                  EXPECT_TRUE(dialog.isVisible());
+                  click("OKBtn");
+              }),
+              QDialog::Accepted);
+    EXPECT_EQ(dialog.fileName(), path("more/c.bmp"));
 }
 
 TEST_F(TOKBottomDlgTest, FiltersAndFoldersDecideWhatIsListed) {

@@ -192,26 +192,26 @@ TEST(TexCoordView, ShortListsShowAsFarAsTheyGo) {
     EXPECT_EQ(bitmap.at(25, 25), inactiveColor);
     EXPECT_EQ(countOtherThan(imageOf(bitmap), inactiveColor), bitmap.pixelCount() - 1);
     TexCoordDrag drag;
-    EXPECT_FALSE(drag.begin(left(0, 0), mesh, {1, 0}));
-    EXPECT_FALSE(drag.begin(left(0, 0), mesh, {7, 0}));
-    EXPECT_FALSE(drag.begin(left(0, 0), mesh, {0, 2})) << "leads nowhere";
-    EXPECT_FALSE(drag.begin(left(0, 0), mesh, {0, 3})) << "has no number";
-    EXPECT_TRUE(drag.begin(left(0, 0), mesh, {0, 0}));
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {1, 0}));
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {7, 0}));
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 2})) << "leads nowhere";
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 3})) << "has no number";
+    EXPECT_TRUE(drag.begin(left(0, 0), view, mesh, {0, 0}));
     EXPECT_EQ(drag.end(left(10, 0), view, mesh).numbers, std::vector<std::int32_t>{0});
     mesh.HasTexCoords = false;
-    EXPECT_FALSE(drag.begin(left(0, 0), mesh, {0, 0}));
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 0}));
     view.draw(bitmap, mapTexture(100, 100), mesh, std::nullopt, colors);
     EXPECT_EQ(countOtherThan(imageOf(bitmap), inactiveColor), bitmap.pixelCount());
 }
 
 TEST(TexCoordDrag, MovesAFaceByTheWayOfTheMouse) {
     const std::array<std::int32_t, 3> cases[] = {{256, 256, 1}, {512, 512, 2}, {301, 99, 1},
-                                                 {37, 641, 4},  {301, 99, 8},  {1, 1, 8}};
+                                                 {37, 641, 4},  {301, 99, 8},  {1, 2, 8}};
     for (const auto& [width, height, zoom] : cases) {
         const TexCoordView view = viewOf(width, height, zoom, 20, 30);
         MeshRecord mesh = twoFaces();
         TexCoordDrag drag;
-        ASSERT_TRUE(drag.begin(left(100, 200), mesh, {0, 0}));
+        ASSERT_TRUE(drag.begin(left(100, 200), view, mesh, {0, 0}));
         // a tenth of the texture to the right, a twentieth down, over a detour
         const float dx = 0.1F * static_cast<float>(width * zoom);
         const float dy = 0.05F * static_cast<float>(height * zoom);
@@ -230,12 +230,21 @@ TEST(TexCoordDrag, MovesAFaceByTheWayOfTheMouse) {
     }
 }
 
+TEST(TexCoordDrag, NeedsMoreThanOnePixelToAimAt) {
+    const MeshRecord mesh = twoFaces();
+    const std::pair<TexCoordView, bool> cases[] = {
+        {viewOf(1, 1), false}, {viewOf(0, 0), false}, {viewOf(1, 2), true}, {viewOf(2, 1), true}};
+    for (const auto& [view, wanted] : cases) {
+        EXPECT_EQ(TexCoordDrag().begin(left(0, 0), view, mesh, {0, 0}), wanted);
+    }
+}
+
 TEST(TexCoordDrag, MovesOneVertexAndGivesWhatItMoved) {
     const TexCoordView view = viewOf(100, 200, 2);
     MeshRecord mesh = twoFaces();
     TexCoordDrag drag;
-    EXPECT_FALSE(drag.begin({DragButton::Right, 0, 0}, mesh, {1, 2}));
-    ASSERT_TRUE(drag.begin(left(10, 10), mesh, {1, 2}));
+    EXPECT_FALSE(drag.begin({DragButton::Right, 0, 0}, view, mesh, {1, 2}));
+    ASSERT_TRUE(drag.begin(left(10, 10), view, mesh, {1, 2}));
     drag.update(left(60, 60), view, mesh);
     const MovedTexCoords moved = drag.end(left(20, 50), view, mesh);
     EXPECT_FALSE(drag.active());
@@ -254,7 +263,7 @@ TEST(TexCoordDrag, PinsCoordinatesAtTheEdges) {
     const TexCoordView view = viewOf(100, 100);
     MeshRecord mesh = twoFaces();
     TexCoordDrag drag;
-    drag.begin(left(50, 50), mesh, {0, 0});
+    drag.begin(left(50, 50), view, mesh, {0, 0});
     drag.update(left(50 + 60, 50 - 60), view, mesh);
     EXPECT_FLOAT_EQ(mesh.TexCoords[0].u, 0.85F);
     EXPECT_EQ(mesh.TexCoords[0].v, 1.0F);
@@ -273,7 +282,7 @@ TEST(TexCoordDrag, CancelLeavesNoTrace) {
     const std::vector<Vec2> before = mesh.TexCoords;
     TexCoordDrag drag;
     EXPECT_FALSE(drag.cancel(mesh));
-    drag.begin(left(50, 50), mesh, {0, 0});
+    drag.begin(left(50, 50), view, mesh, {0, 0});
     drag.update(left(80, 20), view, mesh);
     EXPECT_NE(mesh.TexCoords, before);
     EXPECT_TRUE(drag.cancel(mesh));

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMessageBox>
 #include <QPointer>
@@ -82,11 +83,13 @@ TEST_F(TMDIChildTest, NewWindowIsEmptyUnsavedAndSelectsNothing) {
     EXPECT_TRUE(child<QCheckBox>(window, "TwoDVisibleBox").isChecked());
 }
 
-TEST_F(TMDIChildTest, EveryControlHasAnAccessibleName) {
+// A label is read as the value that it shows, which a name would hide.
+TEST_F(TMDIChildTest, EveryControlButLabelsHasAnAccessibleName) {
     TMDIChild& window = open(QStringLiteral("Untitled 1"));
     for (const QWidget* control : window.widget()->findChildren<QWidget*>()) {
         if (!control->objectName().isEmpty() && !control->objectName().startsWith(u"qt_")) {
-            EXPECT_FALSE(control->accessibleName().isEmpty())
+            EXPECT_EQ(control->accessibleName().isEmpty(),
+                      qobject_cast<const QLabel*>(control) != nullptr)
                 << control->objectName().toStdString();
         }
     }
