@@ -137,6 +137,9 @@ void TMainForm::connectActions() {
                 // the action has moved its mark by itself; marks are the handlers' business
                 action->setChecked(!action->isChecked());
             }
+            if (TMDIChild* document = activeDocument()) {
+                document->clearMessage();
+            }
             (this->*execute)();
         });
     }

@@ -2,11 +2,11 @@
 
 #include "app/PaletteIcon.h"
 #include "app/WidgetText.h"
+#include "edit/StatusText.h"
 #include "formats/FileNames.h"
 #include "formats/MshOpener.h"
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
-#include "model/ModelCounts.h"
 #include "model/StructureTree.h"
 #include "model/TReadProgress.h"
 #include "model/TStructureView.h"
@@ -63,6 +63,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setUpTools();
     ui_->ThreeDWin->setDocument(document());
     loadTexturesOfDocument();
+    clearMessageAtCommands();
     ui_->Panel3->installEventFilter(this);
     ui_->TreeView1->installEventFilter(this);
 
@@ -75,6 +76,16 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     connect(ui_->AddButton, &QPushButton::clicked, this, &TMDIChild::Addbuttonclick);
     fitPages();
     rebuildTree();
+}
+
+void TMDIChild::clearMessageAtCommands() {
+    for (const QAction* action : widget()->findChildren<QAction*>()) {
+        connect(action, &QAction::triggered, this, &TMDIChild::clearMessage);
+    }
+    for (const QPushButton* button :
+         {ui_->EditButton, ui_->RenameButton, ui_->DeleteButton, ui_->AddButton}) {
+        connect(button, &QPushButton::clicked, this, &TMDIChild::clearMessage);
+    }
 }
 
 TMDIChild::~TMDIChild() {
@@ -104,12 +115,14 @@ void TMDIChild::create(const QString& name) {
 void TMDIChild::FileOpenXSI(const QString& fileName) {
     // events run while the progress shows: the views must not find half a model
     ModelDocument read;
+    UnseenTextures unseen;
     ReadStatus status = ReadStatus::Cancelled;
     {
         TReadProgress progress(*this, fileName, progressDelay_);
-        status = korvane::FileOpenXSI(fileName, read, [&](std::size_t done, std::size_t size) {
+        const auto goOn = [&](std::size_t done, std::size_t size) {
             return progress.goOn(done, size);
-        });
+        };
+        status = korvane::FileOpenXSI(fileName, read, goOn, &unseen);
     }
     if (status == ReadStatus::Cancelled) {
         closeUnasked();
@@ -123,7 +136,7 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     setCaption();
     showReadFailure(status, fileName);
     if (status == ReadStatus::Done) {
-        readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
+        setMessage(openedText(*model_, unseen));
     }
 }
 
@@ -224,10 +237,12 @@ void TMDIChild::FileSaveAsExecute() {
 
 void TMDIChild::SaveFileXSI() {
     const QString& fileName = model_->FileName;
-    if (upperExtension(fileName) != QStringLiteral(".XSI")) {
-        return;
+    SaveResult result = SaveResult::NotWritten;
+    if (upperExtension(fileName) == QStringLiteral(".XSI")) {
+        result = korvane::SaveFileXSI(*model_, fileName) ? SaveResult::Written : SaveResult::Failed;
     }
-    if (!korvane::SaveFileXSI(*model_, fileName)) {
+    setMessage(savedText(*model_, result));
+    if (result == SaveResult::Failed) {
         showSaveFailure(fileName);
     }
 }

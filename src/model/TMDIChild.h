@@ -86,13 +86,14 @@ class TMDIChild : public QMdiSubWindow {
     /// The model; null once the window has been closed.
     [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
     [[nodiscard]] const ModelDocument* document() const { return model_ ? &*model_ : nullptr; }
-    /// How much was read from the file; empty if nothing was.
-    [[nodiscard]] const QString& readSummary() const { return readSummary_; }
     /// What the status bar shows of the window: where the pointer is in a 2D view and what it does
-    /// there, otherwise how much was read.
+    /// there, else what became of the last command, else how much the model holds.
     [[nodiscard]] const QString& statusText() const {
-        return pointerText_.isEmpty() ? readSummary_ : pointerText_;
+        const QString& rest = message_.isEmpty() ? counts_ : message_;
+        return pointerText_.isEmpty() ? rest : pointerText_;
     }
+    /// A new command begins: what the last one said is out of date.
+    void clearMessage() { setMessage({}); }
 
     /// Opens a binary mesh file for a window just constructed; no command does so. Nothing is read
     /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
@@ -171,7 +172,10 @@ class TMDIChild : public QMdiSubWindow {
     /// Brings the boxes of the "Tools" page in step with the selected frame.
     void showVisibility();
     void storeVisibility();
-    void setPointerText(const QString& text);
+    void setPointerText(const QString& text) { setStatus(pointerText_, text); }
+    void setMessage(const QString& text) { setStatus(message_, text); }
+    /// Changes one of the texts that the status bar may show.
+    void setStatus(QString& text, const QString& value);
     [[nodiscard]] bool acceptsEdits() const { return model_ && !model_->DragRunning; }
     static void fillPanel(QWidget& panel, const QColor& color);
 
@@ -185,6 +189,7 @@ class TMDIChild : public QMdiSubWindow {
     void showSaveFailure(const QString& fileName);
     void showPasteFailure(const QString& reason);
     void setCaption();
+    void clearMessageAtCommands();
     void rebuildTree();
     void editFrameOptions();
     /// Opens the material editor on the selected slot or entry of the table.
@@ -205,7 +210,8 @@ class TMDIChild : public QMdiSubWindow {
     DocumentDialogs dialogs_;
     std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
     std::chrono::milliseconds progressDelay_{500};
-    QString readSummary_;
+    QString counts_;
+    QString message_; ///< of the last command
     PlaneViews planes_;
     bool planesPending_ = true; ///< the 2D views have to be set to see the whole model
     QString pointerText_;

@@ -1,5 +1,6 @@
 // The "Structure" page of the document window.
 
+#include "edit/StatusText.h"
 #include "formats/TextureLoader.h"
 #include "model/FrameFlags.h"
 #include "model/ModelText.h"
@@ -59,6 +60,7 @@ void TMDIChild::rebuildTree() {
     }
     model_->Selected = selected;
     followSelection();
+    setStatus(counts_, countsText(*model_));
 }
 
 void TMDIChild::followSelection() {
@@ -87,6 +89,7 @@ void TMDIChild::loadTexturesOfDocument() {
 void TMDIChild::undo() {
     if (canUndo()) {
         const NodeData before = model_->Selected;
+        setMessage(undoneText(history_.undoName()));
         refresh(history_.undo(*model_), before);
     }
 }
@@ -94,6 +97,7 @@ void TMDIChild::undo() {
 void TMDIChild::redo() {
     if (canRedo()) {
         const NodeData before = model_->Selected;
+        setMessage(redoneText(history_.redoName()));
         refresh(history_.redo(*model_), before);
     }
 }

@@ -203,6 +203,7 @@ void TMDIChild::mouseMove(ViewPlane plane, const DragInput& input) {
 void TMDIChild::mouseUp(ViewPlane plane, const DragInput& input) {
     if (const std::optional<FrameMove> move = planes_.mouseUp(plane, input, *model_)) {
         history_.moveFrame(*model_, move->frame, move->before, move->after);
+        clearMessage();
     }
     showDragCursor();
     redrawStale();
@@ -215,9 +216,9 @@ void TMDIChild::cancelDrag() {
     }
 }
 
-void TMDIChild::setPointerText(const QString& text) {
-    if (pointerText_ != text) {
-        pointerText_ = text;
+void TMDIChild::setStatus(QString& text, const QString& value) {
+    if (text != value) {
+        text = value;
         Q_EMIT statusChanged();
     }
 }

@@ -98,7 +98,7 @@ TEST_F(TMDIChildTest, ReadModelIsShownWithItsRootSelected) {
     EXPECT_EQ(window.windowTitle(), name);
     EXPECT_FALSE(window.document()->NeverSaved);
     EXPECT_FALSE(window.document()->Modified);
-    EXPECT_EQ(window.readSummary(), QStringLiteral("1 mesh, 2 faces"));
+    EXPECT_EQ(window.statusText(), QStringLiteral("1 mesh, 2 faces"));
     auto& tree = child<QTreeView>(window, "TreeView1");
     EXPECT_EQ(shownTree(*tree.model()),
               QStringLiteral("Frame frm-body\n Mesh body\n  MeshMaterialList\n   Material 1\n"
@@ -173,7 +173,7 @@ TEST_F(TMDIChildTest, FailedReadsTellWhyAndLeaveAnEmptyModel) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled"));
         EXPECT_EQ(window.document()->FileName, QStringLiteral("Untitled"));
         EXPECT_TRUE(window.document()->NeverSaved);
-        EXPECT_EQ(window.readSummary(), QString());
+        EXPECT_EQ(window.statusText(), QStringLiteral("0 meshes, 0 faces"));
         EXPECT_EQ(enabledButtons(window), "[Edit][Rename Frame][Add Frame]");
     }
 }
