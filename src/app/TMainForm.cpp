@@ -3,6 +3,7 @@
 #include "app/EditorForms.h"
 #include "app/MdiArrange.h"
 #include "app/PaletteIcon.h"
+#include "app/StartFolder.h"
 #include "app/ToolButtons.h"
 #include "formats/FileNames.h"
 #include "model/ModelDocument.h"
@@ -34,7 +35,7 @@ QStringList modelFiles(const QMimeData& dragged) {
     QStringList files;
     for (const QUrl& url : dragged.urls()) {
         const QString file = url.toLocalFile();
-        if (isTextModelName(file) || upperExtension(file) == QLatin1String(".MSH")) {
+        if (isModelName(file)) {
             files.push_back(file);
         }
     }
@@ -248,6 +249,8 @@ void TMainForm::FileOpen1Execute() {
     dialog.setNameFilters({QStringLiteral("Compatible files (*.msh *.xsi *.x)"),
                            QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
+    const TMDIChild* active = activeDocument();
+    startIn(dialog, active != nullptr ? folderOf(active->document()->FileName) : QString());
     if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
         createDocument(dialog.selectedFiles().constFirst());
     }

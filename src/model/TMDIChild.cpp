@@ -1,6 +1,7 @@
 #include "model/TMDIChild.h"
 
 #include "app/PaletteIcon.h"
+#include "app/StartFolder.h"
 #include "app/WidgetText.h"
 #include "edit/StatusText.h"
 #include "formats/FileNames.h"
@@ -187,9 +188,7 @@ void TMDIChild::FileSaveExecute() {
 }
 
 bool TMDIChild::completeName(QString& name, const QString& suffix) {
-    const QString extension = upperExtension(name);
-    if (extension == QLatin1String(".XSI") || extension == QLatin1String(".MSH") ||
-        extension == QLatin1String(".X")) {
+    if (isModelName(name)) {
         return true;
     }
     // the dialog takes whatever follows a dot for an extension, and asked about another file
@@ -215,9 +214,8 @@ void TMDIChild::FileSaveAsExecute() {
     });
     dialog.setNameFilters({QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
-    if (model_->FileName.contains(u'/')) {
-        dialog.setDirectory(QFileInfo(model_->FileName).path());
-    }
+    startIn(dialog, folderOf(model_->FileName));
+    dialog.selectFile(offeredName(model_->FileName));
     QString name;
     do {
         if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {

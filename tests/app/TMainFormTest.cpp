@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
@@ -156,6 +157,16 @@ TEST_F(TMainFormTest, StatusTellsOfTheLastCommandUntilTheNext) {
     select(bodyNode);
     window().paste(window().copy());
     EXPECT_EQ(status(), QStringLiteral("2 meshes, 4 faces"));
+}
+
+TEST_F(TMainFormTest, OpenDialogStartsBesideTheActiveModel) {
+    start({write("models/small.xsi", smallModel())});
+    answer([this](QWidget& shown) {
+        auto& dialog = dynamic_cast<QFileDialog&>(shown);
+        EXPECT_EQ(dialog.directory().absolutePath(), path("models"));
+        dialog.reject();
+    });
+    run("FileOpen1");
 }
 
 TEST_F(TMainFormTest, ExitAsksForEachUnsavedWindowAndCancelKeepsThemAll) {

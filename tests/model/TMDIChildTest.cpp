@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMessageBox>
 #include <QPointer>
@@ -243,11 +244,12 @@ TEST_F(TMDIChildTest, SaveAsAddsItsExtensionBehindADotAndAsksBeforeItReplaces) {
     EXPECT_FALSE(QFile::exists(path("model.v2")));
 }
 
-TEST_F(TMDIChildTest, SaveDialogStartsBesideTheFile) {
+TEST_F(TMDIChildTest, SaveDialogStartsBesideTheFileAndOffersItsName) {
     TMDIChild& window = open(path("folder.msh"));
     answer([this](QWidget& shown) {
         auto& dialog = dynamic_cast<QFileDialog&>(shown);
         EXPECT_EQ(dialog.directory().absolutePath(), QFileInfo(path("folder.msh")).path());
+        EXPECT_EQ(child<QLineEdit>(dialog, "fileNameEdit").text(), QStringLiteral("folder.xsi"));
         EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
         dialog.reject();
     });
