@@ -3,6 +3,7 @@
 #include "app/PaletteIcon.h"
 #include "app/StartFolder.h"
 #include "app/WidgetText.h"
+#include "app/WindowTitle.h"
 #include "edit/StatusText.h"
 #include "formats/FileNames.h"
 #include "formats/MshOpener.h"
@@ -37,9 +38,8 @@ QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectNa
     box.setTextFormat(Qt::PlainText);
     // what is the matter stands in the title: make the box wide enough for it and its buttons
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
-        constexpr int titleButtons = 140;
-        const int width = box.fontMetrics().horizontalAdvance(title) * 5 / 4 + titleButtons;
-        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+        grid->addItem(new QSpacerItem(widthForTitle(box, title), 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
     }
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
@@ -57,6 +57,9 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setWindowTitle(QStringLiteral("MDI Child"));
     setWindowIcon(paletteIcon(QStringLiteral("document")));
     resize(520, 311);
+    auto* titleStyle = new PathTitleStyle;
+    titleStyle->setParent(this);
+    setStyle(titleStyle);
 
     view().colors = colors;
     fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
