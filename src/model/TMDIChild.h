@@ -155,6 +155,8 @@ class TMDIChild : public QMdiSubWindow {
     void setUpTools();
     /// An event of a view; whether that was all about it.
     bool viewEvent(const QObject& watched, QEvent& event);
+    /// Whether the event is a press that only activates the window, or is made with Ctrl held.
+    [[nodiscard]] bool startsNothing(const QEvent& event) const;
     bool planeEvent(const PlaneImage& image, QEvent& event);
     void planeMouseEvent(const PlaneImage& image, const QMouseEvent& event);
     void planeWheelEvent(const PlaneImage& image, const QWheelEvent& event);
@@ -217,6 +219,7 @@ class TMDIChild : public QMdiSubWindow {
     QString pointerText_;
     bool filling_ = false; ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;
+    bool activatedByPress_ = false; ///< by the one about to be delivered, if that is to a view
 };
 
 } // namespace korvane
