@@ -5,6 +5,7 @@
 #include "app/MenuLetters.h"
 #include "app/ModalCall.h"
 #include "app/PaletteIcon.h"
+#include "app/StartFolder.h"
 #include "app/ToolButtons.h"
 #include "formats/FileNames.h"
 #include "model/ModelDocument.h"
@@ -36,7 +37,7 @@ QStringList modelFiles(const QMimeData& dragged) {
     QStringList files;
     for (const QUrl& url : dragged.urls()) {
         const QString file = url.toLocalFile();
-        if (isTextModelName(file) || upperExtension(file) == QLatin1String(".MSH")) {
+        if (isModelName(file)) {
             files.push_back(file);
         }
     }
@@ -147,9 +148,13 @@ void TMainForm::connectActions() {
                 // the action has moved its mark by itself; marks are the handlers' business
                 action->setChecked(!action->isChecked());
             }
-            if (!ModalCall::running()) {
-                (this->*execute)();
+            if (ModalCall::running()) {
+                return;
             }
+            if (TMDIChild* document = activeDocument()) {
+                document->clearMessage();
+            }
+            (this->*execute)();
         });
     }
     // shortcuts work wherever the focus is, whether or not their items show
@@ -261,6 +266,8 @@ void TMainForm::FileOpen1Execute() {
     dialog.setNameFilters({QStringLiteral("Compatible files (*.msh *.xsi *.x)"),
                            QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
+    const TMDIChild* active = activeDocument();
+    startIn(dialog, active != nullptr ? folderOf(active->document()->FileName) : QString());
     if (execModal(dialog) == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
         createDocument(dialog.selectedFiles().constFirst());
     }

@@ -18,6 +18,11 @@ inline QString toolTipOf(const QString& text) {
                                 text.toHtmlEscaped() + QStringLiteral("</p>");
 }
 
+/// The text that such a title shows.
+inline QString textOfTitle(QString title) {
+    return title.replace(QStringLiteral("[*][*]"), QStringLiteral("[*]"));
+}
+
 /// A text as a caption or menu item: "&" would underline the letter behind it, unless it is
 /// doubled.
 inline QString captionOf(QString text) {

@@ -83,6 +83,19 @@ void EditHistory::record(ModelDocument& document, EditAction action,
     ++position_;
 }
 
+std::string_view EditHistory::undoName() const {
+    return canUndo() ? nameOf(position_) : std::string_view();
+}
+
+std::string_view EditHistory::redoName() const {
+    return canRedo() ? nameOf(position_ + 1) : std::string_view();
+}
+
+std::string_view EditHistory::nameOf(std::int32_t entry) const {
+    const EditKindRow* row = editKindRow(entries_[static_cast<std::size_t>(entry)].kind);
+    return row != nullptr ? row->name : std::string_view();
+}
+
 RefreshFlags EditHistory::undo(ModelDocument& document) {
     if (!canUndo()) {
         return {};

@@ -8,6 +8,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -24,6 +25,10 @@ class EditHistory {
 
     [[nodiscard]] bool canUndo() const { return position_ >= 0; }
     [[nodiscard]] bool canRedo() const { return position_ < lastEntry(); }
+    /// What undo takes back and redo makes again, as in "delete frame"; empty where there is
+    /// nothing.
+    [[nodiscard]] std::string_view undoName() const;
+    [[nodiscard]] std::string_view redoName() const;
     /// Takes back the last entry, or makes the next one again; nothing where there is none. An
     /// entry of a frame kind makes its frame the selection.
     RefreshFlags undo(ModelDocument& document);
@@ -96,6 +101,7 @@ class EditHistory {
                        Value after);
     template <class Value>
     void frameValue(ModelDocument& document, EditAction action, Value before, Value after);
+    [[nodiscard]] std::string_view nameOf(std::int32_t entry) const;
     static RefreshFlags step(ModelDocument& document, EditAction& action, bool forward,
                              const TextureSource& textures);
     static void selectFrameOf(ModelDocument& document, const EditAction& action);

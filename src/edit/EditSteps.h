@@ -41,7 +41,8 @@ struct EditStep {
 /// How the entries of one kind are carried out.
 struct EditKindRow {
     EditKind kind;
-    bool ofFrame; ///< the entry's path leads to a frame, which becomes the selection
+    const char* name; ///< to the user, as a command
+    bool ofFrame;     ///< the entry's path leads to a frame, which becomes the selection
     RefreshFlags refresh;
     void (*run)(EditStep&);
 };

@@ -25,4 +25,21 @@ bool isTextModelName(const QString& fileName) {
     return extension == QLatin1String(".XSI") || extension == QLatin1String(".X");
 }
 
+bool isModelName(const QString& fileName) {
+    return isTextModelName(fileName) || upperExtension(fileName) == QLatin1String(".MSH");
+}
+
+QString folderOf(const QString& fileName) {
+    return fileName.left(fileName.lastIndexOf(u'/') + 1);
+}
+
+QString offeredName(const QString& fileName) {
+    const QString name = fileName.mid(fileName.lastIndexOf(u'/') + 1);
+    const QString extension = upperExtension(name);
+    if (extension == QLatin1String(".XSI")) {
+        return name;
+    }
+    return name.chopped(isModelName(name) ? extension.size() : 0) + QLatin1String(".xsi");
+}
+
 } // namespace korvane

@@ -27,8 +27,12 @@ TextureLoader::TextureLoader(QString modelFolder) : folder_(std::move(modelFolde
 std::shared_ptr<const TextureImage> TextureLoader::load(const std::string& name) {
     const auto [entry, isNew] = byName_.try_emplace(name, blankTextureImage());
     if (isNew) {
-        if (const auto file = find(shownText(name))) {
+        const auto file = find(shownText(name));
+        if (file) {
             entry->second = loadOnce(*file);
+        }
+        if (entry->second == blankTextureImage() && !name.empty()) {
+            (file ? unseen_.notShown : unseen_.notFound).push_back(name);
         }
     }
     return entry->second;

@@ -9,8 +9,15 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace korvane {
+
+/// The textures that nothing is seen of, by name, each once and in the order they were asked for.
+struct UnseenTextures {
+    std::vector<std::string> notFound;
+    std::vector<std::string> notShown; ///< there is a file, but no picture was made of it
+};
 
 /// Finds and decodes the textures that a model names. Each name is looked up once, each file
 /// decoded once and its image shared, whatever names lead to it.
@@ -22,6 +29,9 @@ class TextureLoader {
     /// The image of a texture as the model names it; the 1 x 1 image where there is no such file
     /// or none that can be decoded.
     std::shared_ptr<const TextureImage> load(const std::string& name);
+
+    /// Those of the textures loaded so far that are but the 1 x 1 image.
+    [[nodiscard]] const UnseenTextures& unseen() const { return unseen_; }
 
     /// The file that a name stands for. It is looked for as named, then beside the model, then
     /// in any case with backslashes as separators, at last by what follows the last of them.
@@ -39,6 +49,7 @@ class TextureLoader {
     QHash<QString, std::shared_ptr<const TextureImage>> byFile_;
     /// For each folder looked into, the names in it by their case-folded form.
     QHash<QString, QHash<QString, QString>> entries_;
+    UnseenTextures unseen_;
 };
 
 /// Decodes a file by its extension; the 1 x 1 image where that cannot be done.

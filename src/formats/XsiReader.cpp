@@ -3,7 +3,6 @@
 #include "formats/FileNames.h"
 #include "formats/LineReader.h"
 #include "formats/TextWindow.h"
-#include "formats/TextureLoader.h"
 #include "formats/XsiAnimationReader.h"
 #include "formats/XsiFrameReader.h"
 
@@ -36,7 +35,7 @@ bool readHeader(TextScanner& text) {
 class ReadCancelled : public std::exception {};
 
 ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
-                       const ReadProgress& progress) {
+                       const ReadProgress& progress, UnseenTextures* unseen) {
     const QFileInfo info(fileName);
     if (!info.exists()) {
         return ReadStatus::Missing;
@@ -64,10 +63,14 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
     };
     TextWindow window(source, size);
     TextureLoader loader(info.path());
-    return readXsi(TextScanner(window), document, [&](const std::string& name) {
+    const ReadStatus status = readXsi(TextScanner(window), document, [&](const std::string& name) {
         goOn(); // a few lines can name large pictures
         return loader.load(name);
     });
+    if (unseen != nullptr) {
+        *unseen = loader.unseen();
+    }
+    return status;
 }
 
 ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureSource& textures) {
@@ -115,9 +118,9 @@ ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSourc
 }
 
 ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,
-                       const ReadProgress& progress) {
+                       const ReadProgress& progress, UnseenTextures* unseen) {
     const ReadStatus status =
-        wholeOrNothing(document, [&] { return openAndRead(fileName, document, progress); });
+        wholeOrNothing(document, [&] { return openAndRead(fileName, document, progress, unseen); });
     document.FileName = fileName;
     if (status == ReadStatus::CannotOpen || status == ReadStatus::NotValid) {
         document.FileName = QStringLiteral("Untitled");

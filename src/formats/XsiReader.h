@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formats/TextScanner.h"
+#include "formats/TextureLoader.h"
 #include "model/ModelDocument.h"
 #include "model/TextureImage.h"
 
@@ -33,9 +34,9 @@ ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSourc
 
 /// Opens and reads the file into a new document, gives it the flags and the FileName that follow
 /// from the outcome, and selects the root. A missing file gives an empty document of that name that
-/// was never saved.
+/// was never saved. `unseen`, if given, is told the textures that nothing is seen of.
 ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,
-                       const ReadProgress& progress = {});
+                       const ReadProgress& progress = {}, UnseenTextures* unseen = nullptr);
 
 /// The caption of the message box for a failure, whose text is the file name; empty where no
 /// message is shown.

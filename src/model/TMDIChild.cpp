@@ -2,13 +2,15 @@
 
 #include "app/ModalCall.h"
 #include "app/PaletteIcon.h"
-#include "app/WindowFocus.h"
+#include "app/StartFolder.h"
 #include "app/WidgetText.h"
+#include "app/WindowFocus.h"
+#include "app/WindowTitle.h"
+#include "edit/StatusText.h"
 #include "formats/FileNames.h"
 #include "formats/MshOpener.h"
 #include "formats/XsiReader.h"
 #include "formats/XsiWriter.h"
-#include "model/ModelCounts.h"
 #include "model/StructureTree.h"
 #include "model/TReadProgress.h"
 #include "model/TStructureView.h"
@@ -38,9 +40,8 @@ QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectNa
     box.setTextFormat(Qt::PlainText);
     // what is the matter stands in the title: make the box wide enough for it and its buttons
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
-        constexpr int titleButtons = 140;
-        const int width = box.fontMetrics().horizontalAdvance(title) * 5 / 4 + titleButtons;
-        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+        grid->addItem(new QSpacerItem(widthForTitle(box, title), 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
     }
     return static_cast<QMessageBox::StandardButton>(execModal(box));
 }
@@ -58,6 +59,9 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setWindowTitle(QStringLiteral("MDI Child"));
     setWindowIcon(paletteIcon(QStringLiteral("document")));
     resize(520, 311);
+    auto* titleStyle = new PathTitleStyle;
+    titleStyle->setParent(this);
+    setStyle(titleStyle);
 
     view().colors = colors;
     fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
@@ -66,6 +70,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     ui_->ThreeDWin->setDocument(document());
     loadTexturesOfDocument();
     new WindowFocus(*this, *ui_->TreeView1); // owned by the window
+    clearMessageAtCommands();
     ui_->Panel3->installEventFilter(this);
     ui_->TreeView1->installEventFilter(this);
 
@@ -75,6 +80,16 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setUpButtons();
     fitPages();
     rebuildTree();
+}
+
+void TMDIChild::clearMessageAtCommands() {
+    for (const QAction* action : widget()->findChildren<QAction*>()) {
+        connect(action, &QAction::triggered, this, &TMDIChild::clearMessage);
+    }
+    for (const QPushButton* button :
+         {ui_->EditButton, ui_->RenameButton, ui_->DeleteButton, ui_->AddButton}) {
+        connect(button, &QPushButton::clicked, this, &TMDIChild::clearMessage);
+    }
 }
 
 TMDIChild::~TMDIChild() {
@@ -104,12 +119,14 @@ void TMDIChild::create(const QString& name) {
 void TMDIChild::FileOpenXSI(const QString& fileName) {
     // events run while the progress shows: the views must not find half a model
     ModelDocument read;
+    UnseenTextures unseen;
     ReadStatus status = ReadStatus::Cancelled;
     {
         TReadProgress progress(*this, fileName, progressDelay_);
-        status = korvane::FileOpenXSI(fileName, read, [&](std::size_t done, std::size_t size) {
+        const auto goOn = [&](std::size_t done, std::size_t size) {
             return progress.goOn(done, size);
-        });
+        };
+        status = korvane::FileOpenXSI(fileName, read, goOn, &unseen);
     }
     if (status == ReadStatus::Cancelled) {
         closeUnasked();
@@ -123,7 +140,7 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     setCaption();
     showReadFailure(status, fileName);
     if (status == ReadStatus::Done) {
-        readSummary_ = QString::fromStdString(summary(countModel(model_->Root)));
+        setMessage(openedText(*model_, unseen));
     }
 }
 
@@ -174,9 +191,7 @@ void TMDIChild::FileSaveExecute() {
 }
 
 bool TMDIChild::completeName(QString& name, const QString& suffix) {
-    const QString extension = upperExtension(name);
-    if (extension == QLatin1String(".XSI") || extension == QLatin1String(".MSH") ||
-        extension == QLatin1String(".X")) {
+    if (isModelName(name)) {
         return true;
     }
     // the dialog takes whatever follows a dot for an extension, and asked about another file
@@ -202,9 +217,8 @@ void TMDIChild::FileSaveAsExecute() {
     });
     dialog.setNameFilters({QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
-    if (model_->FileName.contains(u'/')) {
-        dialog.setDirectory(QFileInfo(model_->FileName).path());
-    }
+    startIn(dialog, folderOf(model_->FileName));
+    dialog.selectFile(offeredName(model_->FileName));
     QString name;
     do {
         if (execModal(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
@@ -224,10 +238,12 @@ void TMDIChild::FileSaveAsExecute() {
 
 void TMDIChild::SaveFileXSI() {
     const QString& fileName = model_->FileName;
-    if (upperExtension(fileName) != QStringLiteral(".XSI")) {
-        return;
+    SaveResult result = SaveResult::NotWritten;
+    if (upperExtension(fileName) == QStringLiteral(".XSI")) {
+        result = korvane::SaveFileXSI(*model_, fileName) ? SaveResult::Written : SaveResult::Failed;
     }
-    if (!korvane::SaveFileXSI(*model_, fileName)) {
+    setMessage(savedText(*model_, result));
+    if (result == SaveResult::Failed) {
         showSaveFailure(fileName);
     }
 }

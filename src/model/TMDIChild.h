@@ -86,13 +86,14 @@ class TMDIChild : public QMdiSubWindow {
     /// The model; null once the window has been closed.
     [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
     [[nodiscard]] const ModelDocument* document() const { return model_ ? &*model_ : nullptr; }
-    /// How much was read from the file; empty if nothing was.
-    [[nodiscard]] const QString& readSummary() const { return readSummary_; }
     /// What the status bar shows of the window: where the pointer is in a 2D view and what it does
-    /// there, otherwise how much was read.
+    /// there, else what became of the last command, else how much the model holds.
     [[nodiscard]] const QString& statusText() const {
-        return pointerText_.isEmpty() ? readSummary_ : pointerText_;
+        const QString& rest = message_.isEmpty() ? counts_ : message_;
+        return pointerText_.isEmpty() ? rest : pointerText_;
     }
+    /// A new command begins: what the last one said is out of date.
+    void clearMessage() { setMessage({}); }
 
     /// Opens a binary mesh file for a window just constructed; no command does so. Nothing is read
     /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
@@ -155,6 +156,8 @@ class TMDIChild : public QMdiSubWindow {
     void setUpButtons();
     /// An event of a view; whether that was all about it.
     bool viewEvent(const QObject& watched, QEvent& event);
+    /// Whether the event is a press that only activates the window, or is made with Ctrl held.
+    [[nodiscard]] bool startsNothing(const QEvent& event) const;
     bool planeEvent(const PlaneImage& image, QEvent& event);
     void planeMouseEvent(const PlaneImage& image, const QMouseEvent& event);
     void planeWheelEvent(const PlaneImage& image, const QWheelEvent& event);
@@ -172,7 +175,10 @@ class TMDIChild : public QMdiSubWindow {
     /// Brings the boxes of the "Tools" page in step with the selected frame.
     void showVisibility();
     void storeVisibility();
-    void setPointerText(const QString& text);
+    void setPointerText(const QString& text) { setStatus(pointerText_, text); }
+    void setMessage(const QString& text) { setStatus(message_, text); }
+    /// Changes one of the texts that the status bar may show.
+    void setStatus(QString& text, const QString& value);
     [[nodiscard]] bool acceptsEdits() const { return model_ && !model_->DragRunning; }
     /// The same, and no call that shows a dialog is at work. Commands ask this when they run, but
     /// do not show it: all of them would grey behind every dialog.
@@ -189,6 +195,7 @@ class TMDIChild : public QMdiSubWindow {
     void showSaveFailure(const QString& fileName);
     void showPasteFailure(const QString& reason);
     void setCaption();
+    void clearMessageAtCommands();
     void rebuildTree();
     void editFrameOptions();
     /// Opens the material editor on the selected slot or entry of the table.
@@ -207,12 +214,14 @@ class TMDIChild : public QMdiSubWindow {
     DocumentDialogs dialogs_;
     std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
     std::chrono::milliseconds progressDelay_{500};
-    QString readSummary_;
+    QString counts_;
+    QString message_; ///< of the last command
     PlaneViews planes_;
     bool planesPending_ = true; ///< the 2D views have to be set to see the whole model
     QString pointerText_;
     bool filling_ = false; ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;
+    bool activatedByPress_ = false; ///< by the one about to be delivered, if that is to a view
 };
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 // The "Structure" page of the document window.
 
 #include "app/ModalCall.h"
+#include "edit/StatusText.h"
 #include "formats/TextureLoader.h"
 #include "model/FrameFlags.h"
 #include "model/ModelText.h"
@@ -78,6 +79,7 @@ void TMDIChild::rebuildTree() {
     }
     model_->Selected = selected;
     followSelection();
+    setStatus(counts_, countsText(*model_));
 }
 
 void TMDIChild::followSelection() {
@@ -106,6 +108,7 @@ void TMDIChild::loadTexturesOfDocument() {
 void TMDIChild::undo() {
     if (mayEdit() && canUndo()) {
         const NodeData before = model_->Selected;
+        setMessage(undoneText(history_.undoName()));
         refresh(history_.undo(*model_), before);
     }
 }
@@ -113,6 +116,7 @@ void TMDIChild::undo() {
 void TMDIChild::redo() {
     if (mayEdit() && canRedo()) {
         const NodeData before = model_->Selected;
+        setMessage(redoneText(history_.redoName()));
         refresh(history_.redo(*model_), before);
     }
 }
@@ -189,8 +193,9 @@ void TMDIChild::RenameButtonClick() {
     const QString shown = shownText(frame->Name);
     // a name that is left alone keeps its bytes, whatever they show as
     const std::string bytes = frame->Name;
+    const NameUse use = nameUse(*frame, path.depth() == 0);
     const std::uint64_t revision = model_->Revision;
-    const std::optional<QString> name = dialogs_.renameFrame->rename(shown, path.depth() == 0);
+    const std::optional<QString> name = dialogs_.renameFrame->rename(shown, use);
     if (name && model_->Revision == revision) {
         history_.renameFrame(*model_, path, *name == shown ? bytes : modelText(*name));
     }

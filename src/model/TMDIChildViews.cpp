@@ -9,9 +9,11 @@
 #include "render/TImage.h"
 #include "ui_TMDIChild.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -48,6 +50,11 @@ void TMDIChild::setUpViews() {
     // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view
     ui_->ThreeDWin->setAttribute(Qt::WA_Hover);
     ui_->ThreeDWin->installEventFilter(this);
+    connect(this, &QMdiSubWindow::aboutToActivate, this, [this] {
+        // a press is delivered right after it has made its window the active one
+        activatedByPress_ = QGuiApplication::mouseButtons() != Qt::NoButton;
+        QTimer::singleShot(0, this, [this] { activatedByPress_ = false; });
+    });
 }
 
 void TMDIChild::fillPanel(QWidget& panel, const QColor& color) {
@@ -114,8 +121,19 @@ void TMDIChild::drawPlane(const PlaneImage& image) {
     setInkFor(*image.label, view.colors().frames.background);
 }
 
+bool TMDIChild::startsNothing(const QEvent& event) const {
+    if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::MouseButtonDblClick) {
+        return false;
+    }
+    const auto& press = dynamic_cast<const QMouseEvent&>(event);
+    return activatedByPress_ || press.modifiers().testFlag(Qt::ControlModifier);
+}
+
 bool TMDIChild::viewEvent(const QObject& watched, QEvent& event) {
     if (&watched == ui_->ThreeDWin) {
+        if (startsNothing(event)) {
+            return true;
+        }
         if (event.type() == QEvent::HoverMove || event.type() == QEvent::HoverEnter) {
             redrawStale();
         }
@@ -125,7 +143,7 @@ bool TMDIChild::viewEvent(const QObject& watched, QEvent& event) {
     const auto found = std::find_if(images.begin(), images.end(), [&](const PlaneImage& image) {
         return &watched == image.image;
     });
-    return found != images.end() && model_ && planeEvent(*found, event);
+    return found != images.end() && model_ && (startsNothing(event) || planeEvent(*found, event));
 }
 
 bool TMDIChild::planeEvent(const PlaneImage& image, QEvent& event) {
@@ -204,6 +222,7 @@ void TMDIChild::mouseMove(ViewPlane plane, const DragInput& input) {
 void TMDIChild::mouseUp(ViewPlane plane, const DragInput& input) {
     if (const std::optional<FrameMove> move = planes_.mouseUp(plane, input, *model_)) {
         history_.moveFrame(*model_, move->frame, move->before, move->after);
+        clearMessage();
     }
     showDragCursor();
     redrawStale();
@@ -216,9 +235,9 @@ void TMDIChild::cancelDrag() {
     }
 }
 
-void TMDIChild::setPointerText(const QString& text) {
-    if (pointerText_ != text) {
-        pointerText_ = text;
+void TMDIChild::setStatus(QString& text, const QString& value) {
+    if (text != value) {
+        text = value;
         Q_EMIT statusChanged();
     }
 }

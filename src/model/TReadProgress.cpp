@@ -1,6 +1,7 @@
 #include "model/TReadProgress.h"
 
 #include "app/ModalCall.h"
+#include "app/WindowTitle.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -35,6 +36,7 @@ bool TReadProgress::goOn(std::size_t done, std::size_t size) {
         dialog_->setLabel(label);
         dialog_->setObjectName(QStringLiteral("ReadProgress"));
         dialog_->setWindowTitle(QCoreApplication::applicationName());
+        dialog_->setMinimumWidth(widthForTitle(*dialog_, dialog_->windowTitle()));
         dialog_->setWindowModality(Qt::ApplicationModal);
         dialog_->setAutoReset(false);
         dialog_->setMinimumDuration(0);

@@ -1,6 +1,7 @@
 #include "model/TframeF.h"
 
 #include "app/ModalCall.h"
+#include "app/WindowTitle.h"
 #include "ui_TframeF.h"
 
 #include <utility>
@@ -9,6 +10,7 @@ namespace korvane {
 
 TframeF::TframeF(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::TframeF>()) {
     ui_->setupUi(this);
+    ui_->Layout->addStrut(widthForTitle(*this, windowTitle()));
     const std::pair<QCheckBox*, void (TframeF::*)()> handlers[] = {
         {ui_->MeshBox, &TframeF::MeshBoxClick},
         {ui_->BackwardsBox, &TframeF::BackwardsClicked},

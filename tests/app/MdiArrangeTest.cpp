@@ -38,6 +38,21 @@ class WindowCommandsTest : public MainFormTest {
     }
 };
 
+TEST_F(WindowCommandsTest, NarrowTitleBarsShowTheEndOfThePath) {
+    start();
+    run("FileNew1");
+    window().showMinimized();
+    const auto titled = [this](const QString& title) {
+        window().setWindowTitle(title);
+        settle();
+        return window().grab().toImage();
+    };
+    const QString folder = QStringLiteral("/a folder with a long name/and another one in it/");
+    const QImage shown = titled(folder + QStringLiteral("a[*][*].xsi"));
+    EXPECT_EQ(titled(QStringLiteral("/elsewhere") + folder + QStringLiteral("a[*][*].xsi")), shown);
+    EXPECT_NE(titled(folder + QStringLiteral("a[*][*].xso")), shown) << "the last letter shows";
+}
+
 TEST_F(WindowCommandsTest, WindowsAreArrangedAsTheCommandsSay) {
     const TMainForm& frame = start();
     run("FileNew1");

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
@@ -176,7 +177,7 @@ TEST_F(TMainFormTest, StatusAndTitleFollowTheActiveWindow) {
     EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
     EXPECT_EQ(frame.windowTitle(), title + QStringLiteral(" - [%1]").arg(name));
     run("FileNew1");
-    EXPECT_EQ(status(), QString());
+    EXPECT_EQ(status(), QStringLiteral("0 meshes, 0 faces"));
     answerCloseQuestion(QStringLiteral("Untitled 2"), QMessageBox::No);
     run("FileClose1");
     EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
@@ -185,6 +186,39 @@ TEST_F(TMainFormTest, StatusAndTitleFollowTheActiveWindow) {
     run("FileClose1");
     EXPECT_EQ(frame.windowTitle(), title);
     EXPECT_EQ(status(), QString());
+}
+
+TEST_F(TMainFormTest, StatusTellsOfTheLastCommandUntilTheNext) {
+    start({write("small.xsi", smallModel()), write("small.x", "xof 0302txt 0032\n")});
+    document().Modified = true;
+    run("FileSave");
+    EXPECT_EQ(status(), QStringLiteral("Nothing was written: small.x is not a dotXSI file"));
+    run("FileClose1");
+    select(bodyNode + "/Frame frm-wing");
+    child<QPushButton>(window(), "DeleteButton").click();
+    EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
+    run("EditUndo1");
+    EXPECT_EQ(status(), QStringLiteral("Undone: delete frame"));
+    run("EditRedo1");
+    EXPECT_EQ(status(), QStringLiteral("Redone: delete frame"));
+    run("FileSave");
+    EXPECT_EQ(status(), QStringLiteral("small.xsi was written: 1 mesh, 2 faces"));
+    child<QPushButton>(window(), "AddButton").click();
+    EXPECT_EQ(status(), QStringLiteral("1 mesh, 2 faces"));
+    // what is pasted counts
+    select(bodyNode);
+    window().paste(window().copy());
+    EXPECT_EQ(status(), QStringLiteral("2 meshes, 4 faces"));
+}
+
+TEST_F(TMainFormTest, OpenDialogStartsBesideTheActiveModel) {
+    start({write("models/small.xsi", smallModel())});
+    answer([this](QWidget& shown) {
+        auto& dialog = dynamic_cast<QFileDialog&>(shown);
+        EXPECT_EQ(dialog.directory().absolutePath(), path("models"));
+        dialog.reject();
+    });
+    run("FileOpen1");
 }
 
 TEST_F(TMainFormTest, ExitAsksForEachUnsavedWindowAndCancelKeepsThemAll) {

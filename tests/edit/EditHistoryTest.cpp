@@ -53,13 +53,16 @@ TEST_F(History, PositionAndTail) {
     document.Modified = false;
     history.undo(document);
     EXPECT_TRUE(history.canUndo() && history.canRedo() && document.Modified);
-    history.renameFrame(document, path({1}), "three");
+    EXPECT_EQ(history.redoName(), "rename frame");
+    history.addFrame(document, path({1}), "three");
     EXPECT_FALSE(history.canRedo());
+    EXPECT_EQ(history.redoName(), "");
+    EXPECT_EQ(history.undoName(), "add frame");
     EXPECT_EQ(history.entries().size(), 2U);
     history.undo(document);
     document.Modified = false;
     history.redo(document);
-    EXPECT_EQ(document.Root.Children[0].Name, "three");
+    EXPECT_EQ(document.Root.Children[0].Children.back().Name, "three");
     EXPECT_TRUE(document.Modified);
 }
 

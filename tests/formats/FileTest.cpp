@@ -56,6 +56,24 @@ TEST_F(Files, OpeningSetsTheFlagsAndNames) {
     }
 }
 
+TEST_F(Files, DialogsStartFromTheNameOfTheModel) {
+    const struct {
+        const char* name;
+        const char* folder;
+        const char* offered;
+    } rows[] = {
+        {"Untitled 1", "", "Untitled 1.xsi"},     {"/m/ship.xsi", "/m/", "ship.xsi"},
+        {"/m/SHIP.XSI", "/m/", "SHIP.XSI"},       {"/m/ship.x", "/m/", "ship.xsi"},
+        {"/m/ship.v2.MSH", "/m/", "ship.v2.xsi"}, {"/ship.v2", "/", "ship.v2.xsi"},
+        {"/m.x/ship", "/m.x/", "ship.xsi"},
+    };
+    for (const auto& row : rows) {
+        const QString name = QString::fromLatin1(row.name);
+        EXPECT_EQ(folderOf(name).toStdString(), row.folder) << row.name;
+        EXPECT_EQ(offeredName(name).toStdString(), row.offered) << row.name;
+    }
+}
+
 TEST_F(Files, ReadingTellsItsProgressAndCanBeCancelled) {
     std::string text = "xof 0302txt 0064\nframe frm-a {\n";
     text.append(std::size_t{1} << 20U, '\n'); // several windows full

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMessageBox>
 #include <QPointer>
@@ -101,7 +102,7 @@ TEST_F(TMDIChildTest, ReadModelIsShownWithItsRootSelected) {
     EXPECT_EQ(window.windowTitle(), name);
     EXPECT_FALSE(window.document()->NeverSaved);
     EXPECT_FALSE(window.document()->Modified);
-    EXPECT_EQ(window.readSummary(), QStringLiteral("1 mesh, 2 faces"));
+    EXPECT_EQ(window.statusText(), QStringLiteral("1 mesh, 2 faces"));
     auto& tree = child<QTreeView>(window, "TreeView1");
     EXPECT_EQ(shownTree(*tree.model()),
               QStringLiteral("Frame frm-body\n Mesh body\n  MeshMaterialList\n   Material 1\n"
@@ -176,7 +177,7 @@ TEST_F(TMDIChildTest, FailedReadsTellWhyAndLeaveAnEmptyModel) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled"));
         EXPECT_EQ(window.document()->FileName, QStringLiteral("Untitled"));
         EXPECT_TRUE(window.document()->NeverSaved);
-        EXPECT_EQ(window.readSummary(), QString());
+        EXPECT_EQ(window.statusText(), QStringLiteral("0 meshes, 0 faces"));
         EXPECT_EQ(enabledButtons(window), "[Edit][Rename Frame][Add Frame]");
     }
 }
@@ -246,11 +247,12 @@ TEST_F(TMDIChildTest, SaveAsAddsItsExtensionBehindADotAndAsksBeforeItReplaces) {
     EXPECT_FALSE(QFile::exists(path("model.v2")));
 }
 
-TEST_F(TMDIChildTest, SaveDialogStartsBesideTheFile) {
+TEST_F(TMDIChildTest, SaveDialogStartsBesideTheFileAndOffersItsName) {
     TMDIChild& window = open(path("folder.msh"));
     answer([this](QWidget& shown) {
         auto& dialog = dynamic_cast<QFileDialog&>(shown);
         EXPECT_EQ(dialog.directory().absolutePath(), QFileInfo(path("folder.msh")).path());
+        EXPECT_EQ(child<QLineEdit>(dialog, "fileNameEdit").text(), QStringLiteral("folder.xsi"));
         EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
         dialog.reject();
     });

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QTest>
@@ -111,6 +112,40 @@ TEST_F(TMDIChildViews, ToolsAreChosenByButtonOrAction) {
         EXPECT_EQ(document().Tool, tool);
         EXPECT_TRUE(child<QRadioButton>(window(), button).isChecked());
     }
+}
+
+TEST_F(TMDIChildViews, APressThatActivatesItsWindowOrHoldsCtrlStartsNothing) {
+    TMDIChild& model = window();
+    run("FileNew1");
+    run("WindowTileVertical1");
+    const auto clickFor = [&](QWidget& view, Qt::KeyboardModifiers modifiers) {
+        // by way of the window system, which is what activates document windows
+        const QPoint at = view.mapTo(&form(), QPoint(30, 30));
+        QTest::mousePress(form().windowHandle(), Qt::LeftButton, modifiers, at);
+        QTest::mouseMove(form().windowHandle(), at + QPoint(9, 9));
+        QTest::mouseRelease(form().windowHandle(), Qt::LeftButton, modifiers, at + QPoint(9, 9));
+        settle();
+    };
+    for (const char* name : {"Image3", "ThreeDWin"}) {
+        auto& view = child<QWidget>(model, name);
+        const auto camera = [&model] { return model.view().angles; };
+        const auto before = std::pair(model.document()->PlaneScale, camera());
+        const auto changed = [&] {
+            return std::pair(model.document()->PlaneScale, camera()) != before;
+        };
+        form().documents().constLast()->setFocus();
+        settle();
+        ASSERT_NE(form().activeDocument(), &model);
+        clickFor(view, Qt::NoModifier);
+        EXPECT_EQ(form().activeDocument(), &model) << name;
+        EXPECT_FALSE(changed()) << name;
+        clickFor(view, Qt::ControlModifier);
+        EXPECT_FALSE(changed()) << name;
+        clickFor(view, Qt::NoModifier);
+        EXPECT_TRUE(changed()) << name;
+    }
+    answerCloseQuestion(QStringLiteral("Untitled 2"), QMessageBox::No);
+    form().documents().constLast()->close();
 }
 
 TEST_F(TMDIChildViews, ClicksZoomAllViewsAndASecondClickCountsToo) {
