@@ -1,6 +1,7 @@
 #include "formats/XsiWriter.h"
 
 #include "formats/AtomicFile.h"
+#include "formats/FrameNames.h"
 #include "formats/XsiMaterialWriter.h"
 #include "model/FrameWalk.h"
 
@@ -58,19 +59,6 @@ constexpr std::string_view preamble = "xsi 0101txt 0032\n"
                                       "   0.000000; 5.966998; 0.000000;;\n"
                                       "}\n"
                                       "\n";
-
-/// The flags that travel behind a frame's name.
-std::string flagSuffix(const FrameRecord& frame) {
-    if (!frame.Emissive && !frame.RenderBackwards && !frame.KV2Animated && !frame.GFlag) {
-        return {};
-    }
-    std::string suffix = "__";
-    suffix += frame.Emissive ? "e" : "";
-    suffix += frame.RenderBackwards ? "2" : "";
-    suffix += frame.KV2Animated ? "h" : "";
-    suffix += frame.GFlag ? "g" : "";
-    return suffix;
-}
 
 void writeComponents(TextOutput& out, const Vec3& v) {
     out.real(v.x).text(";").real(v.y).text(";").real(v.z).text(";");
@@ -188,7 +176,7 @@ void writeFrames(TextOutput& out, const ModelDocument& document) {
         const std::size_t depth = walk.depth();
         closeFrames(out, previous, static_cast<std::int64_t>(depth));
         out.indent(depth).text("Frame frm-").text(frame.Name);
-        out.text(frame.HasMesh ? flagSuffix(frame) : "").line(" {").line();
+        out.text(flagSuffix(frame)).line(" {").line();
         writeMatrix(out, depth + 1, "FrameTransformMatrix", frame.Matrix);
         if (frame.HasBasePose) {
             writeMatrix(out, depth + 1, "SI_FrameBasePoseMatrix", frame.BasePose);

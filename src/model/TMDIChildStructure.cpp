@@ -163,7 +163,8 @@ void TMDIChild::RenameButtonClick() {
         return;
     }
     const QString shown = shownText(frame->Name);
-    const std::optional<QString> name = dialogs_.renameFrame->rename(shown, path.depth() == 0);
+    const NameUse use = nameUse(*frame, path.depth() == 0);
+    const std::optional<QString> name = dialogs_.renameFrame->rename(shown, use);
     if (!model_) {
         return;
     }

@@ -1,5 +1,6 @@
 #include "model/TOKBottomDlg1.h"
 
+#include "model/ModelText.h"
 #include "ui_TOKBottomDlg1.h"
 
 #include <QLocale>
@@ -7,25 +8,6 @@
 namespace korvane {
 
 namespace {
-
-/// Why a model file could not give the name back; empty if it could.
-QString hintAbout(const QString& name, bool root) {
-    const QString cannot = QStringLiteral("A file would not give this name back, because it %1.");
-    if (name.isEmpty()) {
-        return cannot.arg(QStringLiteral("is empty"));
-    }
-    if (name.contains(u' ')) {
-        return cannot.arg(QStringLiteral("holds a blank"));
-    }
-    for (const char* part : {"frame", "{", "__", "template"}) {
-        const QString text = QString::fromLatin1(part);
-        // a line with "template" is passed over only where the root is looked for
-        if (name.contains(text) && (root || text != QLatin1String("template"))) {
-            return cannot.arg(QStringLiteral("holds \"%1\"").arg(text));
-        }
-    }
-    return {};
-}
 
 /// The text in lower case and on one line: the end of a line would end the name in a file.
 QString nameFrom(const QString& text) {
@@ -48,8 +30,8 @@ TOKBottomDlg1::TOKBottomDlg1(QWidget* parent)
 
 TOKBottomDlg1::~TOKBottomDlg1() = default;
 
-std::optional<QString> TOKBottomDlg1::rename(const QString& name, bool root) {
-    root_ = root;
+std::optional<QString> TOKBottomDlg1::rename(const QString& name, const NameUse& use) {
+    use_ = use;
     ui_->NameEdit->setText(name);
     ui_->NameEdit->selectAll();
     ui_->NameEdit->setFocus();
@@ -71,9 +53,11 @@ void TOKBottomDlg1::NameEditChange(const QString& text) {
 }
 
 void TOKBottomDlg1::showHint(const QString& name) {
-    ui_->HintLabel->setText(hintAbout(name, root_));
+    const QString reason = lostNameReason(modelText(name), use_);
+    const QString hint = QStringLiteral("A file would not give this name back, because it %1.");
+    ui_->HintLabel->setText(reason.isEmpty() ? reason : hint.arg(reason));
     // the hint needs room, and gives it back
-    ui_->HintLabel->setVisible(!ui_->HintLabel->text().isEmpty());
+    ui_->HintLabel->setVisible(!reason.isEmpty());
 }
 
 } // namespace korvane

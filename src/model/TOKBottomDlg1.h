@@ -1,5 +1,7 @@
 #pragma once
 
+#include "formats/FrameNames.h"
+
 #include <QDialog>
 #include <QString>
 
@@ -19,16 +21,16 @@ class TOKBottomDlg1 : public QDialog {
     explicit TOKBottomDlg1(QWidget* parent);
     ~TOKBottomDlg1() override;
 
-    /// Shows the dialog with a name to begin with, that of the root or of another frame; the new
-    /// name, or nothing if the user cancelled.
-    std::optional<QString> rename(const QString& name, bool root);
+    /// Shows the dialog with a name to begin with; the new name, or nothing if the user cancelled.
+    /// It warns of names that would be lost in a file where the frame is used like this.
+    std::optional<QString> rename(const QString& name, const NameUse& use);
 
   private:
     void NameEditChange(const QString& text);
     void showHint(const QString& name);
 
     std::unique_ptr<Ui::TOKBottomDlg1> ui_;
-    bool root_ = false;
+    NameUse use_;
 };
 
 } // namespace korvane
