@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace korvane {
@@ -168,13 +169,19 @@ class Reader {
     }
 
   private:
+    /// An integer, or a group of floats, which have to be finite: a model file could not give
+    /// others back.
     template <class Value>
     static Value valueAt(const std::uint8_t* bytes) {
+        constexpr std::uint32_t exponent = std::is_integral_v<Value> ? 0 : 0x7f800000;
         Words<Value> words;
+        bool fit = true;
         for (std::uint32_t& word : words) {
             word = wordAt(bytes);
+            fit &= exponent == 0 || (word & exponent) != exponent;
             bytes += 4;
         }
+        require(fit);
         return std::bit_cast<Value>(words);
     }
     std::span<const std::uint8_t> bytes(std::size_t size) {

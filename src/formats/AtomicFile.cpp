@@ -1,12 +1,21 @@
 #include "formats/AtomicFile.h"
 
+#include "formats/FileRights.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QTemporaryFile>
 
+#include <cerrno>
+#include <cstdio>
 #include <exception>
 #include <optional>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace korvane {
 
@@ -38,9 +47,42 @@ bool writeAll(QFile& file, const QByteArray& bytes) {
     return file.seek(0) && file.write(bytes) == bytes.size() && file.resize(bytes.size());
 }
 
-/// Whether the folder of a file lets files be added.
-bool takesNewFiles(const QString& fileName) {
-    return QFileInfo(QFileInfo(fileName).path()).isWritable();
+/// Waits until the disk has all of the file: it could refuse some only now. Not all file systems
+/// can tell.
+bool reachesDisk([[maybe_unused]] const QFile& file) {
+#ifdef Q_OS_UNIX
+    return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+#else
+    return true;
+#endif
+}
+
+/// Puts a file in another's place, in one step; false where the system cannot.
+bool takePlace(const QString& from, const QString& to) {
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+/// For a file that is there. The new one is nobody else's until it has the rights of the old one.
+bool replaceExisting(const QString& name, const std::function<bool(const TextSink&)>& write) {
+    if (!QFileInfo(name).isWritable()) {
+        return false;
+    }
+    QTemporaryFile file(name + QStringLiteral(".XXXXXX"));
+    // Buffered, an error of the last flush would go unnoticed and a cut file would count as saved.
+    const bool made = static_cast<QFile&>(file).open(QIODevice::ReadWrite | QIODevice::Unbuffered);
+    const std::optional<FileRights> rights = rightsOf(name);
+    if (!made || !rights || !giveRights(file, *rights)) {
+        return overwriteFile(name, write);
+    }
+    if (!write(sinkOf(file)) || !reachesDisk(file)) {
+        return false;
+    }
+    if (takePlace(file.fileName(), name)) {
+        file.setAutoRemove(false);
+        return true;
+    }
+    // others' files in a shared folder may be written, but not replaced
+    return overwriteFile(name, write);
 }
 
 bool replaceOrThrow(const QString& fileName, const std::function<bool(const TextSink&)>& write) {
@@ -48,17 +90,18 @@ bool replaceOrThrow(const QString& fileName, const std::function<bool(const Text
     if (!name || (QFileInfo::exists(*name) && !QFileInfo(*name).isFile())) {
         return false;
     }
+    if (QFileInfo::exists(*name)) {
+        return replaceExisting(*name, write);
+    }
     QSaveFile file(*name);
-    // Buffered, an error of the last flush would go unnoticed and a cut file would count as saved.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        return !takesNewFiles(*name) && overwriteFile(*name, write);
+        return false;
     }
     if (!write(sinkOf(file))) {
         file.cancelWriting();
         return false;
     }
-    // others' files in a shared folder may be written, but not replaced
-    return file.commit() || (QFileInfo::exists(*name) && overwriteFile(*name, write));
+    return file.commit();
 }
 
 bool overwriteOrThrow(const QString& fileName, const std::function<bool(const TextSink&)>& write) {

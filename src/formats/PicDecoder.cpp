@@ -1,6 +1,7 @@
 #include "formats/ByteReader.h"
 #include "formats/TextureDecoders.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -21,7 +22,7 @@ class PicDecoder {
   public:
     explicit PicDecoder(std::span<const std::uint8_t> bytes) : in_(bytes) {}
 
-    TextureImage decode();
+    TextureImage decode(std::size_t mostPixels);
 
   private:
     bool readHeader();
@@ -35,10 +36,11 @@ class PicDecoder {
     bool hasAlpha_ = false;
 };
 
-TextureImage PicDecoder::decode() {
+TextureImage PicDecoder::decode(std::size_t mostPixels) {
     // No byte stands for more than 128 pixels of a row.
     constexpr std::size_t mostPixelsPerByte = 128;
     if (!readHeader() || width_ * height_ == 0 || packets_.empty() ||
+        width_ * height_ > std::min(mostPixels, mostPackedPixels) ||
         height_ * packets_.size() * ((width_ - 1) / mostPixelsPerByte + 1) > in_.remaining()) {
         return {};
     }
@@ -121,8 +123,8 @@ void PicDecoder::readPixel(Rgba8& pixel, ChannelMask mask) {
 
 } // namespace
 
-TextureImage decodePic(std::span<const std::uint8_t> bytes) {
-    return decodedOrBlank([bytes] { return PicDecoder(bytes).decode(); });
+TextureImage decodePic(std::span<const std::uint8_t> bytes, std::size_t mostPixels) {
+    return decodedOrBlank([&] { return PicDecoder(bytes).decode(mostPixels); });
 }
 
 } // namespace korvane

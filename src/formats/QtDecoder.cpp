@@ -12,22 +12,22 @@ namespace korvane {
 
 namespace {
 
-/// How many pixels the bytes of a bitmap file can stand for at the most: its rows have so many bits
-/// a pixel, or runs of up to 255 equal pixels in two bytes. Runs can also leave out any number of
-/// pixels, which is believed up to a small picture.
-std::int64_t mostPixels(std::span<const std::uint8_t> bytes) {
+/// How many pixels are believed of the bytes of a bitmap file at the most: its rows have so many
+/// bits a pixel, or runs of up to 255 equal pixels in two bytes. Runs can also leave out any number
+/// of pixels, which is believed up to a small picture.
+std::size_t crediblePixels(std::span<const std::uint8_t> bytes) {
     constexpr std::uint32_t oldHeaderSize = 12;
-    constexpr std::int64_t pixelsPerRunByte = 128;
-    constexpr std::int64_t smallPicture = 1 << 20;
+    constexpr std::size_t pixelsPerRunByte = 128;
+    constexpr std::size_t smallPicture = 1 << 20;
     ByteReader in(bytes);
     in.skip(14); // the file header
     const std::uint32_t headerSize = in.littleEndian32();
     in.skip(headerSize == oldHeaderSize ? 6 : 10);
-    const std::int64_t bitsPerPixel = std::max<std::int64_t>(in.littleEndian16(), 1);
+    const std::size_t bitsPerPixel = std::max<std::size_t>(in.littleEndian16(), 1);
     const bool runs = headerSize != oldHeaderSize && (bitsPerPixel == 4 || bitsPerPixel == 8) &&
                       in.littleEndian32() != 0;
-    const auto size = static_cast<std::int64_t>(bytes.size());
-    return runs ? std::max(size * pixelsPerRunByte, smallPicture) : size * 8 / bitsPerPixel;
+    return runs ? std::clamp(bytes.size() * pixelsPerRunByte, smallPicture, mostPackedPixels)
+                : bytes.size() * 8 / bitsPerPixel;
 }
 
 /// While it lives Qt decodes no picture larger than the largest icon, 256 x 256.
@@ -61,11 +61,12 @@ TextureImage copyOf(const QImage& picture) {
     return image;
 }
 
-TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> bytes) {
+TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> bytes,
+                          std::size_t mostPixels) {
     // the height of a picture stored from the top down is negative
     const std::int64_t width = std::abs(std::int64_t{reader.size().width()});
     const std::int64_t height = std::abs(std::int64_t{reader.size().height()});
-    if (width * height > mostPixels(bytes)) {
+    if (static_cast<std::size_t>(width * height) > std::min(crediblePixels(bytes), mostPixels)) {
         return {};
     }
     // decoded into memory of ours, which unlike that of the reader is no left-over where the file
@@ -75,7 +76,8 @@ TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> by
     return reader.read(&picture) ? copyOf(picture) : TextureImage();
 }
 
-TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format) {
+TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format,
+                    std::size_t mostPixels) {
     QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                               static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
@@ -83,18 +85,20 @@ TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);
     if (format == "BMP") {
-        return decodeBitmap(reader, bytes);
+        return decodeBitmap(reader, bytes, mostPixels);
     }
     // a picture in an icon may be compressed, and larger than the icon says
     const IconSizeLimit limit;
     const QImage picture = reader.read();
-    return picture.isNull() ? TextureImage() : copyOf(picture);
+    const auto pixels = static_cast<std::size_t>(std::int64_t{picture.width()} * picture.height());
+    return picture.isNull() || pixels > mostPixels ? TextureImage() : copyOf(picture);
 }
 
 } // namespace
 
-TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* format) {
-    return decodedOrBlank([bytes, format] { return decode(bytes, format); });
+TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* format,
+                          std::size_t mostPixels) {
+    return decodedOrBlank([&] { return decode(bytes, format, mostPixels); });
 }
 
 } // namespace korvane

@@ -22,7 +22,8 @@ bool isFile(const QString& name) {
 
 } // namespace
 
-TextureLoader::TextureLoader(QString modelFolder) : folder_(std::move(modelFolder)) {}
+TextureLoader::TextureLoader(QString modelFolder, std::size_t mostPixels)
+    : folder_(std::move(modelFolder)), pixelsLeft_(mostPixels) {}
 
 std::shared_ptr<const TextureImage> TextureLoader::load(const std::string& name) {
     const auto [entry, isNew] = byName_.try_emplace(name, blankTextureImage());
@@ -44,7 +45,11 @@ std::shared_ptr<const TextureImage> TextureLoader::loadOnce(const QString& file)
     if (known != byFile_.constEnd()) {
         return *known;
     }
-    return *byFile_.insert(path, loadSharedTexture(file));
+    std::shared_ptr<const TextureImage> image = loadSharedTexture(file, pixelsLeft_);
+    if (image != blankTextureImage()) {
+        pixelsLeft_ -= image->pixels.size();
+    }
+    return *byFile_.insert(path, std::move(image));
 }
 
 std::optional<QString> TextureLoader::find(const QString& name) {
@@ -101,31 +106,32 @@ const QHash<QString, QString>& TextureLoader::entries(const QString& folder) {
     return *entries_.insert(folder, names);
 }
 
-TextureImage loadTextureFile(const QString& fileName) {
-    return decodedOrBlank([&fileName]() -> TextureImage {
+TextureImage loadTextureFile(const QString& fileName, std::size_t mostPixels) {
+    return decodedOrBlank([&]() -> TextureImage {
         const QString extension = upperExtension(fileName);
         QFile file(fileName);
         if (!isFile(fileName) || !file.open(QIODevice::ReadOnly)) {
             return {};
         }
         if (extension == QLatin1String(".TGA")) {
-            return decodeTga(bytesOf(file.readAll()));
+            return decodeTga(bytesOf(file.readAll()), mostPixels);
         }
         if (extension == QLatin1String(".PIC")) {
-            return decodePic(bytesOf(file.readAll()));
+            return decodePic(bytesOf(file.readAll()), mostPixels);
         }
         if (extension == QLatin1String(".BMP")) {
-            return decodeWithQt(bytesOf(file.readAll()), "BMP");
+            return decodeWithQt(bytesOf(file.readAll()), "BMP", mostPixels);
         }
         if (extension == QLatin1String(".ICO")) {
-            return decodeWithQt(bytesOf(file.readAll()), "ICO");
+            return decodeWithQt(bytesOf(file.readAll()), "ICO", mostPixels);
         }
         return {};
     });
 }
 
-std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName) {
-    TextureImage image = loadTextureFile(fileName);
+std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName,
+                                                      std::size_t mostPixels) {
+    TextureImage image = loadTextureFile(fileName, mostPixels);
     return image == *blankTextureImage() ? blankTextureImage()
                                          : std::make_shared<const TextureImage>(std::move(image));
 }

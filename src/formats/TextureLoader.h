@@ -1,10 +1,12 @@
 #pragma once
 
+#include "formats/TextureDecoders.h"
 #include "model/TextureImage.h"
 
 #include <QHash>
 #include <QString>
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,11 +22,12 @@ struct UnseenTextures {
 };
 
 /// Finds and decodes the textures that a model names. Each name is looked up once, each file
-/// decoded once and its image shared, whatever names lead to it.
+/// decoded once and its image shared, whatever names lead to it. Use one for each reading: the
+/// pictures that it makes have together no more than so many pixels.
 class TextureLoader {
   public:
     /// `modelFolder` is where the model file stands; it may be empty.
-    explicit TextureLoader(QString modelFolder);
+    explicit TextureLoader(QString modelFolder, std::size_t mostPixels = mostPicturePixels);
 
     /// The image of a texture as the model names it; the 1 x 1 image where there is no such file
     /// or none that can be decoded.
@@ -45,6 +48,7 @@ class TextureLoader {
     const QHash<QString, QString>& entries(const QString& folder);
 
     QString folder_;
+    std::size_t pixelsLeft_;
     std::unordered_map<std::string, std::shared_ptr<const TextureImage>> byName_;
     QHash<QString, std::shared_ptr<const TextureImage>> byFile_;
     /// For each folder looked into, the names in it by their case-folded form.
@@ -53,8 +57,9 @@ class TextureLoader {
 };
 
 /// Decodes a file by its extension; the 1 x 1 image where that cannot be done.
-TextureImage loadTextureFile(const QString& fileName);
+TextureImage loadTextureFile(const QString& fileName, std::size_t mostPixels = mostPicturePixels);
 /// The same, to be shared; the one blank image where it cannot be done. Never null.
-std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName);
+std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName,
+                                                      std::size_t mostPixels = mostPicturePixels);
 
 } // namespace korvane

@@ -1,6 +1,7 @@
 #include "formats/ByteReader.h"
 #include "formats/TextureDecoders.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -28,7 +29,7 @@ Rgba8 readPixel(ByteReader& in, unsigned depth) {
     return {red, green, blue, 255};
 }
 
-TextureImage decode(ByteReader in) {
+TextureImage decode(ByteReader in, std::size_t mostPixels) {
     constexpr unsigned trueColor = 2;
     constexpr unsigned topDown = 0x20;
     const std::size_t idLength = in.byte();
@@ -48,7 +49,7 @@ TextureImage decode(ByteReader in) {
     }
     const bool known = imageType == trueColor && (depth == 16 || depth == 24 || depth == 32);
     const std::size_t pixels = width * height;
-    if (!known || pixels == 0 || pixels > in.remaining() / (depth / 8)) {
+    if (!known || pixels == 0 || pixels > std::min(in.remaining() / (depth / 8), mostPixels)) {
         return {};
     }
     TextureImage image;
@@ -66,8 +67,8 @@ TextureImage decode(ByteReader in) {
 
 } // namespace
 
-TextureImage decodeTga(std::span<const std::uint8_t> bytes) {
-    return decodedOrBlank([bytes] { return decode(ByteReader(bytes)); });
+TextureImage decodeTga(std::span<const std::uint8_t> bytes, std::size_t mostPixels) {
+    return decodedOrBlank([&] { return decode(ByteReader(bytes), mostPixels); });
 }
 
 } // namespace korvane

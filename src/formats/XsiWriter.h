@@ -12,7 +12,7 @@ namespace korvane {
 bool writeXsi(const ModelDocument& document, const TextSink& sink);
 
 /// Saves the model as a dotXSI file. After a failure, at opening or later, the old file is as it
-/// was. Symbolic links are followed, permissions kept. False on failure.
+/// was. Symbolic links are followed, the rights to the file kept. False on failure.
 bool SaveFileXSI(const ModelDocument& document, const QString& fileName);
 
 /// The caption of the message box for a failed save, whose text is the file name.

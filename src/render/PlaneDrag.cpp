@@ -15,6 +15,11 @@ bool same(const Matrix4& a, const Matrix4& b) {
     return std::bit_cast<Bits>(a.m) == std::bit_cast<Bits>(b.m);
 }
 
+/// Where a drag leads, or the place from before where that is beyond all numbers.
+Vec3 finiteOr(const Vec3& before, const Vec3& place) {
+    return isFinite(place) ? place : before;
+}
+
 /// The rotation of world space that shows in the plane as one by an angle, counterclockwise.
 Matrix4 planeRotation(ViewPlane plane, double cosine, double sine) {
     // the images of the axes are those of the plane's two directions, which may run backwards
@@ -87,7 +92,11 @@ void PlaneDrag::update(const DragInput& input, const PlaneMapping& mapping,
     if (!left_) {
         return;
     }
+    // at an extreme scale a few pixels may be a way beyond all numbers: nothing goes there
     const PlanePoint way = mapping.way(start_.x, start_.y, input.x, input.y);
+    if (!isFinite(toWorld(mapping.plane, way))) {
+        return;
+    }
     switch (progress_.tool) {
     case ViewTool::MoveFrame:
         progress_.moved = toWorld(mapping.plane, way);
@@ -96,7 +105,7 @@ void PlaneDrag::update(const DragInput& input, const PlaneMapping& mapping,
     case ViewTool::MoveView:
         progress_.moved = toWorld(mapping.plane, way);
         document.RedrawAll = true;
-        document.PanVector = startPan_ + progress_.moved;
+        document.PanVector = finiteOr(document.PanVector, startPan_ + progress_.moved);
         break;
     case ViewTool::RotateFrame:
         rotateFrame(input, mapping, document);
@@ -104,7 +113,7 @@ void PlaneDrag::update(const DragInput& input, const PlaneMapping& mapping,
     case ViewTool::MoveObjCoords:
         // the other way: the model seems to follow the mouse in the 3D view
         progress_.moved = toWorld(mapping.plane, {-way.u, -way.v});
-        document.CameraCenter = startCentre_ + progress_.moved;
+        document.CameraCenter = finiteOr(document.CameraCenter, startCentre_ + progress_.moved);
         document.RedrawAll = document.Changed = true;
         break;
     case ViewTool::Zoom:
@@ -146,7 +155,8 @@ void PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& mapping,
 
 void PlaneDrag::setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const {
     FrameRecord* frame = frameAt(document.Root, frame_);
-    if (frame != nullptr && !same(frame->Matrix, matrix)) {
+    // a file could not give numbers back that are none
+    if (frame != nullptr && isFinite(matrix) && !same(frame->Matrix, matrix)) {
         frame->Matrix = matrix;
         document.RedrawAll = document.Changed = true;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -47,6 +48,12 @@ struct Matrix4 {
     float operator[](std::size_t k) const { return m[k]; }
     bool operator==(const Matrix4&) const = default;
 };
+
+/// Whether no element is infinite or NaN.
+inline bool isFinite(const Matrix4& a) {
+    return std::all_of(a.m.begin(), a.m.end(),
+                       [](float element) { return std::isfinite(element); });
+}
 
 /// One corner of a face on its way through the drawing pipelines: twelve floats.
 struct RenderVertex {

@@ -238,7 +238,7 @@ TEST(ClipboardBlock, RandomFramesComeBackWhole) {
 
 TEST(ClipboardBlock, EveryBitOfANumberIsKept) {
     MaterialRecord material = texturedMaterial();
-    material.Power = std::bit_cast<float>(0x7fc12345U);
+    material.Power = std::numeric_limits<float>::max();
     material.Blending = -0.0F;
     material.OffsetU = std::numeric_limits<float>::denorm_min();
     material.RepeatU = std::numeric_limits<std::int32_t>::min();
@@ -247,8 +247,82 @@ TEST(ClipboardBlock, EveryBitOfANumberIsKept) {
     const auto back = std::get<CopiedMaterials>(decodeBlock(block).value());
     const MaterialRecord* const again[] = {back.data()};
     EXPECT_EQ(bytesOf(encodeMaterials(again)), block);
-    EXPECT_EQ(std::bit_cast<std::uint32_t>(back[0].Power), 0x7fc12345U);
+    EXPECT_EQ(back[0].Power, material.Power);
     EXPECT_EQ(back[0].RepeatU, material.RepeatU);
+}
+
+/// A frame with one element in each of its lists.
+FrameRecord fullFrame() {
+    FrameRecord frame;
+    frame.Mesh.Vertices.resize(1);
+    frame.Mesh.Normals.resize(1);
+    frame.Mesh.TexCoords.resize(1);
+    frame.Mesh.VertexColors.resize(1);
+    frame.AnimationKeys = {{7, {1, 2}}};
+    frame.Mesh.MaterialSlotList = {0};
+    return frame;
+}
+
+/// All floats of a frame and its material, each group with its name.
+using FloatGroup = std::pair<const char*, std::vector<float*>>;
+std::vector<FloatGroup> floatsOf(FrameRecord& frame, MaterialRecord& m) {
+    const auto elements = [](Matrix4& matrix) {
+        std::vector<float*> all;
+        for (float& element : matrix.m) {
+            all.push_back(&element);
+        }
+        return all;
+    };
+    const auto rgb = [](ColorRGB& c) { return std::vector{&c.red, &c.green, &c.blue}; };
+    const auto rgba = [](ColorRGBA& c) { return std::vector{&c.red, &c.green, &c.blue, &c.alpha}; };
+    const auto xyz = [](Vec3& v) { return std::vector{&v.x, &v.y, &v.z}; };
+    Vec2& uv = frame.Mesh.TexCoords[0];
+    std::vector<float>& values = frame.AnimationKeys[0].Values;
+    return {
+        {"matrix", elements(frame.Matrix)},
+        {"base pose", elements(frame.BasePose)},
+        {"vertex", xyz(frame.Mesh.Vertices[0])},
+        {"normal", xyz(frame.Mesh.Normals[0])},
+        {"texture coordinate", {&uv.u, &uv.v}},
+        {"vertex colour", rgba(frame.Mesh.VertexColors[0])},
+        {"key", {values.data(), &values[1]}},
+        {"face colour", rgba(m.FaceColor)},
+        {"power", {&m.Power}},
+        {"specular", rgb(m.Specular)},
+        {"emissive", rgb(m.Emissive)},
+        {"ambient", rgb(m.Ambient)},
+        {"scale and offset", {&m.ScaleU, &m.ScaleV, &m.OffsetU, &m.OffsetV}},
+        {"projection", elements(m.Projection)},
+        {"factors",
+         {&m.Blending, &m.TexAmbient, &m.TexDiffuse, &m.TexSpecular, &m.Transparency,
+          &m.Reflectivity, &m.Roughness}},
+    };
+}
+
+TEST(ClipboardBlock, NumbersThatAreNotFiniteAreRefused) {
+    using Limits = std::numeric_limits<float>;
+    std::vector<MaterialRecord> table(1);
+    FrameRecord frame = fullFrame();
+    std::size_t floats = 0;
+    for (const auto& [what, numbers] : floatsOf(frame, table[0])) {
+        for (float* number : numbers) {
+            const float before = std::exchange(*number, Limits::max());
+            EXPECT_TRUE(decodeBlock(bytesOf(encodeFrame(frame, table)))) << what;
+            for (const float odd : {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(),
+                                    std::bit_cast<float>(0xff800001U)}) {
+                *number = odd;
+                EXPECT_FALSE(decodeBlock(bytesOf(encodeFrame(frame, table)))) << what << odd;
+            }
+            *number = before;
+            ++floats;
+        }
+    }
+    // all words of the records but the integers, flags and counts
+    EXPECT_EQ(floats, 2 * 16 + 3 + 3 + 2 + 4 + 2 + 34 + 7);
+    MaterialRecord integers = table[0];
+    integers.CropUMax = std::bit_cast<std::int32_t>(0x7f800000U);
+    const MaterialRecord* const one[] = {&integers};
+    EXPECT_TRUE(decodeBlock(bytesOf(encodeMaterials(one)))) << "any integer is one";
 }
 
 TEST(ClipboardBlock, ABlockCutAnywhereIsRefused) {

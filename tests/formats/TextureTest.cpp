@@ -1,6 +1,7 @@
 #include "formats/MshOpener.h"
 #include "formats/TextureDecoders.h"
 #include "formats/TextureLoader.h"
+#include "support/AllocationWatch.h"
 #include "support/ModelText.h"
 #include "support/TestFiles.h"
 
@@ -311,6 +312,49 @@ TEST_F(Textures, PicturesThatUnpackIntoFarMoreAreBlank) {
     write("empty.bmp", bmp);
     const auto empty = loader.load("empty.bmp");
     EXPECT_EQ(std::count(empty->pixels.begin(), empty->pixels.end(), Rgba8{3, 2, 1, 255}), 10000);
+}
+
+TEST_F(Textures, PackedPicturesHaveALimitOfTheirOwn) {
+    // as many bytes of runs as 64 Mi pixels and one row or column more may take
+    const std::string runs((std::size_t{8192} + 1) * (8192 / 128 + 1), '\0');
+    Bytes packed = pic(0, 1, {red}, {runs.begin(), runs.end()});
+    packed[92] = packed[94] = 0x20; // 8192 each way, and one more row
+    std::string bmp =
+        "BM\0\0\0\0\0\0\0\0\x3e\0\0\0\x28\0\0\0\1\x20\0\0\0\x20\0\0\1\0\x08\0\1\0\0\0"s;
+    bmp.resize(62);
+    bmp[46] = 2; // colours
+    bmp += runs;
+    const test::AllocationWatch watch;
+    EXPECT_TRUE(isBlank(decodePic(packed)));
+    EXPECT_TRUE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP")));
+    EXPECT_LT(watch.largest(), std::size_t{1} << 20U);
+    packed[92] = bmp[19] = 0; // 1 column, or 1 row
+    packed[93] = 1;
+    EXPECT_EQ(decodePic(packed).height, 8193);
+    EXPECT_FALSE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP")));
+}
+
+TEST_F(Textures, OfOneReadingHaveALimitTogether) {
+    const auto square = [&](const char* name, std::uint8_t side) {
+        const Bytes bytes = tga(side, side, Bytes(std::size_t{3} * side * side, 7));
+        write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    };
+    square("a.tga", 6);
+    square("b.tga", 7);
+    square("c.tga", 8);
+    TextureLoader loader(folder(), 100);
+    const std::pair<const char*, int> rows[] = {{"a.tga", 6}, {"A.TGA", 6}, {"c.tga", 8},
+                                                {"b.tga", 1}, {"c", 8},     {"missing.tga", 1}};
+    for (const auto& [name, side] : rows) {
+        EXPECT_EQ(loader.load(name)->width, side) << name;
+    }
+    write("last.ico", icon(2));
+    EXPECT_EQ(loader.load("last.ico"), blankTextureImage()) << "nothing is left";
+    TextureLoader few(folder(), 60);
+    const std::pair<const char*, int> later[] = {{"c.tga", 1}, {"b.tga", 7}, {"a.tga", 1}};
+    for (const auto& [name, side] : later) {
+        EXPECT_EQ(few.load(name)->width, side) << name;
+    }
 }
 
 TEST_F(Textures, OfTheCorpusDecodeOrHarmNothing) {

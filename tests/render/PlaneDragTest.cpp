@@ -304,6 +304,32 @@ TEST(PlaneDrag, ClicksAndReturnsRecordNothing) {
     }
 }
 
+TEST(PlaneDrag, NoDragLeadsBeyondAllNumbers) {
+    constexpr float most = std::numeric_limits<float>::max();
+    const ViewTool tools[] = {ViewTool::MoveFrame, ViewTool::MoveView, ViewTool::RotateFrame,
+                              ViewTool::MoveObjCoords};
+    for (const ViewTool tool : tools) {
+        for (const PlaneCase& plane : planes) {
+            for (const float scale : {0.0F, 1e-45F, 1e-37F, 1.0F, most}) {
+                for (const float element : {1.0F, most, -most}) {
+                    Desk desk({}, tool);
+                    desk.document.PlaneScale = scale;
+                    desk.document.CameraCenter = desk.document.PanVector = {element, -element, 3};
+                    desk.frame().Matrix.m.fill(element);
+                    desk.press(plane.plane, 20, 30);
+                    for (const auto& [x, y] :
+                         {std::pair(190, 9), std::pair(20, 30), std::pair(9, 150)}) {
+                        desk.move(plane.plane, static_cast<float>(x), static_cast<float>(y));
+                        EXPECT_TRUE(isFinite(desk.frame().Matrix)) << scale << ' ' << element;
+                        EXPECT_TRUE(isFinite(desk.document.CameraCenter));
+                        EXPECT_TRUE(isFinite(desk.document.PanVector));
+                    }
+                }
+            }
+        }
+    }
+}
+
 TEST(PlaneDrag, OnlyTheLeftButtonMovesAndEitherReleaseEnds) {
     Desk desk;
     const Matrix4 before = desk.frame().Matrix;
