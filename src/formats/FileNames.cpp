@@ -34,7 +34,7 @@ QString folderOf(const QString& fileName) {
 }
 
 QString offeredName(const QString& fileName) {
-    const QString name = fileName.mid(fileName.lastIndexOf(u'/') + 1);
+    QString name = fileName.mid(fileName.lastIndexOf(u'/') + 1);
     const QString extension = upperExtension(name);
     if (extension == QLatin1String(".XSI")) {
         return name;

@@ -49,7 +49,7 @@ std::shared_ptr<const TextureImage> TextureLoader::loadOnce(const QString& file)
     if (image != blankTextureImage()) {
         pixelsLeft_ -= image->pixels.size();
     }
-    return *byFile_.insert(path, std::move(image));
+    return *byFile_.insert(path, image);
 }
 
 std::optional<QString> TextureLoader::find(const QString& name) {

@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -50,11 +49,12 @@ void TMDIChild::setUpViews() {
     // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view
     ui_->ThreeDWin->setAttribute(Qt::WA_Hover);
     ui_->ThreeDWin->installEventFilter(this);
-    connect(this, &QMdiSubWindow::aboutToActivate, this, [this] {
-        // a press is delivered right after it has made its window the active one
-        activatedByPress_ = QGuiApplication::mouseButtons() != Qt::NoButton;
-        QTimer::singleShot(0, this, [this] { activatedByPress_ = false; });
-    });
+    // a press is delivered right after it has made its window the active one
+    connect(this, &QMdiSubWindow::aboutToActivate, this,
+            [this] { activatedByPress_ = QGuiApplication::mouseButtons() != Qt::NoButton; });
+    connect(
+        this, &QMdiSubWindow::aboutToActivate, this, [this] { activatedByPress_ = false; },
+        Qt::QueuedConnection);
 }
 
 void TMDIChild::fillPanel(QWidget& panel, const QColor& color) {
