@@ -376,7 +376,7 @@ void TMainForm::scheduleFirstActivation() {
 
 void TMainForm::createDocument(const QString& name) {
     // the MDI area owns the window, which frees itself when it is closed
-    auto* document = new TMDIChild(forms_.colorOptions.viewColors(), ui_->MDIArea);
+    auto* document = new TMDIChild(forms_.colorOptions.viewColors());
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
     connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
     ui_->MDIArea->addSubWindow(document);
