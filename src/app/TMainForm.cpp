@@ -227,6 +227,10 @@ void TMainForm::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void TMainForm::dropEvent(QDropEvent* event) {
+    if (ModalCall::running()) {
+        event->ignore(); // a dialog has come up since the files entered
+        return;
+    }
     // a move would have the source remove the files
     event->setDropAction(Qt::CopyAction);
     event->accept();

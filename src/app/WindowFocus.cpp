@@ -1,38 +1,50 @@
 #include "app/WindowFocus.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QMdiSubWindow>
 
 namespace korvane {
 
 WindowFocus::WindowFocus(QMdiSubWindow& window, QWidget& first)
-    : QObject(&window), window_(window), first_(first) {
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget* old, QWidget* now) { focusChanged(old, now); });
+    : QObject(&window), window_(window), first_(&first) {
+    qApp->installEventFilter(this);
     connect(&window, &QMdiSubWindow::windowStateChanged, this,
-            [this](Qt::WindowStates before, Qt::WindowStates now) {
-                const bool active = now.testFlag(Qt::WindowActive);
-                if (active == before.testFlag(Qt::WindowActive)) {
-                    return;
-                }
-                restored_ = false;
-                if (active) {
-                    // later: the toolkit moves the focus on both before and after it tells
+            [this](Qt::WindowStates /*before*/, Qt::WindowStates now) {
+                if (now.testFlag(Qt::WindowActive)) {
+                    // later: the toolkit moves the focus both before and after it tells
                     QMetaObject::invokeMethod(this, &WindowFocus::restore, Qt::QueuedConnection);
                 }
             });
 }
 
-void WindowFocus::focusChanged(const QWidget* old, QWidget* now) {
-    // leaving a maximised window hides it for a moment, and the toolkit moves the focus out of what
-    // it hides
-    if (old != nullptr && window_.isAncestorOf(old) && !old->isVisible()) {
-        return;
+void WindowFocus::give(QWidget& control) {
+    chosen_ = &control;
+    control.setFocus();
+}
+
+bool WindowFocus::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease: {
+        // Only input within the window chooses a control there; the toolkit's own moves look alike.
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        if (widget != nullptr && widget != &window_ && window_.isAncestorOf(widget)) {
+            QMetaObject::invokeMethod(this, &WindowFocus::note, Qt::QueuedConnection);
+        }
+        break;
     }
-    // a press in the window both activates it and chooses a control
-    const bool byUser = restored_ || QApplication::mouseButtons() != Qt::NoButton;
-    if (byUser && now != nullptr && now != &window_ && window_.isAncestorOf(now)) {
-        focused_ = now;
+    default:
+        break;
+    }
+    return false;
+}
+
+void WindowFocus::note() {
+    QWidget* focused = QApplication::focusWidget();
+    if (focused != nullptr && window_.isAncestorOf(focused)) {
+        chosen_ = focused;
     }
 }
 
@@ -40,9 +52,10 @@ void WindowFocus::restore() {
     if (!window_.windowState().testFlag(Qt::WindowActive) || window_.isMinimized()) {
         return;
     }
-    const bool usable = focused_ && focused_->isVisible() && focused_->isEnabled();
-    (usable ? *focused_ : first_).setFocus();
-    restored_ = true;
+    const bool usable = chosen_ && chosen_->isVisible() && chosen_->isEnabled();
+    if (QWidget* control = usable ? chosen_ : first_) {
+        control->setFocus();
+    }
 }
 
 } // namespace korvane

@@ -8,22 +8,27 @@ class QMdiSubWindow;
 
 namespace korvane {
 
-/// Keeps the keyboard where it was in a document window: coming back to the window gives the focus
-/// to the control that had it. The toolkit by itself moves it on by one control at every switch.
+/// Keeps the keyboard where the user left it in a document window: coming back to the window,
+/// tiling or maximising it gives the focus to that control again. The toolkit by itself moves it on
+/// by one control each time that it hides the window for a moment.
 class WindowFocus : public QObject {
   public:
     /// `first` has the focus before the user has chosen another control. The window owns this
     /// object.
     WindowFocus(QMdiSubWindow& window, QWidget& first);
 
+    /// Gives the focus to a control of the window, as if the user had.
+    void give(QWidget& control);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
-    void focusChanged(const QWidget* old, QWidget* now);
+    void note();
     void restore();
 
     QMdiSubWindow& window_;
-    QWidget& first_;
-    QPointer<QWidget> focused_; ///< the control of the window that the user left
-    bool restored_ = false;     ///< until then it is the toolkit that moves the focus, not the user
+    QPointer<QWidget> first_;
+    QPointer<QWidget> chosen_;
 };
 
 } // namespace korvane

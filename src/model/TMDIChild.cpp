@@ -22,6 +22,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <utility>
@@ -69,7 +70,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setUpTools();
     ui_->ThreeDWin->setDocument(document());
     loadTexturesOfDocument();
-    new WindowFocus(*this, *ui_->TreeView1); // owned by the window
+    focus_ = new WindowFocus(*this, *ui_->TreeView1);
     clearMessageAtCommands();
     ui_->Panel3->installEventFilter(this);
     ui_->TreeView1->installEventFilter(this);
@@ -267,7 +268,7 @@ bool TMDIChild::mayEdit() const {
 }
 
 void TMDIChild::closeUnasked() {
-    closeAgreed_ = true;
+    const QScopedValueRollback<bool> agreed(closeAgreed_, true);
     close();
 }
 
@@ -297,7 +298,7 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (watched == ui_->DeleteButton && event->type() == QEvent::MouseButtonDblClick) {
-        ui_->TreeView1->setFocus(); // the press has taken it
+        focus_->give(*ui_->TreeView1); // the press has taken it
         return true; // one click deletes what was meant, a second one not what is selected then
     }
     return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);

@@ -24,6 +24,7 @@ namespace korvane {
 class TMaterial;
 class TOKBottomDlg1;
 class TStructureView;
+class WindowFocus;
 class TframeF;
 
 enum class ReadStatus;
@@ -213,6 +214,7 @@ class TMDIChild : public QMdiSubWindow {
     EditHistory history_;
     DocumentDialogs dialogs_;
     std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
+    WindowFocus* focus_ = nullptr;              ///< the window owns it
     std::chrono::milliseconds progressDelay_{500};
     QString counts_;
     QString message_; ///< of the last command

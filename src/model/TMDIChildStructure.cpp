@@ -1,6 +1,6 @@
 // The "Structure" page of the document window.
 
-#include "app/ModalCall.h"
+#include "app/WindowFocus.h"
 #include "edit/StatusText.h"
 #include "formats/TextureLoader.h"
 #include "model/FrameFlags.h"
@@ -33,7 +33,7 @@ void TMDIChild::setUpButtons() {
                 (this->*handler)();
             }
             // on a button the next Space, meant for the tree, would press it again
-            ui_->TreeView1->setFocus();
+            focus_->give(*ui_->TreeView1);
         });
     }
     ui_->DeleteButton->installEventFilter(this);

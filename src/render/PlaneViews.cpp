@@ -115,9 +115,10 @@ void PlaneViews::cancelOthers(ViewPlane plane, ModelDocument& document) {
 QString PlaneViews::statusText(ViewPlane plane, const DragInput& input,
                                const ModelDocument& document) const {
     const Controller& controller = of(plane);
-    // as many decimals as a pixel is worth
+    // as many decimals as a pixel is worth, for the tiniest models as well
+    constexpr int most = 30;
     const int decimals =
-        std::clamp(static_cast<int>(std::ceil(std::log10(document.PlaneScale))), 0, 6);
+        std::clamp(static_cast<int>(std::ceil(std::log10(document.PlaneScale))), 0, most);
     const PlanePoint under = controller.view.mapping(document).under(input.x, input.y);
     QString text = coordinates(plane, toWorld(plane, under), decimals);
     if (const std::optional<DragProgress> progress = controller.drag.progress()) {

@@ -223,9 +223,6 @@ TEST_F(TMaterialTest, TheTableOfMaterialsHasNoFrame) {
         EXPECT_EQ(control<QComboBox>("ComboBox1").currentText(), QStringLiteral("Material 3"));
         check(0, false);
         chooseSlot(1);
-        select({0, 0});
-        press({10, 10});
-        release({90, 90});
         EXPECT_FALSE(history.canUndo());
         answerColor(QColor(0, 255, 0));
         click("diffuse");

@@ -43,6 +43,7 @@ class TOKBottomDlgTest : public GuiTest {
             ASSERT_EQ(&shown, &dialog);
             // the lists are filled from the disk in the background
             EXPECT_TRUE(QTest::qWaitFor([&] { return files() != ""; }));
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog)); // only then is a control entered
             try {
                 steps();
             } catch (const std::exception& failure) {

@@ -83,7 +83,8 @@ TEST_F(TMDIChildViews, ViewsShowTheWholeModelInTheSizeOfTheirControls) {
     }
     const QSize before = picture("Image2").size();
     const float scale = document().PlaneScale;
-    child<QWidget>(opened, "Panel3").resize(311, 207);
+    opened.showNormal();
+    opened.resize(511, 307);
     settle();
     EXPECT_EQ(picture("Image2").size(), sizeInPixels(image("Image2")));
     EXPECT_NE(picture("Image2").size(), before);

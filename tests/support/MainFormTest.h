@@ -6,6 +6,7 @@
 #include "support/Words.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QTest>
 #include <QTreeView>
 
@@ -26,6 +27,11 @@ class MainFormTest : public GuiTest {
         forms_->mainForm.show();
         // which is when the models open
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&forms_->mainForm));
+        // on a busy machine the window manager takes its time
+        EXPECT_TRUE(QTest::qWaitFor([this] {
+            return forms_->mainForm.isActiveWindow() ||
+                   QApplication::activeModalWidget() != nullptr;
+        }));
         settle();
         return forms_->mainForm;
     }
