@@ -12,3 +12,15 @@ if(KORVANE_SANITIZE)
                                                      -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(korvane_compile INTERFACE -fsanitize=address,undefined)
 endif()
+
+# Headers of the toolkit and the library are most of what is compiled. A target gets those that most of
+# its files include once. Presets without this show a file that lacks an include of its own.
+function(korvane_precompile target)
+    if(KORVANE_PCH)
+        target_precompile_headers(${target} PRIVATE <algorithm> <functional> <memory> <optional> <string>
+                                                    <variant> <vector> ${ARGN})
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            target_compile_options(${target} PRIVATE -fpch-preprocess)
+        endif()
+    endif()
+endfunction()
