@@ -144,7 +144,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     source.frame(document.Root, 0);
     if (placed) {
-        startCamera(document, view.geometry());
+        startCamera(document, state, view.geometry());
     }
     view.redraw(document, state);
     state.mode = static_cast<RenderMode>(source.number(0, 2));
