@@ -86,9 +86,8 @@ std::optional<MenuLetterTarget> menuLetterTarget(const std::vector<MenuItem>& it
 }
 
 void actOnFirstLetters(QWidget& window) {
-    auto* letters = new MenuLetters(&window);
     for (QMenu* menu : window.findChildren<QMenu*>()) {
-        menu->installEventFilter(letters);
+        menu->installEventFilter(new MenuLetters(menu));
     }
 }
 

@@ -4,16 +4,22 @@
 #include <QEvent>
 #include <QMdiSubWindow>
 
+#include <utility>
+
 namespace korvane {
 
 WindowFocus::WindowFocus(QMdiSubWindow& window, QWidget& first)
     : QObject(&window), window_(window), first_(&first) {
+    for (const auto& [timer, handler] : {std::pair(&noteSoon_, &WindowFocus::note),
+                                         std::pair(&restoreSoon_, &WindowFocus::restore)}) {
+        timer->setSingleShot(true);
+        connect(timer, &QTimer::timeout, this, handler);
+    }
     qApp->installEventFilter(this);
     connect(&window, &QMdiSubWindow::windowStateChanged, this,
             [this](Qt::WindowStates /*before*/, Qt::WindowStates now) {
                 if (now.testFlag(Qt::WindowActive)) {
-                    // later: the toolkit moves the focus both before and after it tells
-                    QMetaObject::invokeMethod(this, &WindowFocus::restore, Qt::QueuedConnection);
+                    restoreSoon_.start(); // the toolkit moves the focus before and after it tells
                 }
             });
 }
@@ -31,7 +37,7 @@ bool WindowFocus::eventFilter(QObject* watched, QEvent* event) {
         // Only input within the window chooses a control there; the toolkit's own moves look alike.
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (widget != nullptr && widget != &window_ && window_.isAncestorOf(widget)) {
-            QMetaObject::invokeMethod(this, &WindowFocus::note, Qt::QueuedConnection);
+            noteSoon_.start();
         }
         break;
     }
@@ -51,6 +57,9 @@ void WindowFocus::note() {
 void WindowFocus::restore() {
     if (!window_.windowState().testFlag(Qt::WindowActive) || window_.isMinimized()) {
         return;
+    }
+    if (noteSoon_.isActive()) {
+        note(); // the press that activated the window
     }
     const bool usable = chosen_ && chosen_->isVisible() && chosen_->isEnabled();
     if (QWidget* control = usable ? chosen_ : first_) {

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 class QMdiSubWindow;
@@ -29,6 +30,9 @@ class WindowFocus : public QObject {
     QMdiSubWindow& window_;
     QPointer<QWidget> first_;
     QPointer<QWidget> chosen_;
+    // What the toolkit or the control does with an event comes first.
+    QTimer noteSoon_;
+    QTimer restoreSoon_;
 };
 
 } // namespace korvane
