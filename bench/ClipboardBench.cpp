@@ -1,5 +1,6 @@
 #include "BenchModel.h"
 #include "edit/ClipboardEdit.h"
+#include "edit/ClipboardReader.h"
 #include "formats/XsiReader.h"
 
 #include <benchmark/benchmark.h>

@@ -1,4 +1,5 @@
 #include "BenchModel.h"
+#include "render/PlaneCache.h"
 #include "render/PlaneView.h"
 #include "render/SoftwareView.h"
 #include "render/StartCamera.h"
@@ -145,7 +146,7 @@ void DrawPlainLines(benchmark::State& state) {
     DrawList list;
     list.rebuild(document.Root);
     for (const DrawItem& item : list.items()) {
-        PlaneCache& cache = item.frame->Cache.planes();
+        PlaneCache& cache = planeCache(*item.frame);
         for (const MeshEdge& edge : cache.edges(item.frame->Mesh)) {
             const auto& points = cache.points(ViewPlane::XY);
             if (!points.empty()) {

@@ -1,4 +1,5 @@
 #include "edit/ClipboardEdit.h"
+#include "edit/ClipboardReader.h"
 #include "formats/XsiWriter.h"
 #include "model/StructureTree.h"
 #include "render/SoftwareView.h"

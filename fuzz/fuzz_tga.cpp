@@ -1,4 +1,4 @@
-#include "formats/TextureDecoders.h"
+#include "formats/TgaDecoder.h"
 
 #include <cstdlib>
 

@@ -1,9 +1,8 @@
 #include "app/EditorApplication.h"
 
-#include "app/ModalCall.h"
+#include "app/MessageBox.h"
 #include "app/PaletteIcon.h"
 
-#include <QMessageBox>
 #include <QProcess>
 #include <QSettings>
 
@@ -77,10 +76,9 @@ bool EditorApplication::notify(QObject* receiver, QEvent* event) {
         // Only memory that ran out gets here, or a copy that no clipboard block can hold. By now
         // what asked for it is gone and most of it is free again, so that the user can be told and
         // can save.
-        QMessageBox box(QMessageBox::Critical, applicationName(),
-                        QStringLiteral("There is not enough memory for this command."),
-                        QMessageBox::Ok, activeWindow());
-        execModal(box);
+        showMessageBox(activeWindow(), QStringLiteral("MemoryFailure"), QMessageBox::Critical,
+                       applicationName(),
+                       QStringLiteral("There is not enough memory for this command."));
     }
     return true;
 }

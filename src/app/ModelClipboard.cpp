@@ -1,5 +1,6 @@
 #include "app/ModelClipboard.h"
 
+#include "edit/ClipboardReader.h"
 #include "formats/ByteReader.h"
 
 #include <QClipboard>

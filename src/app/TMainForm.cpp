@@ -37,7 +37,7 @@ QStringList modelFiles(const QMimeData& dragged) {
     QStringList files;
     for (const QUrl& url : dragged.urls()) {
         const QString file = url.toLocalFile();
-        if (isModelName(file)) {
+        if (modelFileKind(file) != ModelFileKind::None) {
             files.push_back(file);
         }
     }
@@ -348,7 +348,7 @@ void TMainForm::HelpAbout1Execute() {
 
 void TMainForm::MainFormActivate() {
     for (const QString& path : std::as_const(paths_)) {
-        if (isTextModelName(path)) {
+        if (isTextModel(modelFileKind(path))) {
             createDocument(QFileInfo(path).absoluteFilePath());
         }
     }

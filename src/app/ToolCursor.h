@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/ViewPlane.h"
+#include "model/ModelDocument.h"
 
 #include <QCursor>
 

@@ -1,5 +1,6 @@
 #include "edit/ClipboardEdit.h"
 
+#include "edit/ClipboardWriter.h"
 #include "model/FrameWalk.h"
 
 #include <numeric>

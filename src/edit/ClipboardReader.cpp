@@ -1,4 +1,5 @@
-#include "edit/ClipboardBlock.h"
+#include "edit/ClipboardReader.h"
+
 #include "edit/ClipboardLayout.h"
 #include "formats/ByteReader.h"
 #include "model/ModelDocument.h"

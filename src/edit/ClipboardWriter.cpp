@@ -1,4 +1,5 @@
-#include "edit/ClipboardBlock.h"
+#include "edit/ClipboardWriter.h"
+
 #include "edit/ClipboardLayout.h"
 #include "model/FrameWalk.h"
 

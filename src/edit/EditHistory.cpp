@@ -202,7 +202,7 @@ void EditHistory::textureOn(ModelDocument& document, std::size_t material, bool 
 void EditHistory::texCoords(ModelDocument& document, const FramePath& frame,
                             std::span<const std::int32_t> numbers, std::vector<Vec2> before,
                             std::vector<Vec2> after) {
-    std::vector<std::int32_t> extras = {sizeOf(numbers.size())};
+    std::vector<std::int32_t> extras = {count32(numbers.size())};
     extras.insert(extras.end(), numbers.begin(), numbers.end());
     frameValue(document, frameAction(EditKind::TexCoords, frame, extras), std::move(before),
                std::move(after));
@@ -219,9 +219,9 @@ void EditHistory::faceSlot(ModelDocument& document, const FramePath& frame, std:
     if (number < slots.size()) {
         frameValue(document, frameAction(EditKind::FaceSlot, frame, {{face}}), slots[number], slot);
     } else if (number < target->Mesh.Faces.size()) {
-        frameValue<EditData>(document,
-                             frameAction(EditKind::FaceSlot, frame, {{face, sizeOf(slots.size())}}),
-                             {}, slot);
+        frameValue<EditData>(
+            document, frameAction(EditKind::FaceSlot, frame, {{face, count32(slots.size())}}), {},
+            slot);
     }
 }
 
@@ -241,7 +241,7 @@ void EditHistory::removeSlot(ModelDocument& document, const FramePath& frame, st
 
 void EditHistory::addMeshMaterial(ModelDocument& document, const FramePath& frame) {
     frameValue<EditData>(document, frameAction(EditKind::AddMeshMaterial, frame), {},
-                         sizeOf(document.Materials.size()));
+                         count32(document.Materials.size()));
 }
 
 void EditHistory::addMaterial(ModelDocument& document) {
@@ -251,7 +251,7 @@ void EditHistory::addMaterial(ModelDocument& document) {
 void EditHistory::deleteMaterial(ModelDocument& document, std::size_t material) {
     if (material < document.Materials.size()) {
         EditAction action = materialAction(EditKind::DeleteMaterial, 0);
-        action.path = {sizeOf(material)};
+        action.path = {count32(material)};
         record(document, std::move(action));
     }
 }
@@ -272,7 +272,7 @@ void EditHistory::addFrame(ModelDocument& document, const FramePath& parent, std
     const FrameRecord* target = frameAt(document.Root, parent);
     if (target != nullptr && parent.depth() < maxFrameDepth) {
         frameValue<EditData>(
-            document, frameAction(EditKind::AddFrame, parent, {{sizeOf(target->Children.size())}}),
+            document, frameAction(EditKind::AddFrame, parent, {{count32(target->Children.size())}}),
             {}, std::move(name));
     }
 }
@@ -299,7 +299,7 @@ void EditHistory::frameOptions(ModelDocument& document, const FramePath& frame,
 
 void EditHistory::pasteMaterials(ModelDocument& document, std::vector<MaterialRecord> materials) {
     EditAction action = materialAction(EditKind::PasteMaterials, document.Materials.size());
-    action.path = {sizeOf(materials.size())};
+    action.path = {count32(materials.size())};
     action.after = parts(std::move(materials));
     record(document, std::move(action));
 }
@@ -307,8 +307,9 @@ void EditHistory::pasteMaterials(ModelDocument& document, std::vector<MaterialRe
 void EditHistory::pasteMeshMaterials(ModelDocument& document, const FramePath& frame,
                                      std::vector<MaterialRecord> materials) {
     if (const FrameRecord* target = frameAt(document.Root, frame)) {
-        const std::int32_t extras[] = {sizeOf(materials.size()), sizeOf(document.Materials.size()),
-                                       sizeOf(target->Mesh.MaterialSlotList.size())};
+        const std::int32_t extras[] = {count32(materials.size()),
+                                       count32(document.Materials.size()),
+                                       count32(target->Mesh.MaterialSlotList.size())};
         frameValue<EditData>(document, frameAction(EditKind::PasteMeshMaterials, frame, extras), {},
                              parts(std::move(materials)));
     }
@@ -319,7 +320,7 @@ void EditHistory::pasteFrame(ModelDocument& document, const FramePath& parent, F
     if (parent.depth() + 1 + deepest(frame) > maxFrameDepth) {
         return;
     }
-    const std::int32_t extras[] = {sizeOf(materials.size()), sizeOf(document.Materials.size())};
+    const std::int32_t extras[] = {count32(materials.size()), count32(document.Materials.size())};
     std::vector<FrameRecord> frames;
     frames.push_back(std::move(frame));
     frameValue<EditData>(document, frameAction(EditKind::PasteFrame, parent, extras), {},

@@ -9,8 +9,8 @@
 
 namespace korvane {
 
-/// A size as an entry keeps it.
-inline std::int32_t sizeOf(std::size_t size) {
+/// A count as an entry keeps it.
+inline std::int32_t count32(std::size_t size) {
     return static_cast<std::int32_t>(size);
 }
 

@@ -19,14 +19,14 @@ auto at(std::vector<Element>& list, std::size_t place) {
 /// slot 0 stays there, also when it is slot 0 that goes. Gives the faces moved.
 std::vector<std::int32_t> takeSlot(FrameRecord& frame, std::size_t slot) {
     MeshRecord& mesh = frame.Mesh;
-    frame.Cache.clear();
+    mesh.Revision.surfaceChanged();
     mesh.MaterialSlotList.erase(at(mesh.MaterialSlotList, slot));
     std::vector<std::int32_t> faces;
     for (std::size_t face = 0; face < mesh.FaceSlotIndex.size(); ++face) {
         std::int32_t& index = mesh.FaceSlotIndex[face];
-        if (index >= sizeOf(slot) && index != 0) {
+        if (index >= count32(slot) && index != 0) {
             --index;
-            faces.push_back(sizeOf(face));
+            faces.push_back(count32(face));
         }
     }
     return faces;
@@ -35,7 +35,7 @@ std::vector<std::int32_t> takeSlot(FrameRecord& frame, std::size_t slot) {
 void putSlotBack(FrameRecord& frame, std::size_t slot, std::int32_t material,
                  std::span<const std::int32_t> faces) {
     MeshRecord& mesh = frame.Mesh;
-    frame.Cache.clear();
+    mesh.Revision.surfaceChanged();
     mesh.MaterialSlotList.insert(at(mesh.MaterialSlotList, slot), material);
     for (const std::int32_t face : faces) {
         if (static_cast<std::size_t>(face) < mesh.FaceSlotIndex.size()) {
@@ -104,9 +104,9 @@ struct SlotNote {
 void noteSlot(EditAction& action, std::span<const std::int32_t> frame, std::size_t slot,
               const std::vector<std::int32_t>& faces) {
     std::vector<std::int32_t>& notes = action.path;
-    notes.push_back(sizeOf(frame.size()));
+    notes.push_back(count32(frame.size()));
     notes.insert(notes.end(), frame.begin(), frame.end());
-    notes.insert(notes.end(), {0, sizeOf(slot), sizeOf(faces.size())});
+    notes.insert(notes.end(), {0, count32(slot), count32(faces.size())});
     notes.insert(notes.end(), faces.begin(), faces.end());
     ++action.index;
 }
@@ -172,6 +172,7 @@ void putMaterialBack(EditStep& step, std::int32_t material) {
 void stepAppendSlot(EditStep& step) {
     std::vector<std::int32_t>& slots = step.frame->Mesh.MaterialSlotList;
     const auto* material = std::get_if<std::int32_t>(&step.action.after);
+    step.frame->Mesh.Revision.surfaceChanged(); // faces without an entry have the last slot
     if (step.forward && material != nullptr) {
         slots.push_back(*material);
     } else if (!step.forward && !slots.empty()) {
@@ -190,7 +191,7 @@ void stepRemoveSlot(EditStep& step) {
     } else if (slot < mesh.MaterialSlotList.size()) {
         numbers[2] = mesh.MaterialSlotList[slot];
         std::vector<std::int32_t> faces = takeSlot(*step.frame, slot);
-        numbers[0] = sizeOf(faces.size());
+        numbers[0] = count32(faces.size());
         step.action.before = std::move(faces);
     }
 }
@@ -249,9 +250,10 @@ void stepPasteMeshMaterials(EditStep& step) {
     const auto count = static_cast<std::size_t>(numbers[0]);
     const auto firstSlot = static_cast<std::size_t>(numbers[2]);
     moveMaterials(step, static_cast<std::size_t>(numbers[1]), count);
+    step.frame->Mesh.Revision.surfaceChanged();
     std::vector<std::int32_t>& slots = step.frame->Mesh.MaterialSlotList;
     for (std::size_t i = 0; step.forward && i < count; ++i) {
-        slots.insert(at(slots, firstSlot + i), numbers[1] + sizeOf(i));
+        slots.insert(at(slots, firstSlot + i), numbers[1] + count32(i));
     }
     if (!step.forward) {
         slots.erase(at(slots, firstSlot), at(slots, firstSlot + count));

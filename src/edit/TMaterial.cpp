@@ -1,15 +1,16 @@
 #include "edit/TMaterial.h"
 
 #include "app/CentreOnScreen.h"
+#include "app/DragFilter.h"
 #include "app/ElidedLabel.h"
 #include "app/MenuLetters.h"
+#include "app/MessageBox.h"
 #include "app/ModalCall.h"
 #include "edit/MaterialValues.h"
 #include "ui_TMaterial.h"
 
 #include <QKeyEvent>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScopedValueRollback>
 
 #include <numeric>
@@ -20,7 +21,7 @@ namespace korvane {
 
 namespace {
 
-Rgba8 bytesOf(const QColor& color) {
+Rgba8 channelsOf(const QColor& color) {
     const QRgb rgb = color.rgb();
     return {static_cast<std::uint8_t>(qRed(rgb)), static_cast<std::uint8_t>(qGreen(rgb)),
             static_cast<std::uint8_t>(qBlue(rgb)), 255};
@@ -159,8 +160,7 @@ void TMaterial::hideEvent(QHideEvent* event) {
 }
 
 void TMaterial::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && drag_.active()) {
-        cancelDrag();
+    if (event->key() == Qt::Key_Escape && cancelDrag()) {
         return;
     }
     QDialog::keyPressEvent(event);
@@ -334,7 +334,7 @@ void TMaterial::changeColor(ColorSwatch& swatch,
     const std::uint64_t revision = subject_->document->Revision;
     if (swatch.choose() && stillCurrent(*material, revision)) {
         (subject_->history->*record)(*subject_->document, *material,
-                                     modelColor(bytesOf(swatch.color())));
+                                     modelColor(channelsOf(swatch.color())));
         Q_EMIT edited();
     }
 }
@@ -370,10 +370,8 @@ void TMaterial::ShininessChange() {
 }
 
 void TMaterial::refuseShininess() {
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Conversion Error"),
-                    QStringLiteral("Please type a number >= 0"), QMessageBox::Ok, this);
-    box.setObjectName(QStringLiteral("ConversionError"));
-    execModal(box);
+    showMessageBox(this, QStringLiteral("ConversionError"), QMessageBox::Warning,
+                   QStringLiteral("Conversion Error"), QStringLiteral("Please type a number >= 0"));
 }
 
 void TMaterial::ComboBoxChange() {

@@ -19,6 +19,7 @@ class QMouseEvent;
 
 namespace korvane {
 
+class DragFilter;
 class ColorSwatch;
 class ElidedLabel;
 class TOKBottomDlg;
@@ -122,7 +123,8 @@ class TMaterial : public QDialog {
     void zoomChanged();
     void offsetChanged();
     void texCoordsChanged();
-    void cancelDrag();
+    /// Ends a running drag without a trace; whether there was one.
+    bool cancelDrag();
     /// The frame that is edited, looked up anew; a frame that is gone is as one without materials.
     [[nodiscard]] FrameRecord& frame();
     [[nodiscard]] const FrameRecord& frame() const;
@@ -137,7 +139,6 @@ class TMaterial : public QDialog {
     [[nodiscard]] std::optional<std::size_t> currentMaterial() const;
     /// The face or vertex that the tree has selected.
     [[nodiscard]] std::optional<FacePart> selectedPart() const;
-    void mouseEvent(const QMouseEvent& event);
 
     std::unique_ptr<Ui::TMaterial> ui_;
     ElidedLabel* statusPanels_[2] = {};
@@ -156,7 +157,8 @@ class TMaterial : public QDialog {
     std::shared_ptr<const TextureImage> texture_; ///< the image that the view shows
     bool showNeeded_ = false;
     bool slotsChanged_ = false;
-    bool filling_ = false; ///< controls are set to show the model, not by the user
+    bool filling_ = false;              ///< controls are set to show the model, not by the user
+    std::unique_ptr<DragFilter> mouse_; ///< of the texture view; goes first: it calls back
 };
 
 } // namespace korvane

@@ -1,9 +1,9 @@
 // The texture view of the material editor.
 
 #include "app/DevicePixels.h"
+#include "app/DragFilter.h"
 #include "app/ElidedLabel.h"
 #include "app/ModalCall.h"
-#include "app/MouseEvents.h"
 #include "app/WidgetText.h"
 #include "edit/TMaterial.h"
 #include "edit/TOKBottomDlg.h"
@@ -62,7 +62,12 @@ void TMaterial::connectTextureControls() {
     connect(ui_->TreeView1, &QTreeView::clicked, this, &TMaterial::VertChange1);
     ui_->Panel1->setColor(QColor::fromRgb(colors_.selected));
     ui_->Panel2->setColor(QColor::fromRgb(colors_.inactive));
-    ui_->Image1->installEventFilter(this);
+    mouse_ = std::make_unique<DragFilter>(
+        *ui_->Image1,
+        DragFilter::Handlers{.press = [this](const DragInput& input) { FormMouseDown(input); },
+                             .move = [this](const DragInput& input) { FormMouseMove(input); },
+                             .release = [this](const DragInput& input) { FormMouseUp(input); },
+                             .cancel = [this] { return cancelDrag(); }});
     ui_->ComboBox1->installEventFilter(this);
 }
 
@@ -213,47 +218,12 @@ bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->ComboBox1 && event->type() == QEvent::Wheel) {
         return true; // rolling past it must not give the face another material
     }
-    if (watched != ui_->Image1 || !subject_) {
-        return QDialog::eventFilter(watched, event);
-    }
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::MouseButtonRelease:
-        mouseEvent(dynamic_cast<const QMouseEvent&>(*event));
-        return true;
-    case QEvent::Hide:
-    case QEvent::WindowDeactivate:
-        cancelDrag(); // the release may go elsewhere
-        break;
-    default:
-        break;
-    }
     return QDialog::eventFilter(watched, event);
-}
-
-void TMaterial::mouseEvent(const QMouseEvent& event) {
-    const DragInput input = dragInputOf(event, *ui_->Image1);
-    switch (event.type()) {
-    case QEvent::MouseMove:
-        if (event.buttons() == Qt::NoButton) {
-            cancelDrag(); // the release went elsewhere
-        }
-        FormMouseMove(input);
-        break;
-    case QEvent::MouseButtonRelease:
-        FormMouseUp(input);
-        break;
-    default: // a second press in a row comes as a double click
-        FormMouseDown(input);
-        break;
-    }
 }
 
 void TMaterial::FormMouseDown(const DragInput& input) {
     // a frame outside the model has nothing that a history could refer to
-    if (input.button != DragButton::Left || !subject_->frame || !mesh().HasTexCoords) {
+    if (input.button != DragButton::Left || !subject_ || !subject_->frame || !mesh().HasTexCoords) {
         return;
     }
     commitPending();
@@ -285,16 +255,18 @@ void TMaterial::MaterialPTMove(const DragInput& input) {
 }
 
 void TMaterial::texCoordsChanged() {
-    frame().Cache.markMeshChanged();
+    mesh().Revision.surfaceChanged();
     DrawTexTri();
     documentChanged();
 }
 
-void TMaterial::cancelDrag() {
-    if (subject_ && drag_.cancel(mesh())) {
-        subject_->document->DragRunning = false;
-        texCoordsChanged();
+bool TMaterial::cancelDrag() {
+    if (!subject_ || !drag_.cancel(mesh())) {
+        return false;
     }
+    subject_->document->DragRunning = false;
+    texCoordsChanged();
+    return true;
 }
 
 void TMaterial::SelectedTriChange() {

@@ -2,8 +2,8 @@
 
 #include "app/CentreOnScreen.h"
 #include "app/WidgetText.h"
-#include "edit/TexturePicture.h"
 #include "formats/TextureLoader.h"
+#include "formats/TexturePicture.h"
 #include "ui_TOKBottomDlg.h"
 
 #include <QDir>

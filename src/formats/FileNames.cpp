@@ -20,13 +20,12 @@ QString upperExtension(const QString& fileName) {
     return dot > folder ? fileName.mid(dot).toUpper() : QString();
 }
 
-bool isTextModelName(const QString& fileName) {
+ModelFileKind modelFileKind(const QString& fileName) {
     const QString extension = upperExtension(fileName);
-    return extension == QLatin1String(".XSI") || extension == QLatin1String(".X");
-}
-
-bool isModelName(const QString& fileName) {
-    return isTextModelName(fileName) || upperExtension(fileName) == QLatin1String(".MSH");
+    return extension == QLatin1String(".XSI")   ? ModelFileKind::Xsi
+           : extension == QLatin1String(".X")   ? ModelFileKind::DirectX
+           : extension == QLatin1String(".MSH") ? ModelFileKind::Msh
+                                                : ModelFileKind::None;
 }
 
 QString folderOf(const QString& fileName) {
@@ -35,11 +34,12 @@ QString folderOf(const QString& fileName) {
 
 QString offeredName(const QString& fileName) {
     QString name = fileName.mid(fileName.lastIndexOf(u'/') + 1);
-    const QString extension = upperExtension(name);
-    if (extension == QLatin1String(".XSI")) {
+    const ModelFileKind kind = modelFileKind(name);
+    if (kind == ModelFileKind::Xsi) {
         return name;
     }
-    return name.chopped(isModelName(name) ? extension.size() : 0) + QLatin1String(".xsi");
+    const qsizetype extension = kind == ModelFileKind::None ? 0 : upperExtension(name).size();
+    return name.chopped(extension) + QLatin1String(".xsi");
 }
 
 } // namespace korvane

@@ -1,5 +1,6 @@
+#include "formats/QtDecoder.h"
+
 #include "formats/ByteReader.h"
-#include "formats/TextureDecoders.h"
 
 #include <QBuffer>
 #include <QImageReader>

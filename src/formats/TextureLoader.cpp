@@ -2,7 +2,9 @@
 
 #include "formats/ByteReader.h"
 #include "formats/FileNames.h"
-#include "formats/TextureDecoders.h"
+#include "formats/PicDecoder.h"
+#include "formats/QtDecoder.h"
+#include "formats/TgaDecoder.h"
 #include "model/ModelText.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formats/TextureDecoders.h"
+#include "formats/DecoderLimits.h"
 #include "model/TextureImage.h"
 
 #include <QHash>

@@ -1,5 +1,6 @@
+#include "formats/TgaDecoder.h"
+
 #include "formats/ByteReader.h"
-#include "formats/TextureDecoders.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -21,6 +21,7 @@ void setFrameFlags(FrameRecord& frame, const FrameFlags& flags) {
     frame.Mesh.HasTexCoords = flags.HasTexCoords;
     frame.Mesh.HasVertexColors = flags.HasVertexColors;
     frame.HasAnimation = flags.HasAnimation;
+    frame.Mesh.Revision.shapeChanged();
 }
 
 } // namespace korvane

@@ -3,7 +3,7 @@
 #include "model/AnimationKeyRecord.h"
 #include "model/FramePath.h"
 #include "model/MeshRecord.h"
-#include "render/DrawCache.h"
+#include "model/ViewSlot.h"
 #include "render/VectorMath.h"
 
 #include <array>
@@ -48,8 +48,7 @@ struct FrameRecord {
     std::int32_t AnimationKeyType = 0;
     std::vector<AnimationKeyRecord> AnimationKeys;
 
-    /// `WorldVertices`, `WorldCache2` and `WorldCache3`: built by the views, copied with no frame.
-    DrawCache Cache;
+    ViewSlot Views; ///< what drawing keeps with the frame; copied with no frame
 
     bool operator==(const FrameRecord&) const = default;
 };

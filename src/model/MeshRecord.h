@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Color.h"
+#include "model/MeshRevision.h"
 #include "model/PolygonList.h"
 #include "render/VectorMath.h"
 
@@ -34,6 +35,9 @@ struct MeshRecord {
     bool HasVertexColors = false;
     std::vector<ColorRGBA> VertexColors;
     PolygonList VertexColorFaces; ///< runs parallel to Faces; corners index VertexColors
+
+    /// Whoever changes a list or a flag of a mesh that a view may have drawn tells it.
+    MeshRevision Revision;
 
     bool operator==(const MeshRecord&) const = default;
 };

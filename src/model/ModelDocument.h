@@ -4,7 +4,6 @@
 #include "model/MaterialRecord.h"
 #include "model/NodeData.h"
 #include "model/RenderCursor.h"
-#include "render/ViewPlane.h"
 
 #include <QString>
 
@@ -13,6 +12,15 @@
 #include <vector>
 
 namespace korvane {
+
+/// What the mouse does in the 2D views.
+enum class ViewTool : std::int32_t {
+    MoveFrame = 1,
+    Zoom = 2,
+    MoveView = 3,
+    RotateFrame = 4,
+    MoveObjCoords = 5,
+};
 
 /// One open model: the frame tree, the material table that all frames share, and where the user
 /// stands in it. Owned by its document window and living as long as that.

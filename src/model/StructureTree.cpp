@@ -32,13 +32,13 @@ StructureTree::StructureTree(ModelDocument& document) {
         if (frame.HasMesh) {
             addMesh(frame, frame.TreeNode);
         }
-        showVisibility(frame);
+        markHidden(frame);
     }
     addMaterialTable(document);
     linkChildren();
 }
 
-void StructureTree::showVisibility(const FrameRecord& frame) {
+void StructureTree::markHidden(const FrameRecord& frame) {
     const auto node = static_cast<std::size_t>(frame.TreeNode);
     nodes_[node].hidden = !frame.ViewFlags[0];
     // the node of its mesh comes next

@@ -38,7 +38,7 @@ class StructureTree {
     [[nodiscard]] NodeData nodeData(std::int32_t node) const;
     /// Takes over from a frame, which must be as it was built from in all else, whether the views
     /// show it and its mesh.
-    void showVisibility(const FrameRecord& frame);
+    void markHidden(const FrameRecord& frame);
 
   private:
     std::int32_t add(StructureNode node);

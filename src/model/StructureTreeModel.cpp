@@ -2,9 +2,6 @@
 
 #include "model/ModelText.h"
 
-#include <QGuiApplication>
-#include <QPalette>
-
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -17,14 +14,14 @@ void StructureTreeModel::setTree(StructureTree tree) {
     endResetModel();
 }
 
-void StructureTreeModel::showVisibility(const FrameRecord& frame) {
+void StructureTreeModel::markHidden(const FrameRecord& frame) {
     const QModelIndex node = indexOf(frame.TreeNode);
     if (!node.isValid()) {
         return;
     }
-    tree_.showVisibility(frame);
+    tree_.markHidden(frame);
     for (const QModelIndex& shown : {node, indexOf(frame.TreeNode + 1)}) {
-        Q_EMIT dataChanged(shown, shown, {Qt::ForegroundRole});
+        Q_EMIT dataChanged(shown, shown, {hiddenRole});
     }
 }
 
@@ -67,8 +64,8 @@ QVariant StructureTreeModel::data(const QModelIndex& index, int role) const {
         return {};
     }
     const StructureNode& shown = tree_.nodes()[static_cast<std::size_t>(node)];
-    if (role == Qt::ForegroundRole && shown.hidden) {
-        return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    if (role == hiddenRole) {
+        return shown.hidden;
     }
     return role == Qt::DisplayRole || role == Qt::AccessibleTextRole ? shownText(shown.text)
                                                                      : QVariant();

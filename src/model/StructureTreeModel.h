@@ -13,11 +13,14 @@ class StructureTreeModel : public QAbstractItemModel {
   public:
     using QAbstractItemModel::QAbstractItemModel;
 
+    /// Whether the views leave out what the node stands for, as a bool.
+    static constexpr int hiddenRole = Qt::UserRole;
+
     /// Shows another snapshot of the model.
     void setTree(StructureTree tree);
     [[nodiscard]] const StructureTree& tree() const { return tree_; }
     /// A frame of the tree, or its mesh, is hidden or shown again.
-    void showVisibility(const FrameRecord& frame);
+    void markHidden(const FrameRecord& frame);
 
     [[nodiscard]] QModelIndex indexOf(std::int32_t node) const;
     /// The node number of a valid index.

@@ -1,5 +1,7 @@
 #include "model/TMDIChild.h"
 
+#include "app/DragFilter.h"
+#include "app/MessageBox.h"
 #include "app/ModalCall.h"
 #include "app/PaletteIcon.h"
 #include "app/StartFolder.h"
@@ -21,33 +23,12 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QKeyEvent>
-#include <QMessageBox>
 #include <QScopedValueRollback>
 
 #include <algorithm>
 #include <utility>
 
 namespace korvane {
-
-namespace {
-
-/// A message box in the way of this window: the file name is the text, the message is the title.
-QMessageBox::StandardButton showMessage(QWidget& window, const QString& objectName,
-                                        QMessageBox::Icon icon, const QString& title,
-                                        const QString& fileName,
-                                        QMessageBox::StandardButtons buttons) {
-    QMessageBox box(icon, title, fileName, buttons, &window);
-    box.setObjectName(objectName);
-    box.setTextFormat(Qt::PlainText);
-    // what is the matter stands in the title: make the box wide enough for it and its buttons
-    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
-        grid->addItem(new QSpacerItem(widthForTitle(box, title), 0), grid->rowCount(), 0, 1,
-                      grid->columnCount());
-    }
-    return static_cast<QMessageBox::StandardButton>(execModal(box));
-}
-
-} // namespace
 
 TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     : QMdiSubWindow(parent), ui_(std::make_unique<Ui::TMDIChild>()), model_(std::in_place) {
@@ -69,7 +50,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setUpViews();
     setUpTools();
     ui_->ThreeDWin->setDocument(document());
-    loadTexturesOfDocument();
+    startHistory();
     focus_ = new WindowFocus(*this, *ui_->TreeView1);
     clearMessageAtCommands();
     ui_->Panel3->installEventFilter(this);
@@ -111,7 +92,7 @@ void TMDIChild::create(const QString& name) {
     setCaption();
     ChildActivate();
     ui_->TreeView1->setFocus();
-    if (isTextModelName(name)) {
+    if (isTextModel(modelFileKind(name))) {
         FileOpenXSI(name);
     }
     render3d();
@@ -162,19 +143,19 @@ void TMDIChild::FileOpenMSH(const QString& fileName) {
 void TMDIChild::showReadFailure(ReadStatus status, const QString& fileName) {
     const QString failure = failureCaption(status, fileName);
     if (!failure.isEmpty()) {
-        showMessage(*this, QStringLiteral("ReadFailure"), QMessageBox::Critical, failure, fileName,
-                    QMessageBox::Ok);
+        showMessageBox(this, QStringLiteral("ReadFailure"), QMessageBox::Critical, failure,
+                       fileName);
     }
 }
 
 void TMDIChild::showSaveFailure(const QString& fileName) {
-    showMessage(*this, QStringLiteral("SaveFailure"), QMessageBox::Critical,
-                QString::fromLatin1(saveFailureCaption), fileName, QMessageBox::Ok);
+    showMessageBox(this, QStringLiteral("SaveFailure"), QMessageBox::Critical,
+                   QString::fromLatin1(saveFailureCaption), fileName);
 }
 
 void TMDIChild::showPasteFailure(const QString& reason) {
-    showMessage(*this, QStringLiteral("PasteFailure"), QMessageBox::Critical,
-                QStringLiteral("Unable to paste"), reason, QMessageBox::Ok);
+    showMessageBox(this, QStringLiteral("PasteFailure"), QMessageBox::Critical,
+                   QStringLiteral("Unable to paste"), reason);
 }
 
 void TMDIChild::FileSaveExecute() {
@@ -192,15 +173,15 @@ void TMDIChild::FileSaveExecute() {
 }
 
 bool TMDIChild::completeName(QString& name, const QString& suffix) {
-    if (isModelName(name)) {
+    if (modelFileKind(name) != ModelFileKind::None) {
         return true;
     }
     // the dialog takes whatever follows a dot for an extension, and asked about another file
     name += u'.' + suffix;
     return !QFileInfo::exists(name) ||
-           showMessage(*this, QStringLiteral("ReplaceQuestion"), QMessageBox::Warning,
-                       QStringLiteral("File exists.  Replace?"), name,
-                       QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+           showMessageBox(this, QStringLiteral("ReplaceQuestion"), QMessageBox::Warning,
+                          QStringLiteral("File exists.  Replace?"), name,
+                          QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 void TMDIChild::FileSaveAsExecute() {
@@ -240,7 +221,7 @@ void TMDIChild::FileSaveAsExecute() {
 void TMDIChild::SaveFileXSI() {
     const QString& fileName = model_->FileName;
     SaveResult result = SaveResult::NotWritten;
-    if (upperExtension(fileName) == QStringLiteral(".XSI")) {
+    if (modelFileKind(fileName) == ModelFileKind::Xsi) {
         result = korvane::SaveFileXSI(*model_, fileName) ? SaveResult::Written : SaveResult::Failed;
     }
     setMessage(savedText(*model_, result));
@@ -254,9 +235,9 @@ bool TMDIChild::FormCanClose() {
         return true;
     }
     const QMessageBox::StandardButton answer =
-        showMessage(*this, QStringLiteral("CloseQuestion"), QMessageBox::Question,
-                    QStringLiteral("File is not saved.  Save?"), model_->FileName,
-                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        showMessageBox(this, QStringLiteral("CloseQuestion"), QMessageBox::Question,
+                       QStringLiteral("File is not saved.  Save?"), model_->FileName,
+                       QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
         FileSaveExecute(); // a Save As cancelled in there does not keep the window open
     }

@@ -14,13 +14,13 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QItemSelection;
-class QMouseEvent;
-class QWheelEvent;
 
 namespace korvane {
 
+class DragFilter;
 class TMaterial;
 class TOKBottomDlg1;
 class TStructureView;
@@ -156,16 +156,18 @@ class TMDIChild : public QMdiSubWindow {
     void setUpTools();
     void setUpButtons();
     /// An event of a view; whether that was all about it.
-    bool viewEvent(const QObject& watched, QEvent& event);
+    bool viewEvent(const QObject& watched, const QEvent& event);
     /// Whether the event is a press that only activates the window, or is made with Ctrl held.
     [[nodiscard]] bool startsNothing(const QEvent& event) const;
-    bool planeEvent(const PlaneImage& image, QEvent& event);
-    void planeMouseEvent(const PlaneImage& image, const QMouseEvent& event);
-    void planeWheelEvent(const PlaneImage& image, const QWheelEvent& event);
+    void planeEvent(const PlaneImage& image, const QEvent& event);
+    void planeInput(ViewPlane plane, void (TMDIChild::*handler)(const DragInput&),
+                    const DragInput& input);
+    void planeWheel(ViewPlane plane, const DragInput& place, float notches);
     void mouseDown(ViewPlane plane, const DragInput& input);
     void mouseMove(ViewPlane plane, const DragInput& input);
     void mouseUp(ViewPlane plane, const DragInput& input);
-    void cancelDrag();
+    /// Ends a running drag of a 2D view without a trace; whether there was one.
+    bool cancelDrag();
     /// Draws those pictures that no longer show the document.
     void redrawStale();
     void drawPlane(const PlaneImage& image);
@@ -174,7 +176,7 @@ class TMDIChild : public QMdiSubWindow {
     void showDragCursor();
     void showPlaneColors();
     /// Brings the boxes of the "Tools" page in step with the selected frame.
-    void showVisibility();
+    void fillVisibilityBoxes();
     void storeVisibility();
     void setPointerText(const QString& text) { setStatus(pointerText_, text); }
     void setMessage(const QString& text) { setStatus(message_, text); }
@@ -204,7 +206,7 @@ class TMDIChild : public QMdiSubWindow {
     void refresh(const RefreshFlags& flags, const NodeData& selectedBefore);
     /// Moves the selection in the tree to what the document has selected, as if the user did.
     void followSelection();
-    void loadTexturesOfDocument();
+    void startHistory();
     void fitPages();
     void selectRoot();
     void showSelectedButtons();
@@ -224,6 +226,7 @@ class TMDIChild : public QMdiSubWindow {
     bool filling_ = false; ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;
     bool activatedByPress_ = false; ///< by the one about to be delivered, if that is to a view
+    std::vector<std::unique_ptr<DragFilter>> mice_; ///< of the 2D views; go first: they call back
 };
 
 } // namespace korvane

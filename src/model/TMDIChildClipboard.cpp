@@ -1,6 +1,7 @@
 // Copying and pasting in the document window.
 
 #include "edit/ClipboardEdit.h"
+#include "edit/ClipboardReader.h"
 #include "formats/ByteReader.h"
 #include "formats/TextureLoader.h"
 #include "model/TMDIChild.h"

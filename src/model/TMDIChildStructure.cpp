@@ -60,7 +60,7 @@ void TMDIChild::showSelectedButtons() {
     ui_->AddButton->setEnabled(node.CanAdd);
     ui_->DeleteButton->setEnabled(node.CanDelete);
     ui_->RenameButton->setEnabled(node.Frame.has_value());
-    showVisibility();
+    fillVisibilityBoxes();
     if (!node.AddByKind) {
         ui_->AddButton->setText(QStringLiteral("Add"));
     } else if (node.NodeKind == NodeKind::Frame) {
@@ -98,7 +98,7 @@ void TMDIChild::selectRoot() {
     ui_->TreeView1->expand(ui_->TreeView1->currentIndex());
 }
 
-void TMDIChild::loadTexturesOfDocument() {
+void TMDIChild::startHistory() {
     // a loader for each texture: the files may have changed since the last one
     history_ = EditHistory([this](const std::string& name) {
         return TextureLoader(QFileInfo(model_->FileName).path()).load(name);

@@ -70,7 +70,7 @@ void TMDIChild::showDragCursor() {
     }
 }
 
-void TMDIChild::showVisibility() {
+void TMDIChild::fillVisibilityBoxes() {
     const FrameRecord* frame = model_ ? model_->selectedFrame() : nullptr;
     ui_->FrameVisibleAction->setEnabled(frame != nullptr);
     ui_->MeshVisibleAction->setEnabled(frame != nullptr && frame->ViewFlags[0]);
@@ -84,7 +84,7 @@ void TMDIChild::storeVisibility() {
     if (FrameRecord* frame = model_ ? model_->selectedFrame() : nullptr) {
         frame->ViewFlags[0] = ui_->FrameVisibleAction->isChecked();
         frame->ViewFlags[2] = ui_->MeshVisibleAction->isChecked();
-        structure_->showVisibility(*frame);
+        structure_->markHidden(*frame);
         // the pictures follow at the next mouse event
         model_->RedrawAll = model_->Changed = true;
     }

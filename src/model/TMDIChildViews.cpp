@@ -1,8 +1,8 @@
 // The 2D views of the document window and the mouse in them.
 
 #include "app/DevicePixels.h"
+#include "app/DragFilter.h"
 #include "app/ModalCall.h"
-#include "app/MouseEvents.h"
 #include "app/PictureLabel.h"
 #include "model/TMDIChild.h"
 #include "render/StartCamera.h"
@@ -10,7 +10,6 @@
 #include "ui_TMDIChild.h"
 
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 
@@ -41,6 +40,21 @@ std::array<TMDIChild::PlaneImage, planeCount> TMDIChild::planeImages() const {
 
 void TMDIChild::setUpViews() {
     for (const PlaneImage& image : planeImages()) {
+        const auto forward = [this, plane = image.plane](auto handler) {
+            return [this, plane, handler](const DragInput& input) {
+                planeInput(plane, handler, input);
+            };
+        };
+        mice_.push_back(std::make_unique<DragFilter>(
+            *image.image, DragFilter::Handlers{
+                              .press = forward(image.mouseDown),
+                              .move = forward(image.mouseMove),
+                              .release = forward(image.mouseUp),
+                              .cancel = [this] { return cancelDrag(); },
+                              .wheel = [this, plane = image.plane](
+                                           const DragInput& place,
+                                           float notches) { planeWheel(plane, place, notches); }}));
+        // behind the filter, and so before it: some presses start nothing
         image.image->installEventFilter(this);
         image.image->setEdged(true);
         layOver(*image.label);
@@ -129,7 +143,7 @@ bool TMDIChild::startsNothing(const QEvent& event) const {
     return activatedByPress_ || press.modifiers().testFlag(Qt::ControlModifier);
 }
 
-bool TMDIChild::viewEvent(const QObject& watched, QEvent& event) {
+bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
     if (&watched == ui_->ThreeDWin) {
         if (startsNothing(event)) {
             return true;
@@ -143,66 +157,35 @@ bool TMDIChild::viewEvent(const QObject& watched, QEvent& event) {
     const auto found = std::find_if(images.begin(), images.end(), [&](const PlaneImage& image) {
         return &watched == image.image;
     });
-    return found != images.end() && model_ && (startsNothing(event) || planeEvent(*found, event));
+    if (found == images.end() || !model_) {
+        return false;
+    }
+    planeEvent(*found, event);
+    return startsNothing(event);
 }
 
-bool TMDIChild::planeEvent(const PlaneImage& image, QEvent& event) {
-    switch (event.type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::MouseButtonRelease:
-        planeMouseEvent(image, dynamic_cast<const QMouseEvent&>(event));
-        return true;
-    case QEvent::Wheel:
-        planeWheelEvent(image, dynamic_cast<const QWheelEvent&>(event));
-        return true;
-    case QEvent::KeyPress:
-        if (dynamic_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape && planes_.dragging()) {
-            cancelDrag();
-            return true;
-        }
-        return false;
-    case QEvent::Leave:
+void TMDIChild::planeEvent(const PlaneImage& image, const QEvent& event) {
+    if (event.type() == QEvent::Leave) {
         setPointerText({});
-        return false;
-    case QEvent::FocusOut:
-    case QEvent::Hide:
-        cancelDrag();
-        return false;
-    case QEvent::Resize:
-    case QEvent::Show:
+    } else if (event.type() == QEvent::Resize || event.type() == QEvent::Show) {
         drawPlane(image);
-        return false;
-    default:
-        return false;
     }
 }
 
-void TMDIChild::planeMouseEvent(const PlaneImage& image, const QMouseEvent& event) {
-    const DragInput input = dragInputOf(event, *image.image);
-    switch (event.type()) {
-    case QEvent::MouseMove:
-        if (event.buttons() == Qt::NoButton) {
-            cancelDrag(); // the release went elsewhere
-        }
-        (this->*image.mouseMove)(input);
-        break;
-    case QEvent::MouseButtonRelease:
-        (this->*image.mouseUp)(input);
-        break;
-    default: // a second press in a row comes as a double click
-        (this->*image.mouseDown)(input);
-        break;
+void TMDIChild::planeInput(ViewPlane plane, void (TMDIChild::*handler)(const DragInput&),
+                           const DragInput& input) {
+    if (model_) {
+        (this->*handler)(input);
+        setPointerText(planes_.statusText(plane, input, *model_));
     }
-    setPointerText(planes_.statusText(image.plane, input, *model_));
 }
 
-void TMDIChild::planeWheelEvent(const PlaneImage& image, const QWheelEvent& event) {
-    const DragInput input = dragInputOf(event, *image.image);
-    planes_.wheel(image.plane, input, wheelNotches(event), *model_);
-    redrawStale();
-    setPointerText(planes_.statusText(image.plane, input, *model_));
+void TMDIChild::planeWheel(ViewPlane plane, const DragInput& place, float notches) {
+    if (model_) {
+        planes_.wheel(plane, place, notches, *model_);
+        redrawStale();
+        setPointerText(planes_.statusText(plane, place, *model_));
+    }
 }
 
 void TMDIChild::mouseDown(ViewPlane plane, const DragInput& input) {
@@ -228,11 +211,13 @@ void TMDIChild::mouseUp(ViewPlane plane, const DragInput& input) {
     redrawStale();
 }
 
-void TMDIChild::cancelDrag() {
-    if (model_ && planes_.cancelDrag(*model_)) {
-        showDragCursor();
-        redrawStale();
+bool TMDIChild::cancelDrag() {
+    if (!model_ || !planes_.cancelDrag(*model_)) {
+        return false;
     }
+    showDragCursor();
+    redrawStale();
+    return true;
 }
 
 void TMDIChild::setStatus(QString& text, const QString& value) {

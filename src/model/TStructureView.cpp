@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <cstddef>
@@ -34,6 +35,21 @@ std::int32_t childOfKind(const StructureTree& tree, std::int32_t parent, NodeKin
     return found;
 }
 
+/// Greys the rows of what the views leave out.
+class HiddenRows : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.data(StructureTreeModel::hiddenRole).toBool()) {
+            option->palette.setBrush(QPalette::Text,
+                                     option->palette.brush(QPalette::Disabled, QPalette::Text));
+        }
+    }
+};
+
 /// The node of each frame in pre-order, before the snapshot of the tree is taken anew; no node for
 /// frames that are new.
 std::vector<std::int32_t> nodesOfFrames(ModelDocument& document) {
@@ -48,6 +64,7 @@ std::vector<std::int32_t> nodesOfFrames(ModelDocument& document) {
 
 TStructureView::TStructureView(QTreeView& view) : view_(view) {
     view_.setModel(&model_);
+    view_.setItemDelegate(new HiddenRows(&view_));
     // 0: only the rows in sight are measured
     view_.header()->setResizeContentsPrecision(0);
     fitSoon_.setSingleShot(true);

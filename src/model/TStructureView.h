@@ -24,7 +24,7 @@ class TStructureView {
     /// Shows the document as it is now, with nothing selected.
     void rebuild(ModelDocument& document);
     /// Greys a frame of the document shown, and its mesh, as far as they are hidden.
-    void showVisibility(const FrameRecord& frame) { model_.showVisibility(frame); }
+    void markHidden(const FrameRecord& frame) { model_.markHidden(frame); }
     /// Selects the node that stands for the same thing; of a slot or material that is gone the last
     /// one there is, else the node above it; the root at the worst. Does not scroll.
     void select(const NodeData& data);

@@ -7,10 +7,4 @@ const std::shared_ptr<const TextureImage>& blankTextureImage() {
     return blank;
 }
 
-QImage imageOf(const TextureImage& texture) {
-    return {reinterpret_cast<const uchar*>(texture.pixels.data()), texture.width, texture.height,
-            qsizetype{texture.width} * static_cast<qsizetype>(sizeof(Rgba8)),
-            QImage::Format_RGBA8888};
-}
-
 } // namespace korvane

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QImage>
-
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -30,9 +28,6 @@ struct TextureImage {
 
     bool operator==(const TextureImage&) const = default;
 };
-
-/// The pixels as a picture that uses their memory: valid as long as the texture stays as it is.
-QImage imageOf(const TextureImage& texture);
 
 /// Gives the image of a texture as a model names it; never null.
 using TextureSource = std::function<std::shared_ptr<const TextureImage>(const std::string& name)>;

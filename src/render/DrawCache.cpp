@@ -1,12 +1,8 @@
 #include "render/DrawCache.h"
 
-#include "model/MeshRecord.h"
-
 #include <algorithm>
-#include <atomic>
 #include <bit>
 #include <cmath>
-#include <cstdint>
 
 namespace korvane {
 
@@ -43,12 +39,6 @@ struct NormalMatrix {
     std::array<double, 9> cofactors{};
 };
 
-/// A number that was never given before.
-std::uint64_t nextRevision() {
-    static std::atomic<std::uint64_t> last = 0;
-    return ++last;
-}
-
 } // namespace
 
 Vec3 polygonNormal(std::span<const std::uint32_t> corners, std::span<const Vec3> vertices) {
@@ -83,38 +73,13 @@ void Bounds::add(const Vec3& p) {
     empty = false;
 }
 
-DrawCache& DrawCache::operator=(const DrawCache& other) {
-    if (this != &other) {
-        clear();
-    }
-    return *this;
-}
-
-void DrawCache::markMeshChanged() {
-    if (key_) {
-        meshRevision_ = nextRevision();
-    }
-}
-
 bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
-    const auto place = [](const auto* data) { return reinterpret_cast<std::size_t>(data); };
-    const Key key = {std::bit_cast<std::array<std::uint32_t, 16>>(world.m),
-                     {mesh.Vertices.size(), place(mesh.Vertices.data()), mesh.Normals.size(),
-                      place(mesh.Normals.data()), mesh.Faces.size(),
-                      place(mesh.Faces.cornersFrom(0).data()), mesh.NormalFaces.size(),
-                      place(mesh.NormalFaces.cornersFrom(0).data()), std::size_t{mesh.HasNormals},
-                      std::size_t{mesh.HasTexCoords}, mesh.TexCoords.size(),
-                      place(mesh.TexCoords.data()), mesh.TexCoordFaces.size(),
-                      place(mesh.TexCoordFaces.cornersFrom(0).data()), mesh.FaceSlotIndex.size(),
-                      place(mesh.FaceSlotIndex.data())}};
+    const Key key = {std::bit_cast<std::array<std::uint32_t, 16>>(world.m), mesh.Revision.shape()};
     if (key_ == key) {
         return false;
     }
-    if (!key_ || key_->lists != key.lists) {
-        meshRevision_ = nextRevision();
-        planes_.reset();
-    }
     key_ = key;
+    ++builds_;
     bounds_ = Bounds();
     allFinite_ = true;
     WorldVertices.resize(mesh.Vertices.size());
@@ -125,17 +90,13 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
     }
     buildNormals(mesh, world);
     buildFaceNormals(mesh, world);
-    if (planes_) {
-        planes_->forgetPoints();
-    }
     return true;
 }
 
-PlaneCache& DrawCache::planes() {
-    if (!planes_) {
-        planes_ = std::make_unique<PlaneCache>();
-    }
-    return *planes_;
+DrawCache& refreshedCache(FrameRecord& frame, const Matrix4& world) {
+    DrawCache& cache = drawCache(frame);
+    cache.refresh(frame.Mesh, world);
+    return cache;
 }
 
 void DrawCache::buildNormals(const MeshRecord& mesh, const Matrix4& world) {

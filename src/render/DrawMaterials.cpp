@@ -67,7 +67,6 @@ DrawMaterial::DrawMaterial(const MaterialRecord& material, const ViewState& stat
       opacity(shownOpacity(material, state)) {
     if (textured) {
         image = material.TextureImage.get();
-        sampler = TextureSampler(*image);
     }
 }
 

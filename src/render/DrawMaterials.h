@@ -2,7 +2,6 @@
 
 #include "model/MaterialRecord.h"
 #include "render/Lighting.h"
-#include "render/TextureSampler.h"
 #include "render/ViewState.h"
 
 #include <cstddef>
@@ -40,7 +39,6 @@ struct DrawMaterial {
     DrawMaterial(const MaterialRecord& material, const ViewState& state);
 
     SurfaceColors colors;
-    TextureSampler sampler;
     const TextureImage* image = nullptr; ///< null without a picture
     bool textured;
     bool translucent;

@@ -5,9 +5,9 @@
 
 namespace korvane {
 
-bool GlLists::draw(const FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
+bool GlLists::draw(FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
                    std::vector<GlMaterial> materials) {
-    Mesh& mesh = meshes_[frame.Cache.meshRevision()];
+    Mesh& mesh = meshes_[frame.Mesh.Revision.any()];
     mesh.used = true;
     Shape& known = mesh.shapes[static_cast<std::size_t>(shape)];
     if (known.materials != materials) {
@@ -35,7 +35,7 @@ bool GlLists::draw(const FrameRecord& frame, GlShape shape, const DrawMaterials&
 }
 
 void GlLists::keep(const FrameRecord& frame) {
-    if (const auto found = meshes_.find(frame.Cache.meshRevision()); found != meshes_.end()) {
+    if (const auto found = meshes_.find(frame.Mesh.Revision.any()); found != meshes_.end()) {
         found->second.used = true;
     }
 }

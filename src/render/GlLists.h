@@ -18,7 +18,7 @@ class GlLists {
     static constexpr int drawsBeforeRecording = 3;
 
     /// Draws the shape of a frame's mesh, see emitMesh. Gives whether it was recorded by the way.
-    bool draw(const FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
+    bool draw(FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
               std::vector<GlMaterial> materials);
     /// Keeps what is recorded of a frame's mesh although it was not drawn.
     void keep(const FrameRecord& frame);

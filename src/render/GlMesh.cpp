@@ -1,5 +1,7 @@
 #include "render/GlMesh.h"
 
+#include "render/DrawCache.h"
+
 #include <GL/gl.h>
 #include <algorithm>
 #include <cmath>
@@ -34,8 +36,8 @@ void bindTexture(std::uint32_t texture) {
 /// Emits the faces of one mesh as triangle fans.
 class FanEmitter {
   public:
-    explicit FanEmitter(const FrameRecord& frame)
-        : mesh_(frame.Mesh), cornersHaveNormals_(frame.Cache.WorldCache3.empty()) {}
+    explicit FanEmitter(FrameRecord& frame)
+        : mesh_(frame.Mesh), cornersHaveNormals_(drawCache(frame).WorldCache3.empty()) {}
 
     void emit(std::size_t face, const GlMaterial& material, bool& textureOn) const {
         const auto corners = mesh_.Faces[face];
@@ -80,7 +82,7 @@ class FanEmitter {
     bool cornersHaveNormals_;
 };
 
-void emitFaces(const FrameRecord& frame, bool translucent, const DrawMaterials& slots,
+void emitFaces(FrameRecord& frame, bool translucent, const DrawMaterials& slots,
                const std::vector<GlMaterial>& materials) {
     const MeshRecord& mesh = frame.Mesh;
     // the faces by slot, in their order within each
@@ -150,7 +152,7 @@ std::vector<GlMaterial> glMaterials(const DrawMaterials& materials, const GlText
     return slots;
 }
 
-void emitMesh(const FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
+void emitMesh(FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
               const std::vector<GlMaterial>& materials) {
     switch (shape) {
     case GlShape::Opaque:

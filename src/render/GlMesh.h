@@ -33,7 +33,7 @@ std::vector<GlMaterial> glMaterials(const DrawMaterials& materials, const GlText
 
 /// Hands the faces of a frame's mesh to the current context in the mesh's own space: triangle fans
 /// slot by slot, or line loops or points in the current colour. The cache must be up to date.
-void emitMesh(const FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
+void emitMesh(FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
               const std::vector<GlMaterial>& materials);
 
 } // namespace korvane

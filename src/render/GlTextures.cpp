@@ -1,5 +1,6 @@
 #include "render/GlTextures.h"
 
+#include "formats/TexturePicture.h"
 #include "render/DrawMaterials.h"
 
 #include <QImage>

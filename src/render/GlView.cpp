@@ -1,7 +1,7 @@
 #include "render/GlView.h"
 
 #include "model/FrameWalk.h"
-#include "render/WirePainter.h"
+#include "render/DrawCache.h"
 
 #include <QtGlobal>
 
@@ -81,7 +81,7 @@ void setColor(BitmapPixel color) {
 
 /// The box of the selected frame, as two loops around it and four lines between them.
 void drawBox(const DrawContext& context, const DrawItem& item) {
-    const Bounds& bounds = item.frame->Cache.bounds();
+    const Bounds& bounds = drawCache(*item.frame).bounds();
     if (bounds.empty) {
         return;
     }
@@ -164,7 +164,7 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
     setLight(state);
     const Camera camera(state.angles, document.CameraDistance, document.CameraCenter,
                         state.scaleFactor);
-    const DrawContext context = {{}, geometry_, state, camera};
+    const DrawContext context = {geometry_, state, camera};
     list_.rebuild(document.Root);
     materials_.take(document.Materials, state);
     drawPass(context, document, false);
@@ -191,7 +191,7 @@ void GlView::drawPass(const DrawContext& context, const ModelDocument& document,
         if (!frame.HasMesh) {
             continue;
         }
-        frame.Cache.refresh(frame.Mesh, item.world);
+        refreshedCache(frame, item.world);
         if (containment(context, item) == Containment::Outside) {
             continue;
         }

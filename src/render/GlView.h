@@ -1,9 +1,9 @@
 #pragma once
 
 #include "model/ModelDocument.h"
+#include "render/Culling.h"
 #include "render/DrawList.h"
 #include "render/GlLists.h"
-#include "render/ScreenMesh.h"
 #include "render/ViewState.h"
 
 #include <cstddef>

@@ -1,5 +1,7 @@
 #include "render/MeshPainter.h"
 
+#include "render/TextureSampler.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -81,7 +83,7 @@ void MeshPainter::begin(std::span<const MaterialRecord> materials, const ViewSta
     materials_.take(materials, state);
 }
 
-void MeshPainter::draw(const DrawContext& context, const DrawItem& item, bool translucentPass) {
+void MeshPainter::draw(const RasterContext& context, const DrawItem& item, bool translucentPass) {
     materials_.select(item.frame->Mesh);
     if (!materials_.any(translucentPass)) {
         return;
@@ -118,10 +120,10 @@ void MeshPainter::draw(const DrawContext& context, const DrawItem& item, bool tr
     }
 }
 
-void MeshPainter::setUp(const DrawContext& context, const DrawItem& item, bool translucentPass) {
+void MeshPainter::setUp(const RasterContext& context, const DrawItem& item, bool translucentPass) {
     context_ = &context;
     mesh_ = &item.frame->Mesh;
-    cache_ = &item.frame->Cache;
+    cache_ = &drawCache(*item.frame);
     const Vec3 half = halfVector(context.state.light, context.state.eye);
     light_ = {context.camera.directionToWorld(context.state.light),
               context.camera.directionToWorld(half), context.camera.directionToWorld({0, 0, 1})};
@@ -338,7 +340,8 @@ void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material)
 
 void MeshPainter::fill(const DrawMaterial& material, bool textured) {
     RasterSurface surface;
-    surface.texture = textured && placeTexture(material.sampler) ? &material.sampler : nullptr;
+    const TextureSampler sampler = textured ? TextureSampler(*material.image) : TextureSampler();
+    surface.texture = textured && placeTexture(sampler) ? &sampler : nullptr;
     surface.blend = material.translucent;
     surface.opacity = material.opacity;
     fillPolygon(context_->target, corners_, surface);

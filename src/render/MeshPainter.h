@@ -1,6 +1,7 @@
 #pragma once
 
 #include "render/DepthOrder.h"
+#include "render/DrawCache.h"
 #include "render/DrawMaterials.h"
 #include "render/PolygonClipper.h"
 #include "render/ScreenMesh.h"
@@ -19,7 +20,7 @@ class MeshPainter {
     void begin(std::span<const MaterialRecord> materials, const ViewState& state);
     /// Draws the faces that belong to a pass: in pass 0 the opaque ones as they come, in pass 1 the
     /// translucent ones from the farthest to the nearest. The frame's cache must be up to date.
-    void draw(const DrawContext& context, const DrawItem& item, bool translucentPass);
+    void draw(const RasterContext& context, const DrawItem& item, bool translucentPass);
 
   private:
     /// A lit colour, 0 to 255, of one normal under one material.
@@ -36,7 +37,7 @@ class MeshPainter {
         bool crossing; ///< has to be clipped
     };
 
-    void setUp(const DrawContext& context, const DrawItem& item, bool translucentPass);
+    void setUp(const RasterContext& context, const DrawItem& item, bool translucentPass);
     void collect(bool translucentPass);
     [[nodiscard]] bool passes(float product) const;
     void sortByDepth();
@@ -56,7 +57,7 @@ class MeshPainter {
 
     DrawMaterials materials_;
     // of the mesh being drawn
-    const DrawContext* context_ = nullptr;
+    const RasterContext* context_ = nullptr;
     const MeshRecord* mesh_ = nullptr;
     const DrawCache* cache_ = nullptr;
     LightDirections light_; ///< in world space

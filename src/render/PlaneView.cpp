@@ -1,8 +1,9 @@
 #include "render/PlaneView.h"
 
+#include "render/Culling.h"
 #include "render/LineDrawing.h"
+#include "render/PlaneCache.h"
 #include "render/SelectedFrame.h"
-#include "render/WirePainter.h"
 
 #include <algorithm>
 
@@ -16,9 +17,9 @@ constexpr std::int32_t markRadius = 4; ///< in pixels
 class EdgePainter {
   public:
     EdgePainter(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame)
-        : bitmap_(bitmap), mapping_(mapping), world_(frame.Cache.WorldVertices),
-          points_(frame.Cache.planes().points(mapping.plane)),
-          edges_(frame.Cache.planes().edges(frame.Mesh)) {}
+        : bitmap_(bitmap), mapping_(mapping), world_(drawCache(frame).WorldVertices),
+          points_(planeCache(frame).points(mapping.plane)),
+          edges_(planeCache(frame).edges(frame.Mesh)) {}
 
     void drawLines(BitmapPixel color) const {
         for (const MeshEdge& edge : edges_) {
@@ -126,8 +127,8 @@ void PlaneView::drawOrigin(Bitmap& bitmap) const {
 
 void PlaneView::projectFrame(const PlaneMapping& mapping, const DrawItem& item) {
     FrameRecord& frame = *item.frame;
-    frame.Cache.refresh(frame.Mesh, item.world);
-    if (frame.Cache.planes().project(mapping, frame.Cache.WorldVertices)) {
+    const DrawCache& cache = refreshedCache(frame, item.world);
+    if (planeCache(frame).project(mapping, cache)) {
         ++projectedFrames_;
     }
 }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "render/Camera.h"
-#include "render/DrawList.h"
+#include "render/Culling.h"
+#include "render/DrawCache.h"
 #include "render/PolygonFill.h"
-#include "render/ViewGeometry.h"
 
 #include <array>
 #include <cstdint>
@@ -11,25 +10,10 @@
 
 namespace korvane {
 
-/// What one redraw draws with. Everything referred to outlives the redraw.
-struct DrawContext {
+/// What one redraw draws with, and into.
+struct RasterContext : DrawContext {
     RasterTarget target;
-    const ViewGeometry& geometry;
-    const ViewState& state;
-    const Camera& camera;
 };
-
-/// Whether a point of view space can be drawn: a finite one, not too far away.
-bool usablePosition(const Vec3& p);
-
-/// The corners of a box; bit 0, 1 and 2 of a corner's number tell whether its x, y and z are high.
-std::array<Vec3, 8> boxCorners(const Bounds& bounds);
-
-/// How a frame's mesh lies to the planes of the view, by its bounds.
-enum class Containment { Outside, Crossing, Inside };
-
-/// The frame's cache must be up to date.
-Containment containment(const DrawContext& context, const DrawItem& item);
 
 /// Where a point of view space in front of the near plane lies on the screen, in subpixels: x and
 /// y.
@@ -44,7 +28,7 @@ struct ScreenVertex {
 };
 
 /// Projects all vertices of a mesh.
-void projectVertices(const DrawContext& context, const DrawCache& cache, Containment where,
+void projectVertices(const RasterContext& context, const DrawCache& cache, Containment where,
                      std::vector<ScreenVertex>& screen);
 
 } // namespace korvane

@@ -15,11 +15,9 @@ void SoftwareView::redraw(ModelDocument& document, ViewState& state) {
     bitmap_.fill(state.colors.background);
     const Camera camera(state.angles, document.CameraDistance, document.CameraCenter,
                         state.scaleFactor);
-    const DrawContext context = {
-        {bitmap_.pixels(), depths_.data(), geometry_.width, geometry_.height},
-        geometry_,
-        state,
-        camera};
+    const RasterContext context = {
+        {geometry_, state, camera},
+        {bitmap_.pixels(), depths_.data(), geometry_.width, geometry_.height}};
     list_.rebuild(document.Root);
     meshes_.begin(document.Materials, state);
     for (const bool translucentPass : {false, true}) {
@@ -35,10 +33,9 @@ void SoftwareView::redraw(ModelDocument& document, ViewState& state) {
     state.lastDrawnMode = state.mode;
 }
 
-void SoftwareView::drawFrame(const DrawContext& context, const DrawItem& item,
+void SoftwareView::drawFrame(const RasterContext& context, const DrawItem& item,
                              bool translucentPass) {
-    FrameRecord& frame = *item.frame;
-    frame.Cache.refresh(frame.Mesh, item.world);
+    refreshedCache(*item.frame, item.world);
     if (context.state.mode != RenderMode::Wireframe) {
         meshes_.draw(context, item, translucentPass);
     } else if (!translucentPass) {
@@ -46,7 +43,7 @@ void SoftwareView::drawFrame(const DrawContext& context, const DrawItem& item,
     }
 }
 
-void SoftwareView::drawSelectedBox(const DrawContext& context) {
+void SoftwareView::drawSelectedBox(const RasterContext& context) {
     for (const DrawItem& item : list_.items()) {
         if (item.frame->HasMesh && item.frame->SelectState == SelectState::Selected) {
             WirePainter::drawBox(context, item);

@@ -24,9 +24,9 @@ class SoftwareView {
     void redraw(ModelDocument& document, ViewState& state);
 
   private:
-    void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
+    void drawFrame(const RasterContext& context, const DrawItem& item, bool translucentPass);
     /// Behind both passes: nothing that shines through is mixed over its lines.
-    void drawSelectedBox(const DrawContext& context);
+    void drawSelectedBox(const RasterContext& context);
 
     ViewGeometry geometry_{1, 1};
     Bitmap bitmap_;

@@ -1,6 +1,7 @@
 #include "render/StartCamera.h"
 
-#include "render/ScreenMesh.h"
+#include "render/Culling.h"
+#include "render/DrawCache.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,8 +28,7 @@ Bounds worldBounds(const DrawList& list) {
     Bounds bounds;
     for (const DrawItem& item : list.items()) {
         if (item.frame->HasMesh) {
-            item.frame->Cache.refresh(item.frame->Mesh, item.world);
-            for (const Vec3& vertex : item.frame->Cache.WorldVertices) {
+            for (const Vec3& vertex : refreshedCache(*item.frame, item.world).WorldVertices) {
                 bounds.add(vertex);
             }
         }
@@ -51,10 +51,10 @@ double radiusAround(const Vec3& centre, const DrawList& list) {
         largest = std::isfinite(squared) ? std::max(largest, squared) : largest;
     };
     for (const DrawItem& item : list.items()) {
-        const DrawCache& cache = item.frame->Cache;
         if (!item.frame->HasMesh) {
             continue;
         }
+        const DrawCache& cache = drawCache(*item.frame);
         std::for_each(cache.WorldVertices.begin(), cache.WorldVertices.end(), add);
         if (item.frame->SelectState == SelectState::Selected && !cache.bounds().empty) {
             for (const Vec3& corner : boxCorners(cache.bounds())) {

@@ -1,8 +1,8 @@
 #include "render/TThreeDWinFrame.h"
 
 #include "app/DevicePixels.h"
-#include "app/ModalCall.h"
-#include "app/MouseEvents.h"
+#include "app/DragFilter.h"
+#include "app/MessageBox.h"
 #include "app/PictureLabel.h"
 #include "render/GlContext.h"
 #include "render/NothingShown.h"
@@ -11,10 +11,6 @@
 #include "ui_TThreeDWinFrame.h"
 
 #include <QApplication>
-#include <QKeyEvent>
-#include <QMessageBox>
-#include <QMouseEvent>
-#include <QWheelEvent>
 
 #include <utility>
 
@@ -26,6 +22,13 @@ TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
     ui_->ReasonLabel->hide();
     // clicked or tabbed to: Escape has to arrive here while a drag runs
     setFocusPolicy(Qt::StrongFocus);
+    mouse_ = std::make_unique<DragFilter>(
+        *this, DragFilter::Handlers{
+                   .press = [this](const DragInput& input) { mouseDown(input); },
+                   .move = [this](const DragInput& input) { mouseMove(input); },
+                   .release = [this](const DragInput& input) { mouseUp(input); },
+                   .cancel = [this] { return cancelDrag(); },
+                   .wheel = [this](const DragInput& /*place*/, float notches) { zoom(notches); }});
     // queued: whoever asked for the drawing cannot wait for the user
     connect(
         this, &TThreeDWinFrame::contextFailed, this, [this] { showFailure(GlProbe::NoContext); },
@@ -65,13 +68,10 @@ void TThreeDWinFrame::releaseContext() {
 }
 
 void TThreeDWinFrame::showFailure(GlProbe probe) {
-    QMessageBox box(QMessageBox::Critical, QApplication::applicationName(),
-                    probe == GlProbe::NotCurrent ? QStringLiteral("Could not MakeCurrent")
-                                                 : QStringLiteral(":-)~ hrc == NULL"),
-                    QMessageBox::Ok, this);
-    box.setObjectName(QStringLiteral("GlFailure"));
-    box.setTextFormat(Qt::PlainText);
-    execModal(box);
+    showMessageBox(this, QStringLiteral("GlFailure"), QMessageBox::Critical,
+                   QApplication::applicationName(),
+                   probe == GlProbe::NotCurrent ? QStringLiteral("Could not MakeCurrent")
+                                                : QStringLiteral(":-)~ hrc == NULL"));
 }
 
 void TThreeDWinFrame::redraw() {
@@ -128,50 +128,6 @@ void TThreeDWinFrame::showEvent(QShowEvent* event) {
     redraw();
 }
 
-void TThreeDWinFrame::hideEvent(QHideEvent* event) {
-    cancelDrag();
-    QWidget::hideEvent(event);
-}
-
-void TThreeDWinFrame::focusOutEvent(QFocusEvent* event) {
-    cancelDrag();
-    QWidget::focusOutEvent(event);
-}
-
-void TThreeDWinFrame::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && drag_.active()) {
-        cancelDrag();
-        return;
-    }
-    QWidget::keyPressEvent(event);
-}
-
-void TThreeDWinFrame::mousePressEvent(QMouseEvent* event) {
-    mouseDown(dragInputOf(*event, *this));
-}
-
-void TThreeDWinFrame::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() == Qt::NoButton) {
-        cancelDrag(); // the release went elsewhere
-        return;
-    }
-    mouseMove(dragInputOf(*event, *this));
-}
-
-void TThreeDWinFrame::mouseReleaseEvent(QMouseEvent* event) {
-    mouseUp(dragInputOf(*event, *this));
-}
-
-void TThreeDWinFrame::wheelEvent(QWheelEvent* event) {
-    event->accept();
-    const float notches = wheelNotches(*event);
-    if (document_ == nullptr || drag_.active() || notches == 0.0F) {
-        return;
-    }
-    document_->CameraDistance = wheelDistance(document_->CameraDistance, notches);
-    redraw();
-}
-
 void TThreeDWinFrame::mouseDown(const DragInput& input) {
     if (document_ != nullptr) {
         drag_.begin(input, state_.angles, document_->CameraDistance);
@@ -192,10 +148,20 @@ void TThreeDWinFrame::mouseUp(const DragInput& input) {
     }
 }
 
-void TThreeDWinFrame::cancelDrag() {
-    if (document_ != nullptr && drag_.cancel(state_.angles, document_->CameraDistance)) {
-        redraw();
+bool TThreeDWinFrame::cancelDrag() {
+    if (document_ == nullptr || !drag_.cancel(state_.angles, document_->CameraDistance)) {
+        return false;
     }
+    redraw();
+    return true;
+}
+
+void TThreeDWinFrame::zoom(float notches) {
+    if (document_ == nullptr || drag_.active() || notches == 0.0F) {
+        return;
+    }
+    document_->CameraDistance = wheelDistance(document_->CameraDistance, notches);
+    redraw();
 }
 
 } // namespace korvane

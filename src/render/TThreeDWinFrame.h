@@ -13,6 +13,7 @@ namespace Ui {
 class TThreeDWinFrame;
 }
 
+class DragFilter;
 class TGlPanel;
 
 enum class GlProbe;
@@ -50,13 +51,6 @@ class TThreeDWinFrame : public QWidget {
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
   private:
     void FrameResize();
@@ -65,7 +59,9 @@ class TThreeDWinFrame : public QWidget {
     void mouseDown(const DragInput& input);
     void mouseMove(const DragInput& input);
     void mouseUp(const DragInput& input);
-    void cancelDrag();
+    /// Ends a running drag without a trace; whether there was one.
+    bool cancelDrag();
+    void zoom(float notches);
     void showFailure(GlProbe probe);
 
     std::unique_ptr<Ui::TThreeDWinFrame> ui_;
@@ -76,6 +72,7 @@ class TThreeDWinFrame : public QWidget {
     TGlPanel* panel_ = nullptr; ///< a child; null unless drawing with OpenGL
     OrbitDrag drag_;
     bool cameraPending_ = true;
+    std::unique_ptr<DragFilter> mouse_; ///< goes first: it calls back
 };
 
 } // namespace korvane

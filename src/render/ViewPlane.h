@@ -13,15 +13,6 @@ enum class ViewPlane : std::int32_t { XY = 0, XZ = 1, ZY = 2 };
 inline constexpr std::size_t planeCount = 3;
 inline constexpr ViewPlane viewPlanes[planeCount] = {ViewPlane::XY, ViewPlane::XZ, ViewPlane::ZY};
 
-/// What the mouse does in the 2D views.
-enum class ViewTool : std::int32_t {
-    MoveFrame = 1,
-    Zoom = 2,
-    MoveView = 3,
-    RotateFrame = 4,
-    MoveObjCoords = 5,
-};
-
 /// A point or a way in a plane, in units of the model: u to the right, v upward.
 struct PlanePoint {
     float u = 0.0F;

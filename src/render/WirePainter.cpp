@@ -44,7 +44,7 @@ void drawLine(const RasterTarget& target, const ScreenVertex& from, const Screen
 }
 
 /// A line between two points of view space, cut at the planes.
-void drawClipped(const DrawContext& context, Vec3 a, Vec3 b, BitmapPixel color) {
+void drawClipped(const RasterContext& context, Vec3 a, Vec3 b, BitmapPixel color) {
     if (!usablePosition(a) || !usablePosition(b) || !clipLine(context.geometry, a, b)) {
         return;
     }
@@ -55,24 +55,12 @@ void drawClipped(const DrawContext& context, Vec3 a, Vec3 b, BitmapPixel color) 
 
 } // namespace
 
-BitmapPixel wireColor(const ViewColors& colors, SelectState state) {
-    switch (state) {
-    case SelectState::Selected:
-        return colors.selected;
-    case SelectState::Descendant:
-        return colors.selectedChild;
-    case SelectState::Other:
-        break;
-    }
-    return colors.unselected;
-}
-
-void WirePainter::drawMesh(const DrawContext& context, const DrawItem& item) {
+void WirePainter::drawMesh(const RasterContext& context, const DrawItem& item) {
     const Containment where = containment(context, item);
     if (where == Containment::Outside) {
         return;
     }
-    const DrawCache& cache = item.frame->Cache;
+    const DrawCache& cache = drawCache(*item.frame);
     const BitmapPixel color = wireColor(context.state.colors, item.frame->SelectState);
     projectVertices(context, cache, where, screen_);
     const auto view = [&](std::uint32_t vertex) {
@@ -105,8 +93,8 @@ void WirePainter::drawMesh(const DrawContext& context, const DrawItem& item) {
     }
 }
 
-void WirePainter::drawBox(const DrawContext& context, const DrawItem& item) {
-    const DrawCache& cache = item.frame->Cache;
+void WirePainter::drawBox(const RasterContext& context, const DrawItem& item) {
+    const DrawCache& cache = drawCache(*item.frame);
     if (cache.bounds().empty) {
         return;
     }

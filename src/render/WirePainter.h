@@ -6,18 +6,15 @@
 
 namespace korvane {
 
-/// The wire colour of a frame by how it stands to the selected one.
-BitmapPixel wireColor(const ViewColors& colors, SelectState state);
-
 /// Draws lines and points into the 3D picture, nearer pixels winning. It keeps its working memory,
 /// so that drawing allocates nothing once that has grown.
 class WirePainter {
   public:
     /// Outlines every face of the frame's mesh, or with dots marks their corners only. The frame's
     /// cache must be up to date.
-    void drawMesh(const DrawContext& context, const DrawItem& item);
+    void drawMesh(const RasterContext& context, const DrawItem& item);
     /// Outlines the box around the mesh's vertices, turned as the frame is.
-    static void drawBox(const DrawContext& context, const DrawItem& item);
+    static void drawBox(const RasterContext& context, const DrawItem& item);
 
   private:
     std::vector<ScreenVertex> screen_;

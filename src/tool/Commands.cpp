@@ -61,7 +61,7 @@ ExitStatus refuseInput(const QString& out) {
 }
 
 bool open(const QString& file, ModelDocument& document) {
-    if (!isTextModelName(file)) {
+    if (!isTextModel(modelFileKind(file))) {
         refuse(file, QStringLiteral("Not a model file (.xsi or .x)"));
         return false;
     }

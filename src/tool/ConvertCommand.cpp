@@ -58,10 +58,10 @@ ExitStatus convert(const QStringList& words) {
         return wrongCall(
             QStringLiteral("convert needs IN and OUT.xsi, and a number above 0 to repeat"));
     }
-    if (upperExtension(files[1]) != QLatin1String(".XSI")) {
+    if (modelFileKind(files[1]) != ModelFileKind::Xsi) {
         return wrongCall(QStringLiteral("the name of the output must end in .xsi"));
     }
-    if (isSameFile(files[0], files[1]) && upperExtension(files[0]) != QLatin1String(".XSI")) {
+    if (isSameFile(files[0], files[1]) && modelFileKind(files[0]) != ModelFileKind::Xsi) {
         return refuseInput(files[1]);
     }
     if (rounds > 1) {

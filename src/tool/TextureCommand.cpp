@@ -1,4 +1,5 @@
 #include "formats/TextureLoader.h"
+#include "formats/TexturePicture.h"
 #include "tool/PictureOutput.h"
 
 #include <QFileInfo>

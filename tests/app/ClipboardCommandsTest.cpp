@@ -1,6 +1,6 @@
 #include "app/ModelClipboard.h"
 #include "support/MainFormTest.h"
-#include "support/ModelText.h"
+#include "support/TextModel.h"
 
 #include <QApplication>
 #include <QClipboard>

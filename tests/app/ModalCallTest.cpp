@@ -1,7 +1,7 @@
 #include "app/ModalCall.h"
 
 #include "support/MainFormTest.h"
-#include "support/ModelText.h"
+#include "support/TextModel.h"
 
 #include <QCheckBox>
 #include <QDialog>

@@ -1,5 +1,5 @@
-#include "edit/ClipboardBlock.h"
-
+#include "edit/ClipboardReader.h"
+#include "edit/ClipboardWriter.h"
 #include "support/AllocationWatch.h"
 #include "support/ClipboardBytes.h"
 #include "support/FrameMaking.h"
@@ -18,8 +18,8 @@
 namespace korvane {
 namespace {
 
+using test::blockBytes;
 using test::Bytes;
-using test::bytesOf;
 
 /// The bytes of the listings in the description of the format, one after the other.
 std::vector<Bytes> documentedBlocks() {
@@ -87,9 +87,9 @@ TEST(ClipboardBlock, ExamplesOfTheDescription) {
     ASSERT_EQ(documented.size(), 2U);
     const MaterialRecord material = texturedMaterial();
     const MaterialRecord* const one[] = {&material};
-    EXPECT_EQ(bytesOf(encodeMaterials(one)), documented[0]);
+    EXPECT_EQ(blockBytes(encodeMaterials(one)), documented[0]);
     EXPECT_EQ(documented[0].size(), 12U + 236 + 5 + (4 + 4 + 1 + 8));
-    EXPECT_EQ(bytesOf(encodeFrame(wing(), fiveMaterials())), documented[1]);
+    EXPECT_EQ(blockBytes(encodeFrame(wing(), fiveMaterials())), documented[1]);
     // those that the fuzzer starts from
     EXPECT_EQ(test::seedFile("materials.clipboard"), documented[0]);
     EXPECT_EQ(test::seedFile("frame.clipboard"), documented[1]);
@@ -125,7 +125,7 @@ TEST(ClipboardBlock, RemapTableAndSizes) {
         frame.Children.resize(1);
         frame.Children[0].Mesh.MaterialSlotList = row.childSlots;
         const std::vector<MaterialRecord> table(row.materials);
-        const Bytes block = bytesOf(encodeFrame(frame, table));
+        const Bytes block = blockBytes(encodeFrame(frame, table));
         const std::size_t used = static_cast<std::size_t>(row.remap.back());
         const std::size_t payload = 2 * emptyFrame +
                                     4 * (row.slots.size() + row.childSlots.size()) +
@@ -138,7 +138,7 @@ TEST(ClipboardBlock, RemapTableAndSizes) {
         EXPECT_EQ(copied.materials.size(), used);
         EXPECT_EQ(copied.frame.Mesh.MaterialSlotList, row.readSlots);
     }
-    const Bytes none = bytesOf(encodeMaterials({}));
+    const Bytes none = blockBytes(encodeMaterials({}));
     EXPECT_EQ(none, (Bytes{8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(std::get<CopiedMaterials>(decodeBlock(none).value()).size(), 0U);
 }
@@ -147,7 +147,7 @@ TEST(ClipboardBlock, FacesKeepTheirSlotsWhereTheMeshKnowsNone) {
     FrameRecord frame = wing();
     frame.Mesh.MaterialSlotList.clear(); // as of a file that only names its materials
     frame.Mesh.FaceSlotIndex = {3, 0, 41};
-    const CopiedFrame copied = decodedFrame(bytesOf(encodeFrame(frame, fiveMaterials())));
+    const CopiedFrame copied = decodedFrame(blockBytes(encodeFrame(frame, fiveMaterials())));
     EXPECT_EQ(copied.frame.Mesh.FaceSlotIndex, frame.Mesh.FaceSlotIndex);
 }
 
@@ -207,7 +207,7 @@ TEST(ClipboardBlock, RandomFramesComeBackWhole) {
         const FrameRecord& source = seed % 4 == 0 || document.Root.Children.empty()
                                         ? document.Root
                                         : document.Root.Children.back();
-        CopiedFrame copied = decodedFrame(bytesOf(encodeFrame(source, document.Materials)));
+        CopiedFrame copied = decodedFrame(blockBytes(encodeFrame(source, document.Materials)));
 
         std::vector<std::int32_t> places(document.Materials.size(), -1);
         for (FrameWalk walk(source); !walk.done(); walk.next()) {
@@ -243,10 +243,10 @@ TEST(ClipboardBlock, EveryBitOfANumberIsKept) {
     material.OffsetU = std::numeric_limits<float>::denorm_min();
     material.RepeatU = std::numeric_limits<std::int32_t>::min();
     const MaterialRecord* const one[] = {&material};
-    const Bytes block = bytesOf(encodeMaterials(one));
+    const Bytes block = blockBytes(encodeMaterials(one));
     const auto back = std::get<CopiedMaterials>(decodeBlock(block).value());
     const MaterialRecord* const again[] = {back.data()};
-    EXPECT_EQ(bytesOf(encodeMaterials(again)), block);
+    EXPECT_EQ(blockBytes(encodeMaterials(again)), block);
     EXPECT_EQ(back[0].Power, material.Power);
     EXPECT_EQ(back[0].RepeatU, material.RepeatU);
 }
@@ -307,11 +307,11 @@ TEST(ClipboardBlock, NumbersThatAreNotFiniteAreRefused) {
     for (const auto& [what, numbers] : floatsOf(frame, table[0])) {
         for (float* number : numbers) {
             const float before = std::exchange(*number, Limits::max());
-            EXPECT_TRUE(decodeBlock(bytesOf(encodeFrame(frame, table)))) << what;
+            EXPECT_TRUE(decodeBlock(blockBytes(encodeFrame(frame, table)))) << what;
             for (const float odd : {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(),
                                     std::bit_cast<float>(0xff800001U)}) {
                 *number = odd;
-                EXPECT_FALSE(decodeBlock(bytesOf(encodeFrame(frame, table)))) << what << odd;
+                EXPECT_FALSE(decodeBlock(blockBytes(encodeFrame(frame, table)))) << what << odd;
             }
             *number = before;
             ++floats;
@@ -322,7 +322,7 @@ TEST(ClipboardBlock, NumbersThatAreNotFiniteAreRefused) {
     MaterialRecord integers = table[0];
     integers.CropUMax = std::bit_cast<std::int32_t>(0x7f800000U);
     const MaterialRecord* const one[] = {&integers};
-    EXPECT_TRUE(decodeBlock(bytesOf(encodeMaterials(one)))) << "any integer is one";
+    EXPECT_TRUE(decodeBlock(blockBytes(encodeMaterials(one)))) << "any integer is one";
 }
 
 TEST(ClipboardBlock, ABlockCutAnywhereIsRefused) {
@@ -470,7 +470,7 @@ TEST(ClipboardBlock, DepthIsLimited) {
     const auto nested = [](std::size_t depth) {
         FrameRecord top;
         test::chainBelow(top, depth);
-        return bytesOf(encodeFrame(top, {}));
+        return blockBytes(encodeFrame(top, {}));
     };
     // the copy stands below a root at the least
     EXPECT_TRUE(decodeBlock(nested(maxFrameDepth - 1)).has_value());
@@ -481,7 +481,7 @@ TEST(ClipboardBlock, CountsThatRepeatOnEveryLevelTakeNoMoreThanTheBytes) {
     // a chain of frames, each of which claims as many children as could just follow
     FrameRecord top;
     test::chainBelow(top, 500);
-    Bytes block = bytesOf(encodeFrame(top, {}));
+    Bytes block = blockBytes(encodeFrame(top, {}));
     for (std::size_t level = 0; level < 500; ++level) {
         const std::size_t count =
             16 + level * 206 + 202; // a record begins before its parent's ends

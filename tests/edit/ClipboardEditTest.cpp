@@ -1,5 +1,6 @@
 #include "edit/ClipboardEdit.h"
 
+#include "edit/ClipboardReader.h"
 #include "support/ClipboardBytes.h"
 #include "support/EditLadder.h"
 #include "support/FrameMaking.h"
@@ -40,7 +41,7 @@ struct Model {
             document.Selected.Frame.reset();
         }
     }
-    [[nodiscard]] test::Bytes copied() const { return test::bytesOf(copySelection(document)); }
+    [[nodiscard]] test::Bytes copied() const { return test::blockBytes(copySelection(document)); }
     bool paste(const test::Bytes& block) {
         std::optional<ClipboardItem> item = decodeBlock(block);
         return item && pasteIntoSelection(document, history, std::move(*item), textures);

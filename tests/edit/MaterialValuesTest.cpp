@@ -2,7 +2,7 @@
 
 #include "edit/FaceTreeModel.h"
 #include "edit/PendingScalarEdit.h"
-#include "edit/TexturePicture.h"
+#include "formats/TexturePicture.h"
 #include "model/PolygonList.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "model/ModelCounts.h"
-#include "support/ModelText.h"
 #include "support/TestFiles.h"
+#include "support/TextModel.h"
 
 #include <array>
 #include <map>

@@ -1,7 +1,7 @@
 #include "formats/AtomicFile.h"
 #include "formats/FileNames.h"
-#include "support/ModelText.h"
 #include "support/TestFiles.h"
+#include "support/TextModel.h"
 
 #include <algorithm>
 #include <csignal>
@@ -113,7 +113,7 @@ TEST_F(Files, ExtensionsDecideInAnyCase) {
     for (const auto& row : rows) {
         const QString name = QString::fromLatin1(row.name);
         EXPECT_EQ(upperExtension(name), QString::fromLatin1(row.extension));
-        EXPECT_EQ(isTextModelName(name), row.model) << row.name;
+        EXPECT_EQ(isTextModel(modelFileKind(name)), row.model) << row.name;
     }
 }
 

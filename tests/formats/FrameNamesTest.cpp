@@ -1,7 +1,7 @@
 #include "formats/FrameNames.h"
 
 #include "support/FrameMaking.h"
-#include "support/ModelText.h"
+#include "support/TextModel.h"
 
 #include <array>
 #include <random>

@@ -4,8 +4,8 @@
 #include "model/ModelCounts.h"
 #include "model/StructureTree.h"
 #include "support/AllocationWatch.h"
-#include "support/ModelText.h"
 #include "support/RandomModel.h"
+#include "support/TextModel.h"
 
 #include <QDir>
 
@@ -250,7 +250,7 @@ TEST(HostileInput, ManyMeshesOfOneFrameStayLinear) {
 
 /// What a model or a picture comes to: for a model its contents and how its root is saved.
 std::string outcome(const QString& file) {
-    if (!isTextModelName(file)) {
+    if (!isTextModel(modelFileKind(file))) {
         const TextureImage image = loadTextureFile(file);
         return std::to_string(image.width) + " x " + std::to_string(image.height) + " of " +
                std::to_string(image.pixels.size()) + " pixels";

@@ -1,6 +1,6 @@
 #include "support/FrameMaking.h"
-#include "support/ModelText.h"
 #include "support/RandomModel.h"
+#include "support/TextModel.h"
 
 #include <clocale>
 #include <cstddef>

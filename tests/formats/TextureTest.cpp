@@ -1,9 +1,11 @@
 #include "formats/MshOpener.h"
-#include "formats/TextureDecoders.h"
+#include "formats/PicDecoder.h"
+#include "formats/QtDecoder.h"
 #include "formats/TextureLoader.h"
+#include "formats/TgaDecoder.h"
 #include "support/AllocationWatch.h"
-#include "support/ModelText.h"
 #include "support/TestFiles.h"
+#include "support/TextModel.h"
 
 #include <QBuffer>
 #include <QImage>

@@ -1,4 +1,4 @@
-#include "support/ModelText.h"
+#include "support/TextModel.h"
 
 namespace korvane {
 namespace {

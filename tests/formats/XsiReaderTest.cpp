@@ -1,5 +1,5 @@
 #include "formats/XsiFrameReader.h"
-#include "support/ModelText.h"
+#include "support/TextModel.h"
 
 #include <QDir>
 #include <QFile>

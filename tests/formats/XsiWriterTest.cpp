@@ -1,4 +1,4 @@
-#include "support/ModelText.h"
+#include "support/TextModel.h"
 
 #include <charconv>
 #include <cstring>

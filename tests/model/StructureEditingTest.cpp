@@ -1,6 +1,6 @@
 #include "render/TImage.h"
 #include "support/MainFormTest.h"
-#include "support/ModelText.h"
+#include "support/TextModel.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,4 +1,5 @@
 #include "app/DevicePixels.h"
+#include "model/StructureTreeModel.h"
 #include "render/TImage.h"
 #include "support/MainFormTest.h"
 
@@ -212,7 +213,7 @@ TEST_F(TMDIChildViews, VisibilityTogglesShowAtTheNextMouseEvent) {
     };
     const QModelIndex root = tree().model()->index(0, 0);
     const auto greyed = [&](const QModelIndex& node) {
-        return node.data(Qt::ForegroundRole).isValid();
+        return node.data(StructureTreeModel::hiddenRole).toBool();
     };
     EXPECT_EQ(boxes(), "F+M+");
     const QImage shown = picture("Image2");

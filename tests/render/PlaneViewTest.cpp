@@ -199,7 +199,7 @@ TEST(PlaneView, OnlyWhatMovedIsProjectedAnew) {
     addFace(mesh, {0, 2, 3});
     EXPECT_EQ(projected(), (Counts{1, 1, 1}));
     mesh.Vertices[0].x = -3;
-    board.document.Root.Children[3].Cache.clear();
+    mesh.Revision.shapeChanged();
     EXPECT_EQ(projected(), (Counts{1, 1, 1}));
 }
 

@@ -157,7 +157,7 @@ TEST(SoftwareView, NormalsAndTextureCoordinatesFallBack) {
     const auto shade = [&](std::vector<std::uint32_t> normals) {
         mesh.NormalFaces.clear();
         mesh.NormalFaces.push_back(normals);
-        scene.document.Root.Cache.clear();
+        scene.mesh().Revision.shapeChanged();
         scene.redraw();
         return scene.at(100, 100);
     };
@@ -295,7 +295,7 @@ TEST(SoftwareView, WireframeUsesTheColoursOfTheSelection) {
     EXPECT_EQ(scene.drawn(), 4U);
     scene.state.dots = false;
     scene.mesh().Vertices[0] = {-2, -2, 500}; // behind the eye: its lines are cut, not dropped
-    scene.document.Root.Cache.clear();
+    scene.mesh().Revision.shapeChanged();
     scene.redraw();
     EXPECT_GT(scene.drawn(), 100U);
     // in the shaded modes the selected frame has its box around it
@@ -376,24 +376,31 @@ TEST(DrawCache, IsBuiltWhenWhatItDependsOnChangedAndBelongsToOneFrame) {
     Scene scene({plain(1, 0, 0)});
     addSquare(scene.mesh(), 1, 0);
     FrameRecord& frame = scene.document.Root;
-    EXPECT_TRUE(frame.Cache.refresh(frame.Mesh, frame.Matrix));
-    EXPECT_FALSE(frame.Cache.refresh(frame.Mesh, frame.Matrix));
+    const auto builds = [](FrameRecord& of) { return drawCache(of).refresh(of.Mesh, of.Matrix); };
+    EXPECT_TRUE(builds(frame));
+    EXPECT_FALSE(builds(frame));
     scene.redraw();
-    EXPECT_FALSE(frame.Cache.refresh(frame.Mesh, frame.Matrix)) << "drawing changes nothing";
+    EXPECT_FALSE(builds(frame)) << "drawing changes nothing";
     frame.Matrix[12] = 5;
-    EXPECT_TRUE(frame.Cache.refresh(frame.Mesh, frame.Matrix));
-    EXPECT_EQ(frame.Cache.WorldVertices[0], (Vec3{4, -1, 0}));
-    addSquare(scene.mesh(), 1, 0);
-    EXPECT_TRUE(frame.Cache.refresh(frame.Mesh, frame.Matrix));
-    EXPECT_EQ(frame.Cache.WorldCache3.size(), 2U);
+    EXPECT_TRUE(builds(frame));
+    EXPECT_EQ(drawCache(frame).WorldVertices[0], (Vec3{4, -1, 0}));
+    addSquare(frame.Mesh, 1, 0);
+    EXPECT_TRUE(builds(frame));
+    EXPECT_EQ(drawCache(frame).WorldCache3.size(), 2U);
     FrameRecord copy = frame;
-    EXPECT_TRUE(copy.Cache.WorldVertices.empty());
+    EXPECT_TRUE(drawCache(copy).WorldVertices.empty());
     EXPECT_EQ(copy, frame);
-    EXPECT_TRUE(copy.Cache.refresh(copy.Mesh, copy.Matrix));
+    EXPECT_TRUE(builds(copy));
     copy = frame;
-    EXPECT_TRUE(copy.Cache.WorldVertices.empty());
-    frame.Cache.clear();
-    EXPECT_TRUE(frame.Cache.refresh(frame.Mesh, frame.Matrix));
+    EXPECT_TRUE(drawCache(copy).WorldVertices.empty());
+    EXPECT_TRUE(builds(copy));
+    // a mesh takes its revision along, and leaves another behind
+    FrameRecord taker = frame;
+    taker.Mesh = std::move(copy.Mesh);
+    EXPECT_TRUE(builds(taker));
+    EXPECT_FALSE(builds(taker));
+    EXPECT_TRUE(builds(copy));
+    EXPECT_FALSE(builds(frame));
 }
 
 } // namespace

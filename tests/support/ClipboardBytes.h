@@ -13,7 +13,7 @@ namespace korvane::test {
 
 using Bytes = std::vector<std::uint8_t>;
 
-inline Bytes bytesOf(const QByteArray& block) {
+inline Bytes blockBytes(const QByteArray& block) {
     return {block.begin(), block.end()};
 }
 

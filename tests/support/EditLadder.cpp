@@ -1,7 +1,7 @@
 #include "support/EditLadder.h"
 
 #include "model/FrameWalk.h"
-#include "support/ModelText.h"
+#include "support/TextModel.h"
 
 namespace korvane::test {
 

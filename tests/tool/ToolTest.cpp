@@ -1,6 +1,6 @@
 #include "render/Bitmap.h"
-#include "support/ModelText.h"
 #include "support/TestFiles.h"
+#include "support/TextModel.h"
 
 #include <QImage>
 #include <QProcess>
