@@ -1,6 +1,6 @@
 #include "BenchModel.h"
 
-#include "formats/XsiWriter.h"
+#include "formats/xsi/XsiWriter.h"
 
 #include <array>
 #include <cmath>

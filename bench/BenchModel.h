@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/ModelDocument.h"
+#include "model/document/ModelDocument.h"
 
 #include <cstddef>
 #include <string>

@@ -1,7 +1,7 @@
 #include "BenchModel.h"
-#include "edit/ClipboardEdit.h"
-#include "edit/ClipboardReader.h"
-#include "formats/XsiReader.h"
+#include "edit/clipboard/ClipboardEdit.h"
+#include "edit/clipboard/ClipboardReader.h"
+#include "formats/xsi/XsiReader.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 #include "BenchModel.h"
-#include "formats/XsiReader.h"
-#include "formats/XsiWriter.h"
+#include "formats/xsi/XsiReader.h"
+#include "formats/xsi/XsiWriter.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,8 +1,8 @@
 #include "BenchModel.h"
-#include "render/PlaneCache.h"
-#include "render/PlaneView.h"
-#include "render/SoftwareView.h"
-#include "render/StartCamera.h"
+#include "render/planes/PlaneCache.h"
+#include "render/planes/PlaneView.h"
+#include "render/scene/StartCamera.h"
+#include "render/software/SoftwareView.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
-#include "edit/EditHistory.h"
-#include "model/FrameWalk.h"
-#include "model/StructureTreeModel.h"
-#include "model/TStructureView.h"
+#include "edit/history/EditHistory.h"
+#include "model/document/StructureTreeModel.h"
+#include "model/forms/TStructureView.h"
+#include "model/records/FrameWalk.h"
 
 #include <QApplication>
 #include <QTreeView>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "formats/XsiReader.h"
-#include "formats/XsiWriter.h"
-#include "model/StructureTree.h"
+#include "formats/xsi/XsiReader.h"
+#include "formats/xsi/XsiWriter.h"
+#include "model/document/StructureTree.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,8 +1,8 @@
-#include "edit/ClipboardEdit.h"
-#include "edit/ClipboardReader.h"
-#include "formats/XsiWriter.h"
-#include "model/StructureTree.h"
-#include "render/SoftwareView.h"
+#include "edit/clipboard/ClipboardEdit.h"
+#include "edit/clipboard/ClipboardReader.h"
+#include "formats/xsi/XsiWriter.h"
+#include "model/document/StructureTree.h"
+#include "render/software/SoftwareView.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "formats/PicDecoder.h"
+#include "formats/textures/PicDecoder.h"
 
 #include <cstdlib>
 

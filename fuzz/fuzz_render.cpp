@@ -1,5 +1,5 @@
-#include "render/SoftwareView.h"
-#include "render/StartCamera.h"
+#include "render/scene/StartCamera.h"
+#include "render/software/SoftwareView.h"
 
 #include <array>
 #include <fuzzer/FuzzedDataProvider.h>

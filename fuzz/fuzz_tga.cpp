@@ -1,4 +1,4 @@
-#include "formats/TgaDecoder.h"
+#include "formats/textures/TgaDecoder.h"
 
 #include <cstdlib>
 

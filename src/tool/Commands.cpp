@@ -1,9 +1,9 @@
 #include "tool/Commands.h"
 
-#include "formats/FileNames.h"
-#include "formats/XsiReader.h"
-#include "formats/XsiWriter.h"
-#include "model/ModelText.h"
+#include "formats/files/FileNames.h"
+#include "formats/xsi/XsiReader.h"
+#include "formats/xsi/XsiWriter.h"
+#include "model/records/ModelText.h"
 
 #include <QFile>
 

@@ -1,6 +1,6 @@
-#include "model/FrameWalk.h"
-#include "model/ModelCounts.h"
-#include "model/StructureTree.h"
+#include "model/document/ModelCounts.h"
+#include "model/document/StructureTree.h"
+#include "model/records/FrameWalk.h"
 #include "tool/Commands.h"
 
 #include <cstddef>

@@ -1,8 +1,8 @@
 #include "tool/PictureOutput.h"
 
-#include "formats/AtomicFile.h"
-#include "formats/FileNames.h"
-#include "formats/XsiWriter.h"
+#include "formats/files/AtomicFile.h"
+#include "formats/files/FileNames.h"
+#include "formats/xsi/XsiWriter.h"
 
 #include <QBuffer>
 

@@ -1,7 +1,7 @@
-#include "render/GlOffscreen.h"
-#include "render/PlaneView.h"
-#include "render/SoftwareView.h"
-#include "render/StartCamera.h"
+#include "render/gl/GlOffscreen.h"
+#include "render/planes/PlaneView.h"
+#include "render/scene/StartCamera.h"
+#include "render/software/SoftwareView.h"
 #include "tool/PictureOutput.h"
 #include "tool/Timing.h"
 

@@ -1,5 +1,5 @@
-#include "formats/TextureLoader.h"
-#include "formats/TexturePicture.h"
+#include "formats/textures/TextureLoader.h"
+#include "formats/textures/TexturePicture.h"
 #include "tool/PictureOutput.h"
 
 #include <QFileInfo>

@@ -1,5 +1,5 @@
-#include "formats/FileNames.h"
-#include "formats/XsiWriter.h"
+#include "formats/files/FileNames.h"
+#include "formats/xsi/XsiWriter.h"
 #include "tool/Commands.h"
 
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #include "support/EditLadder.h"
 
-#include "model/FrameWalk.h"
+#include "model/records/FrameWalk.h"
 #include "support/TextModel.h"
 
 namespace korvane::test {

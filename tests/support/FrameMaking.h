@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/FrameWalk.h"
+#include "model/records/FrameWalk.h"
 
 #include <cstdint>
 #include <string>

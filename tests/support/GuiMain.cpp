@@ -1,4 +1,4 @@
-#include "app/EditorApplication.h"
+#include "app/shell/EditorApplication.h"
 #include "support/Display.h"
 
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/EditorForms.h"
-#include "model/TMDIChild.h"
+#include "app/shell/EditorForms.h"
+#include "model/forms/TMDIChild.h"
 #include "support/GuiTest.h"
 #include "support/Words.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "edit/EditHistory.h"
-#include "edit/TMaterial.h"
-#include "edit/TOKBottomDlg.h"
+#include "edit/forms/TMaterial.h"
+#include "edit/forms/TOKBottomDlg.h"
+#include "edit/history/EditHistory.h"
 #include "support/GuiTest.h"
 
 #include <QColorDialog>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/FrameRecord.h"
-#include "render/ViewState.h"
+#include "model/records/FrameRecord.h"
+#include "render/scene/ViewState.h"
 #include "support/Scene.h"
 
 #include <QImage>

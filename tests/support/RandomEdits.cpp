@@ -1,6 +1,6 @@
 #include "support/RandomEdits.h"
 
-#include "model/FrameWalk.h"
+#include "model/records/FrameWalk.h"
 
 #include <utility>
 

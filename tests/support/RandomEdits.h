@@ -1,6 +1,6 @@
 #pragma once
 
-#include "edit/EditHistory.h"
+#include "edit/history/EditHistory.h"
 
 #include <cstdint>
 #include <random>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/SoftwareView.h"
+#include "render/software/SoftwareView.h"
 
 #include <array>
 #include <initializer_list>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "formats/XsiReader.h"
-#include "formats/XsiWriter.h"
+#include "formats/xsi/XsiReader.h"
+#include "formats/xsi/XsiWriter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "render/Bitmap.h"
+#include "render/picture/Bitmap.h"
 #include "support/TestFiles.h"
 #include "support/TextModel.h"
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/shell/TAboutBox.h"
+#include "app/shell/TColorOptions.h"
+#include "app/shell/TMainForm.h"
+#include "edit/forms/TMaterial.h"
+#include "edit/forms/TOKBottomDlg.h"
+#include "model/forms/TOKBottomDlg1.h"
+#include "model/forms/TframeF.h"
+
+#include <QStringList>
+
+namespace korvane {
+
+/// The main frame and the dialogs that live for the whole run, made in this order. The dialogs show
+/// over the frame and are gone before it.
+struct EditorForms {
+    /// `paths` are the models to open at the frame's first activation.
+    explicit EditorForms(const QStringList& paths) : mainForm(*this, paths) {
+        material.setTextureDialog(loadTexture);
+    }
+
+    TMainForm mainForm;
+    TMaterial material{&mainForm};
+    TAboutBox aboutBox{&mainForm};
+    TOKBottomDlg loadTexture{&mainForm};
+    TOKBottomDlg1 renameFrame{&mainForm};
+    TframeF frameOptions{&mainForm};
+    TColorOptions colorOptions{&mainForm};
+};
+
+} // namespace korvane

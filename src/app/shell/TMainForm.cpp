@@ -1,0 +1,404 @@
+#include "app/shell/TMainForm.h"
+
+#include "app/shell/EditorForms.h"
+#include "app/shell/MdiArrange.h"
+#include "app/widgets/DialogStart.h"
+#include "app/widgets/MenuLetters.h"
+#include "app/widgets/ModalCall.h"
+#include "app/widgets/PaletteIcon.h"
+#include "app/widgets/ToolButtons.h"
+#include "formats/files/FileNames.h"
+#include "model/document/ModelDocument.h"
+#include "model/forms/TMDIChild.h"
+#include "render/gl/GlContext.h"
+#include "ui_TMainForm.h"
+
+#include <QAbstractEventDispatcher>
+#include <QAction>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QOpenGLWidget>
+#include <QStatusTipEvent>
+#include <QWindow>
+
+#include <exception>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// The model files among what is dragged.
+QStringList modelFiles(const QMimeData& dragged) {
+    QStringList files;
+    for (const QUrl& url : dragged.urls()) {
+        const QString file = url.toLocalFile();
+        if (modelFileKind(file) != ModelFileKind::None) {
+            files.push_back(file);
+        }
+    }
+    return files;
+}
+
+} // namespace
+
+TMainForm::TMainForm(EditorForms& forms, QStringList paths)
+    : forms_(forms), ui_(std::make_unique<Ui::TMainForm>()), paths_(std::move(paths)),
+      statusPanel_(new QLabel(this)) {
+    ui_->setupUi(this);
+    setCentralWidget(ui_->FrameContent);
+    statusPanel_->setObjectName(QStringLiteral("StatusPanel"));
+    statusPanel_->setTextFormat(Qt::PlainText);
+    // a long message must not keep the frame from getting narrow
+    statusPanel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    ui_->StatusBar1->addWidget(statusPanel_, 1);
+    ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
+
+    if (probeContext() == GlProbe::Works) {
+        // the first OpenGL widget in a window that shows would make it anew, which flickers
+        auto* panel = new QOpenGLWidget(this);
+        panel->setObjectName(QStringLiteral("HiddenGlPanel"));
+        panel->setAccessibleName(QStringLiteral("Hidden OpenGL panel"));
+        panel->hide();
+    }
+    setIcons();
+    setUpToolBar();
+    setUpMenus();
+    connectActions();
+    connectEvents();
+    setWindowState(Qt::WindowMaximized);
+}
+
+TMainForm::~TMainForm() {
+    // the windows that go with the MDI area must find no half-destroyed frame to report to
+    ui_->MDIArea->disconnect(this);
+}
+
+void TMainForm::setIcons() {
+    const std::pair<QAction*, const char*> icons[] = {
+        {ui_->FileNew1, "new"},
+        {ui_->FileOpen1, "open"},
+        {ui_->FileOpenItem, "open"},
+        {ui_->FileSave, "save"},
+        {ui_->EditCut, "cut"},
+        {ui_->EditCopy, "copy"},
+        {ui_->EditPaste, "paste"},
+        {ui_->EditUndo1, "undo"},
+        {ui_->EditRedo1, "redo"},
+        {ui_->WindowCascade1, "cascade"},
+        {ui_->WindowTileHorizontal1, "tile-horizontally"},
+        {ui_->WindowTileVertical1, "tile-vertically"}};
+    for (const auto& [action, name] : icons) {
+        action->setIcon(paletteIcon(QString::fromLatin1(name)));
+    }
+}
+
+void TMainForm::setUpToolBar() {
+    ui_->PageScroller1->setWidget(ui_->ToolBar1);
+    nameToolButtons(*ui_->ToolBar1);
+    addDropDown(*ui_->ToolBar1, *ui_->EditUndo1);
+    addDropDown(*ui_->ToolBar1, *ui_->EditRedo1);
+}
+
+void TMainForm::setUpMenus() {
+    // its item shows the key of the action, which it is under another caption: two that have the
+    // key would be ambiguous
+    ui_->FileOpenItem->setText(ui_->FileOpenItem->text() + u'\t' +
+                               ui_->FileOpen1->shortcut().toString(QKeySequence::NativeText));
+    actOnFirstLetters(*this);
+}
+
+void TMainForm::connectActions() {
+    const std::pair<QAction*, void (TMainForm::*)()> commands[] = {
+        {ui_->FileNew1, &TMainForm::FileNew1Execute},
+        {ui_->FileOpen1, &TMainForm::FileOpen1Execute},
+        {ui_->FileOpenItem, &TMainForm::FileOpen1Execute},
+        {ui_->FileClose1, &TMainForm::FileClose1Execute},
+        {ui_->FileSave, &TMainForm::ChildSave},
+        {ui_->FileSaveAs, &TMainForm::ChildSaveAs},
+        {ui_->FileExit1, &TMainForm::FileExit1Execute},
+        {ui_->EditUndo1, &TMainForm::EditUndo1Execute},
+        {ui_->EditRedo1, &TMainForm::EditRedo1Execute},
+        {ui_->EditCut, &TMainForm::EditCutExecute},
+        {ui_->EditCopy, &TMainForm::EditCopyExecute},
+        {ui_->EditPaste, &TMainForm::EditPasteExecute},
+        {ui_->ColorOptionsAction, &TMainForm::ColorOptionsActionExecute},
+        {ui_->Rwire, &TMainForm::ChildWire},
+        {ui_->Rflat, &TMainForm::ChildFlat},
+        {ui_->Rfull, &TMainForm::ChildFull},
+        {ui_->Rdots, &TMainForm::ChildDots},
+        {ui_->Rallowtrans, &TMainForm::ChildTrans},
+        {ui_->Rbackwards, &TMainForm::ChildBackwards},
+        {ui_->D3DAction, &TMainForm::D3DExecute},
+        {ui_->OpenGLAction, &TMainForm::OpenGLExecute},
+        {ui_->SoftwareAction, &TMainForm::SoftwareExecute},
+        {ui_->WindowCascade1, &TMainForm::WindowCascade1Execute},
+        {ui_->WindowTileHorizontal1, &TMainForm::WindowTileHorizontal1Execute},
+        {ui_->WindowTileVertical1, &TMainForm::WindowTileVertical1Execute},
+        {ui_->WindowMinimizeAll1, &TMainForm::WindowMinimizeAll1Execute},
+        {ui_->WindowArrangeAll1, &TMainForm::WindowArrangeAll1Execute},
+        {ui_->HelpAbout1, &TMainForm::HelpAbout1Execute}};
+    for (const auto& [action, execute] : commands) {
+        connect(action, &QAction::triggered, this, [this, action = action, execute = execute] {
+            if (action->isCheckable()) {
+                // the action has moved its mark by itself; marks are the handlers' business
+                action->setChecked(!action->isChecked());
+            }
+            if (ModalCall::running()) {
+                return;
+            }
+            if (TMDIChild* document = activeDocument()) {
+                document->clearMessage();
+            }
+            (this->*execute)();
+        });
+    }
+    // shortcuts work wherever the focus is, whether or not their items show
+    addActions({ui_->FileNew1, ui_->FileOpen1, ui_->EditCut, ui_->EditCopy, ui_->EditPaste});
+}
+
+void TMainForm::connectEvents() {
+    connect(ui_->Window1, &QMenu::aboutToShow, this,
+            [this] { windowList_.refresh(*this, *ui_->Window1); });
+    connect(ui_->MDIArea, &QMdiArea::subWindowActivated, this, &TMainForm::showStatus);
+    // queued: reading may ask the user something, which neither an activation event nor the idle
+    // moment can wait for
+    connect(this, &TMainForm::firstActivated, this, &TMainForm::MainFormActivate,
+            Qt::QueuedConnection);
+    // queued: where the files come from waits for the answer, which reading must not hold up
+    connect(this, &TMainForm::filesDropped, this, &TMainForm::createDocuments,
+            Qt::QueuedConnection);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            [this] {
+                try {
+                    idle();
+                } catch (const std::exception&) {
+                    // memory ran out, and no event is being delivered that could tell: what was
+                    // left undone is done when the program is idle next
+                }
+            });
+}
+
+TMDIChild* TMainForm::activeDocument() const {
+    auto* document = qobject_cast<TMDIChild*>(ui_->MDIArea->currentSubWindow());
+    return document != nullptr && document->document() != nullptr ? document : nullptr;
+}
+
+QList<TMDIChild*> TMainForm::documents() const {
+    QList<TMDIChild*> documents;
+    for (QMdiSubWindow* window : ui_->MDIArea->subWindowList(QMdiArea::CreationOrder)) {
+        auto* document = qobject_cast<TMDIChild*>(window);
+        // one that was just closed is on its way out
+        if (document != nullptr && document->document() != nullptr) {
+            documents.push_back(document);
+        }
+    }
+    return documents;
+}
+
+bool TMainForm::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        scheduleFirstActivation();
+    } else if (event->type() == QEvent::StatusTip) {
+        // the one panel shows hints as well as messages
+        hint_ = dynamic_cast<QStatusTipEvent&>(*event).tip();
+        showStatus();
+        return true;
+    }
+    return QMainWindow::event(event);
+}
+
+void TMainForm::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
+    }
+    QMainWindow::changeEvent(event);
+}
+
+void TMainForm::dragEnterEvent(QDragEnterEvent* event) {
+    // a dialog that is open comes first
+    if (QApplication::activeModalWidget() == nullptr && !modelFiles(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void TMainForm::dropEvent(QDropEvent* event) {
+    if (ModalCall::running()) {
+        event->ignore(); // a dialog has come up since the files entered
+        return;
+    }
+    // a move would have the source remove the files
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT filesDropped(modelFiles(*event->mimeData()));
+}
+
+void TMainForm::closeEvent(QCloseEvent* event) {
+    if (ModalCall::running()) {
+        event->ignore();
+        return;
+    }
+    // all are asked before the first one closes: Cancel leaves every window open
+    const QList<TMDIChild*> open = documents();
+    for (TMDIChild* document : open) {
+        if (document->needsCloseQuestion()) {
+            ui_->MDIArea->setActiveSubWindow(document);
+        }
+        if (!document->FormCanClose()) {
+            event->ignore();
+            return;
+        }
+    }
+    for (TMDIChild* document : open) {
+        document->closeUnasked();
+    }
+    event->accept();
+}
+
+void TMainForm::FileNew1Execute() {
+    createDocument(QStringLiteral("Untitled %1").arg(documents().size() + 1));
+}
+
+void TMainForm::FileOpen1Execute() {
+    QFileDialog dialog(this);
+    dialog.setObjectName(QStringLiteral("OpenDialog1"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters({QStringLiteral("Compatible files (*.msh *.xsi *.x)"),
+                           QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
+                           QStringLiteral("X file (*.x)")});
+    const TMDIChild* active = activeDocument();
+    startIn(dialog, active != nullptr ? folderOf(active->document()->FileName) : QString());
+    if (execModal(dialog) == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        createDocument(dialog.selectedFiles().constFirst());
+    }
+}
+
+void TMainForm::FileClose1Execute() {
+    if (TMDIChild* document = activeDocument()) {
+        document->close();
+    }
+}
+
+void TMainForm::ChildSave() {
+    if (TMDIChild* document = activeDocument()) {
+        document->FileSaveExecute();
+    }
+}
+
+void TMainForm::ChildSaveAs() {
+    if (TMDIChild* document = activeDocument()) {
+        document->FileSaveAsExecute();
+    }
+}
+
+void TMainForm::FileExit1Execute() {
+    close();
+}
+
+void TMainForm::FileClose1Update() {
+    ui_->FileClose1->setEnabled(activeDocument() != nullptr);
+}
+
+void TMainForm::Filesaveupdate() {
+    const TMDIChild* window = activeDocument();
+    ui_->FileSave->setEnabled(window != nullptr &&
+                              (window->document()->Modified || window->document()->NeverSaved));
+}
+
+void TMainForm::Filesaveasupdate() {
+    ui_->FileSaveAs->setEnabled(activeDocument() != nullptr);
+}
+
+void TMainForm::WindowCascade1Execute() {
+    cascadeWindows(*ui_->MDIArea);
+}
+
+void TMainForm::WindowTileHorizontal1Execute() {
+    tileWindows(*ui_->MDIArea, Qt::Horizontal);
+}
+
+void TMainForm::WindowTileVertical1Execute() {
+    tileWindows(*ui_->MDIArea, Qt::Vertical);
+}
+
+void TMainForm::WindowMinimizeAll1Execute() {
+    minimizeWindows(*ui_->MDIArea);
+}
+
+void TMainForm::WindowArrangeAll1Execute() {
+    arrangeMinimized(*ui_->MDIArea);
+}
+
+void TMainForm::windowUpdate() {
+    const bool open = activeDocument() != nullptr;
+    for (QAction* action :
+         {ui_->WindowCascade1, ui_->WindowTileHorizontal1, ui_->WindowTileVertical1,
+          ui_->WindowMinimizeAll1, ui_->WindowArrangeAll1}) {
+        action->setEnabled(open);
+    }
+}
+
+void TMainForm::HelpAbout1Execute() {
+    execModal(forms_.aboutBox);
+}
+
+void TMainForm::MainFormActivate() {
+    for (const QString& path : std::as_const(paths_)) {
+        if (isTextModel(modelFileKind(path))) {
+            createDocument(QFileInfo(path).absoluteFilePath());
+        }
+    }
+}
+
+void TMainForm::idle() {
+    // by the time it is on the screen the frame is maximised: models open in their final size
+    if (isVisible() && windowHandle()->isExposed()) {
+        scheduleFirstActivation();
+    }
+    // an action leaves its items and buttons alone when it is told what it already is
+    constexpr void (TMainForm::*updates[])() = {
+        &TMainForm::FileClose1Update, &TMainForm::Filesaveupdate,  &TMainForm::Filesaveasupdate,
+        &TMainForm::EditUndo1Update,  &TMainForm::EditRedo1Update, &TMainForm::EditCutUpdate,
+        &TMainForm::EditCopyUpdate,   &TMainForm::EditPasteUpdate, &TMainForm::wireupdate,
+        &TMainForm::Flatupdate,       &TMainForm::Fullupdate,      &TMainForm::dotsupdate,
+        &TMainForm::allowupdate,      &TMainForm::backwardsupdate, &TMainForm::D3DUpdate,
+        &TMainForm::OpenGLUpdate,     &TMainForm::SoftwareUpdate,  &TMainForm::windowUpdate};
+    for (const auto update : updates) {
+        (this->*update)();
+    }
+}
+
+void TMainForm::scheduleFirstActivation() {
+    if (!std::exchange(activated_, true)) {
+        Q_EMIT firstActivated();
+    }
+}
+
+void TMainForm::createDocument(const QString& name) {
+    // the MDI area owns the window, which frees itself when it is closed
+    auto* document = new TMDIChild(forms_.colorOptions.viewColors());
+    document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
+    connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
+    ui_->MDIArea->addSubWindow(document);
+    document->showMaximized();
+    document->create(name);
+    showStatus();
+}
+
+void TMainForm::createDocuments(const QStringList& names) {
+    for (const QString& name : names) {
+        createDocument(name);
+    }
+}
+
+void TMainForm::showStatus() {
+    const TMDIChild* document = activeDocument();
+    const QString message = document != nullptr ? document->statusText() : QString();
+    statusPanel_->setText(hint_.isEmpty() ? message : hint_);
+}
+
+} // namespace korvane

@@ -1,0 +1,134 @@
+#pragma once
+
+#include "app/shell/ModelClipboard.h"
+#include "app/shell/WindowList.h"
+#include "render/scene/ViewState.h"
+
+#include <QLabel>
+#include <QList>
+#include <QMainWindow>
+#include <QStringList>
+
+#include <memory>
+
+class QAction;
+
+namespace korvane {
+
+struct EditorForms;
+class TMDIChild;
+
+namespace Ui {
+class TMainForm;
+}
+
+/// The main frame: menu, tool bar, status bar and the open document windows. It keeps no model data
+/// of its own; every command works on the active document window, and the check marks follow it.
+class TMainForm : public QMainWindow {
+    Q_OBJECT
+  public:
+    /// `forms` holds the frame itself and the dialogs that its commands show; they may be made
+    /// after it. `paths` are opened at the first activation, as far as their extension is that of a
+    /// text model.
+    TMainForm(EditorForms& forms, QStringList paths);
+    ~TMainForm() override;
+
+    /// The document window that commands work on, or null if none is open.
+    [[nodiscard]] TMDIChild* activeDocument() const;
+    /// All open document windows in the order in which they were opened.
+    [[nodiscard]] QList<TMDIChild*> documents() const;
+
+  Q_SIGNALS:
+    /// The frame has been activated for the first time, or idle without having been.
+    void firstActivated();
+    /// Model files were dropped on the frame.
+    void filesDropped(const QStringList& files);
+
+  protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    // The handlers of the actions, an execute handler and most with an update handler.
+    void FileNew1Execute();
+    void FileOpen1Execute();
+    void FileClose1Execute();
+    void FileClose1Update();
+    void ChildSave();
+    void Filesaveupdate();
+    void ChildSaveAs();
+    void Filesaveasupdate();
+    void FileExit1Execute();
+    void EditUndo1Execute();
+    void EditUndo1Update();
+    void EditRedo1Execute();
+    void EditRedo1Update();
+    void EditCutExecute();
+    void EditCutUpdate();
+    void EditCopyExecute();
+    void EditCopyUpdate();
+    void EditPasteExecute();
+    void EditPasteUpdate();
+    void ColorOptionsActionExecute();
+    void ChildWire();
+    void wireupdate();
+    void ChildFlat();
+    void Flatupdate();
+    void ChildFull();
+    void Fullupdate();
+    void ChildDots();
+    void dotsupdate();
+    void ChildTrans();
+    void allowupdate();
+    void ChildBackwards();
+    void backwardsupdate();
+    void D3DExecute();
+    void D3DUpdate();
+    void OpenGLExecute();
+    void OpenGLUpdate();
+    void SoftwareExecute();
+    void SoftwareUpdate();
+    void WindowCascade1Execute();
+    void WindowTileHorizontal1Execute();
+    void WindowTileVertical1Execute();
+    void WindowMinimizeAll1Execute();
+    void WindowArrangeAll1Execute();
+    void windowUpdate();
+    void HelpAbout1Execute();
+    void MainFormActivate();
+
+    void connectActions();
+    void connectEvents();
+    void setIcons();
+    void setUpToolBar();
+    void setUpMenus();
+    /// Runs the update handlers; called whenever the event loop is about to wait.
+    void idle();
+    void scheduleFirstActivation();
+    void createDocument(const QString& name);
+    void createDocuments(const QStringList& names);
+    void showStatus();
+
+    void setRenderMode(QAction& action, RenderMode mode);
+    /// Brings the marks of the render modes in step with the active window.
+    void Rupdate();
+    void updateRenderMode(QAction& action);
+    void toggleSetting(QAction& action, bool ViewState::*setting);
+    void updateSetting(QAction& action, bool ViewState::*setting);
+    void setDrawingInterface(DrawApi api);
+    void updateDrawingInterface(QAction& action, DrawApi api);
+
+    EditorForms& forms_;
+    std::unique_ptr<Ui::TMainForm> ui_;
+    QStringList paths_;
+    bool activated_ = false; ///< the first activation has been handled or is about to be
+    QLabel* statusPanel_;
+    QString hint_; ///< of the item under the pointer
+    WindowList windowList_;
+    ModelClipboard clipboard_;
+};
+
+} // namespace korvane

@@ -1,0 +1,83 @@
+#include "app/widgets/ModalCall.h"
+
+#include <QApplication>
+#include <QEvent>
+
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// Modality is a matter of the whole program.
+const ModalCall* innermost = nullptr;
+
+bool isInput(QEvent::Type type) {
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::Shortcut:
+    case QEvent::InputMethod:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TabletPress:
+    case QEvent::TabletMove:
+    case QEvent::TabletRelease:
+    case QEvent::NativeGesture:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+/// Drops what must not reach anybody once the innermost dialog is hidden.
+class ModalCall::InputGate : public QObject {
+  public:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (innermost->dialog_.isVisible()) {
+            return false;
+        }
+        const bool close = event->type() == QEvent::Close && event->spontaneous();
+        if (!close && !isInput(event->type())) {
+            return false;
+        }
+        event->ignore();
+        return true;
+    }
+};
+
+ModalCall::ModalCall(QDialog& dialog) : dialog_(dialog), outer_(std::exchange(innermost, this)) {
+    if (outer_ == nullptr) {
+        gate_ = std::make_unique<InputGate>();
+        qApp->installEventFilter(gate_.get());
+    }
+}
+
+ModalCall::~ModalCall() {
+    gate_.reset();
+    innermost = outer_;
+}
+
+bool ModalCall::running() {
+    return innermost != nullptr;
+}
+
+int execModal(QDialog& dialog) {
+    const ModalCall call(dialog);
+    return dialog.exec();
+}
+
+} // namespace korvane

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "model/records/FrameFlags.h"
+#include "model/records/MaterialRecord.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace korvane {
+
+/// What an entry of the history did.
+enum class EditKind : std::uint32_t {
+    TextureFile = 1,
+    Ambient = 2,
+    FaceColor = 3,
+    Specular = 4,
+    Emissive = 5,
+    Opacity = 6,
+    TextureOn = 7,
+    TexCoords = 8, ///< points of the texture-coordinate editor, moved by a drag
+    FaceSlot = 9,
+    AppendSlot = 10,
+    RemoveSlot = 11,
+    AddMeshMaterial = 12, ///< a new material for the document and a slot of a mesh
+    AddMaterial = 13,
+    DeleteMaterial = 14,
+    MoveFrame = 15, ///< a frame's matrix, changed by a drag
+    RenameFrame = 16,
+    AddFrame = 17,
+    DeleteFrame = 18,
+    FrameOptions = 19,
+    Power = 20,
+    PasteMaterials = 21,
+    PasteMeshMaterials = 22,
+    PasteFrame = 23,
+};
+
+/// What the windows have to refresh after an undo or a redo.
+struct RefreshFlags {
+    bool refreshMaterials = false;
+    bool refreshGeometry = false;
+    bool rebuildTree = false;
+
+    bool operator==(const RefreshFlags&) const = default;
+};
+
+/// A frame with its subtree and the materials that came with it, while they are out of the model.
+struct RemovedParts {
+    std::vector<MaterialRecord> materials;
+    std::vector<FrameRecord> frames; ///< one at the most
+};
+
+/// One of the two recorded values of an entry; what it is follows from the kind.
+using EditData = std::variant<std::monostate, std::string, ColorRGB, float, bool, std::int32_t,
+                              std::vector<Vec2>, std::vector<std::int32_t>, Matrix4, FrameFlags,
+                              std::unique_ptr<RemovedParts>>;
+
+/// One entry of the history.
+struct EditAction {
+    EditKind kind{};
+    EditData after;  ///< what redo writes
+    EditData before; ///< what undo writes
+    /// Kinds of materials: the number of the material; kinds of frames: the depth of the frame;
+    /// DeleteMaterial: the number of slots it took away; PasteMaterials: the first material.
+    std::uint32_t index = 0;
+    /// Kinds of frames: the 1-based child numbers of the frame (of the parent of a frame that comes
+    /// or goes), one more number without meaning, and behind them what the kind needs.
+    std::vector<std::int32_t> path;
+};
+
+} // namespace korvane

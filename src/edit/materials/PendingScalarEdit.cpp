@@ -1,0 +1,34 @@
+#include "edit/materials/PendingScalarEdit.h"
+
+#include "edit/materials/MaterialValues.h"
+
+#include <utility>
+
+namespace korvane {
+
+void PendingOpacity::commit(EditHistory& history, ModelDocument& document, std::size_t material) {
+    if (!std::exchange(pending_, false) || material >= document.Materials.size()) {
+        return;
+    }
+    const float current = document.Materials[material].FaceColor.alpha;
+    const float before = std::exchange(remembered_, current);
+    if (before != current) {
+        history.opacity(document, material, before, current);
+    }
+}
+
+void PendingShininess::commit(EditHistory& history, ModelDocument& document, std::size_t material,
+                              const std::string& text) {
+    if (!std::exchange(pending_, false) || material >= document.Materials.size()) {
+        return;
+    }
+    const std::string before = std::exchange(remembered_, text);
+    const float current = document.Materials[material].Power;
+    const float fallback = std::exchange(power_, current);
+    const float start = powerOf(before).value_or(fallback);
+    if (before != text && start != current) {
+        history.power(document, material, start, current);
+    }
+}
+
+} // namespace korvane

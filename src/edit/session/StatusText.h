@@ -1,0 +1,34 @@
+#pragma once
+
+#include "formats/textures/TextureLoader.h"
+#include "model/document/ModelDocument.h"
+
+#include <QString>
+
+#include <string_view>
+
+namespace korvane {
+
+/// How much the model holds: "13 meshes, 1277 faces".
+QString countsText(const ModelDocument& document);
+
+/// What the status bar says of a model just opened: how much it holds, and the textures that were
+/// not found or not shown.
+QString openedText(const ModelDocument& document, const UnseenTextures& unseen);
+
+/// What undo and redo have done, given the name of the change: "Undone: delete frame".
+QString undoneText(std::string_view change);
+QString redoneText(std::string_view change);
+
+/// What became of saving a document under its name.
+enum class SaveResult {
+    Written,
+    NotWritten, ///< by design: the name is not that of a dotXSI file
+    Failed,
+};
+
+/// What the status bar says after a save: what was written, with the names of frames that a reading
+/// would not give back, or that nothing was.
+QString savedText(const ModelDocument& document, SaveResult result);
+
+} // namespace korvane

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "formats/text/TextScanner.h"
+
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+/// Turns the letters A to Z into small ones, and nothing else.
+void foldCase(std::string& text);
+
+/// The line-wise side of model reading: one buffer with the current line, folded to lower case,
+/// which the readers of all block kinds test for keywords in turn. Numbers are extracted from the
+/// scanner, right behind the current line. At the end of the text the buffer is empty.
+class LineReader {
+  public:
+    explicit LineReader(const TextScanner& text) : scanner_(text) {}
+
+    [[nodiscard]] TextScanner& numbers() { return scanner_; }
+
+    /// Reads the next line into the buffer; false at the end of the text.
+    bool next();
+    [[nodiscard]] const std::string& line() const { return line_; }
+    [[nodiscard]] bool holds(std::string_view keyword) const {
+        return line_.find(keyword) != std::string::npos;
+    }
+    [[nodiscard]] bool holds(char brace) const { return line_.find(brace) != std::string::npos; }
+    /// Empties the buffer, so that no test finds anything in it.
+    void clear() { line_.clear(); }
+    /// Blanks out the first closing brace of the buffer, so that no outer block sees it.
+    void blankClosingBrace();
+
+    /// Counts the buffer's braces: a closing one, then an opening one, at most one of each.
+    void count(int& depth) const { count(line_, depth); }
+    /// Reads on until the block that the current line opened is closed.
+    void skipBlock();
+    /// Reads on until a line holds a closing brace.
+    void skipToClosingBrace();
+
+  private:
+    static void count(std::string_view line, int& depth);
+    void fold(std::string_view line);
+
+    TextScanner scanner_;
+    std::string line_;
+};
+
+/// How many elements to make room for: as many as a file announces, but never more than its
+/// remaining bytes could hold, since the count alone is not to be trusted.
+inline std::size_t credible(std::int32_t announced, std::size_t possible) {
+    return std::min(static_cast<std::size_t>(std::max(announced, 0)), possible);
+}
+
+} // namespace korvane

@@ -1,0 +1,81 @@
+#include "formats/xsi/FrameNames.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+bool holds(std::string_view name, std::string_view text) {
+    return name.find(text) != std::string_view::npos;
+}
+
+/// Whether "__" ends the name too early, where there is none in the name itself: the last "_"
+/// of the name and the two of the suffix are three, and the first two of them count.
+bool runsIntoSuffix(std::string_view name, const NameUse& use) {
+    const std::size_t least = use.animated ? 1 : 2;
+    return use.flags && name.size() >= least && name.back() == '_';
+}
+
+} // namespace
+
+NameUse nameUse(const FrameRecord& frame, bool root) {
+    return {root, frame.HasMesh, !flagSuffix(frame).empty(), frame.HasMesh && frame.HasAnimation};
+}
+
+std::string flagSuffix(const FrameRecord& frame) {
+    if (!frame.HasMesh ||
+        (!frame.Emissive && !frame.RenderBackwards && !frame.KV2Animated && !frame.GFlag)) {
+        return {};
+    }
+    std::string suffix = "__";
+    suffix += frame.Emissive ? "e" : "";
+    suffix += frame.RenderBackwards ? "2" : "";
+    suffix += frame.KV2Animated ? "h" : "";
+    suffix += frame.GFlag ? "g" : "";
+    return suffix;
+}
+
+QString lostNameReason(std::string_view name, const NameUse& use) {
+    if (name.empty()) {
+        return QStringLiteral("is empty");
+    }
+    if (std::any_of(name.begin(), name.end(), [](char c) { return c >= 'A' && c <= 'Z'; })) {
+        return QStringLiteral("holds a capital letter");
+    }
+    if (holds(name, "\n")) {
+        return QStringLiteral("holds the end of a line");
+    }
+    // the first character of a declaration belongs to the name whatever it is; an animation has
+    // no such rule
+    const std::string_view ends = name.substr(use.animated ? 0 : 1);
+    if (ends.find_first_of(" \t") != std::string_view::npos) {
+        return QStringLiteral("holds a blank");
+    }
+    if (holds(name.substr(1), "{")) {
+        return QStringLiteral("holds \"{\"");
+    }
+    if (use.animated && holds(name, "}")) {
+        return QStringLiteral("holds \"}\" and the frame is animated");
+    }
+    if (holds(ends, "__")) {
+        return QStringLiteral("holds \"__\"");
+    }
+    if (runsIntoSuffix(name, use)) {
+        return QStringLiteral("ends in \"_\" and the frame has flags");
+    }
+    // keywords are found anywhere in a line; that of the frame itself is the first in its own
+    if (use.mesh && holds(name, "frame")) {
+        return QStringLiteral("holds \"frame\" and the frame has a mesh");
+    }
+    if (!use.root && holds(name, "frametransformmatrix")) {
+        return QStringLiteral("holds \"frametransformmatrix\"");
+    }
+    // a line with "template" is passed over only where the root is looked for
+    if (use.root && holds(name, "template")) {
+        return QStringLiteral("holds \"template\" and the frame is the outermost");
+    }
+    return {};
+}
+
+} // namespace korvane

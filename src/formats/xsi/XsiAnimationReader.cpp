@@ -1,0 +1,123 @@
+#include "formats/xsi/XsiAnimationReader.h"
+
+#include "model/records/AnimationKeyRecord.h"
+#include "model/records/FrameWalk.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+constexpr std::string_view framePrefix = "frm-";
+
+/// The name behind the prefix, up to a blank, a closing brace or the flag suffix.
+std::string_view referencedName(std::string_view line) {
+    const std::string_view rest = line.substr(line.find(framePrefix) + framePrefix.size());
+    return rest.substr(0, std::min(rest.find_first_of(" \t}"), rest.find("__")));
+}
+
+} // namespace
+
+void XsiAnimationReader::forgetFrames() {
+    target_ = &root_;
+    framesByName_ = {}; // clearing would keep, and walk over, all the buckets it ever had
+    lastFrame_ = nullptr;
+}
+
+void XsiAnimationReader::readSection() {
+    while (lines_.next()) {
+        if (lines_.holds("animation")) {
+            readAnimation();
+        }
+        skipUnknownBlock();
+        if (lines_.holds('}')) {
+            return;
+        }
+    }
+}
+
+/// Skips the block that the current line opens, if it does, and goes on to the line behind it.
+void XsiAnimationReader::skipUnknownBlock() {
+    if (lines_.holds('{')) {
+        lines_.skipBlock();
+        lines_.next();
+    }
+}
+
+void XsiAnimationReader::readAnimation() {
+    while (lines_.next()) {
+        if (lines_.holds(framePrefix)) {
+            chooseTarget();
+            lines_.next();
+        }
+        if (lines_.holds("animationkey")) {
+            readKeys();
+        }
+        skipUnknownBlock();
+        if (lines_.holds('}')) {
+            lines_.blankClosingBrace();
+            return;
+        }
+    }
+}
+
+/// Makes the frame that the current line names the target; an unknown name makes it the last frame
+/// of the tree, deliberately.
+void XsiAnimationReader::chooseTarget() {
+    if (lastFrame_ == nullptr) {
+        for (FrameWalk walk(root_); !walk.done(); walk.next()) {
+            lastFrame_ = &walk.frame();
+            framesByName_.try_emplace(lastFrame_->Name, lastFrame_);
+        }
+    }
+    const auto found = framesByName_.find(referencedName(lines_.line()));
+    target_ = found == framesByName_.end() ? lastFrame_ : found->second;
+}
+
+void XsiAnimationReader::readKeys() {
+    TextScanner& in = lines_.numbers();
+    target_->HasAnimation = true;
+    std::int32_t type = 0;
+    if (in.integer(type)) {
+        target_->AnimationKeyType = type;
+    }
+    std::int32_t count = 0;
+    if (in.separator() && in.integer(count) && in.separator()) {
+        reserveMore(target_->AnimationKeys, credible(count, in.remaining() / 6));
+        for (std::int32_t i = 0; i < count; ++i) {
+            AnimationKeyRecord key;
+            if (!readKey(key)) {
+                break;
+            }
+            target_->AnimationKeys.push_back(std::move(key));
+            in.separator();
+            in.separator();
+        }
+    }
+    lines_.skipToClosingBrace();
+    lines_.blankClosingBrace();
+}
+
+bool XsiAnimationReader::readKey(AnimationKeyRecord& key) {
+    TextScanner& in = lines_.numbers();
+    std::int32_t count = 0;
+    if (!(in.integer(key.Time) && in.separator() && in.integer(count))) {
+        return false;
+    }
+    in.separator();
+    key.Values.reserve(credible(count, in.remaining() / 2));
+    for (std::int32_t i = 0; i < count; ++i) {
+        float value = 0.0F;
+        if (!in.real(value)) {
+            return false;
+        }
+        key.Values.push_back(value);
+        in.separator();
+    }
+    return true;
+}
+
+} // namespace korvane

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "formats/text/LineReader.h"
+#include "model/records/FrameRecord.h"
+
+#include <string_view>
+#include <unordered_map>
+
+namespace korvane {
+
+/// Reads animation sections and hands their keys to the frames they name.
+class XsiAnimationReader {
+  public:
+    XsiAnimationReader(LineReader& lines, FrameRecord& root)
+        : lines_(lines), root_(root), target_(&root) {}
+
+    /// Tells that the frames were replaced: nothing of the old tree may be looked at any more.
+    void forgetFrames();
+    /// Reads one section; the current line is the one that opens it.
+    void readSection();
+
+  private:
+    void skipUnknownBlock();
+    void readAnimation();
+    void chooseTarget();
+    void readKeys();
+    bool readKey(AnimationKeyRecord& key);
+
+    LineReader& lines_;
+    FrameRecord& root_;
+    /// The frame that receives keys. It stays the target until another animation names one.
+    FrameRecord* target_;
+    /// For each name the first frame in pre-order; empty until the first look-up.
+    std::unordered_map<std::string_view, FrameRecord*> framesByName_;
+    FrameRecord* lastFrame_ = nullptr; ///< the last in pre-order, once framesByName_ is filled
+};
+
+} // namespace korvane

@@ -1,0 +1,147 @@
+#include "formats/xsi/XsiReader.h"
+
+#include "formats/files/FileNames.h"
+#include "formats/text/LineReader.h"
+#include "formats/text/TextWindow.h"
+#include "formats/xsi/XsiAnimationReader.h"
+#include "formats/xsi/XsiFrameReader.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <exception>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+namespace {
+
+/// Whether the text begins with one of the headers; steps over it.
+bool readHeader(TextScanner& text) {
+    constexpr std::size_t headerSize = 16;
+    constexpr std::array<std::string_view, 3> headers = {"xsi 0101txt 0032", "xof 0302txt 0032",
+                                                         "xof 0302txt 0064"};
+    std::string header(text.take(headerSize));
+    foldCase(header);
+    return std::find(headers.begin(), headers.end(), header) != headers.end();
+}
+
+class ReadCancelled : public std::exception {};
+
+ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
+                       const ReadProgress& progress, UnseenTextures* unseen) {
+    const QFileInfo info(fileName);
+    if (!info.exists()) {
+        return ReadStatus::Missing;
+    }
+    QFile file(fileName);
+    // A folder cannot be read, and a pipe or a device might never end.
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        return ReadStatus::CannotOpen;
+    }
+    const auto size = static_cast<std::size_t>(std::max<qint64>(file.size(), 0));
+    std::size_t done = 0;
+    const auto goOn = [&] {
+        if (progress && !progress(done, size)) {
+            throw ReadCancelled();
+        }
+    };
+    const ByteSource source = [&](std::span<char> space) {
+        goOn();
+        const qint64 got = file.read(space.data(), static_cast<qint64>(space.size()));
+        if (got < 0) {
+            throw std::runtime_error("the file cannot be read to its end");
+        }
+        done += static_cast<std::size_t>(got);
+        return static_cast<std::size_t>(got);
+    };
+    TextWindow window(source, size);
+    TextureLoader loader(info.path());
+    const ReadStatus status = readXsi(TextScanner(window), document, [&](const std::string& name) {
+        goOn(); // a few lines can name large pictures
+        return loader.load(name);
+    });
+    if (unseen != nullptr) {
+        *unseen = loader.unseen();
+    }
+    return status;
+}
+
+ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureSource& textures) {
+    if (!readHeader(text)) {
+        return ReadStatus::NotValid;
+    }
+    LineReader lines(text);
+    XsiFrameReader frames(lines, document.Materials, textures);
+    XsiAnimationReader animations(lines, document.Root);
+    while (lines.next()) {
+        const bool isTemplate = lines.holds("template");
+        if (!isTemplate && lines.holds("frame")) {
+            animations.forgetFrames();
+            frames.readTopLevel(document.Root);
+        }
+        if (!isTemplate && lines.holds("animationset")) {
+            animations.readSection();
+        }
+    }
+    document.computeDerivedData();
+    document.NeverSaved = false;
+    document.Modified = false;
+    return ReadStatus::Done;
+}
+
+/// Half a model is worse than none: where the bytes break off, memory ends or the reading is
+/// cancelled the document is empty.
+template <class Read>
+ReadStatus wholeOrNothing(ModelDocument& document, Read read) {
+    try {
+        return read();
+    } catch (const ReadCancelled&) {
+        document = ModelDocument();
+        return ReadStatus::Cancelled;
+    } catch (const std::exception&) {
+        document = ModelDocument();
+        return ReadStatus::CannotOpen;
+    }
+}
+
+} // namespace
+
+ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures) {
+    return wholeOrNothing(document, [&] { return readOrThrow(text, document, textures); });
+}
+
+ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,
+                       const ReadProgress& progress, UnseenTextures* unseen) {
+    const ReadStatus status =
+        wholeOrNothing(document, [&] { return openAndRead(fileName, document, progress, unseen); });
+    document.FileName = fileName;
+    if (status == ReadStatus::CannotOpen || status == ReadStatus::NotValid) {
+        document.FileName = QStringLiteral("Untitled");
+        document.NeverSaved = true;
+    }
+    document.markSelection(FramePath());
+    return status;
+}
+
+QString failureCaption(ReadStatus status, const QString& fileName) {
+    switch (status) {
+    case ReadStatus::CannotOpen:
+        return QStringLiteral("Unable to open file");
+    case ReadStatus::NotValid:
+        return QStringLiteral("Not a valid %1 file").arg(upperExtension(fileName));
+    case ReadStatus::Done:
+    case ReadStatus::Missing:
+    case ReadStatus::Cancelled:
+        break;
+    }
+    return {};
+}
+
+} // namespace korvane

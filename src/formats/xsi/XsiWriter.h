@@ -1,0 +1,21 @@
+#pragma once
+
+#include "formats/text/TextOutput.h"
+#include "model/document/ModelDocument.h"
+
+#include <QString>
+
+namespace korvane {
+
+/// Writes the whole model as dotXSI text, piece by piece; false when the sink stopped it. A slot
+/// that leads to no material is written as a new material.
+bool writeXsi(const ModelDocument& document, const TextSink& sink);
+
+/// Saves the model as a dotXSI file. After a failure, at opening or later, the old file is as it
+/// was. Symbolic links are followed, the rights to the file kept. False on failure.
+bool SaveFileXSI(const ModelDocument& document, const QString& fileName);
+
+/// The caption of the message box for a failed save, whose text is the file name.
+inline constexpr const char* saveFailureCaption = "Unable to save";
+
+} // namespace korvane

@@ -1,0 +1,347 @@
+#include "model/forms/TMDIChild.h"
+
+#include "app/widgets/DialogStart.h"
+#include "app/widgets/DragFilter.h"
+#include "app/widgets/MessageBox.h"
+#include "app/widgets/ModalCall.h"
+#include "app/widgets/PaletteIcon.h"
+#include "app/widgets/WidgetText.h"
+#include "app/widgets/WindowFocus.h"
+#include "app/widgets/WindowTitle.h"
+#include "edit/session/StatusText.h"
+#include "formats/files/FileNames.h"
+#include "formats/xsi/MshOpener.h"
+#include "formats/xsi/XsiReader.h"
+#include "formats/xsi/XsiWriter.h"
+#include "model/document/StructureTree.h"
+#include "model/forms/TReadProgress.h"
+#include "model/forms/TStructureView.h"
+#include "ui_TMDIChild.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
+    : QMdiSubWindow(parent), ui_(std::make_unique<Ui::TMDIChild>()), model_(std::in_place) {
+    setObjectName(QStringLiteral("MDIChild"));
+    setAccessibleName(QStringLiteral("Model window"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* content = new QWidget(this);
+    ui_->setupUi(content);
+    setWidget(content);
+    setWindowTitle(QStringLiteral("MDI Child"));
+    setWindowIcon(paletteIcon(QStringLiteral("document")));
+    resize(520, 311);
+    auto* titleStyle = new PathTitleStyle;
+    titleStyle->setParent(this);
+    setStyle(titleStyle);
+
+    view().colors = colors;
+    fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
+    setUpViews();
+    setUpTools();
+    ui_->ThreeDWin->setDocument(document());
+    startHistory();
+    focus_ = new WindowFocus(*this, *ui_->TreeView1);
+    clearMessageAtCommands();
+    ui_->Panel3->installEventFilter(this);
+    ui_->TreeView1->installEventFilter(this);
+
+    structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
+    connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &TMDIChild::ChildSelectedChange);
+    setUpButtons();
+    fitPages();
+    rebuildTree();
+}
+
+void TMDIChild::clearMessageAtCommands() {
+    for (const QAction* action : widget()->findChildren<QAction*>()) {
+        connect(action, &QAction::triggered, this, &TMDIChild::clearMessage);
+    }
+    for (const QPushButton* button :
+         {ui_->EditButton, ui_->RenameButton, ui_->DeleteButton, ui_->AddButton}) {
+        connect(button, &QPushButton::clicked, this, &TMDIChild::clearMessage);
+    }
+}
+
+TMDIChild::~TMDIChild() {
+    ChildDeactivate();
+}
+
+void TMDIChild::ChildActivate() {
+    ui_->ThreeDWin->setUpView();
+}
+
+void TMDIChild::ChildDeactivate() {
+    // the 3D view is a child widget and outlives the model; its context goes as well
+    ui_->ThreeDWin->setDocument(nullptr);
+}
+
+void TMDIChild::create(const QString& name) {
+    model_->FileName = name;
+    setCaption();
+    ChildActivate();
+    ui_->TreeView1->setFocus();
+    if (isTextModel(modelFileKind(name))) {
+        FileOpenXSI(name);
+    }
+    render3d();
+}
+
+void TMDIChild::FileOpenXSI(const QString& fileName) {
+    // events run while the progress shows: the views must not find half a model
+    ModelDocument read;
+    UnseenTextures unseen;
+    ReadStatus status = ReadStatus::Cancelled;
+    {
+        TReadProgress progress(*this, fileName, progressDelay_);
+        const auto goOn = [&](std::size_t done, std::size_t size) {
+            return progress.goOn(done, size);
+        };
+        status = korvane::FileOpenXSI(fileName, read, goOn, &unseen);
+    }
+    if (status == ReadStatus::Cancelled) {
+        closeUnasked();
+        return;
+    }
+    *model_ = std::move(read);
+    rebuildTree();
+    selectRoot();
+    ui_->ThreeDWin->placeCamera();
+    planesPending_ = true;
+    setCaption();
+    showReadFailure(status, fileName);
+    if (status == ReadStatus::Done) {
+        setMessage(openedText(*model_, unseen));
+    }
+}
+
+void TMDIChild::FileOpenMSH(const QString& fileName) {
+    if (!model_) {
+        return;
+    }
+    const MshOutcome outcome = korvane::FileOpenMSH(fileName, *model_);
+    if (!outcome.saveFailed.isEmpty()) {
+        showSaveFailure(outcome.saveFailed);
+    }
+    showReadFailure(outcome.status, fileName);
+    if (model_ && outcome.status == ReadStatus::CannotOpen) {
+        setCaption();
+    }
+}
+
+void TMDIChild::showReadFailure(ReadStatus status, const QString& fileName) {
+    const QString failure = failureCaption(status, fileName);
+    if (!failure.isEmpty()) {
+        showMessageBox(this, QStringLiteral("ReadFailure"), QMessageBox::Critical, failure,
+                       fileName);
+    }
+}
+
+void TMDIChild::showSaveFailure(const QString& fileName) {
+    showMessageBox(this, QStringLiteral("SaveFailure"), QMessageBox::Critical,
+                   QString::fromLatin1(saveFailureCaption), fileName);
+}
+
+void TMDIChild::showPasteFailure(const QString& reason) {
+    showMessageBox(this, QStringLiteral("PasteFailure"), QMessageBox::Critical,
+                   QStringLiteral("Unable to paste"), reason);
+}
+
+void TMDIChild::FileSaveExecute() {
+    if (!model_) {
+        return;
+    }
+    if (model_->NeverSaved) {
+        FileSaveAsExecute();
+        return;
+    }
+    SaveFileXSI();
+    // clean from here on whatever became of the writing, by design also for the kinds of files that
+    // are never written
+    model_->Modified = false;
+}
+
+bool TMDIChild::completeName(QString& name, const QString& suffix) {
+    if (modelFileKind(name) != ModelFileKind::None) {
+        return true;
+    }
+    // the dialog takes whatever follows a dot for an extension, and asked about another file
+    name += u'.' + suffix;
+    return !QFileInfo::exists(name) ||
+           showMessageBox(this, QStringLiteral("ReplaceQuestion"), QMessageBox::Warning,
+                          QStringLiteral("File exists.  Replace?"), name,
+                          QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+void TMDIChild::FileSaveAsExecute() {
+    if (!model_) {
+        return;
+    }
+    QFileDialog dialog(this);
+    dialog.setObjectName(QStringLiteral("SaveDialog1"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setSizeGripEnabled(true);
+    dialog.setDefaultSuffix(QStringLiteral("xsi"));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(filter.section(u'.', -1).chopped(1));
+    });
+    dialog.setNameFilters({QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
+                           QStringLiteral("X file (*.x)")});
+    startIn(dialog, folderOf(model_->FileName));
+    dialog.selectFile(offeredName(model_->FileName));
+    QString name;
+    do {
+        if (execModal(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
+            return;
+        }
+        name = dialog.selectedFiles().constFirst();
+    } while (!completeName(name, dialog.defaultSuffix()));
+    if (!model_) {
+        return;
+    }
+    model_->FileName = name;
+    setCaption();
+    SaveFileXSI();
+    model_->NeverSaved = false;
+    model_->Modified = false;
+}
+
+void TMDIChild::SaveFileXSI() {
+    const QString& fileName = model_->FileName;
+    SaveResult result = SaveResult::NotWritten;
+    if (modelFileKind(fileName) == ModelFileKind::Xsi) {
+        result = korvane::SaveFileXSI(*model_, fileName) ? SaveResult::Written : SaveResult::Failed;
+    }
+    setMessage(savedText(*model_, result));
+    if (result == SaveResult::Failed) {
+        showSaveFailure(fileName);
+    }
+}
+
+bool TMDIChild::FormCanClose() {
+    if (!needsCloseQuestion()) {
+        return true;
+    }
+    const QMessageBox::StandardButton answer =
+        showMessageBox(this, QStringLiteral("CloseQuestion"), QMessageBox::Question,
+                       QStringLiteral("File is not saved.  Save?"), model_->FileName,
+                       QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (answer == QMessageBox::Yes) {
+        FileSaveExecute(); // a Save As cancelled in there does not keep the window open
+    }
+    return answer != QMessageBox::Cancel;
+}
+
+bool TMDIChild::mayEdit() const {
+    return acceptsEdits() && !ModalCall::running();
+}
+
+void TMDIChild::closeUnasked() {
+    const QScopedValueRollback<bool> agreed(closeAgreed_, true);
+    close();
+}
+
+void TMDIChild::closeEvent(QCloseEvent* event) {
+    // a call that shows a dialog still works on the model
+    if (ModalCall::running() || (!closeAgreed_ && !FormCanClose())) {
+        event->ignore();
+        return;
+    }
+    FormClose();
+    QMdiSubWindow::closeEvent(event);
+}
+
+void TMDIChild::FormClose() {
+    cancelDrag();
+    ChildDeactivate();
+    model_.reset();
+}
+
+bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui_->Panel3 && event->type() == QEvent::Resize) {
+        FormResize();
+    }
+    if (watched == ui_->TreeView1 && event->type() == QEvent::KeyPress &&
+        dynamic_cast<QKeyEvent&>(*event).matches(QKeySequence::Copy)) {
+        // where nothing can be copied a tree would replace what was by the text of its node
+        return true;
+    }
+    if (watched == ui_->DeleteButton && event->type() == QEvent::MouseButtonDblClick) {
+        focus_->give(*ui_->TreeView1); // the press has taken it
+        return true; // one click deletes what was meant, a second one not what is selected then
+    }
+    return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
+}
+
+void TMDIChild::FormResize() {
+    if (!model_) {
+        return;
+    }
+    const int width = ui_->Panel3->width();
+    const int height = ui_->Panel3->height();
+    if (!ui_->TwoDVisibleAction->isChecked()) {
+        ui_->Panel1->setGeometry(0, 0, width, height);
+        return;
+    }
+    const QSize half(width / 2, height / 2); // all the same size: an odd pixel stays uncovered
+    ui_->Panel5->setGeometry({QPoint(0, 0), half});
+    ui_->Panel1->setGeometry({QPoint(half.width(), 0), half});
+    ui_->Panel6->setGeometry({QPoint(0, half.height()), half});
+    ui_->Panel7->setGeometry({QPoint(half.width(), half.height()), half});
+}
+
+ViewState& TMDIChild::view() {
+    return ui_->ThreeDWin->state();
+}
+
+void TMDIChild::setDrawingInterface(DrawApi api) {
+    ui_->ThreeDWin->releaseContext();
+    view().api = api;
+    ui_->ThreeDWin->setUpView();
+    render3d();
+}
+
+void TMDIChild::setViewColors(const ViewColors& colors) {
+    view().colors = colors;
+    if (view().api == DrawApi::OpenGL) {
+        // the background is part of what is set up when the mode differs from that drawn last
+        constexpr auto noMode = static_cast<RenderMode>(10);
+        view().lastDrawnMode = noMode;
+    }
+}
+
+void TMDIChild::setCaption() {
+    setWindowTitle(titleOf(model_->FileName));
+}
+
+void TMDIChild::fitPages() {
+    // as narrow as designed unless the font is too wide for the captions
+    constexpr int designedWidth = 178;
+    constexpr int captionMargin = 10;
+    const std::pair<QPushButton*, QString> widest[] = {
+        {ui_->EditButton, ui_->EditButton->text()},
+        {ui_->RenameButton, ui_->RenameButton->text()},
+        {ui_->DeleteButton, ui_->DeleteButton->text()},
+        {ui_->AddButton, QStringLiteral("Add Material")}};
+    for (const auto& [button, caption] : widest) {
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + captionMargin);
+    }
+    const int width = std::max(designedWidth, ui_->PageControl1->minimumSizeHint().width());
+    ui_->PageControl1->setMinimumWidth(width);
+    ui_->Splitter2->setSizes({width, 1});
+    ui_->Splitter2->setStretchFactor(1, 1);
+}
+
+} // namespace korvane

@@ -1,0 +1,232 @@
+#pragma once
+
+#include "edit/clipboard/ClipboardBlock.h"
+#include "edit/history/EditHistory.h"
+#include "model/document/ModelDocument.h"
+#include "render/planes/PlaneViews.h"
+#include "render/scene/ViewState.h"
+
+#include <QByteArray>
+#include <QMdiSubWindow>
+#include <QString>
+
+#include <array>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QItemSelection;
+
+namespace korvane {
+
+class DragFilter;
+class TMaterial;
+class TOKBottomDlg1;
+class TStructureView;
+class WindowFocus;
+class TframeF;
+
+enum class ReadStatus;
+
+namespace Ui {
+class TMDIChild;
+}
+
+/// The dialogs of the whole run that a document window shows.
+struct DocumentDialogs {
+    TframeF* frameOptions = nullptr;
+    TOKBottomDlg1* renameFrame = nullptr;
+    TMaterial* material = nullptr;
+};
+
+/// A document window: owns one model for as long as it is open and shows its structure, the tools
+/// and the four drawing areas.
+class TMDIChild : public QMdiSubWindow {
+    Q_OBJECT
+  public:
+    /// A window with an empty model that was never saved, whose 3D view has these colours.
+    explicit TMDIChild(const ViewColors& colors, QWidget* parent = nullptr);
+    ~TMDIChild() override;
+
+    /// Gives a window just constructed its name, and reads the file of that name if it is that of a
+    /// text model. Failures are shown to the user and leave the model empty; a reading that the
+    /// user cancels closes the window.
+    void create(const QString& name);
+    /// How long create() reads before it shows its progress.
+    void setProgressDelay(std::chrono::milliseconds delay) { progressDelay_ = delay; }
+
+    /// The dialogs that the commands of the "Structure" page show; they must outlive the window.
+    /// Without them "Edit" and "Rename Frame" do nothing.
+    void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
+
+    // Nothing can be taken back while the mouse is changing the model.
+    [[nodiscard]] bool canUndo() const { return acceptsEdits() && history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return acceptsEdits() && history_.canRedo(); }
+    void undo();
+    void redo();
+
+    /// Whether Copy takes something from the selection, and whether Paste puts such content there.
+    [[nodiscard]] bool canCopy() const;
+    [[nodiscard]] bool canPaste(ClipboardContent content) const;
+    /// The clipboard block of the selection; empty if there is nothing that Copy takes.
+    [[nodiscard]] QByteArray copy() const;
+    /// Pastes a block into the selection. One that is damaged or does not fit changes nothing, and
+    /// the user is told.
+    void paste(const QByteArray& block);
+
+    /// The settings of the 3D view; changes show with the next render3d().
+    [[nodiscard]] ViewState& view();
+    /// Draws the 3D view through another interface from here on.
+    void setDrawingInterface(DrawApi api);
+    /// Gives the 3D view other colours, which show when it is drawn next.
+    void setViewColors(const ViewColors& colors);
+    /// The same for the 2D views.
+    void setPlaneColors(const PlaneColors& colors);
+
+    /// The model; null once the window has been closed.
+    [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
+    [[nodiscard]] const ModelDocument* document() const { return model_ ? &*model_ : nullptr; }
+    /// What the status bar shows of the window: where the pointer is in a 2D view and what it does
+    /// there, else what became of the last command, else how much the model holds.
+    [[nodiscard]] const QString& statusText() const {
+        const QString& rest = message_.isEmpty() ? counts_ : message_;
+        return pointerText_.isEmpty() ? rest : pointerText_;
+    }
+    /// A new command begins: what the last one said is out of date.
+    void clearMessage() { setMessage({}); }
+
+    /// Opens a binary mesh file for a window just constructed; no command does so. Nothing is read
+    /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
+    void FileOpenMSH(const QString& fileName);
+
+    // Saving does nothing once the window has been closed.
+    void FileSaveExecute();
+    void FileSaveAsExecute();
+
+    /// Redraws the 3D view, and the 2D views if they show; does nothing once the window has been
+    /// closed.
+    void render3d();
+
+    /// Whether FormCanClose would ask the user.
+    [[nodiscard]] bool needsCloseQuestion() const { return model_ && model_->Modified; }
+    /// Asks what to do about changes that are not saved; false if the user wants to keep the
+    /// window.
+    bool FormCanClose();
+    /// Closes the window for a caller that has already asked FormCanClose.
+    void closeUnasked();
+
+  Q_SIGNALS:
+    /// The status text is another one.
+    void statusChanged();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void ChildActivate();
+    void ChildDeactivate();
+    void FormClose();
+    void FormResize();
+    void ChildSelectedChange(const QItemSelection& selected);
+    void EditButtonClick();
+    void RenameButtonClick();
+    void Deletebuttonclick();
+    void Addbuttonclick();
+
+    // The views and the "Tools" page. Each image hands its mouse events to its plane.
+    void XYWinMouseDown(const DragInput& input);
+    void XYWinMouseMove(const DragInput& input);
+    void XYWinMouseUp(const DragInput& input);
+    void XZWinMouseDown(const DragInput& input);
+    void XZWinMouseMove(const DragInput& input);
+    void XZWinMouseUp(const DragInput& input);
+    void ZYWinMouseDown(const DragInput& input);
+    void ZYWinMouseMove(const DragInput& input);
+    void ZYWinMouseUp(const DragInput& input);
+    void FrameVisibleExecute();
+    void MeshVisibleExecute();
+    void TwoDVisibleExecute();
+    void toolExecute(ViewTool tool);
+
+    struct PlaneImage;
+    [[nodiscard]] std::array<PlaneImage, planeCount> planeImages() const;
+    void setUpViews();
+    void setUpTools();
+    void setUpButtons();
+    /// An event of a view; whether that was all about it.
+    bool viewEvent(const QObject& watched, const QEvent& event);
+    /// Whether the event is a press that only activates the window, or is made with Ctrl held.
+    [[nodiscard]] bool startsNothing(const QEvent& event) const;
+    void planeEvent(const PlaneImage& image, const QEvent& event);
+    void planeInput(ViewPlane plane, void (TMDIChild::*handler)(const DragInput&),
+                    const DragInput& input);
+    void planeWheel(ViewPlane plane, const DragInput& place, float notches);
+    void mouseDown(ViewPlane plane, const DragInput& input);
+    void mouseMove(ViewPlane plane, const DragInput& input);
+    void mouseUp(ViewPlane plane, const DragInput& input);
+    /// Ends a running drag of a 2D view without a trace; whether there was one.
+    bool cancelDrag();
+    /// Draws those pictures that no longer show the document.
+    void redrawStale();
+    void drawPlane(const PlaneImage& image);
+    void showToolCursor();
+    /// A drag has begun or ended.
+    void showDragCursor();
+    void showPlaneColors();
+    /// Brings the boxes of the "Tools" page in step with the selected frame.
+    void fillVisibilityBoxes();
+    void storeVisibility();
+    void setPointerText(const QString& text) { setStatus(pointerText_, text); }
+    void setMessage(const QString& text) { setStatus(message_, text); }
+    /// Changes one of the texts that the status bar may show.
+    void setStatus(QString& text, const QString& value);
+    [[nodiscard]] bool acceptsEdits() const { return model_ && !model_->DragRunning; }
+    /// The same, and no call that shows a dialog is at work. Commands ask this when they run, but
+    /// do not show it: all of them would grey behind every dialog.
+    [[nodiscard]] bool mayEdit() const;
+    static void fillPanel(QWidget& panel, const QColor& color);
+
+    void FileOpenXSI(const QString& fileName);
+    void SaveFileXSI();
+    /// Gives a name that a file dialog left without an extension of ours the suffix. False if the
+    /// user does not want that file to be replaced.
+    bool completeName(QString& name, const QString& suffix);
+    /// Shows nothing where the file was read or is just missing.
+    void showReadFailure(ReadStatus status, const QString& fileName);
+    void showSaveFailure(const QString& fileName);
+    void showPasteFailure(const QString& reason);
+    void setCaption();
+    void clearMessageAtCommands();
+    void rebuildTree();
+    void editFrameOptions();
+    /// Opens the material editor on the selected slot or entry of the table.
+    void editMaterials();
+    void refresh(const RefreshFlags& flags, const NodeData& selectedBefore);
+    /// Moves the selection in the tree to what the document has selected, as if the user did.
+    void followSelection();
+    void startHistory();
+    void fitPages();
+    void selectRoot();
+    void showSelectedButtons();
+
+    std::unique_ptr<Ui::TMDIChild> ui_;
+    std::optional<ModelDocument> model_;
+    EditHistory history_;
+    DocumentDialogs dialogs_;
+    std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
+    WindowFocus* focus_ = nullptr;              ///< the window owns it
+    std::chrono::milliseconds progressDelay_{500};
+    QString counts_;
+    QString message_; ///< of the last command
+    PlaneViews planes_;
+    bool planesPending_ = true; ///< the 2D views have to be set to see the whole model
+    QString pointerText_;
+    bool filling_ = false; ///< the selection is set to show the model, not by the user
+    bool closeAgreed_ = false;
+    bool activatedByPress_ = false; ///< by the one about to be delivered, if that is to a view
+    std::vector<std::unique_ptr<DragFilter>> mice_; ///< of the 2D views; go first: they call back
+};
+
+} // namespace korvane

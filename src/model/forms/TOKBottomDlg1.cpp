@@ -1,0 +1,64 @@
+#include "model/forms/TOKBottomDlg1.h"
+
+#include "app/widgets/ModalCall.h"
+#include "model/records/ModelText.h"
+#include "ui_TOKBottomDlg1.h"
+
+#include <QLocale>
+
+namespace korvane {
+
+namespace {
+
+/// The text in lower case and on one line: the end of a line would end the name in a file.
+QString nameFrom(const QString& text) {
+    QString name = QLocale::c().toLower(text);
+    name.removeIf([](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+               c == QChar::ParagraphSeparator;
+    });
+    return name;
+}
+
+} // namespace
+
+TOKBottomDlg1::TOKBottomDlg1(QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::TOKBottomDlg1>()) {
+    ui_->setupUi(this);
+    // what the dialog begins with stays as it is: only what the user enters is changed
+    connect(ui_->NameEdit, &QLineEdit::textEdited, this, &TOKBottomDlg1::NameEditChange);
+}
+
+TOKBottomDlg1::~TOKBottomDlg1() = default;
+
+std::optional<QString> TOKBottomDlg1::rename(const QString& name, const NameUse& use) {
+    use_ = use;
+    ui_->NameEdit->setText(name);
+    ui_->NameEdit->selectAll();
+    ui_->NameEdit->setFocus();
+    showHint(name);
+    if (execModal(*this) != Accepted) {
+        return std::nullopt;
+    }
+    return ui_->NameEdit->text();
+}
+
+void TOKBottomDlg1::NameEditChange(const QString& text) {
+    const QString name = nameFrom(text);
+    if (name != text) {
+        const int cursor = ui_->NameEdit->cursorPosition();
+        ui_->NameEdit->setText(name);
+        ui_->NameEdit->setCursorPosition(cursor);
+    }
+    showHint(name);
+}
+
+void TOKBottomDlg1::showHint(const QString& name) {
+    const QString reason = lostNameReason(modelText(name), use_);
+    const QString hint = QStringLiteral("A file would not give this name back, because it %1.");
+    ui_->HintLabel->setText(reason.isEmpty() ? reason : hint.arg(reason));
+    // the hint needs room, and gives it back
+    ui_->HintLabel->setVisible(!reason.isEmpty());
+}
+
+} // namespace korvane

@@ -1,0 +1,34 @@
+#include "render/forms/TImage.h"
+
+#include <QPainter>
+
+namespace korvane {
+
+TImage::TImage(QWidget* parent) : QWidget(parent) {}
+
+void TImage::showPicture(const QImage& picture, const QImage& overlay) {
+    picture_ = picture;
+    overlay_ = overlay;
+    update();
+}
+
+void TImage::setEdged(bool edged) {
+    edged_ = edged;
+    update();
+}
+
+void TImage::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    // copies share the memory; the ratio is that of the screen the control is on by now
+    for (QImage layer : {picture_, overlay_}) {
+        layer.setDevicePixelRatio(devicePixelRatioF());
+        painter.drawImage(QPointF(0, 0), layer);
+    }
+    if (edged_) {
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawLine(rect().topRight(), rect().bottomRight());
+        painter.drawLine(rect().bottomLeft(), rect().bottomRight());
+    }
+}
+
+} // namespace korvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/records/MaterialRecord.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <unordered_map>
+
+namespace korvane {
+
+/// The textures of a document in one OpenGL context, which is current whenever this is called.
+class GlTextures {
+  public:
+    /// Uploads what the materials show and is not there yet, and frees what none of them shows any
+    /// more. Gives the number of uploads.
+    std::size_t update(std::span<const MaterialRecord> materials);
+    /// The texture's name; 0 for an image that no material showed at the last update.
+    [[nodiscard]] std::uint32_t name(const TextureImage* image) const;
+    void release();
+    [[nodiscard]] std::size_t count() const { return entries_.size(); }
+
+  private:
+    struct Entry {
+        std::shared_ptr<const TextureImage> image; ///< held, so that no other takes its place
+        std::uint32_t name = 0;
+        bool used = false;
+    };
+
+    std::unordered_map<const TextureImage*, Entry> entries_;
+};
+
+} // namespace korvane

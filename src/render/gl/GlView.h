@@ -1,0 +1,60 @@
+#pragma once
+
+#include "model/document/ModelDocument.h"
+#include "render/gl/GlLists.h"
+#include "render/scene/Culling.h"
+#include "render/scene/DrawList.h"
+#include "render/scene/ViewState.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace korvane {
+
+/// What the OpenGL view has done so far.
+struct GlCounts {
+    std::size_t meshes = 0;   ///< shapes of meshes drawn
+    std::size_t recorded = 0; ///< display lists recorded
+    std::size_t uploads = 0;  ///< textures uploaded
+    std::size_t errors = 0;   ///< OpenGL errors that redraws left; debug builds look for them
+};
+
+/// Draws a model with OpenGL into the framebuffer that is bound. A view belongs to one context, a
+/// compatibility one, which is current at every call; release() before that goes.
+class GlView {
+  public:
+    /// Sets the context up for the state, with the size in device pixels and the document's
+    /// textures.
+    void setUp(const ModelDocument& document, ViewState& state, std::int32_t width,
+               std::int32_t height);
+    /// Sets the size in device pixels; a side of 0 gives one pixel.
+    void resize(std::int32_t width, std::int32_t height);
+    /// Draws the document's frames as its camera sees them, and brings their drawing caches up to
+    /// date. Remembers the mode drawn in the state. Showing the picture is the caller's.
+    void redraw(ModelDocument& document, ViewState& state);
+    /// Frees textures and lists.
+    void release();
+
+    [[nodiscard]] const ViewGeometry& geometry() const { return geometry_; }
+    [[nodiscard]] const GlCounts& counts() const { return counts_; }
+    [[nodiscard]] std::size_t listCount() const { return lists_.count(); }
+    [[nodiscard]] std::size_t textureCount() const { return textures_.count(); }
+
+  private:
+    void setProjection(float scale) const;
+    void checkErrors();
+    void drawPass(const DrawContext& context, const ModelDocument& document, bool translucent);
+    void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
+    /// Outlines the box of the selected frame over what it would otherwise be hidden by later on.
+    void drawSelection(const DrawContext& context, const ModelDocument& document);
+    void drawShape(const DrawItem& item, GlShape shape);
+
+    ViewGeometry geometry_{1, 1};
+    DrawList list_;
+    DrawMaterials materials_;
+    GlTextures textures_;
+    GlLists lists_;
+    GlCounts counts_;
+};
+
+} // namespace korvane

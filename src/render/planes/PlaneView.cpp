@@ -1,0 +1,156 @@
+#include "render/planes/PlaneView.h"
+
+#include "render/picture/LineDrawing.h"
+#include "render/planes/PlaneCache.h"
+#include "render/scene/Culling.h"
+#include "render/scene/SelectedFrame.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+constexpr std::int32_t markRadius = 4; ///< in pixels
+
+/// The lines of a mesh on a bitmap.
+class EdgePainter {
+  public:
+    EdgePainter(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame)
+        : bitmap_(bitmap), mapping_(mapping), world_(drawCache(frame).WorldVertices),
+          points_(planeCache(frame).points(mapping.plane)),
+          edges_(planeCache(frame).edges(frame.Mesh)) {}
+
+    void drawLines(BitmapPixel color) const {
+        for (const MeshEdge& edge : edges_) {
+            const PixelPoint from = points_[edge.from];
+            const PixelPoint to = points_[edge.to];
+            if (from == noPixel || to == noPixel) {
+                drawFarLine(edge, color);
+            } else {
+                drawLine(bitmap_, from, to, color);
+            }
+        }
+    }
+    void drawEnds(BitmapPixel color) const {
+        for (const MeshEdge& edge : edges_) {
+            for (const std::uint32_t end : {edge.from, edge.to}) {
+                drawPixel(bitmap_, points_[end].x, points_[end].y, color);
+            }
+        }
+    }
+
+  private:
+    void drawFarLine(const MeshEdge& edge, BitmapPixel color) const {
+        const PlanePoint from = toPlane(mapping_.plane, world_[edge.from]);
+        const PlanePoint to = toPlane(mapping_.plane, world_[edge.to]);
+        drawLine(bitmap_, mapping_.screenX(from.u), mapping_.screenY(from.v),
+                 mapping_.screenX(to.u), mapping_.screenY(to.v), color);
+    }
+
+    Bitmap& bitmap_;
+    const PlaneMapping& mapping_;
+    const std::vector<Vec3>& world_;
+    const std::vector<PixelPoint>& points_;
+    const std::vector<MeshEdge>& edges_;
+};
+
+} // namespace
+
+PlaneMapping PlaneView::mapping(const ModelDocument& document) const {
+    return {plane_, bitmap_.width() / 2, bitmap_.height() / 2, toPlane(plane_, document.PanVector),
+            document.PlaneScale};
+}
+
+void PlaneView::draw(ModelDocument& document, bool dots) {
+    const PlaneMapping map = mapping(document);
+    projectedFrames_ = 0;
+    bitmap_.fill(colors_.frames.background);
+    drawAxes(map);
+    findOrigin(map, document.Root);
+    drawOrigin(bitmap_);
+    list_.rebuild(document.Root);
+    for (const DrawItem& item : list_.items()) {
+        if (item.frame->HasMesh) {
+            projectFrame(map, item);
+            drawFrame(bitmap_, map, *item.frame, dots);
+        }
+    }
+    // last, since it mostly lies within the model
+    drawCameraCentre(bitmap_, map, document.CameraCenter);
+}
+
+QImage PlaneView::selectionOverlay(const ModelDocument& document, bool dots) {
+    const auto& items = list_.items();
+    const auto selected = std::find_if(items.begin(), items.end(), [](const DrawItem& item) {
+        return item.frame->HasMesh && item.frame->SelectState == SelectState::Selected;
+    });
+    if (selected == items.end() && origin_ == noPixel) {
+        return {};
+    }
+    const PlaneMapping map = mapping(document);
+    overlay_.resize(bitmap_.width(), bitmap_.height());
+    overlay_.fill(0);
+    if (selected != items.end()) {
+        drawFrame(overlay_, map, *selected->frame, dots);
+    }
+    drawOrigin(overlay_);
+    drawCameraCentre(overlay_, map, document.CameraCenter); // which stays on top
+    return overlayOf(overlay_);
+}
+
+void PlaneView::drawAxes(const PlaneMapping& mapping) {
+    const double x = mapping.screenX(0);
+    const double y = mapping.screenY(0);
+    drawLine(bitmap_, x, 0, x, bitmap_.height() - 1, colors_.worldAxes);
+    drawLine(bitmap_, 0, y, bitmap_.width() - 1, y, colors_.worldAxes);
+}
+
+void PlaneView::findOrigin(const PlaneMapping& mapping, FrameRecord& root) {
+    origin_ = noPixel;
+    const FoundFrame found = findSelectedFrame(root);
+    // the mesh alone may be hidden: the mark stays
+    if (found.frame->SelectState != SelectState::Selected || !found.frame->ViewFlags[0]) {
+        return;
+    }
+    const PlanePoint origin = toPlane(plane_, VectorMatrix({}, found.world));
+    origin_ = pixelAt(mapping.screenX(origin.u), mapping.screenY(origin.v));
+}
+
+void PlaneView::drawOrigin(Bitmap& bitmap) const {
+    if (origin_ != noPixel) {
+        // two, since one is hard to see in yellow
+        drawEllipse(bitmap, origin_, markRadius, markRadius, colors_.objectAxes);
+        drawEllipse(bitmap, origin_, markRadius + 1, markRadius + 1, colors_.objectAxes);
+    }
+}
+
+void PlaneView::projectFrame(const PlaneMapping& mapping, const DrawItem& item) {
+    FrameRecord& frame = *item.frame;
+    const DrawCache& cache = refreshedCache(frame, item.world);
+    if (planeCache(frame).project(mapping, cache)) {
+        ++projectedFrames_;
+    }
+}
+
+void PlaneView::drawFrame(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame,
+                          bool dots) const {
+    const EdgePainter painter(bitmap, mapping, frame);
+    const BitmapPixel color = wireColor(colors_.frames, frame.SelectState);
+    if (dots) {
+        painter.drawEnds(color);
+    } else {
+        painter.drawLines(color);
+    }
+}
+
+void PlaneView::drawCameraCentre(Bitmap& bitmap, const PlaneMapping& mapping,
+                                 const Vec3& centre) const {
+    const PlanePoint place = toPlane(plane_, centre);
+    const double x = mapping.screenX(place.u);
+    const double y = mapping.screenY(place.v);
+    drawLine(bitmap, x - markRadius, y, x + markRadius, y, colors_.cameraCentre);
+    drawLine(bitmap, x, y - markRadius, x, y + markRadius, colors_.cameraCentre);
+}
+
+} // namespace korvane

@@ -1,0 +1,73 @@
+#include "render/scene/Culling.h"
+
+#include "render/scene/DrawCache.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace korvane {
+
+bool usablePosition(const Vec3& p) {
+    // what is larger would leave the range of single precision on its way through the clipping
+    constexpr float limit = 1e15F;
+    return std::abs(p.x) < limit && std::abs(p.y) < limit && std::abs(p.z) < limit;
+}
+
+std::array<Vec3, 8> boxCorners(const Bounds& bounds) {
+    std::array<Vec3, 8> corners;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        corners[i] = {(i & 1U) != 0 ? bounds.high.x : bounds.low.x,
+                      (i & 2U) != 0 ? bounds.high.y : bounds.low.y,
+                      (i & 4U) != 0 ? bounds.high.z : bounds.low.z};
+    }
+    return corners;
+}
+
+Containment containment(const DrawContext& context, const DrawItem& item) {
+    const DrawCache& cache = drawCache(*item.frame);
+    if (cache.bounds().empty) {
+        return Containment::Outside;
+    }
+    std::array<Vec3, 8> corners = boxCorners(cache.bounds());
+    float size = 0.0F;
+    for (Vec3& corner : corners) {
+        corner = VectorMatrix(corner, item.world);
+        size = std::max(size, context.camera.magnitude(corner));
+        corner = context.camera.toView(corner);
+        if (!usablePosition(corner)) {
+            return Containment::Crossing;
+        }
+        size = std::max({size, std::abs(corner.x), std::abs(corner.y), std::abs(corner.z)});
+    }
+    const float margin = size * 1e-5F; // well above the rounding of a vertex within the box
+    bool inside = cache.allFinite();
+    for (const ClipPlane& plane : context.geometry.planes) {
+        float least = std::numeric_limits<float>::max();
+        float most = std::numeric_limits<float>::lowest();
+        for (const Vec3& corner : corners) {
+            const float distance = plane.distance(corner);
+            least = std::min(least, distance);
+            most = std::max(most, distance);
+        }
+        if (most < -margin) {
+            return Containment::Outside;
+        }
+        inside = inside && least > margin;
+    }
+    return inside ? Containment::Inside : Containment::Crossing;
+}
+
+BitmapPixel wireColor(const ViewColors& colors, SelectState state) {
+    switch (state) {
+    case SelectState::Selected:
+        return colors.selected;
+    case SelectState::Descendant:
+        return colors.selectedChild;
+    case SelectState::Other:
+        break;
+    }
+    return colors.unselected;
+}
+
+} // namespace korvane

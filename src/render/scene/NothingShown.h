@@ -1,0 +1,15 @@
+#pragma once
+
+#include "render/scene/ViewState.h"
+
+#include <QString>
+
+namespace korvane {
+
+struct ModelDocument;
+
+/// Why the 3D view shows no face of the model wherever the camera is, as a sentence; empty if it
+/// can show one.
+QString whyNothingShows(const ModelDocument& document, const ViewState& state);
+
+} // namespace korvane

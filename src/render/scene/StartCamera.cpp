@@ -1,0 +1,133 @@
+#include "render/scene/StartCamera.h"
+
+#include "render/scene/Culling.h"
+#include "render/scene/DrawCache.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvane {
+
+namespace {
+
+double squaredDistance(const Vec3& a, const Vec3& b) {
+    const double x = double{a.x} - b.x;
+    const double y = double{a.y} - b.y;
+    const double z = double{a.z} - b.z;
+    return x * x + y * y + z * z;
+}
+
+/// From how far a ball of radius 1 is seen whole.
+double fitDistance(const ViewGeometry& geometry) {
+    const int shorter = std::max(std::min(geometry.cx, geometry.cy), 1);
+    return 1.0 / std::sin(std::atan2(double(shorter), double{geometry.f}));
+}
+
+/// The bounds of all that the frames show, in world space.
+Bounds worldBounds(const DrawList& list) {
+    Bounds bounds;
+    for (const DrawItem& item : list.items()) {
+        if (item.frame->HasMesh) {
+            for (const Vec3& vertex : refreshedCache(*item.frame, item.world).WorldVertices) {
+                bounds.add(vertex);
+            }
+        }
+    }
+    return bounds;
+}
+
+/// Halved one by one: the sum may be out of range.
+Vec3 centreOf(const Bounds& bounds) {
+    return {bounds.low.x / 2 + bounds.high.x / 2, bounds.low.y / 2 + bounds.high.y / 2,
+            bounds.low.z / 2 + bounds.high.z / 2};
+}
+
+/// The distance from a point to the farthest of the vertices and of the corners of the selected
+/// frame's box.
+double radiusAround(const Vec3& centre, const DrawList& list) {
+    double largest = 0.0;
+    const auto add = [&](const Vec3& p) {
+        const double squared = squaredDistance(p, centre);
+        largest = std::isfinite(squared) ? std::max(largest, squared) : largest;
+    };
+    for (const DrawItem& item : list.items()) {
+        if (!item.frame->HasMesh) {
+            continue;
+        }
+        const DrawCache& cache = drawCache(*item.frame);
+        std::for_each(cache.WorldVertices.begin(), cache.WorldVertices.end(), add);
+        if (item.frame->SelectState == SelectState::Selected && !cache.bounds().empty) {
+            for (const Vec3& corner : boxCorners(cache.bounds())) {
+                add(VectorMatrix(corner, item.world));
+            }
+        }
+    }
+    return std::sqrt(largest);
+}
+
+/// From how far a ball around the camera centre is seen whole, with the eye outside.
+double startDistance(double radius, const ViewGeometry& geometry) {
+    return std::max(radius * fitDistance(geometry), radius + double{ViewGeometry::nearZ});
+}
+
+/// The scale factor for a model of a radius.
+double startScale(double radius, const ViewGeometry& geometry) {
+    constexpr double radiusOfLarge = 100.0;
+    constexpr double most = 1e30; // stays within single precision with what it is multiplied by
+    const double diameter = 2 * radius;
+    if (radius + startDistance(radius, geometry) > double{ViewGeometry::farZ}) {
+        return radiusOfLarge / radius;
+    }
+    // a single point has no size
+    return diameter < 1 && diameter > 0 ? std::min(1 / diameter, most) : 1.0;
+}
+
+} // namespace
+
+void startCamera(ModelDocument& document, ViewState& state, const ViewGeometry& geometry) {
+    DrawList list;
+    list.rebuild(document.Root);
+    const Bounds bounds = worldBounds(list);
+    if (bounds.empty) {
+        document.CameraCenter = Vec3();
+        document.CameraDistance = ModelDocument().CameraDistance;
+        state.scaleFactor = 1.0F;
+        return;
+    }
+    document.CameraCenter = centreOf(bounds);
+    const double radius = radiusAround(document.CameraCenter, list);
+    const double scale = startScale(radius, geometry);
+    const double shown = radius * scale;
+    // a view of a few columns would have the eye beyond its depth
+    const double farthest = double{ViewGeometry::farZ} - shown;
+    document.CameraDistance =
+        static_cast<float>(std::min(startDistance(shown, geometry), farthest));
+    state.scaleFactor = static_cast<float>(scale);
+}
+
+void startPlanes(ModelDocument& document, std::int32_t width, std::int32_t height) {
+    DrawList list;
+    list.rebuild(document.Root);
+    const Bounds bounds = worldBounds(list);
+    if (bounds.empty) {
+        document.PanVector = Vec3();
+        document.PlaneScale = ModelDocument().PlaneScale;
+        return;
+    }
+    constexpr double share = 0.9; // of the view
+    const double x = double{bounds.high.x} - bounds.low.x;
+    const double y = double{bounds.high.y} - bounds.low.y;
+    const double z = double{bounds.high.z} - bounds.low.z;
+    // of the sides that lie across and upright in one of the views the longest
+    const double across = std::max(x, z);
+    const double upright = std::max(y, z);
+    double scale = ModelDocument().PlaneScale;
+    if (across > 0 || upright > 0) {
+        scale = share * std::min(std::max(width, 1) / across, std::max(height, 1) / upright);
+    }
+    document.PanVector = -centreOf(bounds);
+    constexpr double most = 1e30; // within single precision
+    document.PlaneScale = static_cast<float>(std::clamp(scale, 1 / most, most));
+}
+
+} // namespace korvane

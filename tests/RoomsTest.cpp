@@ -1,0 +1,140 @@
+// Which part of the source may use which.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder of the source. It uses itself and those above it in the table, but not the ones named
+/// behind it.
+struct Room {
+    std::string_view name;
+    std::string_view notUsed = {};
+};
+
+constexpr std::array rooms = {
+    Room{"render/math"},
+    Room{"render/picture"},
+    Room{"model/records", "render/picture"},
+    Room{"model/document", "render/picture"},
+    Room{"formats/text"},
+    Room{"formats/files"},
+    Room{"formats/textures"},
+    Room{"formats/xsi"},
+    Room{"edit/history"},
+    Room{"edit/clipboard"},
+    Room{"render/scene"},
+    Room{"render/drags"},
+    Room{"render/software"},
+    Room{"render/planes", "render/software"},
+    Room{"render/gl", "render/software render/planes"},
+    Room{"edit/materials"},
+    Room{"edit/session"},
+    Room{"app/widgets"},
+    Room{"render/forms"},
+    Room{"edit/forms"},
+    Room{"model/forms"},
+    Room{"app/shell"},
+    Room{"tool", "app/widgets render/forms edit/forms model/forms app/shell"},
+};
+
+/// The room that a file lies in, by its path below the source folder; the end if it lies in none.
+auto roomOf(const std::string& file) {
+    const std::string folder = fs::path(file).parent_path().generic_string();
+    return std::find_if(rooms.begin(), rooms.end(),
+                        [&](const Room& room) { return room.name == folder; });
+}
+
+/// The files of ours that a source file, or a form made with the designer, includes.
+std::vector<std::string> includesOf(const std::string& text) {
+    static const std::regex pattern(R"re(#\s*include\s*"([^"]*)"|<header[^>]*>([^<]*)</header>)re");
+    std::vector<std::string> found;
+    for (std::sregex_iterator at(text.begin(), text.end(), pattern), end; at != end; ++at) {
+        found.push_back((*at)[1].matched ? (*at)[1].str() : (*at)[2].str());
+    }
+    return found;
+}
+
+bool isGenerated(const std::string& file) {
+    return file.starts_with("ui_") || file.ends_with(".moc");
+}
+
+/// What is wrong with the includes of a file, one line each.
+std::vector<std::string> faultsOf(const std::string& file, const std::string& text) {
+    const auto room = roomOf(file);
+    if (room == rooms.end()) {
+        return {file + " lies in no room"};
+    }
+    std::vector<std::string> faults;
+    for (const std::string& include : includesOf(text)) {
+        const auto used = roomOf(include);
+        if (!isGenerated(include) &&
+            (used > room || room->notUsed.find(used->name) != std::string_view::npos)) {
+            faults.push_back(file + " must not include " + include);
+        }
+    }
+    return faults;
+}
+
+std::string contentOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+TEST(Rooms, UseOnlyRoomsAboveThem) {
+    const fs::path source = KORVANE_SOURCES;
+    std::size_t files = 0;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(source)) {
+        const std::string extension = entry.path().extension().string();
+        if (extension == ".h" || extension == ".cpp" || extension == ".ui") {
+            ++files;
+            const std::string name = entry.path().lexically_relative(source).generic_string();
+            for (const std::string& fault : faultsOf(name, contentOf(entry.path()))) {
+                ADD_FAILURE() << fault;
+            }
+        }
+    }
+    EXPECT_GT(files, 200U);
+}
+
+TEST(Rooms, AWrongIncludeIsFound) {
+    struct Case {
+        const char* file;
+        const char* text;
+        bool wrong;
+    };
+    const Case cases[] = {
+        {"render/scene/A.h", "#include \"render/math/B.h\"", false},
+        {"render/scene/A.h", "#include \"render/scene/B.h\"\n#include <QString>", false},
+        {"model/forms/A.cpp", "#include \"ui_A.h\"", false},
+        {"render/scene/A.h", "#include \"render/software/B.h\"", true},
+        {"model/records/A.h", "\n#include <vector>\n#  include \"render/scene/B.h\"\n", true},
+        {"model/records/A.h", "#include \"render/picture/B.h\"", true},
+        {"render/gl/A.cpp", "#include \"render/software/B.h\"", true},
+        {"render/forms/A.ui", "<class>B</class><header>model/forms/B.h</header>", true},
+        {"render/forms/A.ui", "<header location=\"local\">model/forms/B.h</header>", true},
+        {"model/forms/A.ui", "<header>render/forms/B.h</header>", false},
+        {"tool/A.cpp", "#include \"app/widgets/B.h\"", true},
+        {"edit/forms/A.cpp", "#include \"B.h\"", true},
+        {"edit/A.cpp", "", true},
+        {"edit/news/A.cpp", "", true},
+    };
+    for (const Case& row : cases) {
+        EXPECT_EQ(!faultsOf(row.file, row.text).empty(), row.wrong) << row.file << ": " << row.text;
+    }
+}
+
+} // namespace
+} // namespace korvane::test

@@ -1,0 +1,332 @@
+#include "edit/history/EditHistory.h"
+
+#include "edit/materials/PendingScalarEdit.h"
+#include "support/FrameMaking.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace korvane {
+namespace {
+
+using test::named;
+using test::path;
+
+std::string namesOf(const std::vector<FrameRecord>& frames) {
+    std::string names;
+    for (const FrameRecord& frame : frames) {
+        names += frame.Name + (frame.Children.empty() ? "" : "(" + namesOf(frame.Children) + ")");
+    }
+    return names;
+}
+
+class History : public ::testing::Test {
+  protected:
+    History() {
+        document.Root = named("r", {named("a", {named("x"), named("y")}), named("b"), named("c")});
+        document.Materials.resize(3);
+        document.computeDerivedData();
+        document.Modified = false;
+    }
+    /// Gives the mesh of a frame slots and faces.
+    MeshRecord& mesh(FrameRecord& frame, std::vector<std::int32_t> slots,
+                     std::vector<std::int32_t> faces) {
+        frame.HasMesh = frame.Mesh.HasMaterials = true;
+        frame.Mesh.MaterialSlotList = std::move(slots);
+        frame.Mesh.FaceSlotIndex = std::move(faces);
+        return frame.Mesh;
+    }
+
+    ModelDocument document;
+    EditHistory history;
+};
+
+TEST_F(History, PositionAndTail) {
+    EXPECT_EQ(history.undo(document), RefreshFlags());
+    EXPECT_EQ(history.redo(document), RefreshFlags());
+    EXPECT_FALSE(history.canUndo() || history.canRedo() || document.Modified);
+    history.renameFrame(document, path({1}), "one");
+    history.renameFrame(document, path({1}), "two");
+    EXPECT_TRUE(document.Modified);
+    EXPECT_EQ(history.position(), 1);
+    document.Modified = false;
+    history.undo(document);
+    EXPECT_TRUE(history.canUndo() && history.canRedo() && document.Modified);
+    EXPECT_EQ(history.redoName(), "rename frame");
+    history.addFrame(document, path({1}), "three");
+    EXPECT_FALSE(history.canRedo());
+    EXPECT_EQ(history.redoName(), "");
+    EXPECT_EQ(history.undoName(), "add frame");
+    EXPECT_EQ(history.entries().size(), 2U);
+    history.undo(document);
+    document.Modified = false;
+    history.redo(document);
+    EXPECT_EQ(document.Root.Children[0].Children.back().Name, "three");
+    EXPECT_TRUE(document.Modified);
+}
+
+TEST_F(History, OnlyWhatAChangeTouchesIsRefreshed) {
+    history.ambient(document, 0, {});
+    EXPECT_EQ(history.undo(document), (RefreshFlags{true, false, false}));
+    history.moveFrame(document, path({1}), {}, {});
+    EXPECT_EQ(history.undo(document), (RefreshFlags{true, true, false}));
+    history.renameFrame(document, path({1}), "n");
+    history.undo(document);
+    EXPECT_EQ(history.redo(document), (RefreshFlags{false, false, true})) << "the tree alone";
+}
+
+TEST_F(History, FrameKindsSelectTheFrameOfTheirEntry) {
+    history.renameFrame(document, path({1, 2}), "n");
+    document.selectFrame(path({3}));
+    history.undo(document);
+    EXPECT_EQ(document.Selected.Frame, path({1, 2}));
+    EXPECT_EQ(document.SelectionCopy, document.Selected);
+    EXPECT_EQ(document.GetFramePtr()->Name, "y");
+    EXPECT_EQ(document.Root.Children[0].Children[1].SelectState, SelectState::Selected);
+    EXPECT_EQ(document.Root.Children[2].SelectState, SelectState::Other);
+
+    history.deleteFrame(document, path({1, 1})); // drops the rename
+    EXPECT_EQ(document.Selected.Frame, path({1}));
+    EXPECT_EQ(document.Root.Children[0].Children[0].SelectState, SelectState::Descendant);
+    document.selectFrame(path({2}));
+    history.undo(document);
+    EXPECT_EQ(document.Selected.Frame, path({1}));
+    EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc");
+
+    document.selectFrame(path({3}));
+    history.ambient(document, 0, {});
+    history.undo(document);
+    EXPECT_EQ(document.Selected.Frame, path({3})); // no frame kind: stays
+}
+
+TEST_F(History, FramesComeAndGoInTheirPlaces) {
+    history.addFrame(document, path({1}), "");
+    EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc"); // the new one has no name
+    EXPECT_EQ(document.Root.Children[0].Children.size(), 3U);
+    history.deleteFrame(document, path({1}));
+    EXPECT_EQ(namesOf(document.Root.Children), "bc");
+    EXPECT_EQ(document.Root.Children[0].Path, path({1}));
+    history.undo(document);
+    EXPECT_EQ(document.Root.Children[0].Children[1].Path, path({1, 2}));
+    EXPECT_EQ(document.Root.Children[1].Path, path({2}));
+    history.undo(document);
+    EXPECT_EQ(document.Root.Children[0].Children.size(), 2U);
+    history.deleteFrame(document, FramePath()); // the root stays
+    history.deleteFrame(document, path({4}));
+    EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc");
+    EXPECT_FALSE(history.canUndo());
+}
+
+TEST_F(History, FramesNestNoDeeperThanTheLimit) {
+    std::vector<std::int32_t> numbers = test::chainBelow(document.Root, maxFrameDepth);
+    history.addFrame(document, path(numbers), "");
+    history.pasteFrame(document, path(numbers), {}, {});
+    EXPECT_FALSE(history.canUndo());
+    numbers.pop_back();
+    history.pasteFrame(document, path(numbers), named("p", {named("q")}), {});
+    EXPECT_FALSE(history.canUndo());
+    history.pasteFrame(document, path(numbers), named("p"), {});
+    EXPECT_TRUE(history.canUndo());
+}
+
+TEST_F(History, FacesOfSlotZeroStayWhenASlotGoes) {
+    MeshRecord& m = mesh(document.Root, {2, 0, 1}, {0, 1, 2, 7, -1});
+    history.removeSlot(document, FramePath(), 0);
+    EXPECT_EQ(m.MaterialSlotList, (std::vector<std::int32_t>{0, 1}));
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 1, 6, -1}));
+    history.undo(document);
+    EXPECT_EQ(m.MaterialSlotList, (std::vector<std::int32_t>{2, 0, 1}));
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 1, 2, 7, -1}));
+    history.redo(document);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 1, 6, -1}));
+}
+
+TEST_F(History, AFaceBeyondTheSlotsOfFacesGetsOneAndSoDoThoseBefore) {
+    MeshRecord& m = mesh(document.Root.Children[0], {0, 1, 2}, {1});
+    for (int face = 0; face < 5; ++face) {
+        m.Faces.push_back(std::vector<std::uint32_t>{0, 0, 0});
+    }
+    history.faceSlot(document, path({1}), 3, 0);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1, 2, 2, 0})) << "as they were drawn";
+    history.undo(document);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1}));
+    history.redo(document);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1, 2, 2, 0}));
+    history.faceSlot(document, path({1}), 5, 0); // no such face
+    EXPECT_EQ(history.position(), 0);
+}
+
+TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
+    MeshRecord& twice = mesh(document.Root, {1, 2, 1}, {0, 1, 2});
+    MeshRecord& once = mesh(document.Root.Children[0].Children[1], {2, 1}, {1, 0});
+    MeshRecord& hidden = mesh(document.Root.Children[1], {1, 2}, {0});
+    document.Root.Children[1].HasMesh = false; // it may be switched on again
+    document.Materials[1].Power = 7;
+    history.deleteMaterial(document, 1);
+    EXPECT_EQ(document.Materials.size(), 2U);
+    EXPECT_EQ(twice.MaterialSlotList, (std::vector<std::int32_t>{1}));
+    EXPECT_EQ(twice.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 0}));
+    EXPECT_EQ(once.MaterialSlotList, (std::vector<std::int32_t>{1}));
+    EXPECT_EQ(once.FaceSlotIndex, (std::vector<std::int32_t>{0, 0}));
+    EXPECT_EQ(hidden.MaterialSlotList, (std::vector<std::int32_t>{1}));
+    document.Root.Children[1].HasMesh = true; // without an entry, as by a cancelled dialog
+    history.undo(document);
+    EXPECT_EQ(hidden.MaterialSlotList, (std::vector<std::int32_t>{1, 2}));
+    EXPECT_EQ(document.Materials[1].Power, 7);
+    EXPECT_EQ(twice.MaterialSlotList, (std::vector<std::int32_t>{1, 2, 1}));
+    EXPECT_EQ(twice.FaceSlotIndex, (std::vector<std::int32_t>{0, 1, 2}));
+    EXPECT_EQ(once.MaterialSlotList, (std::vector<std::int32_t>{2, 1}));
+    EXPECT_EQ(once.FaceSlotIndex, (std::vector<std::int32_t>{1, 0}));
+}
+
+TEST_F(History, ExceptionFreshDefaultOnRedo) {
+    history.addMaterial(document);
+    document.Materials.back().Power = 1; // not recorded
+    history.undo(document);
+    history.redo(document);
+    EXPECT_EQ(document.Materials.back(), MaterialRecord());
+}
+
+TEST_F(History, ExceptionFrameDialogCancelled) {
+    // the dialog writes at once, and Cancel keeps what it wrote without an entry: the undo of a
+    // step before it brings all flags back to what they were before that step
+    FrameRecord& frame = document.Root.Children[0];
+    const FrameFlags before = frameFlags(frame);
+    frame.GFlag = true;
+    history.frameOptions(document, path({1}), before);
+    frame.Emissive = true; // cancelled
+    history.undo(document);
+    EXPECT_EQ(frameFlags(frame), before);
+    history.redo(document);
+    EXPECT_TRUE(frame.GFlag);
+    EXPECT_FALSE(frame.Emissive); // lost on the way
+}
+
+TEST_F(History, PendingOpacityIsOneStep) {
+    float& opacity = document.Materials[1].FaceColor.alpha;
+    PendingOpacity pending;
+    pending.start(opacity);
+    pending.commit(history, document, 1);
+    EXPECT_FALSE(history.canUndo()); // nothing was changed
+    for (const float step : {0.9F, 0.5F, 0.25F}) {
+        opacity = step;
+        pending.change();
+    }
+    pending.commit(history, document, 1);
+    pending.commit(history, document, 1);
+    EXPECT_EQ(history.position(), 0);
+    opacity = 0.5F;
+    pending.change();
+    opacity = 0.25F; // and back again
+    pending.change();
+    pending.commit(history, document, 1);
+    EXPECT_EQ(history.position(), 0);
+    history.undo(document);
+    EXPECT_EQ(opacity, 1.0F);
+    history.redo(document);
+    EXPECT_EQ(opacity, 0.25F);
+}
+
+TEST_F(History, PendingShininessGoesByTheTextOfItsField) {
+    float& power = document.Materials[0].Power;
+    PendingShininess pending;
+    pending.start("200", power);
+    for (const float step : {1.0F, 15.0F}) {
+        power = step;
+        pending.change();
+    }
+    pending.commit(history, document, 0, "15");
+    EXPECT_EQ(history.position(), 0);
+    pending.change();
+    pending.commit(history, document, 0, "15"); // the text is what it was
+    pending.change();
+    pending.commit(history, document, 0, "15.0"); // another text, the same number
+    EXPECT_EQ(history.position(), 0);
+    history.undo(document);
+    EXPECT_EQ(power, 200.0F);
+    pending.change();
+    pending.commit(history, document, 9, "3"); // no such material
+    EXPECT_EQ(history.position(), -1);
+
+    // texts that are no power leave the material, and stand for what it had
+    for (const char* text : {"", "-3", "x", "5 5"}) {
+        pending.start("200", power);
+        pending.change();
+        pending.commit(history, document, 0, text);
+        EXPECT_FALSE(history.canUndo()) << text;
+        power = 7;
+        pending.change();
+        pending.commit(history, document, 0, "7");
+        ASSERT_TRUE(history.canUndo()) << text;
+        history.undo(document);
+        EXPECT_EQ(power, 200.0F) << text;
+    }
+}
+
+TEST_F(History, TexturesAreLoadedAnew) {
+    std::vector<std::string> loaded;
+    EditHistory withTextures([&loaded](const std::string& name) {
+        loaded.push_back(name);
+        return std::make_shared<const TextureImage>();
+    });
+    document.Materials[0].TextureFile = "old.tga";
+    withTextures.textureFile(document, 0, "new.tga");
+    const auto image = document.Materials[0].TextureImage;
+    withTextures.undo(document);
+    EXPECT_EQ(document.Materials[0].TextureFile, "old.tga");
+    withTextures.redo(document);
+    EXPECT_NE(document.Materials[0].TextureImage, image);
+    EXPECT_EQ(loaded, (std::vector<std::string>{"new.tga", "old.tga", "new.tga"}));
+    const auto own = std::make_shared<const TextureImage>();
+    withTextures.textureFile(document, 0, "own.tga", own); // loaded already
+    EXPECT_EQ(document.Materials[0].TextureImage, own);
+    EXPECT_EQ(loaded.size(), 3U);
+}
+
+TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
+    FrameRecord& frame = document.Root.Children[0];
+    MeshRecord& list = mesh(frame, {0, 1}, {1});
+    list.Vertices.resize(3);
+    list.TexCoords.resize(1);
+    const std::pair<const char*, std::function<void()>> edits[] = {
+        {"coordinates",
+         [&] {
+             history.texCoords(document, path({1}), {{0}}, {{0, 0}}, {{1, 1}});
+         }},
+        {"slot of a face", [&] { history.faceSlot(document, path({1}), 0, 1); }},
+        {"slot", [&] { history.removeSlot(document, path({1}), 0); }},
+        {"material", [&] { history.deleteMaterial(document, 1); }},
+        {"undo", [&] { history.undo(document); }}};
+    for (const auto& [name, edit] : edits) {
+        const auto before = list.Revision.any();
+        edit();
+        EXPECT_NE(list.Revision.any(), before) << name;
+    }
+}
+
+TEST_F(History, WhatLeadsNowhereIsLeftAlone) {
+    history.faceSlot(document, path({1}), -1, 0);
+    history.removeSlot(document, path({1}), -1);
+    history.renameFrame(document, path({4}), "n");
+    history.pasteFrame(document, path({9}), {}, {});
+    EXPECT_FALSE(history.canUndo());
+    // a change past the history: its entries find nothing, and the position moves all the same
+    history.texCoords(document, path({1}), std::vector<std::int32_t>{5, -1}, {{}, {}}, {{}, {}});
+    history.renameFrame(document, path({3}), "n");
+    history.appendSlot(document, path({3}), 0);
+    history.pasteMaterials(document, {{}, {}});
+    document.Root.Children.pop_back();
+    document.Materials.clear();
+    for (std::size_t i = 0; i < 4; ++i) {
+        history.undo(document);
+    }
+    EXPECT_FALSE(history.canUndo());
+    for (std::size_t i = 0; i < 4; ++i) {
+        history.redo(document);
+    }
+    EXPECT_EQ(history.position(), 3);
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,294 @@
+#include "edit/materials/TexCoordView.h"
+
+#include "edit/materials/TexCoordDrag.h"
+#include "model/records/MeshRecord.h"
+#include "support/Scene.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace korvane {
+namespace {
+
+constexpr BitmapPixel selectedColor = 0xffff00ffU;
+constexpr BitmapPixel inactiveColor = 0xff00ffffU;
+constexpr BitmapPixel background = 0xff123456U;
+constexpr TexCoordColors colors = {selectedColor, inactiveColor, background};
+
+void addTexCoords(MeshRecord& mesh, std::initializer_list<std::uint32_t> numbers) {
+    mesh.TexCoordFaces.push_back(std::vector<std::uint32_t>(numbers));
+}
+
+/// Two faces of texture coordinates; the second one shares two with the first.
+MeshRecord twoFaces() {
+    MeshRecord mesh;
+    mesh.HasTexCoords = true;
+    mesh.TexCoords = {{0.25F, 0.75F}, {0.75F, 0.75F}, {0.75F, 0.25F}, {0.25F, 0.25F}};
+    test::addFace(mesh, {0, 1, 2});
+    test::addFace(mesh, {0, 2, 3});
+    addTexCoords(mesh, {0, 1, 2});
+    addTexCoords(mesh, {0, 2, 3});
+    return mesh;
+}
+
+/// A texture whose pixels tell where they are: red is the column, green the row.
+TextureImage mapTexture(std::int32_t width, std::int32_t height) {
+    TextureImage image;
+    image.width = width;
+    image.height = height;
+    image.pixels.clear();
+    for (std::int32_t y = 0; y < height; ++y) {
+        for (std::int32_t x = 0; x < width; ++x) {
+            image.pixels.push_back({static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 7,
+                                    static_cast<std::uint8_t>(x + y)});
+        }
+    }
+    return image;
+}
+
+TexCoordView viewOf(std::int32_t width, std::int32_t height, std::int32_t zoom = 1,
+                    std::int32_t offsetX = 0, std::int32_t offsetY = 0) {
+    TexCoordView view;
+    view.setViewSize(256, 256);
+    view.setTextureSize(width, height);
+    while (view.zoom() < zoom && view.zoomIn()) {
+    }
+    view.setOffsets(offsetX, offsetY);
+    return view;
+}
+
+DragInput left(float x, float y) {
+    return {DragButton::Left, x, y};
+}
+
+TEST(TexCoordView, ZoomStaysWithinOneAndEight) {
+    TexCoordView view = viewOf(512, 512);
+    EXPECT_FALSE(view.zoomOut());
+    EXPECT_EQ(view.zoom(), 1);
+    for (const std::int32_t zoom : {2, 4, 8}) {
+        EXPECT_TRUE(view.zoomIn());
+        EXPECT_EQ(view.zoom(), zoom);
+    }
+    EXPECT_FALSE(view.zoomIn());
+    EXPECT_EQ(view.zoom(), 8);
+    EXPECT_TRUE(view.zoomOut());
+    EXPECT_EQ(view.zoom(), 4);
+}
+
+TEST(TexCoordView, ScrollRanges) {
+    const auto ranges = [](std::int32_t width, std::int32_t height, std::int32_t zoom) {
+        return viewOf(width, height, zoom).scrollcheck();
+    };
+    EXPECT_EQ(ranges(512, 512, 1), (ScrollRanges{256, 256}));
+    EXPECT_EQ(ranges(512, 512, 2), (ScrollRanges{384, 384}));
+    EXPECT_EQ(ranges(256, 256, 1), ScrollRanges());
+    EXPECT_EQ(ranges(257, 3, 1), (ScrollRanges{1, std::nullopt}));
+    EXPECT_EQ(ranges(33, 31, 8), (ScrollRanges{1, std::nullopt}));
+    EXPECT_EQ(ranges(1, 300, 4), (ScrollRanges{std::nullopt, 236}));
+    EXPECT_EQ(ranges(1, 1, 8), ScrollRanges());
+    EXPECT_EQ(ranges(1 << 30, 1, 8), (ScrollRanges{(1 << 30) - 32, std::nullopt}));
+    TexCoordView odd = viewOf(300, 300, 2);
+    odd.setViewSize(383, 599); // 191.5 and 299.5 pixels of the texture
+    EXPECT_EQ(odd.scrollcheck(), (ScrollRanges{108, 0})) << "cut, not rounded";
+}
+
+TEST(TexCoordView, OffsetsComeBackIntoRange) {
+    TexCoordView view = viewOf(512, 300, 8, 480, 268);
+    EXPECT_EQ(view.offsetX(), 480);
+    EXPECT_EQ(view.offsetY(), 268);
+    view.zoomOut();
+    view.scrollcheck();
+    EXPECT_EQ(view.offsetX(), 448);
+    EXPECT_EQ(view.offsetY(), 236);
+    view.setTextureSize(512, 20);
+    view.scrollcheck();
+    EXPECT_EQ(view.offsetX(), 448);
+    EXPECT_EQ(view.offsetY(), 0) << "no scroll bar in that direction";
+    view.setOffsets(-5, 3);
+    EXPECT_EQ(view.offsetX(), 0);
+    EXPECT_EQ(view.offsetY(), 0);
+}
+
+TEST(TexCoordView, DrawsTheTextureMagnifiedAndShifted) {
+    const TextureImage texture = mapTexture(200, 50);
+    Bitmap bitmap;
+    for (const std::int32_t zoom : {1, 2, 4, 8}) {
+        const TexCoordView view = viewOf(200, 50, zoom, 150, 10);
+        view.draw(bitmap, texture, MeshRecord(), std::nullopt, colors);
+        ASSERT_EQ(bitmap.width(), 256);
+        ASSERT_EQ(bitmap.height(), 256);
+        for (const std::int32_t at : {0, 1, 7, 100, 255}) {
+            const std::int32_t column = view.offsetX() + at / zoom;
+            const std::int32_t row = view.offsetY() + 3 / zoom;
+            const auto pixel = 0xff000007U | static_cast<std::uint32_t>(column) << 16U |
+                               static_cast<std::uint32_t>(row) << 8U;
+            EXPECT_EQ(bitmap.at(at, 3), column < 200 ? pixel : background) << zoom << ' ' << at;
+            EXPECT_EQ(bitmap.at(3, at) == background, view.offsetY() + at / zoom >= 50) << at;
+        }
+    }
+}
+
+TEST(TexCoordView, OutlinesFacesAndTheSelectedOneOverThem) {
+    const MeshRecord mesh = twoFaces();
+    const TextureImage texture = mapTexture(100, 60); // not square: (0.25, 0.75) is (25, 15)
+    const TexCoordView view = viewOf(100, 60);
+    Bitmap bitmap;
+    view.draw(bitmap, texture, mesh, std::nullopt, colors);
+    EXPECT_EQ(bitmap.at(50, 15), inactiveColor) << "the upper edge of the first face";
+    EXPECT_EQ(bitmap.at(75, 30), inactiveColor);
+    EXPECT_EQ(bitmap.at(25, 30), inactiveColor) << "the closing edge of the second face";
+    EXPECT_EQ(countOtherThan(imageOf(bitmap), selectedColor), bitmap.pixelCount());
+    view.draw(bitmap, texture, mesh, FacePart{1, 3}, colors);
+    EXPECT_EQ(bitmap.at(50, 15), inactiveColor);
+    EXPECT_EQ(bitmap.at(25, 30), selectedColor);
+    EXPECT_EQ(bitmap.at(50, 30), selectedColor) << "an edge of both";
+    for (const auto& [x, y] : {std::pair(25, 15), std::pair(75, 45), std::pair(25, 45)}) {
+        EXPECT_EQ(bitmap.at(x - 2, y), selectedColor);
+        EXPECT_EQ(bitmap.at(x + 2, y), selectedColor);
+        EXPECT_EQ(bitmap.at(x, y - 2), selectedColor);
+        EXPECT_EQ(bitmap.at(x, y + 2), selectedColor);
+    }
+    EXPECT_NE(bitmap.at(73, 15), selectedColor) << "no corner of the selected face";
+    const TexCoordView near = viewOf(100, 60, 8, 20, 10);
+    near.draw(bitmap, texture, mesh, FacePart{1, 0}, colors);
+    EXPECT_EQ(bitmap.at(40, 40 + 100), selectedColor) << "(25 - 20) * 8, and below";
+    EXPECT_EQ(bitmap.at(40 - 2, 40), selectedColor);
+}
+
+TEST(TexCoordView, TellsPixelsOfTheTexture) {
+    const MeshRecord mesh = twoFaces();
+    for (const std::int32_t zoom : {1, 4}) {
+        const TexCoordView view = viewOf(301, 99, zoom, 40, 10);
+        const TexCoordTexts texts = view.texts(mesh, 1); // 75.25, 225.75 and 24.75, 74.25
+        EXPECT_EQ(texts.x, "X: (75, 225, 75)");
+        EXPECT_EQ(texts.y, "Y: (24, 74, 74)");
+    }
+    MeshRecord wild = twoFaces();
+    wild.TexCoords = {{-0.01F, 1.01F},
+                      {1e30F, std::nanf("")},
+                      {-1e30F, std::numeric_limits<float>::infinity()},
+                      {}};
+    const TexCoordTexts texts = viewOf(301, 99).texts(wild, 0);
+    EXPECT_EQ(texts.x, "X: (-3, 2147483647, -2147483648)");
+    EXPECT_EQ(texts.y, "Y: (0, 0, -2147483648)");
+    Bitmap bitmap;
+    viewOf(301, 99).draw(bitmap, mapTexture(301, 99), wild, FacePart{0, 0}, colors); // ends
+}
+
+TEST(TexCoordView, ShortListsShowAsFarAsTheyGo) {
+    MeshRecord mesh = twoFaces();
+    mesh.TexCoordFaces = PolygonList();
+    addTexCoords(mesh, {0, 9});        // no third, and one that leads nowhere
+    test::addFace(mesh, {0, 1, 2, 3}); // a face without any
+    const TexCoordView view = viewOf(100, 100);
+    EXPECT_EQ(view.texts(mesh, 0).x, "X: (25)");
+    EXPECT_EQ(view.texts(mesh, 1).x, "X: ()");
+    EXPECT_EQ(view.texts(mesh, 7).y, "Y: ()");
+    Bitmap bitmap;
+    view.draw(bitmap, mapTexture(100, 100), mesh, FacePart{1, 0}, colors);
+    EXPECT_EQ(bitmap.at(25, 25), inactiveColor);
+    EXPECT_EQ(countOtherThan(imageOf(bitmap), inactiveColor), bitmap.pixelCount() - 1);
+    TexCoordDrag drag;
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {1, 0}));
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {7, 0}));
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 2})) << "leads nowhere";
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 3})) << "has no number";
+    EXPECT_TRUE(drag.begin(left(0, 0), view, mesh, {0, 0}));
+    EXPECT_EQ(drag.end(left(10, 0), view, mesh).numbers, std::vector<std::int32_t>{0});
+    mesh.HasTexCoords = false;
+    EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 0}));
+    view.draw(bitmap, mapTexture(100, 100), mesh, std::nullopt, colors);
+    EXPECT_EQ(countOtherThan(imageOf(bitmap), inactiveColor), bitmap.pixelCount());
+}
+
+TEST(TexCoordDrag, MovesAFaceByTheWayOfTheMouse) {
+    const std::array<std::int32_t, 3> cases[] = {{256, 256, 1}, {512, 512, 2}, {301, 99, 1},
+                                                 {37, 641, 4},  {301, 99, 8},  {1, 2, 8}};
+    for (const auto& [width, height, zoom] : cases) {
+        const TexCoordView view = viewOf(width, height, zoom, 20, 30);
+        MeshRecord mesh = twoFaces();
+        TexCoordDrag drag;
+        ASSERT_TRUE(drag.begin(left(100, 200), view, mesh, {0, 0}));
+        // a tenth of the texture to the right, a twentieth down, over a detour
+        const float dx = 0.1F * static_cast<float>(width * zoom);
+        const float dy = 0.05F * static_cast<float>(height * zoom);
+        EXPECT_TRUE(drag.update(left(-9000, 9000), view, mesh));
+        EXPECT_TRUE(drag.update(left(100 + dx, 200 + dy), view, mesh));
+        EXPECT_NEAR(mesh.TexCoords[0].u, 0.35F, 1e-5F);
+        EXPECT_NEAR(mesh.TexCoords[0].v, 0.70F, 1e-5F) << "down is less";
+        EXPECT_NEAR(mesh.TexCoords[2].u, 0.85F, 1e-5F);
+        EXPECT_NEAR(mesh.TexCoords[2].v, 0.20F, 1e-5F);
+        EXPECT_EQ(mesh.TexCoords[3], twoFaces().TexCoords[3]) << "of the other face alone";
+        // pixels of the screen: the corner went with the mouse
+        const Vec2 before = view.toScreen(twoFaces().TexCoords[1]);
+        const Vec2 after = view.toScreen(mesh.TexCoords[1]);
+        EXPECT_NEAR(after.u - before.u, dx, 1e-2F);
+        EXPECT_NEAR(after.v - before.v, dy, 1e-2F);
+    }
+}
+
+TEST(TexCoordDrag, NeedsMoreThanOnePixelToAimAt) {
+    const MeshRecord mesh = twoFaces();
+    const std::pair<TexCoordView, bool> cases[] = {
+        {viewOf(1, 1), false}, {viewOf(0, 0), false}, {viewOf(1, 2), true}, {viewOf(2, 1), true}};
+    for (const auto& [view, wanted] : cases) {
+        EXPECT_EQ(TexCoordDrag().begin(left(0, 0), view, mesh, {0, 0}), wanted);
+    }
+}
+
+TEST(TexCoordDrag, MovesOneVertexAndGivesWhatItMoved) {
+    const TexCoordView view = viewOf(100, 200, 2);
+    MeshRecord mesh = twoFaces();
+    TexCoordDrag drag;
+    EXPECT_FALSE(drag.begin({DragButton::Right, 0, 0}, view, mesh, {1, 2}));
+    ASSERT_TRUE(drag.begin(left(10, 10), view, mesh, {1, 2}));
+    drag.update(left(60, 60), view, mesh);
+    const MovedTexCoords moved = drag.end(left(20, 50), view, mesh);
+    EXPECT_FALSE(drag.active());
+    EXPECT_EQ(moved.numbers, std::vector<std::int32_t>{2});
+    EXPECT_EQ(moved.before, (std::vector<Vec2>{{0.75F, 0.25F}}));
+    ASSERT_EQ(moved.after.size(), 1U);
+    EXPECT_FLOAT_EQ(moved.after[0].u, 0.80F); // 10 / 2 / 100
+    EXPECT_FLOAT_EQ(moved.after[0].v, 0.15F); // 40 / 2 / 200
+    EXPECT_EQ(mesh.TexCoords[2], moved.after[0]);
+    EXPECT_EQ(mesh.TexCoords[0], twoFaces().TexCoords[0]);
+    EXPECT_FALSE(drag.update(left(0, 0), view, mesh));
+    EXPECT_TRUE(drag.end(left(0, 0), view, mesh).numbers.empty());
+}
+
+TEST(TexCoordDrag, PinsCoordinatesAtTheEdges) {
+    const TexCoordView view = viewOf(100, 100);
+    MeshRecord mesh = twoFaces();
+    TexCoordDrag drag;
+    drag.begin(left(50, 50), view, mesh, {0, 0});
+    drag.update(left(50 + 60, 50 - 60), view, mesh);
+    EXPECT_FLOAT_EQ(mesh.TexCoords[0].u, 0.85F);
+    EXPECT_EQ(mesh.TexCoords[0].v, 1.0F);
+    EXPECT_EQ(mesh.TexCoords[1], (Vec2{1.0F, 1.0F}));
+    drag.update(left(50 - 60, 50 + 60), view, mesh);
+    EXPECT_EQ(mesh.TexCoords[0].u, 0.0F);
+    EXPECT_EQ(mesh.TexCoords[2].v, 0.0F);
+    drag.update(left(50, 50), view, mesh);
+    EXPECT_EQ(mesh.TexCoords, twoFaces().TexCoords) << "each step counts from the start";
+}
+
+TEST(TexCoordDrag, CancelLeavesNoTrace) {
+    const TexCoordView view = viewOf(100, 100);
+    MeshRecord mesh = twoFaces();
+    mesh.TexCoords[0] = {-3.0F, 7.5F}; // beyond the edges, where moving would pin it
+    const std::vector<Vec2> before = mesh.TexCoords;
+    TexCoordDrag drag;
+    EXPECT_FALSE(drag.cancel(mesh));
+    drag.begin(left(50, 50), view, mesh, {0, 0});
+    drag.update(left(80, 20), view, mesh);
+    EXPECT_NE(mesh.TexCoords, before);
+    EXPECT_TRUE(drag.cancel(mesh));
+    EXPECT_EQ(mesh.TexCoords, before);
+    EXPECT_FALSE(drag.active());
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,199 @@
+#include "formats/text/NumberText.h"
+
+#include "support/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+#include <random>
+#include <string>
+#include <system_error>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+std::string quick(float value) {
+    std::array<char, mostNumberLength> text{};
+    return {text.data(), writeReal(text.data(), value)};
+}
+
+std::string exact(float value) {
+    std::array<char, 64> text{};
+    return {text.data(),
+            std::to_chars(text.begin(), text.end(), value, std::chars_format::general, 6).ptr};
+}
+
+/// That a number, its two neighbours and their negatives are written as the library writes them.
+void compareWriting(float value) {
+    for (const float v : {value, std::nextafter(value, 0.0F), std::nextafter(value, 1e38F)}) {
+        ASSERT_EQ(quick(v), exact(v));
+        ASSERT_EQ(quick(-v), exact(-v));
+    }
+}
+
+TEST(NumberText, RealsAreWrittenAsTheLibraryDoes) {
+    using Limits = std::numeric_limits<float>;
+    for (const float value :
+         {0.0F, 1.0F, 0.5F, 200.0F, 0.1F, 1.0F / 3, 1e-4F, 1e-5F, 1e-7F, 1e6F, 1e5F, 999999.5F}) {
+        compareWriting(value);
+    }
+    for (const float value :
+         {999999.4F, 99999.95F, 0.09999995F, 1234567.0F, 1e38F, Limits::min(), Limits::max(),
+          Limits::denorm_min(), Limits::infinity(), Limits::quiet_NaN()}) {
+        compareWriting(value);
+    }
+    // every binary exponent
+    std::mt19937 random(2);
+    for (std::uint32_t exponent = 0; exponent < 256; ++exponent) {
+        for (int i = 0; i < 1000; ++i) {
+            const auto fraction = static_cast<std::uint32_t>(random()) >> 9U;
+            compareWriting(std::bit_cast<float>(exponent << 23U | fraction));
+        }
+    }
+}
+
+TEST(NumberText, TiesAndSixDigitBoundariesRoundAsTheLibraryDoes) {
+    for (float scale = 1.0F; scale > 1e-5F; scale /= 2) {
+        // sums of powers of two: many end in a 5 behind the sixth digit
+        for (int n = 1; n < 2000; ++n) {
+            compareWriting(static_cast<float>(n) * scale);
+        }
+    }
+    for (std::uint32_t n = 100000; n < 1000000; n += 7) {
+        compareWriting(static_cast<float>(n) + 0.5F);
+    }
+    for (const double power :
+         {1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7}) {
+        for (const double digits :
+             {1.0, 9.99999, 9.999994, 9.999995, 9.999996, 1.000005, 5.000005}) {
+            compareWriting(static_cast<float>(digits * power));
+        }
+    }
+}
+
+TEST(NumberText, IntegersAreWrittenAsTheLibraryDoes) {
+    std::mt19937 random(3);
+    using Limits = std::numeric_limits<std::int32_t>;
+    std::vector<std::int32_t> values = {
+        0, -1, 9, 10, 999999, 1000000, Limits::max(), Limits::min()};
+    for (int i = 0; i < 100000; ++i) {
+        values.push_back(static_cast<std::int32_t>(random()) >> (random() % 32));
+    }
+    for (const std::int32_t value : values) {
+        std::array<char, mostNumberLength> text{};
+        ASSERT_EQ(std::string(text.data(), writeInteger(text.data(), value)),
+                  std::to_string(value));
+    }
+}
+
+/// That the quick parser either gives the library's value and end, or leaves the number to it.
+bool compareInteger(const std::string& number, char behind = ';') {
+    const std::string text = number + std::string(quickNumberReach, behind);
+    std::int32_t expected = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), expected);
+    constexpr std::int32_t untouched = 12345678;
+    std::int32_t value = untouched;
+    const char* stop = quickInteger(text.data(), value);
+    if (stop == nullptr) {
+        EXPECT_EQ(value, untouched) << number;
+        return false;
+    }
+    EXPECT_EQ(result.ec, std::errc()) << number;
+    EXPECT_EQ(stop - text.data(), result.ptr - text.data()) << number;
+    EXPECT_EQ(value, expected) << number;
+    return true;
+}
+
+TEST(NumberText, IntegersAreParsedAsTheLibraryDoes) {
+    for (const char* number : {"0", "-0", "7", "-7", "000", "-00000001", "99999999", "-99999999",
+                               "1.5", "12e3", "12-3", "1x"}) {
+        EXPECT_TRUE(compareInteger(number)) << number;
+    }
+    // no numbers, or too long for the quick way: among them what 32 bits hold just so or not at all
+    for (const std::string& number :
+         test::words("- + +1 --1 -+1 .5 x 0000000001 1000000000 2147483647 2147483648 -2147483648 "
+                     "-2147483649 4294967295 4294967297 9999999999 18446744073709551617 "
+                     "-99999999999999999999999999999999")) {
+        EXPECT_FALSE(compareInteger(number)) << number;
+    }
+    EXPECT_FALSE(compareInteger(""));
+    EXPECT_FALSE(compareInteger(" 1"));
+    // what may end a number, and what goes on with it
+    for (int behind = 0; behind < 256; ++behind) {
+        const char c = static_cast<char>(behind);
+        EXPECT_EQ(compareInteger("-42", c), !isDigit(c)) << behind;
+    }
+    std::mt19937 random(6);
+    for (int i = 0; i < 300000; ++i) {
+        const auto length = static_cast<std::size_t>(random() % 24);
+        std::string number = random() % 2 == 0 ? "-" : "";
+        for (std::size_t digit = 0; digit < length; ++digit) {
+            number += static_cast<char>('0' + random() % 10);
+        }
+        EXPECT_EQ(compareInteger(number), length >= 1 && length <= 8) << number;
+    }
+}
+
+/// That the quick parser either gives the library's bits and end, or leaves the number to it.
+bool compareParsing(const std::string& number) {
+    const std::string text = number + std::string(quickNumberReach, ';');
+    float expected = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), expected);
+    float value = 0;
+    const char* stop = quickReal(text.data(), value);
+    if (stop == nullptr) {
+        return false;
+    }
+    EXPECT_EQ(result.ec, std::errc()) << number;
+    EXPECT_EQ(stop - text.data(), result.ptr - text.data()) << number;
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(value), std::bit_cast<std::uint32_t>(expected))
+        << number;
+    return true;
+}
+
+TEST(NumberText, RealsAreParsedToTheLibrarysBits) {
+    std::mt19937 random(4);
+    int quickOnes = 0;
+    constexpr int rounds = 300000;
+    for (int i = 0; i < rounds; ++i) {
+        std::array<char, 64> text{};
+        const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+        const char* format = i % 3 == 0 ? "%.*g" : i % 3 == 1 ? "%.*f" : "%.*e";
+        const double shown = i % 3 == 1 ? std::fmod(value, 1e6) : value;
+        std::snprintf(text.data(), text.size(), format, static_cast<int>(random() % 18), shown);
+        quickOnes += compareParsing(text.data()) ? 1 : 0;
+    }
+    EXPECT_GT(quickOnes, rounds / 3);
+    EXPECT_FALSE(testing::Test::HasFailure());
+}
+
+TEST(NumberText, MiddlesBetweenFloatsAreParsedToTheLibrarysBits) {
+    // a middle of two floats is where rounding twice would show
+    std::mt19937 random(5);
+    for (int i = 0; i < 100000; ++i) {
+        const float value = std::ldexp(static_cast<float>((random() >> 8U) | 1U << 23U),
+                                       static_cast<int>(random() % 20) - 30);
+        const double middle = (double{value} + double{std::nextafter(value, 1e38F)}) / 2;
+        for (const double v : {middle, std::nextafter(middle, 0.0), std::nextafter(middle, 1e38)}) {
+            std::array<char, 64> text{};
+            std::snprintf(text.data(), text.size(), "%.*g", 9 + static_cast<int>(random() % 10), v);
+            compareParsing(text.data());
+        }
+    }
+    for (const std::string& text : test::words(
+             "0.1000000000000000055 9007199254740993 9007199254740991 16777217 16777219 1e22 "
+             "1e23 1e-22 1e-23 123456789012345678901234567890 0.00000000000000000001 "
+             "00000000000000000000.5 1. .5 -0 -0.0 1e+05 1e5.5 1e 1e+ 1e123 - .")) {
+        compareParsing(text);
+    }
+}
+
+} // namespace
+} // namespace korvane

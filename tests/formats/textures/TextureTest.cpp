@@ -1,0 +1,401 @@
+#include "formats/textures/PicDecoder.h"
+#include "formats/textures/QtDecoder.h"
+#include "formats/textures/TextureLoader.h"
+#include "formats/textures/TgaDecoder.h"
+#include "formats/xsi/MshOpener.h"
+#include "support/AllocationWatch.h"
+#include "support/TestFiles.h"
+#include "support/TextModel.h"
+
+#include <QBuffer>
+#include <QImage>
+
+#include <map>
+
+namespace korvane {
+namespace {
+
+using namespace std::string_literals;
+using Bytes = std::vector<std::uint8_t>;
+
+struct TgaOptions {
+    std::uint8_t type = 2;
+    std::uint8_t depth = 24;
+    std::uint8_t descriptor = 0;
+    std::uint8_t idLength = 0;
+    std::uint8_t mapType = 0;
+    std::uint8_t mapLength = 0;
+};
+
+Bytes tga(std::uint8_t width, std::uint8_t height, const Bytes& pixels, const TgaOptions& o = {}) {
+    Bytes bytes = {o.idLength, o.mapType, o.type, 0,     0, o.mapLength, 0, 24,      0,
+                   0,          0,         0,      width, 0, height,      0, o.depth, o.descriptor};
+    bytes.resize(bytes.size() + o.idLength + (o.mapType != 0 ? 3U * o.mapLength : 0U), 0xEE);
+    bytes.insert(bytes.end(), pixels.begin(), pixels.end());
+    return bytes;
+}
+
+bool isBlank(const TextureImage& image) {
+    return image == *blankTextureImage();
+}
+
+TEST(Tga, RowsFromBottomOrTop) {
+    const Bytes rows = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
+    Bytes turned(rows.begin() + 6, rows.end());
+    turned.insert(turned.end(), rows.begin(), rows.begin() + 6);
+    const TextureImage bottomUp = decodeTga(tga(2, 2, rows));
+    EXPECT_EQ(bottomUp, decodeTga(tga(2, 2, turned, {.descriptor = 0x20})));
+    EXPECT_EQ(bottomUp.width, 2);
+    EXPECT_EQ(bottomUp.height, 2);
+    EXPECT_EQ(
+        bottomUp.pixels,
+        (std::vector<Rgba8>{{9, 8, 7, 255}, {12, 11, 10, 255}, {3, 2, 1, 255}, {6, 5, 4, 255}}));
+    EXPECT_FALSE(bottomUp.HasAlpha);
+    // the bit for right to left is not looked at; the identification and the colour map are skipped
+    EXPECT_EQ(bottomUp, decodeTga(tga(2, 2, rows, {.descriptor = 0x10})));
+    EXPECT_EQ(bottomUp, decodeTga(tga(2, 2, rows, {.idLength = 7, .mapType = 1, .mapLength = 5})));
+}
+
+TEST(Tga, DepthsAndTheirExtremes) {
+    const struct {
+        std::uint8_t depth;
+        Bytes pixel;
+        Rgba8 expected;
+    } rows[] = {
+        {16, {0xFF, 0x7F}, {255, 255, 255, 255}}, {16, {0, 0}, {0, 0, 0, 255}},
+        {16, {0x1F, 0x00}, {0, 0, 255, 255}},     {16, {0xE0, 0x03}, {0, 255, 0, 255}},
+        {16, {0x00, 0x7C}, {255, 0, 0, 255}},     {16, {0x01, 0x80}, {0, 0, 8, 255}},
+        {32, {1, 2, 3, 77}, {3, 2, 1, 255}},
+    };
+    for (const auto& row : rows) {
+        const TextureImage image = decodeTga(tga(1, 1, row.pixel, {.depth = row.depth}));
+        EXPECT_EQ(image.pixels.at(0), row.expected);
+    }
+}
+
+TEST(Tga, WhatCannotBeDecodedIsBlank) {
+    const Bytes pixel = {1, 2, 3};
+    EXPECT_TRUE(isBlank(decodeTga({})));
+    for (const std::uint8_t type : Bytes{0, 1, 3, 9, 10, 11}) {
+        EXPECT_TRUE(isBlank(decodeTga(tga(1, 1, pixel, {.type = type}))));
+    }
+    for (const std::uint8_t depth : Bytes{0, 1, 8, 15, 64}) {
+        EXPECT_TRUE(isBlank(decodeTga(tga(1, 1, Bytes(100), {.depth = depth}))));
+    }
+    EXPECT_TRUE(isBlank(decodeTga(tga(0, 1, pixel))));
+    EXPECT_TRUE(isBlank(decodeTga(tga(1, 0, pixel))));
+    EXPECT_TRUE(isBlank(decodeTga(tga(2, 1, pixel)))); // not all pixels are there
+    Bytes huge = tga(1, 1, pixel);
+    huge[13] = huge[15] = 0xFF; // 65 thousand pixels each way
+    EXPECT_TRUE(isBlank(decodeTga(huge)));
+}
+
+constexpr std::uint8_t red = 0x80;
+constexpr std::uint8_t rgb = 0xE0;
+constexpr std::uint8_t alpha = 0x10;
+
+Bytes pic(std::uint8_t width, std::uint8_t height, const Bytes& channels, const Bytes& data) {
+    Bytes bytes = {0x53, 0x80, 0xF6, 0x34};
+    bytes.resize(88, 0x20);
+    for (const int byte :
+         {0x50, 0x49, 0x43, 0x54, 0, int{width}, 0, int{height}, 0, 0, 0, 0, 0, 0, 0, 0}) {
+        bytes.push_back(static_cast<std::uint8_t>(byte));
+    }
+    for (std::size_t i = 0; i < channels.size(); ++i) {
+        bytes.insert(bytes.end(), {static_cast<std::uint8_t>(i + 1 < channels.size() ? 1 : 0), 8, 2,
+                                   channels[i]});
+    }
+    bytes.insert(bytes.end(), data.begin(), data.end());
+    return bytes;
+}
+
+/// The red channel of an image's pixels.
+std::vector<int> reds(const TextureImage& image) {
+    std::vector<int> values;
+    for (const Rgba8& pixel : image.pixels) {
+        values.push_back(pixel.red);
+    }
+    return values;
+}
+
+TEST(Pic, RunsAndLiterals) {
+    const struct {
+        Bytes data;
+        std::vector<int> expected;
+    } rows[] = {
+        {{3, 1, 2, 3, 4}, {1, 2, 3, 4}},
+        {{131, 9}, {9, 9, 9, 9}},
+        {{129, 9, 1, 5, 6}, {9, 9, 5, 6}},
+        {{255, 9}, {9, 9, 9, 9}},               // stops at the end of the row
+        {{9, 1, 2, 3, 4}, {1, 2, 3, 4}},        // likewise
+        {{128, 7, 3, 9, 0, 8}, {9, 9, 9, 8}},   // only the second byte counts
+        {{128, 1, 0, 9, 131, 8}, {8, 8, 8, 8}}, // a run of none
+        {{129, 9}, {9, 9, 255, 255}},           // data that breaks off
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(reds(decodePic(pic(4, 1, {red}, row.data))), row.expected);
+    }
+    const TextureImage wide = decodePic(pic(50, 1, {red}, {128, 0x01, 0x2C, 7, 133, 8}));
+    EXPECT_EQ(std::count(wide.pixels.begin(), wide.pixels.end(), Rgba8{7, 255, 255, 255}), 44);
+}
+
+TEST(Pic, PacketsFillTheirChannelsRowByRow) {
+    const TextureImage image = decodePic(
+        pic(2, 2, {rgb, alpha}, {1, 1, 2, 3, 4, 5, 6, 129, 100, 129, 7, 8, 9, 1, 255, 200}));
+    EXPECT_EQ(image.pixels,
+              (std::vector<Rgba8>{{1, 2, 3, 100}, {4, 5, 6, 100}, {7, 8, 9, 255}, {7, 8, 9, 200}}));
+    EXPECT_TRUE(image.HasAlpha);
+    EXPECT_FALSE(decodePic(pic(2, 1, {rgb, alpha}, {129, 1, 2, 3, 129, 255})).HasAlpha);
+}
+
+TEST(Pic, WhatCannotBeDecodedIsBlank) {
+    const Bytes good = pic(1, 1, {red}, {0, 1});
+    EXPECT_FALSE(isBlank(decodePic(good)));
+    for (const std::size_t at : {0U, 88U}) {
+        Bytes bad = good;
+        bad[at] ^= 1;
+        EXPECT_TRUE(isBlank(decodePic(bad)));
+    }
+    for (std::size_t size = 0; size < 105; ++size) {
+        EXPECT_TRUE(isBlank(decodePic({good.data(), size})));
+    }
+    EXPECT_TRUE(isBlank(decodePic(pic(0, 5, {red}, {0, 1}))));
+    Bytes huge = good;
+    huge[92] = huge[94] = 0xFF;
+    EXPECT_TRUE(isBlank(decodePic(huge)));
+}
+
+class Textures : public test::TestFiles {
+  protected:
+    /// Writes a picture of one pixel that is told by its blue.
+    void picture(const char* name, std::uint8_t blue) {
+        const Bytes bytes = QByteArray(name).toLower().endsWith("pic")
+                                ? pic(1, 1, {rgb}, {0, 0, 0, blue})
+                                : tga(1, 1, {blue, 0, 0});
+        write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    }
+    /// The blue of what is loaded under a name; 255 for the 1 x 1 image.
+    [[nodiscard]] int load(const std::string& name) {
+        return loader_.load(name)->pixels.at(0).blue;
+    }
+
+  private:
+    TextureLoader loader_{folder()};
+};
+
+TEST_F(Textures, AreLookedForInOrder) {
+    picture("a.tga", 1);
+    picture("Sub/Skin.TGA", 2);
+    picture("both.pic", 3);
+    picture("both.tga", 4);
+    picture("both", 9);
+    picture("only.TGA", 5);
+    picture("photo.jpg", 6);
+    picture("folder.tga/x", 0);
+    const std::string absolute = path("a.tga").toStdString();
+    const std::map<std::string, int> rows = {
+        {"a.tga", 1},
+        {absolute, 1},
+        {"A.Tga", 1},
+        {"sub\\skin.tga", 2},
+        {"SUB\\SKIN.TGA", 2},
+        {"c:\\maps\\a.tga", 1},
+        {"both", 3},
+        {"BOTH", 3},
+        {"both.tga", 4},
+        {"only", 5},
+        {"photo.jpg", 255},
+        {"missing.tga", 255},
+        {"folder.tga", 255},
+        {"", 255},
+        {"..\\" + folder().section(u'/', -1).toStdString() + "\\a.tga", 1},
+    };
+    for (const auto& [name, blue] : rows) {
+        EXPECT_EQ(load(name), blue) << name;
+    }
+}
+
+TEST_F(Textures, AreDecodedOnceAndShared) {
+    picture("a.tga", 1);
+    picture("b.TGA", 2);
+    TextureLoader loader(folder());
+    const auto first = loader.load("a.tga");
+    QFile::remove(path("a.tga"));
+    EXPECT_EQ(loader.load("a.tga"), first);
+    EXPECT_EQ(loader.load("A.TGA"), blankTextureImage()); // not decoded, and gone by now
+    const auto other = loader.load("B.tga");
+    EXPECT_NE(other, first);
+    for (const char* alias : {"b", "b.TGA", ".\\b.tga", "c:\\b.tga"}) {
+        EXPECT_EQ(loader.load(alias), other) << alias;
+    }
+    EXPECT_EQ(loader.load("c.tga"), blankTextureImage());
+}
+
+TEST_F(Textures, AreAttachedByTheReader) {
+    picture("skin.tga", 7);
+    const QString model = write("m.x", "xof 0302txt 0032\nframe frm-a {\nmesh {\n1;\n0;0;0;;\n0;\n"
+                                       "MeshMaterialList {\n2;\n0;\n"
+                                       "Material {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n"
+                                       "TextureFilename {\n\"C:/x/Skin.tga\";\n}\n}\n"
+                                       "Material {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n}\n}\n}\n}\n");
+    ModelDocument document;
+    ASSERT_EQ(FileOpenXSI(model, document), ReadStatus::Done);
+    ASSERT_EQ(document.Materials.size(), 2U);
+    EXPECT_EQ(document.Materials[0].TextureFile, "Skin.tga"); // not where it was found
+    EXPECT_EQ(document.Materials[0].TextureImage->pixels[0].blue, 7);
+    EXPECT_EQ(document.Materials[1].TextureImage, blankTextureImage());
+}
+
+TEST_F(Textures, BitmapsAndIconsGoByTheirExtensionAlone) {
+    const std::string bmp =
+        "BM\x46\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\2\0\0\0\2\0\0\0\1\0\x18\0\0\0\0\0\x10\0\0\0"
+        "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"
+        "\1\2\3\4\5\6\0\0\7\x8\x9\xA\xB\xC\0\0"s;
+    write("a.bmp", bmp);
+    TextureLoader loader(folder());
+    const auto image = loader.load("a.bmp");
+    ASSERT_EQ(image->width, 2);
+    ASSERT_EQ(image->height, 2);
+    EXPECT_EQ(image->pixels[0], (Rgba8{9, 8, 7, 255}));
+    EXPECT_EQ(image->pixels[3], (Rgba8{6, 5, 4, 255}));
+    write("wrong.ico", bmp);
+    write("wrong.wmf", bmp);
+    write("cut.bmp", bmp.substr(0, 40));
+    std::string huge = bmp;
+    huge[20] = huge[24] = 0x7F; // millions of rows and columns
+    write("huge.bmp", huge);
+    for (const char* name : {"wrong.ico", "wrong.wmf", "cut.bmp", "huge.bmp"}) {
+        EXPECT_EQ(loader.load(name), blankTextureImage()) << name;
+    }
+}
+
+/// An icon of one picture in PNG form, which claims 16 x 16 pixels.
+std::string icon(int side) {
+    QImage picture(side, side, QImage::Format_Mono);
+    picture.fill(0);
+    QBuffer png;
+    png.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(picture.save(&png, "PNG"));
+    std::string bytes = "\0\0\1\0\1\0\x10\x10\0\0\1\0\x20\0SIZE\x16\0\0\0"s;
+    for (int i = 0; i < 4; ++i) {
+        bytes[14 + static_cast<std::size_t>(i)] = static_cast<char>(png.size() >> (8 * i));
+    }
+    return bytes + png.data().toStdString();
+}
+
+TEST_F(Textures, PicturesThatUnpackIntoFarMoreAreBlank) {
+    TextureLoader loader(folder());
+    write("good.ico", icon(256));
+    EXPECT_EQ(loader.load("good.ico")->width, 256);
+    const std::string bomb = icon(20000); // 60 kilobytes, 50 megabytes unpacked
+    EXPECT_LT(bomb.size(), 100000U);
+    write("bomb.ico", bomb);
+    EXPECT_EQ(loader.load("bomb.ico"), blankTextureImage());
+
+    // 100 x 100 pixels of 24 bits in 2000 bytes; the same as runs could be whole
+    std::string bmp = "BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x64\0\0\0\x64\0\0\0\1\0\x18"s;
+    bmp.resize(2000);
+    write("cut.bmp", bmp);
+    EXPECT_EQ(loader.load("cut.bmp"), blankTextureImage());
+    bmp[28] = 8;  // bits
+    bmp[30] = 1;  // runs
+    bmp[46] = 2;  // colours
+    bmp[10] = 62; // where the runs begin
+    bmp.replace(54, 8, "\1\2\3\0\4\5\6\0"s);
+    for (std::size_t row = 0; row < 100; ++row) {
+        bmp.replace(62 + 4 * row, 4, "\x64\1\0\0"s);
+    }
+    write("runs.bmp", bmp);
+    EXPECT_EQ(loader.load("runs.bmp")->width, 100);
+    EXPECT_EQ(loader.load("runs.bmp")->pixels.back(), (Rgba8{6, 5, 4, 255}));
+
+    // runs that leave all pixels out: the first colour everywhere, not what the memory held before
+    bmp.replace(62, std::string::npos, "\0\1"s);
+    write("empty.bmp", bmp);
+    const auto empty = loader.load("empty.bmp");
+    EXPECT_EQ(std::count(empty->pixels.begin(), empty->pixels.end(), Rgba8{3, 2, 1, 255}), 10000);
+}
+
+TEST_F(Textures, PackedPicturesHaveALimitOfTheirOwn) {
+    // as many bytes of runs as 64 Mi pixels and one row or column more may take
+    const std::string runs((std::size_t{8192} + 1) * (8192 / 128 + 1), '\0');
+    Bytes packed = pic(0, 1, {red}, {runs.begin(), runs.end()});
+    packed[92] = packed[94] = 0x20; // 8192 each way, and one more row
+    std::string bmp =
+        "BM\0\0\0\0\0\0\0\0\x3e\0\0\0\x28\0\0\0\1\x20\0\0\0\x20\0\0\1\0\x08\0\1\0\0\0"s;
+    bmp.resize(62);
+    bmp[46] = 2; // colours
+    bmp += runs;
+    const test::AllocationWatch watch;
+    EXPECT_TRUE(isBlank(decodePic(packed)));
+    EXPECT_TRUE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP")));
+    EXPECT_LT(watch.largest(), std::size_t{1} << 20U);
+    packed[92] = bmp[19] = 0; // 1 column, or 1 row
+    packed[93] = 1;
+    EXPECT_EQ(decodePic(packed).height, 8193);
+    EXPECT_FALSE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP")));
+}
+
+TEST_F(Textures, OfOneReadingHaveALimitTogether) {
+    const auto square = [&](const char* name, std::uint8_t side) {
+        const Bytes bytes = tga(side, side, Bytes(std::size_t{3} * side * side, 7));
+        write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    };
+    square("a.tga", 6);
+    square("b.tga", 7);
+    square("c.tga", 8);
+    TextureLoader loader(folder(), 100);
+    const std::pair<const char*, int> rows[] = {{"a.tga", 6}, {"A.TGA", 6}, {"c.tga", 8},
+                                                {"b.tga", 1}, {"c", 8},     {"missing.tga", 1}};
+    for (const auto& [name, side] : rows) {
+        EXPECT_EQ(loader.load(name)->width, side) << name;
+    }
+    write("last.ico", icon(2));
+    EXPECT_EQ(loader.load("last.ico"), blankTextureImage()) << "nothing is left";
+    TextureLoader few(folder(), 60);
+    const std::pair<const char*, int> later[] = {{"c.tga", 1}, {"b.tga", 7}, {"a.tga", 1}};
+    for (const auto& [name, side] : later) {
+        EXPECT_EQ(few.load(name)->width, side) << name;
+    }
+}
+
+TEST_F(Textures, OfTheCorpusDecodeOrHarmNothing) {
+    if (test::corpusFolder().isEmpty()) {
+        GTEST_SKIP() << "KORVANE_CORPUS names no folder";
+    }
+    const QDir corpus(test::corpusFolder());
+    for (const char* folder : {"tga", "pic", "bmp", "ico"}) {
+        const QDir pictures(corpus.filePath(QLatin1String(folder)));
+        for (const QString& name : pictures.entryList(QDir::Files)) {
+            const TextureImage image = loadTextureFile(pictures.filePath(name));
+            EXPECT_EQ(image.pixels.size(), static_cast<std::size_t>(image.width) *
+                                               static_cast<std::size_t>(image.height));
+        }
+    }
+}
+
+TEST_F(Textures, AMeshFileIsOnlyOpenedAndAnEmptyModelSaved) {
+    const test::WorkingFolder here(folder());
+    ModelDocument document;
+    document.FileName = QStringLiteral("a.msh");
+    EXPECT_EQ(FileOpenMSH(QStringLiteral("a.msh"), document).status, ReadStatus::Missing);
+    EXPECT_EQ(filesInFolder(), 0);
+    write("a.msh", "\1\2\3");
+    document.NeverSaved = false;
+    const MshOutcome done = FileOpenMSH(QStringLiteral("a.msh"), document);
+    EXPECT_EQ(done.status, ReadStatus::Done);
+    EXPECT_EQ(done.saveFailed, QString());
+    EXPECT_TRUE(document.NeverSaved);
+    EXPECT_EQ(document.FileName, QStringLiteral("a.msh"));
+    EXPECT_EQ(content(path("loaded.xsi")), test::writeText(ModelDocument()));
+    QFile::remove(path("loaded.xsi"));
+    QDir().mkdir(path("loaded.xsi"));
+    EXPECT_EQ(FileOpenMSH(QStringLiteral("a.msh"), document).saveFailed,
+              QStringLiteral("loaded.xsi"));
+    QDir().mkdir(path("b.msh"));
+    EXPECT_EQ(FileOpenMSH(path("b.msh"), document).status, ReadStatus::CannotOpen);
+    EXPECT_EQ(document.FileName, QStringLiteral("Untitled"));
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,292 @@
+#include "formats/files/FileNames.h"
+#include "formats/textures/TextureLoader.h"
+#include "model/document/ModelCounts.h"
+#include "model/document/StructureTree.h"
+#include "model/records/FrameWalk.h"
+#include "support/AllocationWatch.h"
+#include "support/RandomModel.h"
+#include "support/TextModel.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+using test::readMeshBody;
+using test::readText;
+using test::readXsiBody;
+
+std::size_t frameCount(const FrameRecord& root) {
+    std::size_t frames = 0;
+    for (FrameWalk walk(root); !walk.done(); walk.next()) {
+        ++frames;
+    }
+    return frames;
+}
+
+TEST(HostileInput, AFileCutAnywhereKeepsWhatWasReadSoFar) {
+    std::string text;
+    ModelDocument whole;
+    for (std::uint32_t seed = 1; text.empty() || text.size() > 8000; ++seed) {
+        const ModelDocument model = test::RandomModel(seed).make(); // of a handy size
+        text = countModel(model.Root).meshes > 1 ? test::writeText(model) : "";
+    }
+    whole = readText(text);
+    std::size_t vertices = 0; // the most so far
+    for (std::size_t size = 16; size <= text.size(); ++size) {
+        const ModelDocument document = readText(text.substr(0, size));
+        const ModelCounts counts = countModel(document.Root);
+        // a number cut behind its exponent's "e" is none, while its digits alone were one
+        ASSERT_GE(counts.vertices + 1, vertices);
+        vertices = std::max(vertices, counts.vertices);
+        // a keyword cut short ("frametransf") may pass for one frame more
+        ASSERT_LE(frameCount(document.Root), frameCount(whole.Root) + 1);
+    }
+    EXPECT_EQ(vertices, countModel(whole.Root).vertices);
+    EXPECT_GT(vertices, 0U);
+}
+
+TEST(HostileInput, AVertexIsKeptOnceItsLastNumberIsThere) {
+    const struct {
+        const char* text;
+        std::size_t vertices;
+    } rows[] = {{"9;\n1;2;3;,\n4;5", 1}, {"9;\n1;2;3;,\n4;5;6", 2}, {"9;\n1;2;3;,\n4;5;x;", 1},
+                {"9;\n1;2;3", 1},        {"9;\n1;2;", 0},           {"9", 0}};
+    for (const auto& row : rows) {
+        const ModelDocument document = readXsiBody(std::string("frame a {\nmesh a {\n") + row.text);
+        EXPECT_TRUE(document.Root.HasMesh);
+        EXPECT_EQ(document.Root.Mesh.Vertices.size(), row.vertices) << row.text;
+    }
+}
+
+/// How long each list of a frame is: vertices, faces, normals, coordinates, colours, slots, keys.
+std::string held(const FrameRecord& frame) {
+    const MeshRecord& mesh = frame.Mesh;
+    std::string text;
+    const auto add = [&text](const char* name, std::size_t size) {
+        text += size == 0 ? "" : name + std::to_string(size) + " ";
+    };
+    add("v", mesh.Vertices.size());
+    add("f", mesh.Faces.size());
+    add("n", mesh.Normals.size());
+    add("nf", mesh.NormalFaces.size());
+    add("t", mesh.TexCoords.size());
+    add("tf", mesh.TexCoordFaces.size());
+    add("c", mesh.VertexColors.size());
+    add("cf", mesh.VertexColorFaces.size());
+    add("s", mesh.MaterialSlotList.size());
+    add("sf", mesh.FaceSlotIndex.size());
+    add("k", frame.AnimationKeys.size());
+    for (const AnimationKeyRecord& key : frame.AnimationKeys) {
+        add("values", key.Values.size());
+    }
+    return text;
+}
+
+TEST(HostileInput, CountsAreNotTrusted) {
+    const std::string mesh = "mesh a {\n1;\n0;0;0;;\n1;\n3;0,0,0;;\n";
+    const std::string keys = "}\nAnimationSet {\n Animation a {\n SI_AnimationKey {\n 0;\n ";
+    // where # is a count; what is read when it is too large, and when it is 0 or less
+    const struct {
+        std::string text;
+        std::string large;
+        std::string none;
+    } rows[] = {
+        {"mesh a {\n#;\n1;2;3;,\n4;5;6;;\n", "v2 ", ""},
+        {"mesh a {\n1;\n0;0;0;;\n#;\n3;0,0,0;;\n", "v1 f1 ", "v1 "},
+        {"mesh a {\n1;\n0;0;0;;\n1;\n#;0,0,0;;\n", "v1 ", "v1 f1 "},
+        {mesh + "MeshNormals {\n#;\n1;2;3;,\n4;5;6;;\n}\n", "v1 f1 n2 ", "v1 f1 "},
+        {mesh + "MeshNormals {\n1;\n0;0;1;;\n#;\n3;0,0,0;;\n}\n", "v1 f1 n1 nf1 ", "v1 f1 n1 "},
+        {mesh + "MeshNormals {\n1;\n0;0;1;;\n1;\n0;#;0,0,0;;\n}\n", "v1 f1 n1 ", "v1 f1 n1 nf1 "},
+        {mesh + "MeshTextureCoords {\n#;\n1;2;,\n4;5;;\n}\n", "v1 f1 t2 tf1 ", "v1 f1 tf1 "},
+        {mesh + "SI_MeshTextureCoords {\n#;\n1;2;,\n4;5;;\n}\n", "v1 f1 t2 ", "v1 f1 "},
+        {mesh + "SI_MeshVertexColors {\n#;\n1;2;3;4;,\n5;6;7;8;;\n}\n", "v1 f1 c2 ", "v1 f1 cf1 "},
+        {mesh +
+             "MeshMaterialList {\n#;\n1;\n0;\nMaterial {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n}\n}\n",
+         "v1 f1 s1 sf1 ", "v1 f1 sf1 "},
+        {mesh + "MeshMaterialList {\n1;\n#;\n0;\n1;\n}\n", "v1 f1 sf2 ", "v1 f1 "},
+        {keys + "#;\n 0;1;1;;,\n 1;1;1;;;\n", "k2 values1 values1 ", ""},
+        {keys + "1;\n 0;#;1;;;\n", "", "k1 "},
+    };
+    for (const auto& row : rows) {
+        for (const std::string count : {"2000000000", "2147483647", "0", "-1", "-2147483648"}) {
+            for (const std::size_t more : {0U, 1000000U}) { // bytes that could be a long list
+                std::string text = std::string(test::xsiHeader) + "frame a {\n" + row.text;
+                text.replace(text.find('#'), 1, count) += std::string(more, ' ');
+                ModelDocument document;
+                const test::AllocationWatch watch;
+                EXPECT_EQ(readXsi(TextScanner(text), document), ReadStatus::Done);
+                EXPECT_LT(watch.largest(), 10000 + 6 * text.size()) << row.text;
+                EXPECT_EQ(held(document.Root), count.front() == '2' ? row.large : row.none)
+                    << row.text << " with " << count;
+            }
+        }
+    }
+}
+
+TEST(HostileInput, NumbersThatAreNoneEndTheReading) {
+    for (const std::string number : {"nan", "inf", "-inf", "1e39", "abc", "}", "\"", "1e"}) {
+        const ModelDocument document =
+            readMeshBody("2;\n0;0;0;,\n1;" + number + ";0;;\n1;\n1;0;;\n");
+        EXPECT_EQ(document.Root.Mesh.Vertices.size(), 1U) << number;
+        EXPECT_TRUE(document.Root.Mesh.Faces.empty()) << number;
+    }
+}
+
+TEST(HostileInput, FramesNestNoDeeperThanTheCap) {
+    std::string text;
+    for (int i = 0; i < 100000; ++i) {
+        text += "frame a {\n";
+    }
+    ModelDocument document = readXsiBody(text);
+    EXPECT_EQ(frameCount(document.Root), maxFrameDepth + 1);
+    // Saving indents by depth; what comes back is the same tree.
+    EXPECT_EQ(frameCount(readText(test::writeText(document)).Root), maxFrameDepth + 1);
+
+    // Past the cap a frame is a block to skip, and what follows it is read on.
+    text =
+        text.substr(0, 10 * (maxFrameDepth + 1)) + "frame x {\n mesh {\n }\n}\n}\nframe b {\n}\n";
+    document = readXsiBody(text);
+    EXPECT_EQ(frameCount(document.Root), maxFrameDepth + 2);
+}
+
+TEST(HostileInput, LongLinesAreReadWhole) {
+    constexpr std::size_t size = 50'000'000;
+    const ModelDocument document =
+        readXsiBody("frame frm-a {\n " + std::string(size, 'f') + " mesh {\n1;\n1;2;3;;\n0;\n}\n" +
+                    "frame frm-" + std::string(size, 'B') + " {\n}\n}\n");
+    EXPECT_EQ(document.Root.Mesh.Vertices.size(), 1U);
+    ASSERT_EQ(document.Root.Children.size(), 1U);
+    EXPECT_EQ(document.Root.Children[0].Name, std::string(size, 'b'));
+}
+
+// Many small parts must cost linear time. Their numbers are such that one step for each two of them
+// would take many times what a test may take: 40 thousand million steps and more, where each takes
+// tens of nanoseconds in a build with checks.
+constexpr int manyThings = 100000;
+constexpr int mentions = 4 * manyThings;
+
+TEST(HostileInput, ManyMaterialsStayLinear) {
+    const auto material = [](int number, const char* texture) {
+        return "Material m {\n" + std::to_string(number) + ";0;0;1;;\n1;\n0;0;0;;\n0;0;0;;\n" +
+               "TextureFilename {\n\"" + texture + "\";\n}\n}\n";
+    };
+    // of differing ones half name one texture, then comes the last of them over and over
+    std::string text =
+        "1;\n0;0;0;;\n0;\nMeshMaterialList {\n" + std::to_string(manyThings + mentions) + ";\n0;\n";
+    for (int i = 0; i < manyThings; ++i) {
+        text += material(i, i % 2 == 0 ? ("t" + std::to_string(i)).c_str() : "same.tga");
+    }
+    for (int i = 0; i < mentions; ++i) {
+        text += material(manyThings - 1, "same.tga");
+    }
+    std::unordered_map<std::string, int> asked;
+    ModelDocument document;
+    text = std::string(test::xsiHeader) + "frame r {\nmesh a {\n" + text + "}\n}\n}\n";
+    readXsi(TextScanner(text), document, [&asked](const std::string& name) {
+        ++asked[name];
+        return blankTextureImage();
+    });
+    const std::vector<std::int32_t>& slots = document.Root.Mesh.MaterialSlotList;
+    ASSERT_EQ(document.Materials.size(), manyThings);
+    ASSERT_EQ(slots.size(), manyThings + mentions);
+    EXPECT_EQ(slots[manyThings - 1], manyThings - 1);
+    EXPECT_EQ(std::count(slots.begin(), slots.end(), manyThings - 1), mentions + 1);
+    // no more questions for textures than materials in the table
+    EXPECT_EQ(asked.size(), manyThings / 2 + 1);
+    EXPECT_EQ(asked["t0"], 1);
+    EXPECT_LE(asked["same.tga"], manyThings / 2);
+}
+
+TEST(HostileInput, ManyFramesAndAnimationsStayLinear) {
+    std::string text = "frame r {\n";
+    for (int i = 0; i < manyThings; ++i) { // half of them of one name
+        text += "frame frm-f" + (i % 2 == 0 ? std::to_string(i) : "") + " {\n}\n";
+    }
+    text += "frame frm-last {\n}\n}\n";
+    for (int i = 0; i < mentions; ++i) {
+        const char* names[] = {"last", "f99998", "unknown", "f"};
+        text += std::string(i % 2 == 0 ? "AnimationSet {\n" : "") + "Animation a {\n{frm-" +
+                names[i % 4] + "}\nSI_AnimationKey {\n1;\n1;\n" + std::to_string(i) +
+                ";1;1;;;\n}\n}\n" + (i % 2 == 0 ? "" : "}\n");
+    }
+    ModelDocument document = readXsiBody(text);
+    const std::vector<FrameRecord>& frames = document.Root.Children;
+    ASSERT_EQ(frames.size(), manyThings + 1);
+    EXPECT_EQ(frames.back().AnimationKeys.size(), mentions / 2); // unknown names mean the last
+    EXPECT_EQ(frames[manyThings - 2].AnimationKeys.size(), mentions / 4);
+    EXPECT_EQ(frames[1].AnimationKeys.size(), mentions / 4); // the first of that name
+    EXPECT_EQ(frames[1].AnimationKeys.back().Time, mentions - 1);
+    EXPECT_FALSE(frames[3].HasAnimation);
+
+    // and so must showing and saving them
+    EXPECT_EQ(StructureTree(document).nodes().size(), manyThings + 3);
+    document.markSelection(FramePath());
+    EXPECT_EQ(frameCount(readText(test::writeText(document)).Root), manyThings + 2);
+}
+
+TEST(HostileInput, ManyMeshesOfOneFrameStayLinear) {
+    std::string meshes;
+    for (int i = 0; i < mentions; ++i) {
+        meshes += "mesh a {\n1;\n0;0;0;;\n1;\n3;0,0,0;;\nMeshTextureCoords {\n1;\n0;0;;\n}\n}\n";
+    }
+    meshes = std::string(test::xsiHeader) + "frame r {\n" + meshes + "}\n";
+    ModelDocument document;
+    const test::AllocationWatch watch;
+    EXPECT_EQ(readXsi(TextScanner(meshes), document), ReadStatus::Done);
+    EXPECT_EQ(document.Root.Mesh.Faces.size(), mentions);
+    EXPECT_EQ(document.Root.Mesh.TexCoords.size(), mentions);
+    // each such list takes the faces read so far over once more, until that is out of proportion
+    EXPECT_GE(document.Root.Mesh.TexCoordFaces.size(), mentions);
+    EXPECT_LT(watch.largest(), 10 * meshes.size());
+}
+
+/// What a model or a picture comes to: for a model its contents and how its root is saved.
+std::string outcome(const QString& file) {
+    if (!isTextModel(modelFileKind(file))) {
+        const TextureImage image = loadTextureFile(file);
+        return std::to_string(image.width) + " x " + std::to_string(image.height) + " of " +
+               std::to_string(image.pixels.size()) + " pixels";
+    }
+    ModelDocument document;
+    if (FileOpenXSI(file, document) != ReadStatus::Done) {
+        return "refused";
+    }
+    const std::string saved = test::writeText(document);
+    EXPECT_EQ(frameCount(readText(saved).Root), frameCount(document.Root)) << qPrintable(file);
+    const std::size_t root = saved.find("Frame ");
+    return saved.substr(root, saved.find('\n', root) - root) + " " +
+           std::to_string(frameCount(document.Root)) + " frames, " +
+           summary(countModel(document.Root)) + ", " + std::to_string(document.Materials.size()) +
+           " materials";
+}
+
+/// Inputs that once did harm, each named after what was wrong, and what they come to now.
+TEST(HostileInput, FormerHarmIsHarmless) {
+    const struct {
+        const char* file;
+        const char* expected;
+    } rows[] = {
+        {"empty-text-copied-from-null.xsi",
+         "Frame frm- { 1 frames, 0 meshes, 0 faces, 0 materials"},
+    };
+    const QDir folder(QStringLiteral(KORVANE_REGRESSION));
+    QStringList known;
+    for (const auto& row : rows) {
+        known.append(QString::fromLatin1(row.file));
+        EXPECT_EQ(outcome(folder.filePath(known.last())), row.expected) << row.file;
+    }
+    EXPECT_EQ(folder.entryList(QDir::Files, QDir::Name).join(u' ').toStdString(),
+              known.join(u' ').toStdString())
+        << "each file has its row";
+}
+
+} // namespace
+} // namespace korvane

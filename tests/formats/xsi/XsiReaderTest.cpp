@@ -1,0 +1,243 @@
+#include "formats/xsi/XsiFrameReader.h"
+#include "support/TextModel.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace korvane {
+namespace {
+
+using test::directXHeader;
+using test::readMeshBody;
+using test::readText;
+using test::readXsiBody;
+using test::xsiHeader;
+
+/// The names of a frame's subtree, "a(b c(d))".
+std::string outline(const FrameRecord& frame) {
+    std::string text = frame.Name;
+    for (const FrameRecord& child : frame.Children) {
+        text += (&child == &frame.Children.front() ? "(" : " ") + outline(child);
+    }
+    return frame.Children.empty() ? text : text + ")";
+}
+
+using Corners = std::vector<std::vector<std::uint32_t>>;
+
+Corners corners(const PolygonList& list) {
+    Corners all;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        all.emplace_back(list[i].begin(), list[i].end());
+    }
+    return all;
+}
+
+TEST(XsiHeader, DecidesBySixteenBytesInAnyCase) {
+    const struct {
+        const char* text;
+        ReadStatus expected;
+    } rows[] = {
+        {"xsi 0101txt 0032", ReadStatus::Done},      {"XSI 0101TXT 0032\n", ReadStatus::Done},
+        {"xof 0302txt 0032", ReadStatus::Done},      {"xof 0302txt 0064rest", ReadStatus::Done},
+        {"xof 0303txt 0032", ReadStatus::NotValid},  {"xof 0302bin 0032", ReadStatus::NotValid},
+        {"xof 0302tzip0032", ReadStatus::NotValid},  {"xsi 0101txt 003", ReadStatus::NotValid},
+        {" xsi 0101txt 0032", ReadStatus::NotValid}, {"", ReadStatus::NotValid},
+    };
+    for (const auto& row : rows) {
+        ModelDocument document;
+        EXPECT_EQ(readXsi(TextScanner(std::string_view(row.text)), document), row.expected)
+            << row.text;
+        EXPECT_EQ(document.NeverSaved, row.expected != ReadStatus::Done);
+        EXPECT_EQ(document.Modified, row.expected != ReadStatus::Done);
+    }
+}
+
+TEST(FrameDeclaration, CountsCharactersFromTheKeyword) {
+    const struct {
+        const char* line;
+        const char* name;
+        const char* flags;
+    } rows[] = {
+        {"frame frm-box {", "box", ""},
+        {"frame box {", "box", ""},
+        {"frame box{", "box", ""},
+        {"   frame frm-body__e2 {", "body", "e2"},
+        {"frame frm-a__gxh{e", "a", "hg"},
+        {"frame frm-a__ e {", "a", ""},
+        {"frame frm-a_b_ {", "a_b_", ""},
+        {"frame {", "{", ""}, // the first character is taken whatever it is
+        {"frame  box {", " box", ""},
+        {"frame ___e {", "_", "e"}, // so the suffix begins behind it
+        {"frame", "", ""},
+        {"frame ", "", ""},
+        {"frame frm-", "", ""},
+        {"frame box", "box", ""},
+        {"frame box\t{", "box", ""},
+        {"si_framebaseposematrix {", "aseposematrix", ""},
+        {"frame {frm-ab}", "-ab}", ""}, // ten characters, wherever the prefix is
+    };
+    for (const auto& row : rows) {
+        const FrameDeclaration parsed = parseFrameDeclaration(row.line);
+        std::string flags;
+        flags += parsed.emissive ? "e" : "";
+        flags += parsed.renderBackwards ? "2" : "";
+        flags += parsed.kv2Animated ? "h" : "";
+        flags += parsed.gFlag ? "g" : "";
+        EXPECT_EQ(parsed.name, row.name) << row.line;
+        EXPECT_EQ(flags, row.flags) << row.line;
+    }
+}
+
+TEST(XsiReader, ReadsAFrameTree) {
+    const ModelDocument document = readXsiBody("Frame frm-Root {\n"
+                                               " Frame frm-A__2 {\n"
+                                               "  FrameTransformMatrix {\n"
+                                               "   1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16;;\n"
+                                               "  }\n"
+                                               "  Frame frm-B {\n  }\n"
+                                               " }\n"
+                                               " SI_Unknown {\n  { x }\n  Frame { \n }\n }\n"
+                                               " Frame frm-C {\n }\n"
+                                               "}\n");
+    EXPECT_EQ(outline(document.Root), "root(a(b) c)");
+    const FrameRecord& a = document.Root.Children[0];
+    EXPECT_TRUE(a.RenderBackwards);
+    EXPECT_EQ(a.Matrix[0], 1);
+    EXPECT_EQ(a.Matrix[15], 16);
+    const std::vector<std::int32_t> toB = {1, 1};
+    EXPECT_EQ(a.Children[0].Path, FramePath(toB));
+    EXPECT_EQ(a.Children[0].PathDepth, 2);
+    EXPECT_FALSE(document.Modified);
+}
+
+TEST(XsiReader, ABasePoseBlockIsAnExtraChild) {
+    const ModelDocument document = readXsiBody("frame frm-a {\n"
+                                               "SI_FrameBasePoseMatrix {\n"
+                                               " 1,0,0,0,\n 0,1,0,0,\n 0,0,1,0,\n 5,0,0,1;;\n}\n"
+                                               "frame frm-b {\n}\n}\n");
+    EXPECT_EQ(outline(document.Root), "a(aseposematrix b)");
+    EXPECT_FALSE(document.Root.HasBasePose);
+    EXPECT_EQ(document.Root.Children[0].Matrix, Matrix4());
+}
+
+TEST(XsiReader, WhatIsTakenAsAFrame) {
+    const struct {
+        const char* body;
+        const char* expected;
+    } rows[] = {
+        {"template Frame {\n}\nframe frm-a {\n}\n", "a"},
+        {"template X {\n Matrix4x4 frameMatrix;\n}\n", "atrix;"},
+        {"frame frm-a\n{\n frame frm-b {\n }\n}\n", "a"}, // the brace must be on the keyword's line
+        {"frame frm-a {\n frame frm-b\n {\n  frame frm-c {\n  }\n }\n}\n", "a(b)"},
+        {"frame frm-a {\n frame frm-b { }\n}\n", "a(b)"}, // braces of one line: the body goes on
+        {"frame frm-a {\n { x }\n frame frm-b {\n }\n}\nframe frm-c {\n}\n", "a(c)"},
+        {"frame frm-a {\r\n frame frm-b {\r\n }\r\n}\r\n", "a(b)"},
+        {"FRAME FRM-A {\n}", "a"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(outline(readXsiBody(row.body).Root), row.expected) << row.body;
+    }
+}
+
+TEST(XsiReader, ASecondTopLevelFrameReplacesTheFirst) {
+    const ModelDocument document =
+        readXsiBody("frame frm-a__e {\n frame frm-x {\n }\n mesh a {\n 1;\n 1;2;3;;\n 1;\n"
+                    " 1;0;;\n SI_MeshNormals {\n 1;\n 0;0;1;;\n 1;\n 0;1;0;;\n }\n }\n}\n"
+                    "frame frm-b {\n frame frm-y {\n }\n}\n");
+    EXPECT_EQ(outline(document.Root), "b(y)");
+    EXPECT_FALSE(document.Root.HasMesh);
+    EXPECT_FALSE(document.Root.Emissive);
+    EXPECT_FALSE(document.Root.Mesh.HasNormals);
+    EXPECT_TRUE(document.Root.Mesh.Vertices.empty());
+    EXPECT_TRUE(document.Root.Mesh.Faces.empty());
+    EXPECT_EQ(document.Root.Mesh.Normals.size(), 1U); // the other lists stay
+    EXPECT_EQ(document.Root.Mesh.FaceNormals.size(), 1U);
+}
+
+TEST(XsiReader, TheMatrixLeavesNoKeywordBehind) {
+    // Whatever follows the closing brace on its line is the next line.
+    const ModelDocument document =
+        readXsiBody("frame frm-a {\n FrameTransformMatrix {\n"
+                    " 2,0,0,0,0,2,0,0,0,0,2,0,0,0,0,1;; junk } frame frm-b {\n"
+                    " }\n}\n");
+    EXPECT_EQ(outline(document.Root), "a(b)");
+    EXPECT_EQ(document.Root.Matrix[0], 2);
+}
+
+TEST(XsiReader, ReadsGeometryInBothStyles) {
+    const std::string mesh = "frame a {\nmesh {\n3;\n0;0;0;,\n1;0;0;,\n0;1;0.5;;\n"
+                             "2;\n3;0,1,2;,\n2;1,-1;;\n}\n}\n";
+    for (const std::string_view header : {xsiHeader, directXHeader}) {
+        const ModelDocument document = readText(std::string(header) + mesh);
+        const FrameRecord& root = document.Root;
+        EXPECT_TRUE(root.HasMesh);
+        EXPECT_EQ(root.Mesh.Vertices, (std::vector<Vec3>{{0, 0, 0}, {1, 0, 0}, {0, 1, 0.5F}}));
+        EXPECT_EQ(corners(root.Mesh.Faces), (Corners{{0, 1, 2}, {1, 0xFFFFFFFFU}}));
+        EXPECT_EQ(root.BoundMax, (Vec3{1, 1, 0.5F}));
+    }
+}
+
+constexpr std::string_view oneFace = "1;\n0;0;0;;\n1;\n3;0,0,0;;\n";
+
+TEST(XsiReader, NumberedOrPlainPolygons) {
+    const struct {
+        const char* polygons;
+        Corners expected;
+    } rows[] = {
+        {"2;\n3;0,0,0;,\n2;0,0;;\n", {{0, 0, 0}, {0, 0}}},
+        {"2;\n0;3;0,0,0;,\n1;2;0,0;;\n", {{0, 0, 0}, {0, 0}}},
+        {"2;\n0;3;0,0,0;,\n9;1;7;;\n", {{0, 0, 0}, {7}}},
+        {"0;\n", {}},
+    };
+    for (const auto& row : rows) {
+        const ModelDocument document =
+            readMeshBody(std::string(oneFace) + "SI_MeshNormals {\n1;\n0;0;1;;\n" + row.polygons +
+                         "}\nMeshNormals {\n1;\n0;1;0;;\n1;\n1;5;;\n}\n");
+        Corners expected = row.expected;
+        expected.push_back({5}); // each block decides for itself, and adds to what is there
+        EXPECT_EQ(corners(document.Root.Mesh.NormalFaces), expected) << row.polygons;
+        EXPECT_EQ(document.Root.Mesh.Normals.size(), 2U);
+    }
+}
+
+TEST(XsiReader, DirectXTextureCoordinatesAreFlippedAndFollowTheFaces) {
+    const ModelDocument x =
+        readMeshBody(std::string(oneFace) + "MeshTextureCoords {\n1;\n0.25;0.25;;\n}\n");
+    EXPECT_EQ(x.Root.Mesh.TexCoords, (std::vector<Vec2>{{0.25F, 0.75F}}));
+    EXPECT_EQ(corners(x.Root.Mesh.TexCoordFaces), (Corners{{0, 0, 0}}));
+    const ModelDocument xsi = readMeshBody(
+        std::string(oneFace) + "SI_MeshTextureCoords {\n1;\n0.25;0.25;;\n1;\n0;1;0;;\n}\n"
+                               "SI_MeshVertexColors {\n1;\n1;0.5;0;0.25;;\n1;\n0;1;0;;\n}\n");
+    EXPECT_EQ(xsi.Root.Mesh.TexCoords, (std::vector<Vec2>{{0.25F, 0.25F}}));
+    EXPECT_EQ(corners(xsi.Root.Mesh.TexCoordFaces), (Corners{{0}}));
+    EXPECT_EQ(xsi.Root.Mesh.VertexColors, (std::vector<ColorRGBA>{{1, 0.5F, 0, 0.25F}}));
+    EXPECT_EQ(corners(xsi.Root.Mesh.VertexColorFaces), (Corners{{0}}));
+}
+
+TEST(XsiReader, ASecondMeshAddsToTheFirst) {
+    const ModelDocument document =
+        readXsiBody("frame a {\nmesh a {\n" + std::string(oneFace) +
+                    "MeshTextureCoords {\n1;\n0;0;;\n}\n}\n"
+                    "mesh b {\n" +
+                    std::string(oneFace) + "MeshTextureCoords {\n1;\n0;0;;\n}\n}\n}\n");
+    EXPECT_EQ(document.Root.Mesh.Vertices.size(), 2U);
+    EXPECT_EQ(document.Root.Mesh.Faces.size(), 2U);
+    EXPECT_EQ(document.Root.Mesh.TexCoordFaces.size(), 3U); // one copy, then one of both
+}
+
+TEST(XsiReader, CopiesOfFacesAreBoundedByTheText) {
+    std::string body = "1;\n0;0;0;;\n100;\n";
+    for (int i = 0; i < 100; ++i) {
+        body += "3;0,0,0;,\n";
+    }
+    for (int i = 0; i < 1000; ++i) {
+        body += "MeshTextureCoords {\n0;\n}\n";
+    }
+    const std::size_t copied = readMeshBody(body).Root.Mesh.TexCoordFaces.size();
+    EXPECT_GE(copied, 4000U);
+    EXPECT_LE(4 * copied, body.size() + 100);
+}
+
+} // namespace
+} // namespace korvane

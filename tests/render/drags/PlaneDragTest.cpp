@@ -1,0 +1,458 @@
+#include "render/planes/PlaneViews.h"
+#include "render/scene/SelectedFrame.h"
+#include "support/EditLadder.h"
+#include "support/FrameMaking.h"
+#include "support/Scene.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace korvane::test {
+namespace {
+
+constexpr double pi = std::numbers::pi;
+
+Matrix4 scaling(float x, float y, float z) {
+    Matrix4 matrix;
+    matrix[0] = x;
+    matrix[5] = y;
+    matrix[10] = z;
+    return matrix;
+}
+
+/// By 30 degrees about x, then by 50 about z.
+Matrix4 turned() {
+    const auto c = static_cast<float>(std::cos(pi / 6));
+    const auto s = static_cast<float>(std::sin(pi / 6));
+    const auto c2 = static_cast<float>(std::cos(pi / 3.6));
+    const auto s2 = static_cast<float>(std::sin(pi / 3.6));
+    Matrix4 first;
+    first[5] = first[10] = c;
+    first[6] = s;
+    first[9] = -s;
+    Matrix4 second;
+    second[0] = second[5] = c2;
+    second[1] = s2;
+    second[4] = -s2;
+    return MatrixMatrix(first, second);
+}
+
+struct Parent {
+    const char* name;
+    Matrix4 matrix;
+};
+
+const Parent parents[] = {
+    {"none", {}},
+    {"moved", translation(3, -4, 5)},
+    {"turned", MatrixMatrix(turned(), translation(1, 2, 3))},
+    {"scaled", scaling(2, 0.5F, 3)},
+    {"mirrored", scaling(-1, 1, 1)},
+    {"flat", scaling(1, 0, 1)},
+};
+
+std::array<std::uint32_t, 16> bits(const Matrix4& matrix) {
+    return std::bit_cast<std::array<std::uint32_t, 16>>(matrix.m);
+}
+
+/// A document whose root has a child with a selected frame in it, and the mouse in its views.
+struct Desk {
+    explicit Desk(const Matrix4& parent = {}, ViewTool tool = ViewTool::MoveFrame) {
+        document.Root.Children.resize(2);
+        document.Root.Children[0].Matrix = parent;
+        document.Root.Children[0].Children.resize(1);
+        frame().Matrix = MatrixMatrix(MatrixMatrix(scaling(1.5F, 1, 0.75F), turned()),
+                                      translation(0.5F, -0.25F, 2));
+        frame().HasMesh = true;
+        addSquare(frame().Mesh, 1, 0.5F);
+        document.computeDerivedData();
+        document.markSelection(FramePath(std::vector<std::int32_t>{1, 1}));
+        document.Modified = false;
+        document.Tool = tool;
+        document.PlaneScale = 1;
+        for (const ViewPlane plane : viewPlanes) {
+            views.view(plane).resize(200, 160);
+        }
+    }
+    FrameRecord& frame() { return document.Root.Children[0].Children[0]; }
+    void press(ViewPlane plane, float x, float y, DragButton button = DragButton::Left) {
+        views.mouseDown(plane, {button, x, y}, document);
+    }
+    void move(ViewPlane plane, float x, float y) { views.mouseMove(plane, {{}, x, y}, document); }
+    std::optional<FrameMove> release(ViewPlane plane, float x, float y) {
+        return views.mouseUp(plane, {{}, x, y}, document);
+    }
+    std::optional<FrameMove> drag(ViewPlane plane, float fromX, float fromY, float toX, float toY) {
+        press(plane, fromX, fromY);
+        move(plane, (fromX + toX) / 2, fromY);
+        return release(plane, toX, toY);
+    }
+    PlaneMapping mapping(ViewPlane plane) { return views.view(plane).mapping(document); }
+    /// Where the frame's origin shows.
+    std::pair<double, double> origin(ViewPlane plane) {
+        const PlanePoint at =
+            toPlane(plane, VectorMatrix({}, findSelectedFrame(document.Root).world));
+        return {mapping(plane).screenX(at.u), mapping(plane).screenY(at.v)};
+    }
+
+    ModelDocument document;
+    PlaneViews views;
+};
+
+/// In which direction the world runs for ten pixels to the right and ten upward.
+struct PlaneCase {
+    ViewPlane plane;
+    Vec3 right;
+    Vec3 up;
+};
+
+const PlaneCase planes[] = {{ViewPlane::XY, {-1, 0, 0}, {0, 1, 0}},
+                            {ViewPlane::XZ, {-1, 0, 0}, {0, 0, 1}},
+                            {ViewPlane::ZY, {0, 0, 1}, {0, 1, 0}}};
+
+Vec3 scaledSum(const Vec3& a, float byA, const Vec3& b, float byB) {
+    return {a.x * byA + b.x * byB, a.y * byA + b.y * byB, a.z * byA + b.z * byB};
+}
+
+TEST(PlaneDrag, ZoomStepsByTwoBetweenItsLimits) {
+    const std::tuple<float, DragButton, float> steps[] = {
+        {16, DragButton::Left, 32},        {16, DragButton::Right, 8},
+        {4096, DragButton::Left, 4096},    {2500, DragButton::Left, 5000},
+        {0.02F, DragButton::Right, 0.02F}, {0.04F, DragButton::Right, 0.02F},
+        {8e5F, DragButton::Right, 4e5F},   {8e5F, DragButton::Left, 8e5F},
+        {1e-4F, DragButton::Left, 2e-4F},  {1e-4F, DragButton::Right, 1e-4F},
+        {16, DragButton::Other, 16}};
+    for (const auto& [scale, button, expected] : steps) {
+        Desk desk({}, ViewTool::Zoom);
+        desk.document.PlaneScale = scale;
+        desk.press(ViewPlane::XZ, 5, 6, button);
+        EXPECT_EQ(desk.document.PlaneScale, expected);
+        EXPECT_EQ(desk.document.RedrawAll, button != DragButton::Other);
+        desk.move(ViewPlane::XZ, 50, 60);
+        EXPECT_FALSE(desk.release(ViewPlane::XZ, 70, 80));
+        EXPECT_EQ(desk.document.PlaneScale, expected);
+        EXPECT_EQ(desk.document.PanVector, Vec3());
+        EXPECT_FALSE(desk.document.Changed);
+    }
+}
+
+TEST(DragInput, StepsOfTheMouseAreStepsInPixelsAtAnyScaleFactor) {
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 4.0 / 3.0}) {
+        for (int corner = 0; corner < 9; ++corner) {
+            // as the window system tells of pixels of the window
+            const auto pixelAt = [&](int pixel) {
+                return devicePixel(pixel / ratio, corner, ratio);
+            };
+            for (int pixel = -50; pixel < 2000; ++pixel) {
+                ASSERT_EQ(pixelAt(pixel + 1) - pixelAt(pixel), 1.0F) << ratio << ' ' << pixel;
+            }
+            EXPECT_NEAR(pixelAt(1000), 1000 - corner * ratio, 0.5);
+        }
+    }
+}
+
+TEST(PlaneDrag, MovingAddsTheWayToTheFramesOwnPlace) {
+    for (const Parent& parent : parents) {
+        for (const PlaneCase& plane : planes) {
+            for (const float scale : {0.02F, 1.0F, 2.0F, 4096.0F}) {
+                Desk desk(parent.matrix);
+                desk.document.PlaneScale = scale;
+                const Matrix4 before = desk.frame().Matrix;
+                const auto move = desk.drag(plane.plane, 100, 80, 110, 50);
+                ASSERT_TRUE(move);
+                const Vec3 way = scaledSum(plane.right, 10 / scale, plane.up, 30 / scale);
+                Matrix4 expected = before;
+                expected[12] += way.x;
+                expected[13] += way.y;
+                expected[14] += way.z;
+                EXPECT_EQ(desk.frame().Matrix, expected) << parent.name << ' ' << scale;
+                EXPECT_EQ(bits(move->before), bits(before));
+                EXPECT_EQ(bits(move->after), bits(desk.frame().Matrix));
+                EXPECT_EQ(move->frame, desk.frame().Path);
+                EXPECT_EQ(desk.document.Root.Children[0].Matrix, parent.matrix);
+                EXPECT_TRUE(desk.document.RedrawAll && desk.document.Changed);
+            }
+        }
+    }
+}
+
+TEST(PlaneDrag, TheCameraCentreMovesAgainstTheMouse) {
+    for (const PlaneCase& plane : planes) {
+        Desk desk({}, ViewTool::MoveObjCoords);
+        desk.document.CameraCenter = {1, 2, 3};
+        EXPECT_FALSE(desk.drag(plane.plane, 100, 80, 110, 50));
+        EXPECT_EQ(desk.document.CameraCenter,
+                  (Vec3{1, 2, 3} + scaledSum(plane.right, -10, plane.up, -30)));
+        EXPECT_TRUE(desk.document.RedrawAll && desk.document.Changed);
+    }
+}
+
+TEST(PlaneDrag, PanningOneViewKeepsTheOthersInLine) {
+    for (const PlaneCase& plane : planes) {
+        Desk desk({}, ViewTool::MoveView);
+        desk.document.PlaneScale = 4;
+        desk.document.PanVector = {8, 16, 32};
+        const PlanePoint before = desk.mapping(plane.plane).pan;
+        EXPECT_FALSE(desk.drag(plane.plane, 100, 80, 110, 50));
+        const PlanePoint after = desk.mapping(plane.plane).pan;
+        EXPECT_EQ(after, (PlanePoint{before.u + 2.5F, before.v + 7.5F}));
+        const Vec3 pan = Vec3{8, 16, 32} + scaledSum(plane.right, 2.5F, plane.up, 7.5F);
+        EXPECT_EQ(desk.document.PanVector, pan);
+        for (const PlaneCase& other : planes) {
+            EXPECT_EQ(desk.mapping(other.plane).pan, toPlane(other.plane, pan));
+        }
+        EXPECT_TRUE(desk.document.RedrawAll);
+        EXPECT_FALSE(desk.document.Changed) << "the 3D view shows no pan";
+    }
+}
+
+/// The place on the screen at an angle and distance from the frame's origin.
+std::pair<float, float> around(Desk& desk, ViewPlane plane, double angle, double distance) {
+    const auto [x, y] = desk.origin(plane);
+    return {static_cast<float>(x + distance * std::cos(angle)),
+            static_cast<float>(y - distance * std::sin(angle))};
+}
+
+TEST(PlaneDrag, RotatingTurnsTheFrameByThePointersAngleAboutItsOrigin) {
+    for (const Parent& parent : parents) {
+        for (const PlaneCase& plane : planes) {
+            for (const float scale : {0.02F, 2.0F, 4096.0F}) {
+                Desk desk(parent.matrix, ViewTool::RotateFrame);
+                desk.document.PlaneScale = scale;
+                const Matrix4 before = desk.frame().Matrix;
+                const Vec3 origin = VectorMatrix({}, findSelectedFrame(desk.document.Root).world);
+                const double turn = 2.5;
+                const auto [fromX, fromY] = around(desk, plane.plane, 0.7, 50);
+                const auto [toX, toY] = around(desk, plane.plane, 0.7 + turn, 90);
+                desk.press(plane.plane, fromX, fromY);
+                desk.move(plane.plane, fromX + 3, fromY - 40); // on the way there
+                ASSERT_TRUE(desk.release(plane.plane, toX, toY)) << parent.name;
+                const Matrix4& after = desk.frame().Matrix;
+                for (std::size_t row = 0; row < 3; ++row) {
+                    // what was seen along an axis is now seen turned by the angle
+                    const Vec3 was = {before[4 * row], before[4 * row + 1], before[4 * row + 2]};
+                    const Vec3 is = {after[4 * row], after[4 * row + 1], after[4 * row + 2]};
+                    const PlanePoint flat = toPlane(plane.plane, was);
+                    const PlanePoint flatNow = toPlane(plane.plane, is);
+                    const double c = std::cos(turn);
+                    const double s = std::sin(turn);
+                    // float positions far from the centre at large scales are less exact
+                    constexpr double exact = 2e-4;
+                    EXPECT_NEAR(flatNow.u, flat.u * c - flat.v * s, exact);
+                    EXPECT_NEAR(flatNow.v, flat.u * s + flat.v * c, exact);
+                    const Vec3 normal = plane.plane == ViewPlane::XY   ? Vec3{0, 0, 1}
+                                        : plane.plane == ViewPlane::XZ ? Vec3{0, 1, 0}
+                                                                       : Vec3{1, 0, 0};
+                    EXPECT_EQ(dotproduct(is, normal), dotproduct(was, normal));
+                    EXPECT_EQ(after[4 * row + 3], 0.0F);
+                }
+                for (std::size_t k = 12; k < 16; ++k) {
+                    EXPECT_EQ(after[k], before[k]);
+                }
+                EXPECT_EQ(VectorMatrix({}, findSelectedFrame(desk.document.Root).world), origin);
+                EXPECT_EQ(desk.document.Root.Children[0].Matrix, parent.matrix);
+            }
+        }
+    }
+}
+
+TEST(PlaneDrag, PointersOnTheOriginTurnNothing) {
+    for (const ViewPlane plane : viewPlanes) {
+        Desk desk({}, ViewTool::RotateFrame);
+        desk.frame().Matrix = translation(8, 16, 32);
+        const Matrix4 before = desk.frame().Matrix;
+        const auto [originX, originY] = desk.origin(plane);
+        const auto x = static_cast<float>(originX);
+        const auto y = static_cast<float>(originY);
+        // pressed there: the first way that leads away counts as the start
+        desk.press(plane, x, y);
+        desk.move(plane, x, y);
+        EXPECT_EQ(bits(desk.frame().Matrix), bits(before));
+        desk.move(plane, x + 20, y);
+        EXPECT_EQ(bits(desk.frame().Matrix), bits(before));
+        desk.move(plane, x, y - 20);
+        const Matrix4 quarter = desk.frame().Matrix;
+        EXPECT_NE(quarter, before);
+        // passing over it keeps the turn
+        desk.move(plane, x, y);
+        EXPECT_EQ(bits(desk.frame().Matrix), bits(quarter));
+        ASSERT_TRUE(desk.release(plane, x, y));
+        for (const float element : desk.frame().Matrix.m) {
+            EXPECT_TRUE(std::isfinite(element));
+        }
+    }
+}
+
+TEST(PlaneDrag, ClicksAndReturnsRecordNothing) {
+    const float nan = std::nanf("");
+    for (const ViewTool tool : {ViewTool::MoveFrame, ViewTool::RotateFrame}) {
+        for (const float odd : {-0.0F, nan, std::numeric_limits<float>::infinity(), 1e-30F}) {
+            Desk desk({}, tool);
+            desk.frame().Matrix[12] = odd;
+            desk.frame().Matrix[4] = odd;
+            const auto before = bits(desk.frame().Matrix);
+            desk.press(ViewPlane::XY, 20, 20);
+            desk.move(ViewPlane::XY, 33, 90);
+            EXPECT_FALSE(desk.release(ViewPlane::XY, 20, 20)) << static_cast<int>(tool);
+            EXPECT_EQ(bits(desk.frame().Matrix), before) << static_cast<int>(tool) << odd;
+            EXPECT_FALSE(desk.release(ViewPlane::XY, 99, 99)) << "no button is down";
+        }
+    }
+}
+
+TEST(PlaneDrag, NoDragLeadsBeyondAllNumbers) {
+    constexpr float most = std::numeric_limits<float>::max();
+    const ViewTool tools[] = {ViewTool::MoveFrame, ViewTool::MoveView, ViewTool::RotateFrame,
+                              ViewTool::MoveObjCoords};
+    for (const ViewTool tool : tools) {
+        for (const PlaneCase& plane : planes) {
+            for (const float scale : {0.0F, 1e-45F, 1e-37F, 1.0F, most}) {
+                for (const float element : {1.0F, most, -most}) {
+                    Desk desk({}, tool);
+                    desk.document.PlaneScale = scale;
+                    desk.document.CameraCenter = desk.document.PanVector = {element, -element, 3};
+                    desk.frame().Matrix.m.fill(element);
+                    desk.press(plane.plane, 20, 30);
+                    for (const auto& [x, y] :
+                         {std::pair(190, 9), std::pair(20, 30), std::pair(9, 150)}) {
+                        desk.move(plane.plane, static_cast<float>(x), static_cast<float>(y));
+                        EXPECT_TRUE(isFinite(desk.frame().Matrix)) << scale << ' ' << element;
+                        EXPECT_TRUE(isFinite(desk.document.CameraCenter));
+                        EXPECT_TRUE(isFinite(desk.document.PanVector));
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST(PlaneDrag, OnlyTheLeftButtonMovesAndEitherReleaseEnds) {
+    Desk desk;
+    const Matrix4 before = desk.frame().Matrix;
+    desk.press(ViewPlane::XY, 10, 10, DragButton::Right);
+    desk.move(ViewPlane::XY, 50, 50);
+    EXPECT_EQ(desk.frame().Matrix, before);
+    EXPECT_EQ(desk.document.PlaneScale, 1.0F);
+    desk.press(ViewPlane::XY, 50, 50);
+    desk.move(ViewPlane::XY, 53, 50);
+    EXPECT_EQ(desk.frame().Matrix[12], before[12] - 3);
+    EXPECT_TRUE(desk.release(ViewPlane::XY, 54, 50)); // whichever button it was
+    EXPECT_EQ(desk.frame().Matrix[12], before[12] - 4);
+    desk.move(ViewPlane::XY, 90, 90);
+    EXPECT_EQ(desk.frame().Matrix[12], before[12] - 4);
+}
+
+TEST(PlaneDrag, WithNothingSelectedTheLastFrameIsTaken) {
+    Desk desk;
+    desk.document.markSelection(FramePath(std::vector<std::int32_t>{9}));
+    const auto move = desk.drag(ViewPlane::XY, 0, 0, 7, 0);
+    ASSERT_TRUE(move);
+    EXPECT_EQ(move->frame, FramePath(std::vector<std::int32_t>{2}));
+    EXPECT_EQ(desk.document.Root.Children[1].Matrix, translation(-7, 0, 0));
+}
+
+TEST(PlaneDrag, CancellingLeavesNoTrace) {
+    for (const ViewTool tool : {ViewTool::MoveFrame, ViewTool::Zoom, ViewTool::MoveView,
+                                ViewTool::RotateFrame, ViewTool::MoveObjCoords}) {
+        for (const ViewPlane plane : viewPlanes) {
+            Desk desk(parents[2].matrix, tool);
+            desk.document.CameraCenter = {1, 2, 3};
+            desk.document.PanVector = {4, 5, 6};
+            const EditSnapshot before(desk.document);
+            desk.press(plane, 20, 30, DragButton::Right);
+            desk.press(plane, 20, 30);
+            desk.move(plane, 90, 70);
+            EXPECT_TRUE(desk.document.DragRunning);
+            EXPECT_TRUE(desk.views.cancelDrag(desk.document));
+            EXPECT_EQ(EditSnapshot(desk.document), before);
+            EXPECT_EQ(bits(desk.frame().Matrix), bits(before.root.Children[0].Children[0].Matrix));
+            EXPECT_EQ(desk.document.CameraCenter, (Vec3{1, 2, 3}));
+            EXPECT_EQ(desk.document.PanVector, (Vec3{4, 5, 6}));
+            EXPECT_EQ(desk.document.PlaneScale, 1.0F);
+            EXPECT_FALSE(desk.document.DragRunning || desk.document.Modified);
+            EXPECT_TRUE(desk.document.RedrawAll);
+            desk.move(plane, 10, 10);
+            EXPECT_FALSE(desk.release(plane, 10, 10));
+            EXPECT_EQ(EditSnapshot(desk.document), before);
+            EXPECT_FALSE(desk.views.cancelDrag(desk.document));
+        }
+    }
+}
+
+TEST(PlaneDrag, AReleaseInOneViewClearsTheOthers) {
+    Desk desk;
+    const Matrix4 before = desk.frame().Matrix;
+    for (const ViewPlane plane : {ViewPlane::XY, ViewPlane::ZY}) {
+        desk.press(plane, 10, 10);
+        desk.move(plane, 30, 10);
+        EXPECT_NE(desk.frame().Matrix, before);
+        EXPECT_FALSE(desk.release(ViewPlane::XZ, 40, 40));
+        EXPECT_FALSE(desk.views.dragging());
+        EXPECT_FALSE(desk.document.DragRunning);
+        EXPECT_EQ(desk.frame().Matrix, before) << "a drag whose end is lost is cancelled";
+        desk.move(plane, 90, 90);
+        EXPECT_EQ(desk.frame().Matrix, before);
+    }
+}
+
+TEST(PlaneDrag, ToolChosenDuringADragCountsFromTheNext) {
+    Desk desk;
+    desk.press(ViewPlane::XY, 10, 10);
+    desk.document.Tool = ViewTool::MoveView;
+    EXPECT_TRUE(desk.release(ViewPlane::XY, 30, 10));
+    EXPECT_EQ(desk.document.PanVector, Vec3());
+    EXPECT_FALSE(desk.drag(ViewPlane::XY, 10, 10, 30, 10));
+    EXPECT_EQ(desk.document.PanVector, (Vec3{-20, 0, 0}));
+}
+
+TEST(PlaneDrag, WheelZoomsAboutThePointer) {
+    for (const ViewPlane plane : viewPlanes) {
+        Desk desk;
+        desk.document.PanVector = {1, 2, 3};
+        desk.document.PlaneScale = 20;
+        const PlanePoint before = desk.mapping(plane).under(30, 140);
+        desk.views.wheel(plane, {{}, 30, 140}, 2, desk.document);
+        EXPECT_FLOAT_EQ(desk.document.PlaneScale, 20 * 1.15F * 1.15F);
+        const PlanePoint after = desk.mapping(plane).under(30, 140);
+        EXPECT_NEAR(after.u, before.u, 1e-5);
+        EXPECT_NEAR(after.v, before.v, 1e-5);
+        EXPECT_TRUE(desk.document.RedrawAll);
+        // neither beyond the limits nor during a drag
+        const float scale = desk.document.PlaneScale;
+        desk.views.wheel(plane, {{}, 30, 140}, 1000, desk.document);
+        desk.views.wheel(plane, {{}, 30, 140}, -1000, desk.document);
+        desk.press(plane, 1, 1);
+        desk.views.wheel(plane, {{}, 30, 140}, 1, desk.document);
+        EXPECT_EQ(desk.document.PlaneScale, scale);
+    }
+}
+
+TEST(PlaneDrag, StatusTellsThePlaceAndHowFarTheDragGot) {
+    Desk desk;
+    desk.document.PlaneScale = 20;
+    const auto status = [&](ViewPlane plane, float x, float y) {
+        return desk.views.statusText(plane, {{}, x, y}, desk.document);
+    };
+    // the view is 200 x 160: its centre is the origin
+    EXPECT_EQ(status(ViewPlane::XY, 110, 80), QStringLiteral("x -0.50  y 0.00"));
+    EXPECT_EQ(status(ViewPlane::XZ, 100, 70), QStringLiteral("x 0.00  z 0.50"));
+    EXPECT_EQ(status(ViewPlane::ZY, 110, 90), QStringLiteral("z 0.50  y -0.50"));
+    desk.press(ViewPlane::ZY, 100, 80);
+    desk.move(ViewPlane::ZY, 110, 80);
+    EXPECT_EQ(status(ViewPlane::ZY, 110, 80),
+              QStringLiteral("z 0.50  y 0.00   frame moved z 0.50  y 0.00"));
+    desk.views.cancelDrag(desk.document);
+    desk.document.Tool = ViewTool::RotateFrame;
+    desk.frame().Matrix = Matrix4();
+    desk.press(ViewPlane::XY, 150, 80);
+    desk.move(ViewPlane::XY, 100, 30);
+    EXPECT_EQ(status(ViewPlane::XY, 100, 30),
+              QStringLiteral("x 0.00  y 2.50   frame turned 90.0\u00b0"));
+}
+
+} // namespace
+} // namespace korvane::test
