@@ -2,8 +2,10 @@
 add_library(korvane_compile INTERFACE)
 target_include_directories(korvane_compile INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_definitions(korvane_compile INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS)
-target_compile_options(korvane_compile INTERFACE -Wall -Wextra -Wconversion -Wshadow
-                                                 -Wno-missing-field-initializers)
+target_compile_options(korvane_compile INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wnull-dereference -Wno-missing-field-initializers
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op>)
 if(KORVANE_WERROR)
     target_compile_options(korvane_compile INTERFACE -Werror)
 endif()
@@ -14,11 +16,16 @@ if(KORVANE_SANITIZE)
 endif()
 
 # Headers of the toolkit and the library are most of what is compiled. A target gets those that most of
-# its files include once. Presets without this show a file that lacks an include of its own.
+# its files include once, or REUSE_FROM another target. Presets without this show a file that lacks an
+# include of its own.
 function(korvane_precompile target)
     if(KORVANE_PCH)
-        target_precompile_headers(${target} PRIVATE <algorithm> <functional> <memory> <optional> <string>
-                                                    <variant> <vector> ${ARGN})
+        if(ARGV1 STREQUAL "REUSE_FROM")
+            target_precompile_headers(${target} ${ARGN})
+        else()
+            target_precompile_headers(${target} PRIVATE <algorithm> <functional> <memory> <optional>
+                                                        <string> <variant> <vector> ${ARGN})
+        endif()
         if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
             target_compile_options(${target} PRIVATE -fpch-preprocess)
         endif()

@@ -1,7 +1,9 @@
+# shellcheck shell=bash
 # Sourced by the scripts from the top folder: the packages they need, and how they configure.
 
 run_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
     libqt6svg6 qt6-wayland libgl-dev libglu1-mesa-dev libopengl-dev libgl1-mesa-dri libxkbcommon-dev libxcb1-dev fonts-dejavu-core"
+# shellcheck disable=SC2034 # for those who source this
 test_packages="$run_packages libgtest-dev libbenchmark-dev locales xvfb xauth openbox"
 
 # Installs the Debian packages that are missing, and only those.
@@ -40,6 +42,7 @@ configure() {
 # or maximised.
 on_display() {
     # in a Wayland session the toolkit would take that
+    # shellcheck disable=SC2016 # expanded by the shell on the display
     QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x1024x24" bash -c '
         openbox >/dev/null 2>&1 &
         manager=$!

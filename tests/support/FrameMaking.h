@@ -43,7 +43,7 @@ inline std::vector<std::int32_t> chainBelow(FrameRecord& frame, std::size_t dept
 inline void dropOddNormals(FrameRecord& top) {
     for (FrameWalk walk(top); !walk.done(); walk.next()) {
         for (Vec3& normal : walk.frame().Mesh.FaceNormals) {
-            normal = normal == normal ? normal : Vec3();
+            normal = isFinite(normal) ? normal : Vec3();
         }
     }
 }

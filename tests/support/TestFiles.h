@@ -20,7 +20,7 @@ class TestFiles : public testing::Test {
     }
     /// Writes a file, in a subfolder that is made if need be, and gives its path.
     QString write(const char* name, std::string_view content) const {
-        const QString file = path(name);
+        QString file = path(name);
         QDir().mkpath(QFileInfo(file).path());
         QFile out(file);
         EXPECT_TRUE(out.open(QIODevice::WriteOnly));

@@ -48,15 +48,17 @@ struct ModelDocument {
     /// The mouse is changing the document: nothing else may, not even undo, until it is done.
     bool DragRunning = false;
 
-    // The traversal of the document's own cursor; see RenderCursor.
+    // The traversal of the document's own cursor, under published names; see RenderCursor. The
+    // program itself walks trees with FrameWalk.
     void ResetRenderList() { Cursor.ResetRenderList(); }
     bool IncRenderList() { return Cursor.IncRenderList(Root); }
     FrameRecord* GetFramePtr() { return Cursor.GetFramePtr(Root); }
     FrameRecord* GetParentPtr() { return Cursor.GetParentPtr(Root); }
     [[nodiscard]] Matrix4 GetFrameMatrix() const { return Cursor.GetFrameMatrix(Root); }
 
-    /// Moves the cursor on to the frame (it stands on the frame's parent, or on the frame before it
-    /// in pre-order) and computes the frame's data that files do not hold.
+    /// Published with the traversal. Moves the cursor on to the frame (it stands on the frame's
+    /// parent, or on the frame before it in pre-order) and computes the frame's data that files do
+    /// not hold.
     void Nonfiledata(FrameRecord& frame);
 
     /// Computes the data that follows from a frame's mesh: face normals and bounding box.

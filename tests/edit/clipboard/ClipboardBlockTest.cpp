@@ -382,7 +382,7 @@ TEST(ClipboardBlock, EveryBitFlippedIsReadOrRefused) {
                 const test::AllocationWatch watch;
                 const auto item = decodeBlock(damaged);
                 ASSERT_LT(watch.largest(), 16 * block.size()) << name << " byte " << i;
-                refused += item ? 0 : 1;
+                refused += item ? 0U : 1U;
                 if (item && std::holds_alternative<CopiedFrame>(*item)) {
                     ASSERT_TRUE(indicesFit(std::get<CopiedFrame>(*item))) << i << ' ' << flip;
                 }

@@ -42,7 +42,7 @@ class TOKBottomDlgTest : public GuiTest {
         answer([this, steps](QWidget& shown) {
             ASSERT_EQ(&shown, &dialog);
             // the lists are filled from the disk in the background
-            EXPECT_TRUE(QTest::qWaitFor([&] { return files() != ""; }));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !files().empty(); }));
             EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog)); // only then is a control entered
             try {
                 steps();

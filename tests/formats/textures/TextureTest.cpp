@@ -330,7 +330,8 @@ TEST_F(Textures, PackedPicturesHaveALimitOfTheirOwn) {
     EXPECT_TRUE(isBlank(decodePic(packed)));
     EXPECT_TRUE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP")));
     EXPECT_LT(watch.largest(), std::size_t{1} << 20U);
-    packed[92] = bmp[19] = 0; // 1 column, or 1 row
+    packed[92] = 0; // 1 column
+    bmp[19] = 0;    // 1 row
     packed[93] = 1;
     EXPECT_EQ(decodePic(packed).height, 8193);
     EXPECT_FALSE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP")));

@@ -1,4 +1,4 @@
-#include "render/math/VectorMath.h"
+#include "render/math/PublishedMath.h"
 
 #include "support/FrameMaking.h"
 

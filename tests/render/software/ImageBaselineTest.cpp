@@ -11,7 +11,7 @@ namespace {
 
 /// The samples as the start camera sees them, beside pictures that were looked at. A picture is
 /// made anew by
-///   korvane-tool render samples/NAME tests/render/baseline/NAME-MODE.png --mode MODE --size
+///   korvane-tool render samples/NAME tests/render/software/baseline/NAME-MODE.png --mode MODE --size
 ///   240x180
 /// It passes when at most one pixel in 200 differs by more than 24 levels in some channel:
 /// compilers round differently, which moves edges by a pixel here and there.
@@ -44,8 +44,8 @@ TEST(ImageBaseline, SamplesLookAsTheyDid) {
                 for (int x = 0; x < baseline.width(); ++x) {
                     differing += test::difference(view.bitmap().at(x, y), baseline.pixel(x, y)) >
                                          allowedLevels
-                                     ? 1
-                                     : 0;
+                                     ? 1U
+                                     : 0U;
                 }
             }
             EXPECT_LE(static_cast<double>(differing),

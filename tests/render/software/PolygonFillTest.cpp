@@ -203,6 +203,7 @@ TEST(DepthOrder, IsDescendingAndKeepsEqualDepthsInOrder) {
                          [&](std::uint32_t a, std::uint32_t b) { return depths[a] > depths[b]; });
         orderFarToNear(keys, scratch);
         std::vector<std::uint32_t> order;
+        order.reserve(keys.size());
         for (const DepthKey& key : keys) {
             order.push_back(key.index);
         }
