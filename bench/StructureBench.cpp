@@ -40,7 +40,8 @@ struct Tree {
 struct Page {
     ModelDocument document = makeFrames(10'000);
     QTreeView widget;
-    TStructureView view{widget};
+    StructureTreeModel model;
+    TStructureView view{widget, model};
     EditHistory history;
 
     Page() {
@@ -52,7 +53,7 @@ struct Page {
         widget.expandAll();
     }
     void refresh() {
-        view.rebuild(document);
+        model.setTree(StructureTree(document));
         view.select(document.Selected);
     }
 };

@@ -10,6 +10,9 @@ namespace korvane {
 
 namespace {
 
+constexpr std::int32_t noNode = -1;
+constexpr std::int32_t topLevel = -1;
+
 /// The number of the group of children that belongs to a node, or to the top level for -1.
 std::size_t groupOf(std::int32_t parent) {
     return static_cast<std::size_t>(std::int64_t{parent} + 1);
@@ -23,6 +26,7 @@ StructureTree::StructureTree(ModelDocument& document) {
         StructureNode node;
         node.kind = NodeKind::Frame;
         node.text = "Frame frm-" + frame.Name;
+        node.previous = frame.TreeNode;
         if (walk.depth() > 0) {
             node.item = walk.childNumbers().back();
             node.deletable = true;
@@ -78,6 +82,48 @@ NodeData StructureTree::nodeData(std::int32_t node) const {
         data.Frame.emplace(childNumbers);
     }
     return data;
+}
+
+std::int32_t StructureTree::childOfKind(std::int32_t parent, NodeKind kind,
+                                        std::int32_t item) const {
+    std::int32_t found = noNode;
+    for (const std::int32_t child : children(parent)) {
+        const StructureNode& node = nodes_[static_cast<std::size_t>(child)];
+        if (node.kind == kind && node.item <= item) {
+            found = child;
+        }
+    }
+    return found;
+}
+
+std::int32_t StructureTree::nearestNode(const NodeData& data) const {
+    if (!data.Frame) {
+        const std::int32_t table = childOfKind(topLevel, NodeKind::MaterialTable);
+        const std::int32_t entry = data.NodeKind == NodeKind::TableMaterial
+                                       ? childOfKind(table, NodeKind::TableMaterial, data.ItemIndex)
+                                       : noNode;
+        return std::max(table, entry);
+    }
+    std::int32_t node = 0;
+    for (const std::int32_t number : data.Frame->childNumbers()) {
+        const std::int32_t child = childOfKind(node, NodeKind::Frame, number);
+        if (child == noNode || nodes_[static_cast<std::size_t>(child)].item != number) {
+            return 0;
+        }
+        node = child;
+    }
+    // the nodes of a mesh stand one below the other: go as far down as asked for and possible
+    const std::pair<NodeKind, bool> below[] = {
+        {NodeKind::Mesh, data.NodeKind != NodeKind::Frame},
+        {NodeKind::MeshNormals, data.NodeKind == NodeKind::MeshNormals},
+        {NodeKind::MeshMaterialList,
+         data.NodeKind == NodeKind::MeshMaterialList || data.NodeKind == NodeKind::MaterialSlot},
+        {NodeKind::MaterialSlot, data.NodeKind == NodeKind::MaterialSlot}};
+    for (const auto& [kind, wanted] : below) {
+        const std::int32_t child = wanted ? childOfKind(node, kind, data.ItemIndex) : noNode;
+        node = child != noNode ? child : node;
+    }
+    return node;
 }
 
 std::int32_t StructureTree::add(StructureNode node) {

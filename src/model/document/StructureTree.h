@@ -17,6 +17,7 @@ struct StructureNode {
     std::int32_t row = 0;     ///< position among the parent's children, from 0
     NodeKind kind = NodeKind::None;
     std::int32_t item = 0; ///< slot or table index from 0; for a frame its 1-based child number
+    std::int32_t previous = -1; ///< the frame's node in the tree before this one; -1 if it had none
     bool deletable = false;
     bool hidden = false; ///< a frame or mesh that the views do not show
     std::string text;    ///< bytes as the model holds them
@@ -36,6 +37,12 @@ class StructureTree {
     [[nodiscard]] std::span<const std::int32_t> children(std::int32_t node) const;
     /// The node's record for the commands; `node` must be one of nodes().
     [[nodiscard]] NodeData nodeData(std::int32_t node) const;
+    /// The child of a kind; of those with a number the last one up to that, -1 if there is none.
+    [[nodiscard]] std::int32_t childOfKind(std::int32_t parent, NodeKind kind,
+                                           std::int32_t item = 0) const;
+    /// The node that stands for the same thing as the record; for a slot or material that is gone
+    /// the last one there is, else the node above it; the root at the worst.
+    [[nodiscard]] std::int32_t nearestNode(const NodeData& data) const;
     /// Takes over from a frame, which must be as it was built from in all else, whether the views
     /// show it and its mesh.
     void markHidden(const FrameRecord& frame);

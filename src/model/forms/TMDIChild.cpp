@@ -8,12 +8,10 @@
 #include "app/widgets/WidgetText.h"
 #include "app/widgets/WindowFocus.h"
 #include "app/widgets/WindowTitle.h"
-#include "edit/session/StatusText.h"
 #include "formats/files/FileNames.h"
 #include "formats/xsi/MshOpener.h"
 #include "formats/xsi/XsiReader.h"
 #include "formats/xsi/XsiWriter.h"
-#include "model/document/StructureTree.h"
 #include "model/forms/TReadProgress.h"
 #include "model/forms/TStructureView.h"
 #include "ui_TMDIChild.h"
@@ -21,7 +19,6 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGridLayout>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -31,7 +28,7 @@
 namespace korvane {
 
 TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
-    : QMdiSubWindow(parent), ui_(std::make_unique<Ui::TMDIChild>()), model_(std::in_place) {
+    : QMdiSubWindow(parent), ui_(std::make_unique<Ui::TMDIChild>()), session_(std::in_place) {
     setObjectName(QStringLiteral("MDIChild"));
     setAccessibleName(QStringLiteral("Model window"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -50,18 +47,17 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     setUpViews();
     setUpTools();
     ui_->ThreeDWin->setDocument(document());
-    startHistory();
     focus_ = new WindowFocus(*this, *ui_->TreeView1);
     clearMessageAtCommands();
     ui_->Panel3->installEventFilter(this);
     ui_->TreeView1->installEventFilter(this);
 
-    structure_ = std::make_unique<TStructureView>(*ui_->TreeView1);
+    structure_ = std::make_unique<TStructureView>(*ui_->TreeView1, session_->tree());
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TMDIChild::ChildSelectedChange);
     setUpButtons();
     fitPages();
-    rebuildTree();
+    showSelectedButtons();
 }
 
 void TMDIChild::clearMessageAtCommands() {
@@ -88,54 +84,73 @@ void TMDIChild::ChildDeactivate() {
 }
 
 void TMDIChild::create(const QString& name) {
-    model_->FileName = name;
-    setCaption();
+    apply(session_->setName(name));
     ChildActivate();
     ui_->TreeView1->setFocus();
     if (isTextModel(modelFileKind(name))) {
         FileOpenXSI(name);
+    } else {
+        render3d();
     }
-    render3d();
 }
 
 void TMDIChild::FileOpenXSI(const QString& fileName) {
-    // events run while the progress shows: the views must not find half a model
-    ModelDocument read;
-    UnseenTextures unseen;
-    ReadStatus status = ReadStatus::Cancelled;
+    OpenOutcome outcome;
     {
         TReadProgress progress(*this, fileName, progressDelay_);
-        const auto goOn = [&](std::size_t done, std::size_t size) {
+        outcome = session_->open(fileName, [&progress](std::size_t done, std::size_t size) {
             return progress.goOn(done, size);
-        };
-        status = korvane::FileOpenXSI(fileName, read, goOn, &unseen);
+        });
     }
-    if (status == ReadStatus::Cancelled) {
+    if (outcome.status == ReadStatus::Cancelled) {
         closeUnasked();
         return;
     }
-    *model_ = std::move(read);
-    rebuildTree();
-    selectRoot();
     ui_->ThreeDWin->placeCamera();
     planesPending_ = true;
-    setCaption();
-    showReadFailure(status, fileName);
-    if (status == ReadStatus::Done) {
-        setMessage(openedText(*model_, unseen));
+    apply(outcome.changes);
+    ui_->TreeView1->expand(ui_->TreeView1->currentIndex());
+    showReadFailure(outcome.status, fileName);
+}
+
+void TMDIChild::apply(const Changes& changes) {
+    if (changes.title) {
+        setCaption();
+    }
+    if (changes.tree || changes.selection) {
+        followSelection();
+    }
+    if (changes.geometry) {
+        render3d();
+    }
+    if (changes.status) {
+        Q_EMIT statusChanged();
+    }
+}
+
+void TMDIChild::applyStep(const Changes& changes) {
+    apply(changes);
+    if (changes.selection) {
+        structure_->scrollToSelection();
+    }
+}
+
+void TMDIChild::clearMessage() {
+    if (session_) {
+        apply(session_->clearMessage());
     }
 }
 
 void TMDIChild::FileOpenMSH(const QString& fileName) {
-    if (!model_) {
+    if (!session_) {
         return;
     }
-    const MshOutcome outcome = korvane::FileOpenMSH(fileName, *model_);
+    const MshOutcome outcome = korvane::FileOpenMSH(fileName, session_->model());
     if (!outcome.saveFailed.isEmpty()) {
         showSaveFailure(outcome.saveFailed);
     }
     showReadFailure(outcome.status, fileName);
-    if (model_ && outcome.status == ReadStatus::CannotOpen) {
+    if (session_ && outcome.status == ReadStatus::CannotOpen) {
         setCaption();
     }
 }
@@ -159,17 +174,21 @@ void TMDIChild::showPasteFailure(const QString& reason) {
 }
 
 void TMDIChild::FileSaveExecute() {
-    if (!model_) {
+    if (!session_) {
         return;
     }
-    if (model_->NeverSaved) {
+    if (session_->needsName()) {
         FileSaveAsExecute();
         return;
     }
-    SaveFileXSI();
-    // clean from here on whatever became of the writing, by design also for the kinds of files that
-    // are never written
-    model_->Modified = false;
+    showSaved(session_->save());
+}
+
+void TMDIChild::showSaved(const SaveOutcome& outcome) {
+    apply(outcome.changes);
+    if (outcome.result == SaveResult::Failed) {
+        showSaveFailure(session_->model().FileName);
+    }
 }
 
 bool TMDIChild::completeName(QString& name, const QString& suffix) {
@@ -185,7 +204,7 @@ bool TMDIChild::completeName(QString& name, const QString& suffix) {
 }
 
 void TMDIChild::FileSaveAsExecute() {
-    if (!model_) {
+    if (!session_) {
         return;
     }
     QFileDialog dialog(this);
@@ -199,34 +218,18 @@ void TMDIChild::FileSaveAsExecute() {
     });
     dialog.setNameFilters({QStringLiteral("XSI file (*.xsi)"), QStringLiteral("MSH file (*.msh)"),
                            QStringLiteral("X file (*.x)")});
-    startIn(dialog, folderOf(model_->FileName));
-    dialog.selectFile(offeredName(model_->FileName));
+    startIn(dialog, folderOf(session_->model().FileName));
+    dialog.selectFile(offeredName(session_->model().FileName));
     QString name;
     do {
-        if (execModal(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !model_) {
+        if (execModal(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty() ||
+            !session_) {
             return;
         }
         name = dialog.selectedFiles().constFirst();
     } while (!completeName(name, dialog.defaultSuffix()));
-    if (!model_) {
-        return;
-    }
-    model_->FileName = name;
-    setCaption();
-    SaveFileXSI();
-    model_->NeverSaved = false;
-    model_->Modified = false;
-}
-
-void TMDIChild::SaveFileXSI() {
-    const QString& fileName = model_->FileName;
-    SaveResult result = SaveResult::NotWritten;
-    if (modelFileKind(fileName) == ModelFileKind::Xsi) {
-        result = korvane::SaveFileXSI(*model_, fileName) ? SaveResult::Written : SaveResult::Failed;
-    }
-    setMessage(savedText(*model_, result));
-    if (result == SaveResult::Failed) {
-        showSaveFailure(fileName);
+    if (session_) {
+        showSaved(session_->saveAs(name));
     }
 }
 
@@ -236,7 +239,7 @@ bool TMDIChild::FormCanClose() {
     }
     const QMessageBox::StandardButton answer =
         showMessageBox(this, QStringLiteral("CloseQuestion"), QMessageBox::Question,
-                       QStringLiteral("File is not saved.  Save?"), model_->FileName,
+                       QStringLiteral("File is not saved.  Save?"), session_->model().FileName,
                        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
         FileSaveExecute(); // a Save As cancelled in there does not keep the window open
@@ -245,7 +248,7 @@ bool TMDIChild::FormCanClose() {
 }
 
 bool TMDIChild::mayEdit() const {
-    return acceptsEdits() && !ModalCall::running();
+    return session_ && session_->acceptsEdits() && !ModalCall::running();
 }
 
 void TMDIChild::closeUnasked() {
@@ -266,7 +269,8 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 void TMDIChild::FormClose() {
     cancelDrag();
     ChildDeactivate();
-    model_.reset();
+    structure_.reset();
+    session_.reset();
 }
 
 bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
@@ -286,7 +290,7 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void TMDIChild::FormResize() {
-    if (!model_) {
+    if (!session_) {
         return;
     }
     const int width = ui_->Panel3->width();
@@ -323,7 +327,7 @@ void TMDIChild::setViewColors(const ViewColors& colors) {
 }
 
 void TMDIChild::setCaption() {
-    setWindowTitle(titleOf(model_->FileName));
+    setWindowTitle(titleOf(session_->model().FileName));
 }
 
 void TMDIChild::fitPages() {

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "edit/clipboard/ClipboardBlock.h"
-#include "edit/history/EditHistory.h"
-#include "model/document/ModelDocument.h"
+#include "edit/session/DocumentSession.h"
 #include "render/planes/PlaneViews.h"
 #include "render/scene/ViewState.h"
 
-#include <QByteArray>
 #include <QMdiSubWindow>
 #include <QString>
 
@@ -26,8 +23,6 @@ class TOKBottomDlg1;
 class TStructureView;
 class WindowFocus;
 class TframeF;
-
-enum class ReadStatus;
 
 namespace Ui {
 class TMDIChild;
@@ -61,16 +56,18 @@ class TMDIChild : public QMdiSubWindow {
     void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
 
     // Nothing can be taken back while the mouse is changing the model.
-    [[nodiscard]] bool canUndo() const { return acceptsEdits() && history_.canUndo(); }
-    [[nodiscard]] bool canRedo() const { return acceptsEdits() && history_.canRedo(); }
+    [[nodiscard]] bool canUndo() const { return session_ && session_->canUndo(); }
+    [[nodiscard]] bool canRedo() const { return session_ && session_->canRedo(); }
     void undo();
     void redo();
 
     /// Whether Copy takes something from the selection, and whether Paste puts such content there.
-    [[nodiscard]] bool canCopy() const;
-    [[nodiscard]] bool canPaste(ClipboardContent content) const;
+    [[nodiscard]] bool canCopy() const { return session_ && session_->canCopy(); }
+    [[nodiscard]] bool canPaste(ClipboardContent content) const {
+        return session_ && session_->canPaste(content);
+    }
     /// The clipboard block of the selection; empty if there is nothing that Copy takes.
-    [[nodiscard]] QByteArray copy() const;
+    [[nodiscard]] QByteArray copy() const { return session_ ? session_->copy() : QByteArray(); }
     /// Pastes a block into the selection. One that is damaged or does not fit changes nothing, and
     /// the user is told.
     void paste(const QByteArray& block);
@@ -85,16 +82,16 @@ class TMDIChild : public QMdiSubWindow {
     void setPlaneColors(const PlaneColors& colors);
 
     /// The model; null once the window has been closed.
-    [[nodiscard]] ModelDocument* document() { return model_ ? &*model_ : nullptr; }
-    [[nodiscard]] const ModelDocument* document() const { return model_ ? &*model_ : nullptr; }
-    /// What the status bar shows of the window: where the pointer is in a 2D view and what it does
-    /// there, else what became of the last command, else how much the model holds.
-    [[nodiscard]] const QString& statusText() const {
-        const QString& rest = message_.isEmpty() ? counts_ : message_;
-        return pointerText_.isEmpty() ? rest : pointerText_;
+    [[nodiscard]] ModelDocument* document() { return session_ ? &session_->model() : nullptr; }
+    [[nodiscard]] const ModelDocument* document() const {
+        return session_ ? &session_->model() : nullptr;
+    }
+    /// What the status bar shows of the window.
+    [[nodiscard]] QString statusText() const {
+        return session_ ? session_->statusText() : QString();
     }
     /// A new command begins: what the last one said is out of date.
-    void clearMessage() { setMessage({}); }
+    void clearMessage();
 
     /// Opens a binary mesh file for a window just constructed; no command does so. Nothing is read
     /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
@@ -109,7 +106,9 @@ class TMDIChild : public QMdiSubWindow {
     void render3d();
 
     /// Whether FormCanClose would ask the user.
-    [[nodiscard]] bool needsCloseQuestion() const { return model_ && model_->Modified; }
+    [[nodiscard]] bool needsCloseQuestion() const {
+        return session_ && session_->needsCloseQuestion();
+    }
     /// Asks what to do about changes that are not saved; false if the user wants to keep the
     /// window.
     bool FormCanClose();
@@ -178,18 +177,15 @@ class TMDIChild : public QMdiSubWindow {
     /// Brings the boxes of the "Tools" page in step with the selected frame.
     void fillVisibilityBoxes();
     void storeVisibility();
-    void setPointerText(const QString& text) { setStatus(pointerText_, text); }
-    void setMessage(const QString& text) { setStatus(message_, text); }
-    /// Changes one of the texts that the status bar may show.
-    void setStatus(QString& text, const QString& value);
-    [[nodiscard]] bool acceptsEdits() const { return model_ && !model_->DragRunning; }
-    /// The same, and no call that shows a dialog is at work. Commands ask this when they run, but
-    /// do not show it: all of them would grey behind every dialog.
+    /// Brings the controls in step with what the session says is out of date.
+    void apply(const Changes& changes);
+    /// Whether the model takes edits and no call that shows a dialog is at work. Commands ask this
+    /// when they run, but do not show it: all of them would grey behind every dialog.
     [[nodiscard]] bool mayEdit() const;
     static void fillPanel(QWidget& panel, const QColor& color);
 
     void FileOpenXSI(const QString& fileName);
-    void SaveFileXSI();
+    void showSaved(const SaveOutcome& outcome);
     /// Gives a name that a file dialog left without an extension of ours the suffix. False if the
     /// user does not want that file to be replaced.
     bool completeName(QString& name, const QString& suffix);
@@ -199,31 +195,25 @@ class TMDIChild : public QMdiSubWindow {
     void showPasteFailure(const QString& reason);
     void setCaption();
     void clearMessageAtCommands();
-    void rebuildTree();
     void editFrameOptions();
     /// Opens the material editor on the selected slot or entry of the table.
     void editMaterials();
-    void refresh(const RefreshFlags& flags, const NodeData& selectedBefore);
-    /// Moves the selection in the tree to what the document has selected, as if the user did.
+    /// What undo or redo has done; the node that it selects comes into sight.
+    void applyStep(const Changes& changes);
+    /// Moves the selection in the tree to what the document has selected.
     void followSelection();
-    void startHistory();
     void fitPages();
-    void selectRoot();
     void showSelectedButtons();
 
     std::unique_ptr<Ui::TMDIChild> ui_;
-    std::optional<ModelDocument> model_;
-    EditHistory history_;
+    std::optional<DocumentSession> session_; ///< none once the window has been closed
     DocumentDialogs dialogs_;
     std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
     WindowFocus* focus_ = nullptr;              ///< the window owns it
     std::chrono::milliseconds progressDelay_{500};
-    QString counts_;
-    QString message_; ///< of the last command
     PlaneViews planes_;
     bool planesPending_ = true; ///< the 2D views have to be set to see the whole model
-    QString pointerText_;
-    bool filling_ = false; ///< the selection is set to show the model, not by the user
+    bool filling_ = false;      ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;
     bool activatedByPress_ = false; ///< by the one about to be delivered, if that is to a view
     std::vector<std::unique_ptr<DragFilter>> mice_; ///< of the 2D views; go first: they call back

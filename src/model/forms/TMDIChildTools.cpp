@@ -51,27 +51,28 @@ void TMDIChild::setUpTools() {
 }
 
 void TMDIChild::toolExecute(ViewTool tool) {
-    if (model_) {
-        model_->Tool = tool;
+    if (session_) {
+        session_->model().Tool = tool;
     }
     showToolCursor();
 }
 
 void TMDIChild::showToolCursor() {
-    const QCursor cursor = toolCursor(model_ ? model_->Tool : ViewTool::Zoom, planes_.dragging());
+    const QCursor cursor =
+        toolCursor(session_ ? session_->model().Tool : ViewTool::Zoom, planes_.dragging());
     for (QWidget* image : {ui_->Image2, ui_->Image3, ui_->Image4}) {
         image->setCursor(cursor);
     }
 }
 
 void TMDIChild::showDragCursor() {
-    if (model_->Tool == ViewTool::MoveView) {
+    if (session_->model().Tool == ViewTool::MoveView) {
         showToolCursor(); // the others look the same
     }
 }
 
 void TMDIChild::fillVisibilityBoxes() {
-    const FrameRecord* frame = model_ ? model_->selectedFrame() : nullptr;
+    const FrameRecord* frame = session_ ? session_->model().selectedFrame() : nullptr;
     ui_->FrameVisibleAction->setEnabled(frame != nullptr);
     ui_->MeshVisibleAction->setEnabled(frame != nullptr && frame->ViewFlags[0]);
     if (frame != nullptr) {
@@ -81,12 +82,9 @@ void TMDIChild::fillVisibilityBoxes() {
 }
 
 void TMDIChild::storeVisibility() {
-    if (FrameRecord* frame = model_ ? model_->selectedFrame() : nullptr) {
-        frame->ViewFlags[0] = ui_->FrameVisibleAction->isChecked();
-        frame->ViewFlags[2] = ui_->MeshVisibleAction->isChecked();
-        structure_->markHidden(*frame);
-        // the pictures follow at the next mouse event
-        model_->RedrawAll = model_->Changed = true;
+    if (session_) {
+        session_->setVisible(ui_->FrameVisibleAction->isChecked(),
+                             ui_->MeshVisibleAction->isChecked());
     }
 }
 
@@ -109,8 +107,8 @@ void TMDIChild::TwoDVisibleExecute() {
         panel->setVisible(visible);
     }
     FormResize();
-    if (visible && model_) {
-        model_->RedrawAll = false; // they have been drawn as they came into sight
+    if (visible && session_) {
+        session_->model().RedrawAll = false; // they have been drawn as they came into sight
     }
 }
 

@@ -81,8 +81,8 @@ void TMDIChild::fillPanel(QWidget& panel, const QColor& color) {
 void TMDIChild::setPlaneColors(const PlaneColors& colors) {
     planes_.setColors(colors);
     showPlaneColors();
-    if (model_) {
-        model_->RedrawAll = model_->Changed = true;
+    if (session_) {
+        session_->model().RedrawAll = session_->model().Changed = true;
     }
 }
 
@@ -94,21 +94,21 @@ void TMDIChild::showPlaneColors() {
 }
 
 void TMDIChild::render3d() {
-    if (model_) {
-        model_->RedrawAll = model_->Changed = true;
+    if (session_) {
+        session_->model().RedrawAll = session_->model().Changed = true;
         redrawStale();
     }
 }
 
 void TMDIChild::redrawStale() {
-    if (!model_) {
+    if (!session_) {
         return;
     }
-    if (std::exchange(model_->Changed, false)) {
+    if (std::exchange(session_->model().Changed, false)) {
         ui_->ThreeDWin->redraw();
     }
-    if (model_->RedrawAll && ui_->TwoDVisibleAction->isChecked()) {
-        model_->RedrawAll = false;
+    if (session_->model().RedrawAll && ui_->TwoDVisibleAction->isChecked()) {
+        session_->model().RedrawAll = false;
         for (const PlaneImage& image : planeImages()) {
             drawPlane(image);
         }
@@ -116,7 +116,7 @@ void TMDIChild::redrawStale() {
 }
 
 void TMDIChild::drawPlane(const PlaneImage& image) {
-    if (!model_ || !image.image->isVisible()) {
+    if (!session_ || !image.image->isVisible()) {
         return; // drawn when shown
     }
     const QSize size = sizeInPixels(*image.image);
@@ -126,11 +126,12 @@ void TMDIChild::drawPlane(const PlaneImage& image) {
     }
     if (planesPending_ && !size.isEmpty()) {
         planesPending_ = false;
-        startPlanes(*model_, size.width(), size.height());
+        startPlanes(session_->model(), size.width(), size.height());
     }
     const bool dots = this->view().dots;
-    view.draw(*model_, dots);
-    image.image->showPicture(imageOf(view.bitmap()), view.selectionOverlay(*model_, dots));
+    view.draw(session_->model(), dots);
+    image.image->showPicture(imageOf(view.bitmap()),
+                             view.selectionOverlay(session_->model(), dots));
     // of the picture's colours, which it may have got later than the panel
     setInkFor(*image.label, view.colors().frames.background);
 }
@@ -157,7 +158,7 @@ bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
     const auto found = std::find_if(images.begin(), images.end(), [&](const PlaneImage& image) {
         return &watched == image.image;
     });
-    if (found == images.end() || !model_) {
+    if (found == images.end() || !session_) {
         return false;
     }
     planeEvent(*found, event);
@@ -166,7 +167,7 @@ bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
 
 void TMDIChild::planeEvent(const PlaneImage& image, const QEvent& event) {
     if (event.type() == QEvent::Leave) {
-        setPointerText({});
+        apply(session_->setPointerText({}));
     } else if (event.type() == QEvent::Resize || event.type() == QEvent::Show) {
         drawPlane(image);
     }
@@ -174,17 +175,17 @@ void TMDIChild::planeEvent(const PlaneImage& image, const QEvent& event) {
 
 void TMDIChild::planeInput(ViewPlane plane, void (TMDIChild::*handler)(const DragInput&),
                            const DragInput& input) {
-    if (model_) {
+    if (session_) {
         (this->*handler)(input);
-        setPointerText(planes_.statusText(plane, input, *model_));
+        apply(session_->setPointerText(planes_.statusText(plane, input, session_->model())));
     }
 }
 
 void TMDIChild::planeWheel(ViewPlane plane, const DragInput& place, float notches) {
-    if (model_) {
-        planes_.wheel(plane, place, notches, *model_);
+    if (session_) {
+        planes_.wheel(plane, place, notches, session_->model());
         redrawStale();
-        setPointerText(planes_.statusText(plane, place, *model_));
+        apply(session_->setPointerText(planes_.statusText(plane, place, session_->model())));
     }
 }
 
@@ -192,39 +193,31 @@ void TMDIChild::mouseDown(ViewPlane plane, const DragInput& input) {
     if (ModalCall::running()) {
         return;
     }
-    planes_.mouseDown(plane, input, *model_);
+    planes_.mouseDown(plane, input, session_->model());
     showDragCursor();
     redrawStale();
 }
 
 void TMDIChild::mouseMove(ViewPlane plane, const DragInput& input) {
-    planes_.mouseMove(plane, input, *model_);
+    planes_.mouseMove(plane, input, session_->model());
     redrawStale();
 }
 
 void TMDIChild::mouseUp(ViewPlane plane, const DragInput& input) {
-    if (const std::optional<FrameMove> move = planes_.mouseUp(plane, input, *model_)) {
-        history_.moveFrame(*model_, move->frame, move->before, move->after);
-        clearMessage();
+    if (const std::optional<FrameMove> move = planes_.mouseUp(plane, input, session_->model())) {
+        apply(session_->recordMove(*move));
     }
     showDragCursor();
     redrawStale();
 }
 
 bool TMDIChild::cancelDrag() {
-    if (!model_ || !planes_.cancelDrag(*model_)) {
+    if (!session_ || !planes_.cancelDrag(session_->model())) {
         return false;
     }
     showDragCursor();
     redrawStale();
     return true;
-}
-
-void TMDIChild::setStatus(QString& text, const QString& value) {
-    if (text != value) {
-        text = value;
-        Q_EMIT statusChanged();
-    }
 }
 
 void TMDIChild::XYWinMouseDown(const DragInput& input) {

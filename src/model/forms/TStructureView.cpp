@@ -1,7 +1,5 @@
 #include "model/forms/TStructureView.h"
 
-#include "model/records/FrameWalk.h"
-
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -14,26 +12,6 @@
 namespace korvane {
 
 namespace {
-
-constexpr std::int32_t noNode = -1;
-constexpr std::int32_t topLevel = -1;
-
-const StructureNode& nodeAt(const StructureTree& tree, std::int32_t node) {
-    return tree.nodes()[static_cast<std::size_t>(node)];
-}
-
-/// The child of a kind; of those with a number that of the number, else the last one.
-std::int32_t childOfKind(const StructureTree& tree, std::int32_t parent, NodeKind kind,
-                         std::int32_t item = 0) {
-    std::int32_t found = noNode;
-    for (const std::int32_t child : tree.children(parent)) {
-        const StructureNode& node = nodeAt(tree, child);
-        if (node.kind == kind && node.item <= item) {
-            found = child;
-        }
-    }
-    return found;
-}
 
 /// Greys the rows of what the views leave out.
 class HiddenRows : public QStyledItemDelegate {
@@ -50,122 +28,83 @@ class HiddenRows : public QStyledItemDelegate {
     }
 };
 
-/// The node of each frame in pre-order, before the snapshot of the tree is taken anew; no node for
-/// frames that are new.
-std::vector<std::int32_t> nodesOfFrames(ModelDocument& document) {
-    std::vector<std::int32_t> nodes;
-    for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
-        nodes.push_back(walk.frame().TreeNode);
-    }
-    return nodes;
-}
-
 } // namespace
 
-TStructureView::TStructureView(QTreeView& view) : view_(view) {
+TStructureView::TStructureView(QTreeView& view, StructureTreeModel& model)
+    : view_(view), model_(model) {
     view_.setModel(&model_);
     view_.setItemDelegate(new HiddenRows(&view_));
     // 0: only the rows in sight are measured
     view_.header()->setResizeContentsPrecision(0);
+    // behind those of the view, which have forgotten all when the other tree is there
+    connect(&model_, &QAbstractItemModel::modelAboutToBeReset, this, &TStructureView::remember);
+    connect(&model_, &QAbstractItemModel::modelReset, this, &TStructureView::restore);
     fitSoon_.setSingleShot(true);
     fitSoon_.setInterval(0);
     const auto fitSoon = [this] { fitSoon_.start(); };
     // later: measuring lays the view out, which must not happen for each of many nodes
-    QObject::connect(&view_, &QTreeView::expanded, &fitSoon_, fitSoon);
-    QObject::connect(&view_, &QTreeView::collapsed, &fitSoon_, fitSoon);
-    QObject::connect(view_.verticalScrollBar(), &QScrollBar::valueChanged, &fitSoon_, fitSoon);
-    QObject::connect(&fitSoon_, &QTimer::timeout, &fitSoon_, [this] { fitColumn(); });
+    connect(&view_, &QTreeView::expanded, &fitSoon_, fitSoon);
+    connect(&view_, &QTreeView::collapsed, &fitSoon_, fitSoon);
+    connect(view_.verticalScrollBar(), &QScrollBar::valueChanged, &fitSoon_, fitSoon);
+    connect(&fitSoon_, &QTimer::timeout, &fitSoon_, [this] { fitColumn(); });
 }
 
 TStructureView::~TStructureView() {
     view_.setModel(nullptr);
 }
 
-void TStructureView::rebuild(ModelDocument& document) {
-    const StructureTree& shown = model_.tree();
-    std::vector<bool> expanded(shown.nodes().size());
-    for (std::size_t node = 0; node < expanded.size(); ++node) {
-        expanded[node] = view_.isExpanded(model_.indexOf(static_cast<std::int32_t>(node)));
+void TStructureView::remember() {
+    before_ = model_.tree();
+    expanded_.assign(before_.nodes().size(), false);
+    for (std::size_t node = 0; node < expanded_.size(); ++node) {
+        expanded_[node] = view_.isExpanded(model_.indexOf(static_cast<std::int32_t>(node)));
     }
-    const int scroll = view_.verticalScrollBar()->value();
-    const std::vector<std::int32_t> frameNodes = nodesOfFrames(document);
-    const StructureTree before = shown;
-    model_.setTree(StructureTree(document));
+    scroll_ = view_.verticalScrollBar()->value();
+}
+
+void TStructureView::restore() {
     {
         const QSignalBlocker silent(view_);
-        expandAgain(expanded, before, frameNodes);
+        expandAgain();
     }
+    before_ = StructureTree();
+    expanded_.clear();
     view_.doItemsLayout();
-    view_.verticalScrollBar()->setValue(scroll);
+    view_.verticalScrollBar()->setValue(scroll_);
     fitColumn();
 }
 
-void TStructureView::expandAgain(const std::vector<bool>& expanded, const StructureTree& before,
-                                 const std::vector<std::int32_t>& frameNodes) {
+void TStructureView::expandAgain() {
+    constexpr std::int32_t noNode = -1;
+    constexpr std::int32_t topLevel = -1;
     const StructureTree& tree = model_.tree();
     const auto follow = [&](std::int32_t from, std::int32_t to) {
-        if (from != noNode && to != noNode && expanded[static_cast<std::size_t>(from)]) {
+        if (from != noNode && to != noNode && expanded_[static_cast<std::size_t>(from)]) {
             view_.expand(model_.indexOf(to));
         }
     };
-    auto frame = frameNodes.begin();
     for (std::size_t i = 0; i < tree.nodes().size(); ++i) {
-        if (tree.nodes()[i].kind != NodeKind::Frame) {
-            continue;
+        const std::int32_t then = tree.nodes()[i].previous;
+        if (then < 0 || static_cast<std::size_t>(then) >= expanded_.size()) {
+            continue; // no frame, or a new one
         }
         const auto now = static_cast<std::int32_t>(i);
-        const std::int32_t then = *frame++;
-        if (then < 0 || static_cast<std::size_t>(then) >= expanded.size()) {
-            continue;
-        }
         follow(then, now);
-        const std::int32_t mesh = childOfKind(tree, now, NodeKind::Mesh);
-        const std::int32_t meshThen = childOfKind(before, then, NodeKind::Mesh);
+        const std::int32_t mesh = tree.childOfKind(now, NodeKind::Mesh);
+        const std::int32_t meshThen = before_.childOfKind(then, NodeKind::Mesh);
         if (mesh != noNode && meshThen != noNode) {
             follow(meshThen, mesh);
-            follow(childOfKind(before, meshThen, NodeKind::MeshMaterialList),
-                   childOfKind(tree, mesh, NodeKind::MeshMaterialList));
+            follow(before_.childOfKind(meshThen, NodeKind::MeshMaterialList),
+                   tree.childOfKind(mesh, NodeKind::MeshMaterialList));
         }
     }
-    follow(childOfKind(before, topLevel, NodeKind::MaterialTable),
-           childOfKind(tree, topLevel, NodeKind::MaterialTable));
-}
-
-std::int32_t TStructureView::nodeOf(const NodeData& data) const {
-    const StructureTree& tree = model_.tree();
-    if (!data.Frame) {
-        const std::int32_t table = childOfKind(tree, topLevel, NodeKind::MaterialTable);
-        const std::int32_t entry =
-            data.NodeKind == NodeKind::TableMaterial
-                ? childOfKind(tree, table, NodeKind::TableMaterial, data.ItemIndex)
-                : noNode;
-        return std::max(table, entry);
-    }
-    std::int32_t node = 0;
-    for (const std::int32_t number : data.Frame->childNumbers()) {
-        const std::int32_t child = childOfKind(tree, node, NodeKind::Frame, number);
-        if (child == noNode || nodeAt(tree, child).item != number) {
-            return 0;
-        }
-        node = child;
-    }
-    // the nodes of a mesh stand one below the other: go as far down as asked for and possible
-    const std::pair<NodeKind, bool> below[] = {
-        {NodeKind::Mesh, data.NodeKind != NodeKind::Frame},
-        {NodeKind::MeshNormals, data.NodeKind == NodeKind::MeshNormals},
-        {NodeKind::MeshMaterialList,
-         data.NodeKind == NodeKind::MeshMaterialList || data.NodeKind == NodeKind::MaterialSlot},
-        {NodeKind::MaterialSlot, data.NodeKind == NodeKind::MaterialSlot}};
-    for (const auto& [kind, wanted] : below) {
-        const std::int32_t child = wanted ? childOfKind(tree, node, kind, data.ItemIndex) : noNode;
-        node = child != noNode ? child : node;
-    }
-    return node;
+    follow(before_.childOfKind(topLevel, NodeKind::MaterialTable),
+           tree.childOfKind(topLevel, NodeKind::MaterialTable));
 }
 
 void TStructureView::select(const NodeData& data) {
     view_.setAutoScroll(false);
-    view_.setCurrentIndex(model_.indexOf(nodeOf(data)));
+    view_.setCurrentIndex(model_.indexOf(model_.tree().nearestNode(data)));
     view_.setAutoScroll(true);
 }
 

@@ -12,19 +12,14 @@
 namespace korvane {
 
 /// Shows the structure of a document in a tree view. What is expanded and how far the view is
-/// scrolled stays from one snapshot of the model to the next, wherever the frames have moved.
-class TStructureView {
+/// scrolled stays from one tree of the model to the next, wherever the frames have moved.
+class TStructureView : public QObject {
+    Q_OBJECT
   public:
-    /// The view must outlive this object.
-    explicit TStructureView(QTreeView& view);
-    ~TStructureView();
-    TStructureView(const TStructureView&) = delete;
-    TStructureView& operator=(const TStructureView&) = delete;
+    /// View and model must outlive this object.
+    TStructureView(QTreeView& view, StructureTreeModel& model);
+    ~TStructureView() override;
 
-    /// Shows the document as it is now, with nothing selected.
-    void rebuild(ModelDocument& document);
-    /// Greys a frame of the document shown, and its mesh, as far as they are hidden.
-    void markHidden(const FrameRecord& frame) { model_.markHidden(frame); }
     /// Selects the node that stands for the same thing; of a slot or material that is gone the last
     /// one there is, else the node above it; the root at the worst. Does not scroll.
     void select(const NodeData& data);
@@ -34,15 +29,21 @@ class TStructureView {
     [[nodiscard]] NodeData nodeData(const QModelIndex& index) const;
 
   private:
+    /// The model is about to have another tree.
+    void remember();
+    void restore();
+    void expandAgain();
     /// Makes room for the widest of the rows in sight.
     void fitColumn();
-    [[nodiscard]] std::int32_t nodeOf(const NodeData& data) const;
-    void expandAgain(const std::vector<bool>& expanded, const StructureTree& before,
-                     const std::vector<std::int32_t>& frameNodes);
 
     QTreeView& view_;
-    StructureTreeModel model_;
+    StructureTreeModel& model_;
     QTimer fitSoon_; ///< other rows have come into sight
+
+    // while the model changes its tree
+    StructureTree before_;
+    std::vector<bool> expanded_; ///< by node of that tree
+    int scroll_ = 0;
 };
 
 } // namespace korvane

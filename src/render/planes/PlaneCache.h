@@ -3,7 +3,7 @@
 #include "render/drags/ViewPlane.h"
 #include "render/picture/LineDrawing.h"
 #include "render/scene/DrawCache.h"
-#include "render/scene/MeshEdges.h"
+#include "render/planes/MeshEdges.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/scene/DepthOrder.h"
+#include "render/software/DepthOrder.h"
 #include "render/scene/DrawCache.h"
 #include "render/scene/DrawMaterials.h"
 #include "render/software/PolygonClipper.h"

@@ -1,6 +1,6 @@
 #include "render/software/PolygonFill.h"
 
-#include "render/scene/DepthOrder.h"
+#include "render/software/DepthOrder.h"
 #include "render/scene/ViewGeometry.h"
 #include "support/Scene.h"
 

@@ -1,4 +1,4 @@
-#include "render/scene/DepthOrder.h"
+#include "render/software/DepthOrder.h"
 
 #include <algorithm>
 #include <array>

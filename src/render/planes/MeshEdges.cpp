@@ -1,4 +1,4 @@
-#include "render/scene/MeshEdges.h"
+#include "render/planes/MeshEdges.h"
 
 #include "model/records/MeshRecord.h"
 

@@ -1,0 +1,338 @@
+#include "edit/session/DocumentSession.h"
+
+#include "edit/clipboard/ClipboardEdit.h"
+#include "edit/clipboard/ClipboardReader.h"
+#include "formats/files/ByteReader.h"
+#include "formats/files/FileNames.h"
+#include "formats/textures/TextureLoader.h"
+#include "formats/xsi/XsiWriter.h"
+#include "model/records/ModelText.h"
+
+#include <QFileInfo>
+
+#include <string>
+#include <utility>
+#include <variant>
+
+namespace korvane {
+
+namespace {
+
+/// The clipboard gives nothing, or only what does not fit: the words for the user.
+QString pasteRefusal(bool frameToFrame) {
+    return frameToFrame ? QStringLiteral("Frames cannot be nested any deeper.")
+                        : QStringLiteral("The clipboard gives nothing that can be pasted.");
+}
+
+QString folderOfModel(const ModelDocument& model) {
+    return QFileInfo(model.FileName).path();
+}
+
+} // namespace
+
+Changes& Changes::operator|=(const Changes& other) {
+    tree = tree || other.tree;
+    geometry = geometry || other.geometry;
+    selection = selection || other.selection;
+    title = title || other.title;
+    status = status || other.status;
+    return *this;
+}
+
+DocumentSession::DocumentSession()
+    // a loader for each texture: the files may have changed since the last one
+    : history_([this](const std::string& name) {
+          return TextureLoader(folderOfModel(model_)).load(name);
+      }) {
+    rebuildTree();
+}
+
+// Opening and saving
+
+Changes DocumentSession::setName(const QString& name) {
+    model_.FileName = name;
+    return {.title = true};
+}
+
+OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& progress) {
+    // events run while progress shows: nobody must find half a model
+    ModelDocument read;
+    UnseenTextures unseen;
+    OpenOutcome outcome;
+    outcome.status = FileOpenXSI(fileName, read, progress, &unseen);
+    if (outcome.status == ReadStatus::Cancelled) {
+        return outcome;
+    }
+    model_ = std::move(read);
+    outcome.changes = {.geometry = true, .title = true};
+    outcome.changes |= rebuildTree();
+    outcome.changes |= selectRoot();
+    if (outcome.status == ReadStatus::Done) {
+        outcome.changes |= setText(message_, openedText(model_, unseen));
+    }
+    return outcome;
+}
+
+SaveOutcome DocumentSession::save() {
+    SaveOutcome outcome;
+    if (modelFileKind(model_.FileName) != ModelFileKind::Xsi) {
+        outcome.result = SaveResult::NotWritten;
+    } else if (!SaveFileXSI(model_, model_.FileName)) {
+        outcome.result = SaveResult::Failed;
+    }
+    outcome.changes = setText(message_, savedText(model_, outcome.result));
+    model_.NeverSaved = false;
+    model_.Modified = false;
+    return outcome;
+}
+
+SaveOutcome DocumentSession::saveAs(const QString& name) {
+    const Changes named = setName(name);
+    SaveOutcome outcome = save();
+    outcome.changes |= named;
+    return outcome;
+}
+
+// Undo and redo, the clipboard
+
+Changes DocumentSession::undo() {
+    if (!canUndo()) {
+        return {};
+    }
+    const NodeData before = model_.Selected;
+    Changes changes = setText(message_, undoneText(history_.undoName()));
+    changes |= refreshed(history_.undo(model_), before);
+    return changes;
+}
+
+Changes DocumentSession::redo() {
+    if (!canRedo()) {
+        return {};
+    }
+    const NodeData before = model_.Selected;
+    Changes changes = setText(message_, redoneText(history_.redoName()));
+    changes |= refreshed(history_.redo(model_), before);
+    return changes;
+}
+
+Changes DocumentSession::refreshed(const RefreshFlags& flags, const NodeData& before) {
+    // the views mark the selection, so that they are out of date where that alone moved
+    Changes changes = {.geometry = true};
+    if (flags.rebuildTree) {
+        changes |= rebuildTree();
+    } else {
+        settleSelection();
+    }
+    changes.selection = !model_.Selected.isSameNode(before);
+    return changes;
+}
+
+bool DocumentSession::canCopy() const {
+    return acceptsEdits() && korvane::canCopy(model_.Selected.NodeKind);
+}
+
+bool DocumentSession::canPaste(ClipboardContent content) const {
+    return acceptsEdits() && korvane::canPaste(model_.Selected.NodeKind, content);
+}
+
+QByteArray DocumentSession::copy() const {
+    return acceptsEdits() ? copySelection(model_) : QByteArray();
+}
+
+PasteOutcome DocumentSession::paste(const QByteArray& block) {
+    if (!acceptsEdits()) {
+        return {};
+    }
+    std::optional<ClipboardItem> item = decodeBlock(bytesOf(block));
+    const bool frameToFrame = item && std::holds_alternative<CopiedFrame>(*item) &&
+                              model_.Selected.NodeKind == NodeKind::Frame;
+    TextureLoader textures(folderOfModel(model_));
+    const auto load = [&textures](const std::string& name) { return textures.load(name); };
+    if (!item || !pasteIntoSelection(model_, history_, std::move(*item), load)) {
+        return {pasteRefusal(frameToFrame), {}};
+    }
+    return {{}, structureEdited()};
+}
+
+// The selection and the structure
+
+Changes DocumentSession::select(const NodeData& node) {
+    const std::optional<FramePath> oldFrame = model_.Selected.Frame;
+    model_.Selected = model_.SelectionCopy = node;
+    Changes changes = {.selection = true};
+    if (node.Frame && node.Frame != oldFrame) {
+        model_.markSelection(*node.Frame);
+        changes.geometry = true;
+    }
+    return changes;
+}
+
+Changes DocumentSession::selectRoot() {
+    model_.selectFrame(FramePath());
+    settleSelection();
+    return {.selection = true};
+}
+
+void DocumentSession::settleSelection() {
+    if (model_.Selected.NodeKind != NodeKind::None) {
+        model_.Selected = tree_.tree().nodeData(tree_.tree().nearestNode(model_.Selected));
+    }
+    model_.SelectionCopy = model_.Selected;
+}
+
+Changes DocumentSession::rebuildTree() {
+    tree_.setTree(StructureTree(model_));
+    settleSelection();
+    Changes changes = setText(counts_, countsText(model_));
+    changes.tree = true;
+    return changes;
+}
+
+Changes DocumentSession::structureEdited() {
+    Changes changes = rebuildTree();
+    changes.geometry = true;
+    return changes;
+}
+
+Changes DocumentSession::add() {
+    const NodeData node = model_.Selected;
+    if (!acceptsEdits()) {
+        return {};
+    }
+    switch (node.NodeKind) {
+    case NodeKind::Frame:
+        history_.addFrame(model_, *node.Frame, "");
+        break;
+    case NodeKind::MeshMaterialList:
+    case NodeKind::MaterialSlot:
+        history_.addMeshMaterial(model_, *node.Frame);
+        break;
+    case NodeKind::MaterialTable:
+    case NodeKind::TableMaterial:
+        history_.addMaterial(model_);
+        break;
+    default:
+        return {};
+    }
+    return structureEdited();
+}
+
+Changes DocumentSession::remove() {
+    const NodeData node = model_.Selected;
+    if (!acceptsEdits()) {
+        return {};
+    }
+    switch (node.NodeKind) {
+    case NodeKind::Frame:
+        history_.deleteFrame(model_, *node.Frame);
+        break;
+    case NodeKind::MaterialSlot:
+        history_.removeSlot(model_, *node.Frame, node.ItemIndex);
+        break;
+    case NodeKind::TableMaterial:
+        history_.deleteMaterial(model_, static_cast<std::size_t>(node.ItemIndex));
+        break;
+    default:
+        return {};
+    }
+    return structureEdited();
+}
+
+// What dialogs bring back
+
+FrameRecord* DocumentSession::stillThere(const DialogSubject& subject) {
+    return model_.Revision == subject.revision ? frameAt(model_.Root, subject.frame) : nullptr;
+}
+
+std::optional<RenameQuestion> DocumentSession::renameQuestion() const {
+    const FrameRecord* frame = model_.selectedFrame();
+    if (frame == nullptr || !acceptsEdits()) {
+        return std::nullopt;
+    }
+    const FramePath& path = *model_.Selected.Frame;
+    return RenameQuestion{
+        {path, model_.Revision}, shownText(frame->Name), nameUse(*frame, path.depth() == 0)};
+}
+
+Changes DocumentSession::rename(const RenameQuestion& question, const QString& name) {
+    FrameRecord* frame = stillThere(question.subject);
+    if (frame == nullptr) {
+        return {};
+    }
+    // a name that is left alone keeps its bytes, whatever they show as
+    history_.renameFrame(model_, question.subject.frame,
+                         name == question.shown ? frame->Name : modelText(name));
+    return rebuildTree();
+}
+
+std::optional<OptionsQuestion> DocumentSession::optionsQuestion() const {
+    const FrameRecord* frame = model_.selectedFrame();
+    if (frame == nullptr || model_.Selected.NodeKind != NodeKind::Frame || !acceptsEdits()) {
+        return std::nullopt;
+    }
+    return OptionsQuestion{{*model_.Selected.Frame, model_.Revision}, frameFlags(*frame)};
+}
+
+void DocumentSession::writeFlags(DialogSubject& subject, const FrameFlags& flags) {
+    if (FrameRecord* frame = stillThere(subject)) {
+        setFrameFlags(*frame, flags);
+        subject.revision = ++model_.Revision;
+    }
+}
+
+Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSubject& subject,
+                                    bool confirmed) {
+    const FrameRecord* frame = stillThere(subject);
+    if (frame == nullptr || frameFlags(*frame) == asked.flags) {
+        return {};
+    }
+    if (confirmed) {
+        history_.frameOptions(model_, subject.frame, asked.flags);
+    }
+    // what was clicked before Cancel stays in the frame, without an entry; it has to show as well
+    return structureEdited();
+}
+
+Changes DocumentSession::materialsEdited(bool slotsChanged) {
+    Changes changes = slotsChanged ? rebuildTree() : Changes();
+    changes.geometry = true;
+    return changes;
+}
+
+void DocumentSession::setVisible(bool frame, bool mesh) {
+    if (FrameRecord* selected = model_.selectedFrame()) {
+        selected->ViewFlags[0] = frame;
+        selected->ViewFlags[2] = mesh;
+        tree_.markHidden(*selected);
+        // the pictures follow at the next mouse event
+        model_.RedrawAll = model_.Changed = true;
+    }
+}
+
+Changes DocumentSession::recordMove(const FrameMove& move) {
+    history_.moveFrame(model_, move.frame, move.before, move.after);
+    return clearMessage();
+}
+
+// The status bar
+
+const QString& DocumentSession::statusText() const {
+    const QString& rest = message_.isEmpty() ? counts_ : message_;
+    return pointerText_.isEmpty() ? rest : pointerText_;
+}
+
+Changes DocumentSession::setText(QString& text, const QString& value) {
+    const bool changes = text != value;
+    text = value;
+    return {.status = changes};
+}
+
+Changes DocumentSession::setPointerText(const QString& text) {
+    return setText(pointerText_, text);
+}
+
+Changes DocumentSession::clearMessage() {
+    return setText(message_, {});
+}
+
+} // namespace korvane
