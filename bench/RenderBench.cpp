@@ -146,7 +146,7 @@ void DrawPlainLines(benchmark::State& state) {
     DrawList list;
     list.rebuild(document.Root);
     for (const DrawItem& item : list.items()) {
-        PlaneCache& cache = planeCache(*item.frame);
+        PlaneCache& cache = planeCache(drawCache(*item.frame));
         for (const MeshEdge& edge : cache.edges(item.frame->Mesh)) {
             const auto& points = cache.points(ViewPlane::XY);
             if (!points.empty()) {

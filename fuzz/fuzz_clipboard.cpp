@@ -1,5 +1,6 @@
 #include "edit/clipboard/ClipboardEdit.h"
 #include "edit/clipboard/ClipboardReader.h"
+#include "edit/clipboard/ClipboardWriter.h"
 #include "formats/xsi/XsiWriter.h"
 #include "model/document/StructureTree.h"
 #include "render/software/SoftwareView.h"

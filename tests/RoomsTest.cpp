@@ -16,8 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder of the source. It uses itself and those above it in the table, but not the ones named
-/// behind it.
+/// A folder of the source. It uses itself and the rooms above it in the table, without those in
+/// `notUsed`.
 struct Room {
     std::string_view name;
     std::string_view notUsed = {};
@@ -71,12 +71,22 @@ std::vector<std::string> includesOf(const std::string& text) {
         }
     };
     collect("#include", '"', '"');
+    collect("#include", '<', '>');
     collect("<header", '>', '<');
     return found;
 }
 
-bool isGenerated(const std::string& file) {
-    return file.starts_with("ui_") || file.ends_with(".moc");
+/// Whether an include is one of ours: made by the build, or of a folder that the table knows.
+enum class Origin { Ours, Generated, Other };
+Origin originOf(const std::string& include) {
+    if (include.empty() || include.starts_with("ui_") || include.ends_with(".moc")) {
+        return Origin::Generated;
+    }
+    const std::string top = fs::path(include).begin()->string();
+    const bool known = std::any_of(rooms.begin(), rooms.end(), [&](const Room& room) {
+        return fs::path(room.name).begin()->string() == top;
+    });
+    return known ? Origin::Ours : Origin::Other;
 }
 
 /// What is wrong with the includes of a file, one line each.
@@ -88,8 +98,12 @@ std::vector<std::string> faultsOf(const std::string& file, const std::string& te
     std::vector<std::string> faults;
     for (const std::string& include : includesOf(text)) {
         const auto used = roomOf(include);
-        if (!isGenerated(include) &&
-            (used > room || room->notUsed.find(used->name) != std::string_view::npos)) {
+        const Origin origin = originOf(include);
+        // what has no folder and comes with no library is ours as well, but lies nowhere
+        const bool stray =
+            origin == Origin::Other && text.find('"' + include + '"') != std::string::npos;
+        const bool wrong = used > room || room->notUsed.find(used->name) != std::string_view::npos;
+        if (stray || (origin == Origin::Ours && wrong)) {
             faults.emplace_back(file).append(" must not include ").append(include);
         }
     }
@@ -106,7 +120,11 @@ TEST(Rooms, UseOnlyRoomsAboveThem) {
     std::size_t files = 0;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(source)) {
         const std::string extension = entry.path().extension().string();
-        if (extension == ".h" || extension == ".cpp" || extension == ".ui") {
+        const bool isCode = extension == ".h" || extension == ".cpp" || extension == ".ui";
+        EXPECT_TRUE(isCode || entry.is_directory() || extension == ".qrc" || extension == ".svg" ||
+                    extension == ".txt")
+            << entry.path() << " is read by no test";
+        if (isCode) {
             ++files;
             const std::string name = entry.path().lexically_relative(source).generic_string();
             for (const std::string& fault : faultsOf(name, contentOf(entry.path()))) {
@@ -115,6 +133,17 @@ TEST(Rooms, UseOnlyRoomsAboveThem) {
         }
     }
     EXPECT_GT(files, 200U);
+}
+
+TEST(Rooms, TestsStandInFoldersOfTheSameNames) {
+    const fs::path tests = KORVANE_TESTS;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(tests)) {
+        const std::string name = entry.path().lexically_relative(tests).generic_string();
+        if (entry.path().extension() == ".cpp" && !name.starts_with("support/") &&
+            name != "RoomsTest.cpp") {
+            EXPECT_NE(roomOf(name), rooms.end()) << name << " is built by no target";
+        }
+    }
 }
 
 TEST(Rooms, AWrongIncludeIsFound) {
@@ -130,6 +159,8 @@ TEST(Rooms, AWrongIncludeIsFound) {
         {"render/scene/A.h", "#include \"render/software/B.h\"", true},
         {"model/records/A.h", "\n#include <vector>\n#include \"render/scene/B.h\"\n", true},
         {"model/records/A.h", "#include \"render/picture/B.h\"", true},
+        {"model/records/A.h", "#include <render/scene/B.h>", true},
+        {"model/records/A.h", "#include <GL/gl.h>", false},
         {"render/gl/A.cpp", "#include \"render/software/B.h\"", true},
         {"render/forms/A.ui", "<class>B</class><header>model/forms/B.h</header>", true},
         {"render/forms/A.ui", "<header location=\"local\">model/forms/B.h</header>", true},

@@ -50,7 +50,7 @@ inline void mirrorMeshes(FrameRecord& frame) {
     for (const std::size_t element : {0U, 1U, 2U, 3U}) {
         frame.Matrix[element] = -frame.Matrix[element];
     }
-    mesh.Revision.shapeChanged();
+    mesh.ListRevision.shapeChanged();
     for (FrameRecord& child : frame.Children) {
         mirrorMeshes(child);
     }

@@ -11,7 +11,7 @@ namespace korvane::test {
 inline void addFace(MeshRecord& mesh, std::initializer_list<std::uint32_t> corners) {
     const std::vector<std::uint32_t> list(corners);
     mesh.Faces.push_back(list);
-    mesh.Revision.shapeChanged();
+    mesh.ListRevision.shapeChanged();
 }
 
 /// A square of the given half side across the z axis, facing +z, as a new face of the mesh with the

@@ -2,11 +2,11 @@
 
 #include "app/shell/EditorForms.h"
 #include "app/shell/MdiArrange.h"
+#include "app/shell/ToolButtons.h"
 #include "app/widgets/DialogStart.h"
 #include "app/widgets/MenuLetters.h"
 #include "app/widgets/ModalCall.h"
 #include "app/widgets/PaletteIcon.h"
-#include "app/widgets/ToolButtons.h"
 #include "formats/files/FileNames.h"
 #include "model/document/ModelDocument.h"
 #include "model/forms/TMDIChild.h"

@@ -28,7 +28,7 @@ class DragFilter : public QObject {
         std::function<void(const DragInput&, float)> wheel = {};
     };
 
-    /// Has to go before what its handlers use, and lasts no longer than the control.
+    /// Destroy it before anything that its handlers use. The control must outlive it.
     DragFilter(QWidget& control, Handlers handlers);
 
   protected:

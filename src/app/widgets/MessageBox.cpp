@@ -1,7 +1,7 @@
 #include "app/widgets/MessageBox.h"
 
 #include "app/widgets/ModalCall.h"
-#include "app/widgets/WindowTitle.h"
+#include "app/widgets/WidgetText.h"
 
 #include <QGridLayout>
 

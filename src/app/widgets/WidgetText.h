@@ -2,6 +2,7 @@
 
 #include <QSize>
 #include <QString>
+#include <QWidget>
 
 namespace korvane {
 
@@ -32,6 +33,12 @@ inline QString captionOf(QString text) {
 /// The size of a picture in pixels.
 inline QString sizeText(QSize size) {
     return QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height());
+}
+
+/// How wide a window has to be to show all of its title, beside the buttons of its frame.
+inline int widthForTitle(const QWidget& window, const QString& title) {
+    constexpr int buttons = 140;
+    return window.fontMetrics().horizontalAdvance(title) * 5 / 4 + buttons; // often bold
 }
 
 } // namespace korvane

@@ -1,5 +1,6 @@
 #include "edit/clipboard/ClipboardWriter.h"
 
+#include "edit/clipboard/ClipboardBlock.h"
 #include "edit/clipboard/ClipboardLayout.h"
 #include "model/records/FrameWalk.h"
 

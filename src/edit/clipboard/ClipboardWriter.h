@@ -1,6 +1,7 @@
 #pragma once
 
-#include "edit/clipboard/ClipboardBlock.h"
+#include "model/records/FrameRecord.h"
+#include "model/records/MaterialRecord.h"
 
 #include <QByteArray>
 

@@ -2,7 +2,8 @@
 
 #include "edit/history/EditHistory.h"
 #include "edit/materials/FaceTreeModel.h"
-#include "edit/materials/PendingScalarEdit.h"
+#include "edit/materials/PendingOpacity.h"
+#include "edit/materials/PendingShininess.h"
 #include "edit/materials/TexCoordDrag.h"
 #include "edit/materials/TexCoordView.h"
 #include "model/document/ModelDocument.h"
@@ -14,8 +15,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-
-class QMouseEvent;
 
 namespace korvane {
 

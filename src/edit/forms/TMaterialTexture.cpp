@@ -13,7 +13,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QMouseEvent>
 
 #include <utility>
 
@@ -255,7 +254,7 @@ void TMaterial::MaterialPTMove(const DragInput& input) {
 }
 
 void TMaterial::texCoordsChanged() {
-    mesh().Revision.surfaceChanged();
+    mesh().ListRevision.surfaceChanged();
     DrawTexTri();
     documentChanged();
 }

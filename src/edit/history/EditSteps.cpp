@@ -63,7 +63,7 @@ void stepTexCoords(EditStep& step) {
             coordinates[number] = (*values)[i];
         }
     }
-    step.frame->Mesh.Revision.surfaceChanged();
+    step.frame->Mesh.ListRevision.surfaceChanged();
 }
 
 /// A face without a slot of its own gets one, and so do those before it: the last slot, which they
@@ -82,7 +82,7 @@ void stepFaceSlot(EditStep& step) {
     if (slot != nullptr && face < slots.size()) {
         slots[face] = *slot;
     }
-    step.frame->Mesh.Revision.surfaceChanged();
+    step.frame->Mesh.ListRevision.surfaceChanged();
 }
 
 void stepMoveFrame(EditStep& step) {

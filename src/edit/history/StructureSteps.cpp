@@ -19,7 +19,7 @@ auto at(std::vector<Element>& list, std::size_t place) {
 /// slot 0 stays there, also when it is slot 0 that goes. Gives the faces moved.
 std::vector<std::int32_t> takeSlot(FrameRecord& frame, std::size_t slot) {
     MeshRecord& mesh = frame.Mesh;
-    mesh.Revision.surfaceChanged();
+    mesh.ListRevision.surfaceChanged();
     mesh.MaterialSlotList.erase(at(mesh.MaterialSlotList, slot));
     std::vector<std::int32_t> faces;
     for (std::size_t face = 0; face < mesh.FaceSlotIndex.size(); ++face) {
@@ -35,7 +35,7 @@ std::vector<std::int32_t> takeSlot(FrameRecord& frame, std::size_t slot) {
 void putSlotBack(FrameRecord& frame, std::size_t slot, std::int32_t material,
                  std::span<const std::int32_t> faces) {
     MeshRecord& mesh = frame.Mesh;
-    mesh.Revision.surfaceChanged();
+    mesh.ListRevision.surfaceChanged();
     mesh.MaterialSlotList.insert(at(mesh.MaterialSlotList, slot), material);
     for (const std::int32_t face : faces) {
         if (static_cast<std::size_t>(face) < mesh.FaceSlotIndex.size()) {
@@ -172,7 +172,7 @@ void putMaterialBack(EditStep& step, std::int32_t material) {
 void stepAppendSlot(EditStep& step) {
     std::vector<std::int32_t>& slots = step.frame->Mesh.MaterialSlotList;
     const auto* material = std::get_if<std::int32_t>(&step.action.after);
-    step.frame->Mesh.Revision.surfaceChanged(); // faces without an entry have the last slot
+    step.frame->Mesh.ListRevision.surfaceChanged(); // faces without an entry have the last slot
     if (step.forward && material != nullptr) {
         slots.push_back(*material);
     } else if (!step.forward && !slots.empty()) {
@@ -250,7 +250,7 @@ void stepPasteMeshMaterials(EditStep& step) {
     const auto count = static_cast<std::size_t>(numbers[0]);
     const auto firstSlot = static_cast<std::size_t>(numbers[2]);
     moveMaterials(step, static_cast<std::size_t>(numbers[1]), count);
-    step.frame->Mesh.Revision.surfaceChanged();
+    step.frame->Mesh.ListRevision.surfaceChanged();
     std::vector<std::int32_t>& slots = step.frame->Mesh.MaterialSlotList;
     for (std::size_t i = 0; step.forward && i < count; ++i) {
         slots.insert(at(slots, firstSlot + i), numbers[1] + count32(i));

@@ -2,7 +2,7 @@
 
 #include "edit/materials/FacePart.h"
 #include "edit/materials/TexCoordView.h"
-#include "render/drags/OrbitDrag.h"
+#include "render/drags/DragInput.h"
 
 #include <cstdint>
 #include <vector>

@@ -2,6 +2,9 @@
 
 #include "formats/text/TextScanner.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 

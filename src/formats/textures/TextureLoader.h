@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formats/textures/DecoderLimits.h"
+#include "formats/textures/Decoding.h"
 #include "model/records/TextureImage.h"
 
 #include <QHash>

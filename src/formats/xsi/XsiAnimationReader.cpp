@@ -2,6 +2,7 @@
 
 #include "model/records/AnimationKeyRecord.h"
 #include "model/records/FrameWalk.h"
+#include "model/records/PolygonList.h"
 
 #include <algorithm>
 #include <cstdint>

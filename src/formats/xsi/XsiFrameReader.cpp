@@ -52,7 +52,7 @@ void XsiFrameReader::readBody(FrameRecord& frame, const FrameDeclaration& declar
     frame.Mesh.Faces.clear();
     frame.Children.clear();
     frame.Mesh.Vertices.clear();
-    frame.Mesh.Revision.shapeChanged();
+    frame.Mesh.ListRevision.shapeChanged();
     frame.Emissive = declaration.emissive;
     frame.RenderBackwards = declaration.renderBackwards;
     frame.KV2Animated = declaration.kv2Animated;

@@ -1,6 +1,7 @@
 #include "formats/xsi/XsiMaterialReader.h"
 
 #include "model/records/Color.h"
+#include "model/records/PolygonList.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -48,15 +48,15 @@ struct ModelDocument {
     /// The mouse is changing the document: nothing else may, not even undo, until it is done.
     bool DragRunning = false;
 
-    // The traversal of the document's own cursor, under published names; see RenderCursor. The
-    // program itself walks trees with FrameWalk.
+    // The traversal of the document's own cursor, kept for callers outside the program, which
+    // itself walks trees with FrameWalk; see RenderCursor.
     void ResetRenderList() { Cursor.ResetRenderList(); }
     bool IncRenderList() { return Cursor.IncRenderList(Root); }
     FrameRecord* GetFramePtr() { return Cursor.GetFramePtr(Root); }
     FrameRecord* GetParentPtr() { return Cursor.GetParentPtr(Root); }
     [[nodiscard]] Matrix4 GetFrameMatrix() const { return Cursor.GetFrameMatrix(Root); }
 
-    /// Published with the traversal. Moves the cursor on to the frame (it stands on the frame's
+    /// Kept with the traversal. Moves the cursor on to the frame (it stands on the frame's
     /// parent, or on the frame before it in pre-order) and computes the frame's data that files do
     /// not hold.
     void Nonfiledata(FrameRecord& frame);

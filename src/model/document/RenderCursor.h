@@ -11,7 +11,8 @@ namespace korvane {
 
 /// A position in the pre-order walk of a frame tree, kept as numbers only, so that it stays safe
 /// across edits. A walk is ResetRenderList() and then IncRenderList() until it returns false; the
-/// root itself is visited before the first call. Use FrameWalk to visit a whole tree at once.
+/// root itself is visited before the first call. It is kept for callers outside the program, which
+/// itself visits trees with FrameWalk.
 struct RenderCursor {
     std::int32_t CursorDepth = 0;
     /// Slot d holds how many children of the frame at depth d have been entered; the slots 0 to

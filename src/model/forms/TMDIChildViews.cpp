@@ -54,7 +54,7 @@ void TMDIChild::setUpViews() {
                               .wheel = [this, plane = image.plane](
                                            const DragInput& place,
                                            float notches) { planeWheel(plane, place, notches); }}));
-        // behind the filter, and so before it: some presses start nothing
+        // the filter installed last runs first: presses that start nothing never reach the drag
         image.image->installEventFilter(this);
         image.image->setEdged(true);
         layOver(*image.label);

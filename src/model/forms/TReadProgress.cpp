@@ -1,7 +1,7 @@
 #include "model/forms/TReadProgress.h"
 
 #include "app/widgets/ModalCall.h"
-#include "app/widgets/WindowTitle.h"
+#include "app/widgets/WidgetText.h"
 
 #include <QCoreApplication>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "model/forms/TframeF.h"
 
 #include "app/widgets/ModalCall.h"
-#include "app/widgets/WindowTitle.h"
+#include "app/widgets/WidgetText.h"
 #include "ui_TframeF.h"
 
 #include <utility>

@@ -16,12 +16,17 @@ void setFrameFlags(FrameRecord& frame, const FrameFlags& flags) {
     frame.KV2Animated = flags.KV2Animated;
     frame.GFlag = flags.GFlag;
     frame.HasMesh = flags.HasMesh;
+    if (frame.Mesh.HasNormals != flags.HasNormals) {
+        frame.Mesh.ListRevision.shapeChanged();
+    } else if (frame.Mesh.HasMaterials != flags.HasMaterials ||
+               frame.Mesh.HasTexCoords != flags.HasTexCoords) {
+        frame.Mesh.ListRevision.surfaceChanged();
+    }
     frame.Mesh.HasMaterials = flags.HasMaterials;
     frame.Mesh.HasNormals = flags.HasNormals;
     frame.Mesh.HasTexCoords = flags.HasTexCoords;
     frame.Mesh.HasVertexColors = flags.HasVertexColors;
     frame.HasAnimation = flags.HasAnimation;
-    frame.Mesh.Revision.shapeChanged();
 }
 
 } // namespace korvane

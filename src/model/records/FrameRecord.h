@@ -34,10 +34,10 @@ struct FrameRecord {
     std::vector<FrameRecord> Children;
 
     bool HasMesh = false; ///< when clear the mesh lists are ignored
-    Vec3 BoundMin;        ///< computed by Nonfiledata, in no file
-    Vec3 BoundMax;        ///< computed by Nonfiledata, in no file
+    Vec3 BoundMin;        ///< computed when the model is read, in no file
+    Vec3 BoundMax;        ///< computed when the model is read, in no file
     std::int32_t PathDepth = 0;
-    FramePath Path;             ///< computed by Nonfiledata, in no file
+    FramePath Path;             ///< computed when the model is read, in no file
     std::int32_t TreeNode = -1; ///< the frame's node in the structure tree, -1 before it is built
     korvane::SelectState SelectState = korvane::SelectState::Other;
     /// The views draw a frame only when the first and the third are both set.

@@ -37,7 +37,7 @@ struct MeshRecord {
     PolygonList VertexColorFaces; ///< runs parallel to Faces; corners index VertexColors
 
     /// Whoever changes a list or a flag of a mesh that a view may have drawn tells it.
-    MeshRevision Revision;
+    MeshRevision ListRevision;
 
     bool operator==(const MeshRecord&) const = default;
 };

@@ -33,9 +33,9 @@ class MeshRevision {
     /// The number of the state of all lists.
     [[nodiscard]] std::uint64_t any() const { return any_; }
 
-    /// Vertices, faces or normals have changed.
+    /// Vertices, faces or normals have changed, or whether the normals count.
     void shapeChanged() noexcept { shape_ = any_ = next(); }
-    /// Texture coordinates or the slots of faces have changed.
+    /// Texture coordinates or the slots of faces have changed, or whether they count.
     void surfaceChanged() noexcept { any_ = next(); }
 
   private:

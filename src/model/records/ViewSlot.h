@@ -31,7 +31,8 @@ class ViewSlot {
     ~ViewSlot() = default;
     bool operator==(const ViewSlot& /*unused*/) const { return true; }
 
-    /// The data in the slot, made where there is none of that type.
+    /// The data in the slot, made where there is none. One slot is used for one type: data of
+    /// another one would go.
     template <class Data>
     Data& get() {
         auto* kept = dynamic_cast<Data*>(data_.get());

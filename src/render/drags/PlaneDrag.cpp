@@ -80,7 +80,7 @@ void PlaneDrag::pressLeft(const DragInput& input, const PlaneMapping& mapping,
     start_ = input;
     startPan_ = document.PanVector;
     startCentre_ = document.CameraCenter;
-    const FoundFrame found = findSelectedFrame(document.Root);
+    const SelectedFrame found = findSelectedFrame(document.Root);
     frame_ = found.path;
     frameMatrix_ = found.frame->Matrix;
     frameOrigin_ = toPlane(mapping.plane, VectorMatrix({}, found.world));

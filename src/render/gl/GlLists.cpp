@@ -5,9 +5,9 @@
 
 namespace korvane {
 
-bool GlLists::draw(FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
-                   std::vector<GlMaterial> materials) {
-    Mesh& mesh = meshes_[frame.Mesh.Revision.any()];
+bool GlLists::draw(const FrameRecord& frame, const DrawCache& cache, GlShape shape,
+                   const DrawMaterials& slots, std::vector<GlMaterial> materials) {
+    Mesh& mesh = meshes_[frame.Mesh.ListRevision.any()];
     mesh.used = true;
     Shape& known = mesh.shapes[static_cast<std::size_t>(shape)];
     if (known.materials != materials) {
@@ -24,18 +24,18 @@ bool GlLists::draw(FrameRecord& frame, GlShape shape, const DrawMaterials& slots
     }
     if (known.list == 0) {
         known.draws += std::exchange(known.drawn, true) ? 0 : 1;
-        emitMesh(frame, shape, slots, known.materials);
+        emitMesh(frame, cache, shape, slots, known.materials);
         return false;
     }
     glNewList(known.list, GL_COMPILE);
-    emitMesh(frame, shape, slots, known.materials);
+    emitMesh(frame, cache, shape, slots, known.materials);
     glEndList();
     glCallList(known.list);
     return true;
 }
 
 void GlLists::keep(const FrameRecord& frame) {
-    if (const auto found = meshes_.find(frame.Mesh.Revision.any()); found != meshes_.end()) {
+    if (const auto found = meshes_.find(frame.Mesh.ListRevision.any()); found != meshes_.end()) {
         found->second.used = true;
     }
 }

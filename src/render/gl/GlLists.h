@@ -17,9 +17,9 @@ class GlLists {
     /// How often a mesh is drawn directly before it is recorded.
     static constexpr int drawsBeforeRecording = 3;
 
-    /// Draws the shape of a frame's mesh, see emitMesh. Gives whether it was recorded by the way.
-    bool draw(FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
-              std::vector<GlMaterial> materials);
+    /// Draws the shape of a frame's mesh, see emitMesh. Returns true if this call recorded a list.
+    bool draw(const FrameRecord& frame, const DrawCache& cache, GlShape shape,
+              const DrawMaterials& slots, std::vector<GlMaterial> materials);
     /// Keeps what is recorded of a frame's mesh although it was not drawn.
     void keep(const FrameRecord& frame);
     /// Frees what was recorded of meshes neither drawn nor kept since the last sweep.

@@ -36,8 +36,8 @@ void bindTexture(std::uint32_t texture) {
 /// Emits the faces of one mesh as triangle fans.
 class FanEmitter {
   public:
-    explicit FanEmitter(FrameRecord& frame)
-        : mesh_(frame.Mesh), cornersHaveNormals_(drawCache(frame).WorldCache3.empty()) {}
+    FanEmitter(const FrameRecord& frame, const DrawCache& cache)
+        : mesh_(frame.Mesh), cornersHaveNormals_(cache.WorldCache3.empty()) {}
 
     void emit(std::size_t face, const GlMaterial& material, bool& textureOn) const {
         const auto corners = mesh_.Faces[face];
@@ -82,8 +82,8 @@ class FanEmitter {
     bool cornersHaveNormals_;
 };
 
-void emitFaces(FrameRecord& frame, bool translucent, const DrawMaterials& slots,
-               const std::vector<GlMaterial>& materials) {
+void emitFaces(const FrameRecord& frame, const DrawCache& cache, bool translucent,
+               const DrawMaterials& slots, const std::vector<GlMaterial>& materials) {
     const MeshRecord& mesh = frame.Mesh;
     // the faces by slot, in their order within each
     std::vector<std::vector<std::uint32_t>> facesOf(materials.size());
@@ -94,7 +94,7 @@ void emitFaces(FrameRecord& frame, bool translucent, const DrawMaterials& slots,
             facesOf[slot].push_back(static_cast<std::uint32_t>(face));
         }
     }
-    const FanEmitter emitter(frame);
+    const FanEmitter emitter(frame, cache);
     for (std::size_t slot = 0; slot < materials.size(); ++slot) {
         if (facesOf[slot].empty()) {
             continue;
@@ -152,12 +152,12 @@ std::vector<GlMaterial> glMaterials(const DrawMaterials& materials, const GlText
     return slots;
 }
 
-void emitMesh(FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
-              const std::vector<GlMaterial>& materials) {
+void emitMesh(const FrameRecord& frame, const DrawCache& cache, GlShape shape,
+              const DrawMaterials& slots, const std::vector<GlMaterial>& materials) {
     switch (shape) {
     case GlShape::Opaque:
     case GlShape::Translucent:
-        emitFaces(frame, shape == GlShape::Translucent, slots, materials);
+        emitFaces(frame, cache, shape == GlShape::Translucent, slots, materials);
         break;
     case GlShape::Outlines:
         emitLines(frame.Mesh, GL_LINE_LOOP);

@@ -2,6 +2,7 @@
 
 #include "model/records/FrameRecord.h"
 #include "render/gl/GlTextures.h"
+#include "render/scene/DrawCache.h"
 #include "render/scene/DrawMaterials.h"
 
 #include <array>
@@ -33,7 +34,7 @@ std::vector<GlMaterial> glMaterials(const DrawMaterials& materials, const GlText
 
 /// Hands the faces of a frame's mesh to the current context in the mesh's own space: triangle fans
 /// slot by slot, or line loops or points in the current colour. The cache must be up to date.
-void emitMesh(FrameRecord& frame, GlShape shape, const DrawMaterials& slots,
-              const std::vector<GlMaterial>& materials);
+void emitMesh(const FrameRecord& frame, const DrawCache& cache, GlShape shape,
+              const DrawMaterials& slots, const std::vector<GlMaterial>& materials);
 
 } // namespace korvane

@@ -267,7 +267,7 @@ void GlView::drawShape(const DrawItem& item, GlShape shape) {
     ++counts_.meshes;
     const bool faces = shape == GlShape::Opaque || shape == GlShape::Translucent;
     const bool recorded =
-        lists_.draw(*item.frame, shape, materials_,
+        lists_.draw(*item.frame, drawCache(*item.frame), shape, materials_,
                     faces ? glMaterials(materials_, textures_) : std::vector<GlMaterial>());
     counts_.recorded += recorded ? 1 : 0;
 }

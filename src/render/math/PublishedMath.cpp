@@ -6,14 +6,15 @@
 namespace korvane {
 
 Vec3 NormMatrix(const Vec3& p, const Matrix4& a) {
-    return {static_cast<float>(turned(p, a, 0)), static_cast<float>(turned(p, a, 1)),
-            static_cast<float>(turned(p, a, 2))};
+    return {static_cast<float>(turnedComponent(p, a, 0)),
+            static_cast<float>(turnedComponent(p, a, 1)),
+            static_cast<float>(turnedComponent(p, a, 2))};
 }
 
 Vec3 VectorViewMatrix(const Vec3& p, const Matrix4& model, const Matrix4& view) {
-    const Vec3 t = {static_cast<float>(turned(p, model, 0) + model[12] + view[12]),
-                    static_cast<float>(turned(p, model, 1) + model[13] + view[13]),
-                    static_cast<float>(turned(p, model, 2) + model[14] + view[14])};
+    const Vec3 t = {static_cast<float>(turnedComponent(p, model, 0) + model[12] + view[12]),
+                    static_cast<float>(turnedComponent(p, model, 1) + model[13] + view[13]),
+                    static_cast<float>(turnedComponent(p, model, 2) + model[14] + view[14])};
     return NormMatrix(t, view);
 }
 

@@ -7,8 +7,8 @@
 
 namespace korvane {
 
-// Operations under names that are published together with those of VectorMath.h. The program itself
-// calls none of them.
+// Operations kept for callers outside the program, which itself calls none of them. They go with
+// those of VectorMath.h.
 
 /// The direction p turned by the upper 3 x 3 of A; no translation, not renormalised.
 Vec3 NormMatrix(const Vec3& p, const Matrix4& a);

@@ -15,9 +15,9 @@ Matrix4 MatrixMatrix(const Matrix4& a, const Matrix4& b) {
 }
 
 Vec3 VectorMatrix(const Vec3& p, const Matrix4& a) {
-    return {static_cast<float>(turned(p, a, 0) + a[12]),
-            static_cast<float>(turned(p, a, 1) + a[13]),
-            static_cast<float>(turned(p, a, 2) + a[14])};
+    return {static_cast<float>(turnedComponent(p, a, 0) + a[12]),
+            static_cast<float>(turnedComponent(p, a, 1) + a[13]),
+            static_cast<float>(turnedComponent(p, a, 2) + a[14])};
 }
 
 float dotproduct(const Vec3& p, const Vec3& q) {

@@ -67,7 +67,7 @@ struct RenderVertex {
 // precision once, when it is stored.
 
 /// p times column c of the upper 3 x 3, in double precision.
-inline double turned(const Vec3& p, const Matrix4& a, std::size_t c) {
+inline double turnedComponent(const Vec3& p, const Matrix4& a, std::size_t c) {
     return double{p.x} * a[c] + double{p.y} * a[4 + c] + double{p.z} * a[8 + c];
 }
 

@@ -5,8 +5,8 @@
 namespace korvane {
 
 const std::vector<MeshEdge>& PlaneCache::edges(const MeshRecord& mesh) {
-    if (shapeOfEdges_ != mesh.Revision.shape()) {
-        shapeOfEdges_ = mesh.Revision.shape();
+    if (shapeOfEdges_ != mesh.ListRevision.shape()) {
+        shapeOfEdges_ = mesh.ListRevision.shape();
         edges_ = meshEdges(mesh);
     }
     return edges_;

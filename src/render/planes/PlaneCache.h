@@ -2,8 +2,8 @@
 
 #include "render/drags/ViewPlane.h"
 #include "render/picture/LineDrawing.h"
-#include "render/scene/DrawCache.h"
 #include "render/planes/MeshEdges.h"
+#include "render/scene/DrawCache.h"
 
 #include <array>
 #include <cstddef>
@@ -40,9 +40,9 @@ class PlaneCache : public ViewData {
     std::array<Projection, planeCount> projections_;
 };
 
-/// The plane cache of a frame.
-inline PlaneCache& planeCache(FrameRecord& frame) {
-    return drawCache(frame).further().get<PlaneCache>();
+/// The plane cache that goes with a frame's drawing cache.
+inline PlaneCache& planeCache(DrawCache& cache) {
+    return cache.further().get<PlaneCache>();
 }
 
 } // namespace korvane

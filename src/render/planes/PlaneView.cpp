@@ -1,8 +1,6 @@
 #include "render/planes/PlaneView.h"
 
-#include "render/picture/LineDrawing.h"
 #include "render/planes/PlaneCache.h"
-#include "render/scene/Culling.h"
 #include "render/scene/SelectedFrame.h"
 
 #include <algorithm>
@@ -16,10 +14,10 @@ constexpr std::int32_t markRadius = 4; ///< in pixels
 /// The lines of a mesh on a bitmap.
 class EdgePainter {
   public:
-    EdgePainter(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame)
-        : bitmap_(bitmap), mapping_(mapping), world_(drawCache(frame).WorldVertices),
-          points_(planeCache(frame).points(mapping.plane)),
-          edges_(planeCache(frame).edges(frame.Mesh)) {}
+    EdgePainter(Bitmap& bitmap, const PlaneMapping& mapping, const DrawCache& cache,
+                const std::vector<PixelPoint>& points, const std::vector<MeshEdge>& edges)
+        : bitmap_(bitmap), mapping_(mapping), world_(cache.WorldVertices), points_(points),
+          edges_(edges) {}
 
     void drawLines(BitmapPixel color) const {
         for (const MeshEdge& edge : edges_) {
@@ -108,7 +106,7 @@ void PlaneView::drawAxes(const PlaneMapping& mapping) {
 
 void PlaneView::findOrigin(const PlaneMapping& mapping, FrameRecord& root) {
     origin_ = noPixel;
-    const FoundFrame found = findSelectedFrame(root);
+    const SelectedFrame found = findSelectedFrame(root);
     // the mesh alone may be hidden: the mark stays
     if (found.frame->SelectState != SelectState::Selected || !found.frame->ViewFlags[0]) {
         return;
@@ -127,15 +125,18 @@ void PlaneView::drawOrigin(Bitmap& bitmap) const {
 
 void PlaneView::projectFrame(const PlaneMapping& mapping, const DrawItem& item) {
     FrameRecord& frame = *item.frame;
-    const DrawCache& cache = refreshedCache(frame, item.world);
-    if (planeCache(frame).project(mapping, cache)) {
+    DrawCache& cache = refreshedCache(frame, item.world);
+    if (planeCache(cache).project(mapping, cache)) {
         ++projectedFrames_;
     }
 }
 
 void PlaneView::drawFrame(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame,
                           bool dots) const {
-    const EdgePainter painter(bitmap, mapping, frame);
+    DrawCache& cache = drawCache(frame);
+    PlaneCache& planes = planeCache(cache);
+    const EdgePainter painter(bitmap, mapping, cache, planes.points(mapping.plane),
+                              planes.edges(frame.Mesh));
     const BitmapPixel color = wireColor(colors_.frames, frame.SelectState);
     if (dots) {
         painter.drawEnds(color);

@@ -3,7 +3,7 @@
 #include "model/document/ModelDocument.h"
 #include "render/drags/ViewPlane.h"
 #include "render/picture/Bitmap.h"
-#include "render/planes/PlaneCache.h"
+#include "render/picture/LineDrawing.h"
 #include "render/scene/DrawList.h"
 #include "render/scene/ViewState.h"
 

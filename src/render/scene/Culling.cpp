@@ -14,16 +14,6 @@ bool usablePosition(const Vec3& p) {
     return std::abs(p.x) < limit && std::abs(p.y) < limit && std::abs(p.z) < limit;
 }
 
-std::array<Vec3, 8> boxCorners(const Bounds& bounds) {
-    std::array<Vec3, 8> corners;
-    for (std::size_t i = 0; i < corners.size(); ++i) {
-        corners[i] = {(i & 1U) != 0 ? bounds.high.x : bounds.low.x,
-                      (i & 2U) != 0 ? bounds.high.y : bounds.low.y,
-                      (i & 4U) != 0 ? bounds.high.z : bounds.low.z};
-    }
-    return corners;
-}
-
 Containment containment(const DrawContext& context, const DrawItem& item) {
     const DrawCache& cache = drawCache(*item.frame);
     if (cache.bounds().empty) {
@@ -56,18 +46,6 @@ Containment containment(const DrawContext& context, const DrawItem& item) {
         inside = inside && least > margin;
     }
     return inside ? Containment::Inside : Containment::Crossing;
-}
-
-BitmapPixel wireColor(const ViewColors& colors, SelectState state) {
-    switch (state) {
-    case SelectState::Selected:
-        return colors.selected;
-    case SelectState::Descendant:
-        return colors.selectedChild;
-    case SelectState::Other:
-        break;
-    }
-    return colors.unselected;
 }
 
 } // namespace korvane

@@ -73,8 +73,19 @@ void Bounds::add(const Vec3& p) {
     empty = false;
 }
 
+std::array<Vec3, 8> boxCorners(const Bounds& bounds) {
+    std::array<Vec3, 8> corners;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        corners[i] = {(i & 1U) != 0 ? bounds.high.x : bounds.low.x,
+                      (i & 2U) != 0 ? bounds.high.y : bounds.low.y,
+                      (i & 4U) != 0 ? bounds.high.z : bounds.low.z};
+    }
+    return corners;
+}
+
 bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
-    const Key key = {std::bit_cast<std::array<std::uint32_t, 16>>(world.m), mesh.Revision.shape()};
+    const Key key = {std::bit_cast<std::array<std::uint32_t, 16>>(world.m),
+                     mesh.ListRevision.shape()};
     if (key_ == key) {
         return false;
     }

@@ -20,6 +20,9 @@ struct Bounds {
     void add(const Vec3& p);
 };
 
+/// The corners of a box; bit 0, 1 and 2 of a corner's number tell whether its x, y and z are high.
+std::array<Vec3, 8> boxCorners(const Bounds& bounds);
+
 /// What drawing derives from a frame's mesh and world matrix, kept with the frame. It is built anew
 /// when the matrix or the revision of the mesh changes.
 class DrawCache : public ViewData {
@@ -39,7 +42,8 @@ class DrawCache : public ViewData {
     [[nodiscard]] bool allFinite() const { return allFinite_; }
     /// Changes whenever the cache is built anew; what follows from it can be kept under that.
     [[nodiscard]] std::uint64_t builds() const { return builds_; }
-    /// For what one way of drawing derives further; it outlives a rebuilding.
+    /// For what one way of drawing derives from this cache. Rebuilding leaves it alone: see
+    /// builds().
     [[nodiscard]] ViewSlot& further() { return further_; }
 
   private:

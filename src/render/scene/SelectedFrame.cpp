@@ -5,8 +5,8 @@
 
 namespace korvane {
 
-FoundFrame findSelectedFrame(FrameRecord& root) {
-    FoundFrame found = {&root, {}, {}};
+SelectedFrame findSelectedFrame(FrameRecord& root) {
+    SelectedFrame found = {&root, {}, {}};
     RenderCursor cursor;
     cursor.CursorPath.clear();
     FrameWalk walk(root);

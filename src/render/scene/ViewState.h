@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/records/FrameRecord.h"
 #include "render/math/VectorMath.h"
 #include "render/picture/Bitmap.h"
 
@@ -34,6 +35,19 @@ struct ViewColors {
     BitmapPixel selectedChild = 0xff00ff00U;
     BitmapPixel unselected = 0xff0000ffU;
 };
+
+/// The wire colour of a frame by how it stands to the selected one.
+inline BitmapPixel wireColor(const ViewColors& colors, SelectState state) {
+    switch (state) {
+    case SelectState::Selected:
+        return colors.selected;
+    case SelectState::Descendant:
+        return colors.selectedChild;
+    case SelectState::Other:
+        break;
+    }
+    return colors.unselected;
+}
 
 /// The settings of a 3D view, shared by both ways of drawing.
 struct ViewState {

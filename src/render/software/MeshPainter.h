@@ -1,8 +1,8 @@
 #pragma once
 
-#include "render/software/DepthOrder.h"
 #include "render/scene/DrawCache.h"
 #include "render/scene/DrawMaterials.h"
+#include "render/software/DepthOrder.h"
 #include "render/software/PolygonClipper.h"
 #include "render/software/ScreenMesh.h"
 

@@ -1,6 +1,7 @@
 #include "edit/history/EditHistory.h"
 
-#include "edit/materials/PendingScalarEdit.h"
+#include "edit/materials/PendingOpacity.h"
+#include "edit/materials/PendingShininess.h"
 #include "support/FrameMaking.h"
 
 #include <gtest/gtest.h>
@@ -299,9 +300,9 @@ TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
         {"material", [&] { history.deleteMaterial(document, 1); }},
         {"undo", [&] { history.undo(document); }}};
     for (const auto& [name, edit] : edits) {
-        const auto before = list.Revision.any();
+        const auto before = list.ListRevision.any();
         edit();
-        EXPECT_NE(list.Revision.any(), before) << name;
+        EXPECT_NE(list.ListRevision.any(), before) << name;
     }
 }
 

@@ -1,7 +1,8 @@
 #include "edit/materials/MaterialValues.h"
 
 #include "edit/materials/FaceTreeModel.h"
-#include "edit/materials/PendingScalarEdit.h"
+#include "edit/materials/PendingOpacity.h"
+#include "edit/materials/PendingShininess.h"
 #include "formats/textures/TexturePicture.h"
 #include "model/records/PolygonList.h"
 

@@ -106,14 +106,20 @@ TEST_F(Files, ExtensionsDecideInAnyCase) {
     const struct {
         const char* name;
         const char* extension;
-        bool model;
-    } rows[] = {{"/a/b.xsi", ".XSI", true}, {"b.X", ".X", true},        {"b.msh", ".MSH", false},
-                {"/a.x/b", "", false},      {"a.x.txt", ".TXT", false}, {".x", ".X", true},
-                {"--a.x", ".X", true},      {"x", "", false},           {"", "", false}};
+        ModelFileKind kind;
+    } rows[] = {{"/a/b.xsi", ".XSI", ModelFileKind::Xsi},
+                {"b.X", ".X", ModelFileKind::DirectX},
+                {"b.msh", ".MSH", ModelFileKind::Msh},
+                {"/a.x/b", "", ModelFileKind::None},
+                {"a.x.txt", ".TXT", ModelFileKind::None},
+                {".x", ".X", ModelFileKind::DirectX},
+                {"--a.x", ".X", ModelFileKind::DirectX},
+                {"x", "", ModelFileKind::None},
+                {"", "", ModelFileKind::None}};
     for (const auto& row : rows) {
         const QString name = QString::fromLatin1(row.name);
         EXPECT_EQ(upperExtension(name), QString::fromLatin1(row.extension));
-        EXPECT_EQ(isTextModel(modelFileKind(name)), row.model) << row.name;
+        EXPECT_EQ(modelFileKind(name), row.kind) << row.name;
     }
 }
 

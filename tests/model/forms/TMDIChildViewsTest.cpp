@@ -216,13 +216,19 @@ TEST_F(TMDIChildViews, VisibilityTogglesShowAtTheNextMouseEvent) {
         return node.data(StructureTreeModel::hiddenRole).toBool();
     };
     EXPECT_EQ(boxes(), "F+M+");
+    const QModelIndex meshNode = root.model()->index(0, 0, root);
+    const auto meshRow = [&] {
+        return tree().viewport()->grab(tree().visualRect(meshNode)).toImage();
+    };
+    const QImage shownRow = meshRow();
     const QImage shown = picture("Image2");
     const QImage space = picture("Image1");
 
     meshBox.click();
     EXPECT_EQ(boxes(), "F+M-");
     EXPECT_FALSE(greyed(root));
-    EXPECT_TRUE(greyed(root.model()->index(0, 0, root))) << "the mesh";
+    EXPECT_TRUE(greyed(meshNode));
+    EXPECT_NE(meshRow(), shownRow);
     frameBox.click();
     EXPECT_EQ(boxes(), "F-m-");
     EXPECT_TRUE(greyed(root));

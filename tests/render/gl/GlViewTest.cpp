@@ -300,7 +300,7 @@ TEST_F(GlViewTest, ColoursOfWiresGoByTheSelection) {
     // in the shaded modes the selected frame has a box, and nobody else
     scene.state.mode = RenderMode::FlatShading;
     scene.mesh().Faces.clear();
-    scene.mesh().Revision.shapeChanged();
+    scene.mesh().ListRevision.shapeChanged();
     EXPECT_EQ(pixelsOf(colors.background), side * side);
     scene.document.Root.SelectState = SelectState::Selected;
     const int box = pixelsOf(colors.selected);

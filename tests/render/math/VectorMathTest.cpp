@@ -1,5 +1,4 @@
 #include "render/math/PublishedMath.h"
-
 #include "support/FrameMaking.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #include "render/picture/LineDrawing.h"
+#include "render/planes/MeshEdges.h"
 #include "render/planes/PlaneViews.h"
 #include "render/scene/StartCamera.h"
 #include "support/Scene.h"
@@ -199,7 +200,7 @@ TEST(PlaneView, OnlyWhatMovedIsProjectedAnew) {
     addFace(mesh, {0, 2, 3});
     EXPECT_EQ(projected(), (Counts{1, 1, 1}));
     mesh.Vertices[0].x = -3;
-    mesh.Revision.shapeChanged();
+    mesh.ListRevision.shapeChanged();
     EXPECT_EQ(projected(), (Counts{1, 1, 1}));
 }
 

@@ -11,8 +11,8 @@ namespace {
 
 /// The samples as the start camera sees them, beside pictures that were looked at. A picture is
 /// made anew by
-///   korvane-tool render samples/NAME tests/render/software/baseline/NAME-MODE.png --mode MODE --size
-///   240x180
+///   korvane-tool render samples/NAME tests/render/software/baseline/NAME-MODE.png --mode MODE
+///   --size 240x180
 /// It passes when at most one pixel in 200 differs by more than 24 levels in some channel:
 /// compilers round differently, which moves edges by a pixel here and there.
 constexpr double allowedShare = 0.005;

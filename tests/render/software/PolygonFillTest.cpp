@@ -1,7 +1,7 @@
 #include "render/software/PolygonFill.h"
 
-#include "render/software/DepthOrder.h"
 #include "render/scene/ViewGeometry.h"
+#include "render/software/DepthOrder.h"
 #include "support/Scene.h"
 
 #include <gtest/gtest.h>

@@ -157,7 +157,7 @@ TEST(SoftwareView, NormalsAndTextureCoordinatesFallBack) {
     const auto shade = [&](std::vector<std::uint32_t> normals) {
         mesh.NormalFaces.clear();
         mesh.NormalFaces.push_back(normals);
-        scene.mesh().Revision.shapeChanged();
+        scene.mesh().ListRevision.shapeChanged();
         scene.redraw();
         return scene.at(100, 100);
     };
@@ -295,7 +295,7 @@ TEST(SoftwareView, WireframeUsesTheColoursOfTheSelection) {
     EXPECT_EQ(scene.drawn(), 4U);
     scene.state.dots = false;
     scene.mesh().Vertices[0] = {-2, -2, 500}; // behind the eye: its lines are cut, not dropped
-    scene.mesh().Revision.shapeChanged();
+    scene.mesh().ListRevision.shapeChanged();
     scene.redraw();
     EXPECT_GT(scene.drawn(), 100U);
     // in the shaded modes the selected frame has its box around it

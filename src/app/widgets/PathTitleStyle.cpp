@@ -1,4 +1,4 @@
-#include "app/widgets/WindowTitle.h"
+#include "app/widgets/PathTitleStyle.h"
 
 #include "app/widgets/WidgetText.h"
 

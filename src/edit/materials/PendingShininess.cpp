@@ -1,21 +1,10 @@
-#include "edit/materials/PendingScalarEdit.h"
+#include "edit/materials/PendingShininess.h"
 
 #include "edit/materials/MaterialValues.h"
 
 #include <utility>
 
 namespace korvane {
-
-void PendingOpacity::commit(EditHistory& history, ModelDocument& document, std::size_t material) {
-    if (!std::exchange(pending_, false) || material >= document.Materials.size()) {
-        return;
-    }
-    const float current = document.Materials[material].FaceColor.alpha;
-    const float before = std::exchange(remembered_, current);
-    if (before != current) {
-        history.opacity(document, material, before, current);
-    }
-}
 
 void PendingShininess::commit(EditHistory& history, ModelDocument& document, std::size_t material,
                               const std::string& text) {

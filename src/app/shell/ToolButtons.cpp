@@ -1,4 +1,4 @@
-#include "app/widgets/ToolButtons.h"
+#include "app/shell/ToolButtons.h"
 
 #include <QMenu>
 #include <QToolBar>

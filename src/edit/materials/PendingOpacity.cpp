@@ -1,0 +1,18 @@
+#include "edit/materials/PendingOpacity.h"
+
+#include <utility>
+
+namespace korvane {
+
+void PendingOpacity::commit(EditHistory& history, ModelDocument& document, std::size_t material) {
+    if (!std::exchange(pending_, false) || material >= document.Materials.size()) {
+        return;
+    }
+    const float current = document.Materials[material].FaceColor.alpha;
+    const float before = std::exchange(remembered_, current);
+    if (before != current) {
+        history.opacity(document, material, before, current);
+    }
+}
+
+} // namespace korvane
