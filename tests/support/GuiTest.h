@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/SmallModel.h"
 #include "support/TestFiles.h"
 
 #include <QList>
@@ -69,9 +70,5 @@ class GuiTest : public TestFiles {
     QTimer poll_;
     QList<QPointer<QWidget>> handled_; ///< those that are open
 };
-
-/// A model of three frames: "body" with a mesh of two triangles, two material slots and normals,
-/// and "wing" and "tip" one below the other without any.
-std::string smallModel();
 
 } // namespace korvane::test

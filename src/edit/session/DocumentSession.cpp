@@ -39,12 +39,16 @@ Changes& Changes::operator|=(const Changes& other) {
     return *this;
 }
 
-DocumentSession::DocumentSession()
-    // a loader for each texture: the files may have changed since the last one
-    : history_([this](const std::string& name) {
-          return TextureLoader(folderOfModel(model_)).load(name);
-      }) {
+DocumentSession::DocumentSession() {
+    startHistory();
     rebuildTree();
+}
+
+void DocumentSession::startHistory() {
+    // a loader for each texture: the files may have changed since the last one
+    history_ = EditHistory([this](const std::string& name) {
+        return TextureLoader(folderOfModel(model_)).load(name);
+    });
 }
 
 // Opening and saving
@@ -64,6 +68,7 @@ OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& p
         return outcome;
     }
     model_ = std::move(read);
+    startHistory();
     outcome.changes = {.geometry = true, .title = true};
     outcome.changes |= rebuildTree();
     outcome.changes |= selectRoot();

@@ -86,7 +86,8 @@ class DocumentSession {
 
     /// Gives a new model its name.
     Changes setName(const QString& name);
-    /// Reads a model in place of this one. A reading that is cancelled leaves all as it was.
+    /// Reads a model in place of this one, and forgets the history of that. A reading that is
+    /// cancelled leaves all as it was.
     OpenOutcome open(const QString& fileName, const ReadProgress& progress = {});
     /// Whether saving needs a name of the user's choice first.
     [[nodiscard]] bool needsName() const { return model_.NeverSaved; }
@@ -153,6 +154,7 @@ class DocumentSession {
     /// Whether a dialog about the frame may still change it; the frame then.
     [[nodiscard]] FrameRecord* stillThere(const DialogSubject& subject);
     Changes setText(QString& text, const QString& value);
+    void startHistory();
     Changes rebuildTree();
     /// Makes the node of the tree that stands for the selection, or for what is nearest to it, the
     /// selection.

@@ -36,9 +36,10 @@ class TextureLoader {
     /// Those of the textures loaded so far that are but the 1 x 1 image.
     [[nodiscard]] const UnseenTextures& unseen() const { return unseen_; }
 
-    /// The file that a name stands for. It is looked for as named, then beside the model, then
-    /// in any case with backslashes as separators, at last by what follows the last of them.
-    /// A name without extension stands for the first of .PIC, .TGA and .BMP that exists.
+    /// The file that a name stands for. It is looked for as named, then beside the model, then both
+    /// ways with backslashes as separators, then beside the model in any case, at last there by
+    /// what follows the last separator. A name without extension stands for the first of .PIC, .TGA
+    /// and .BMP that exists.
     std::optional<QString> find(const QString& name);
 
   private:

@@ -11,8 +11,8 @@ namespace korvane {
 struct FrameRecord;
 
 /// Where a frame stands: the 1-based child numbers that lead to it from the root, whose own path is
-/// empty. Frames are held by value and move when a sibling list changes, so this is the only way to
-/// refer to one across an edit. Paths share what they have in common: every frame has one, and a
+/// empty. Frames are held by value and move when a sibling list changes: a pointer to one does not
+/// outlive an edit, a path does. Paths share what they have in common: every frame has one, and a
 /// tree may be deep.
 class FramePath {
   public:
