@@ -2,6 +2,7 @@
 
 #include "support/GuiTest.h"
 
+#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QHideEvent>
 #include <QKeyEvent>
