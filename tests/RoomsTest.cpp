@@ -56,9 +56,14 @@ auto roomOf(const std::string& file) {
                         [&](const Room& room) { return room.name == folder; });
 }
 
-/// The files of ours that a source file, or a form made with the designer, includes.
-std::vector<std::string> includesOf(const std::string& text) {
-    std::vector<std::string> found;
+struct Include {
+    std::string name;
+    bool angled;
+};
+
+/// The files that a source file, or a form made with the designer, includes.
+std::vector<Include> includesOf(const std::string& text) {
+    std::vector<Include> found;
     const auto collect = [&](std::string_view keyword, char before, char behind) {
         for (std::size_t at = text.find(keyword); at != std::string::npos;
              at = text.find(keyword, at + 1)) {
@@ -66,7 +71,7 @@ std::vector<std::string> includesOf(const std::string& text) {
             const std::size_t open = text.find(before, at);
             const std::size_t close = text.find(behind, open + 1);
             if (open < line && close < line) {
-                found.push_back(text.substr(open + 1, close - open - 1));
+                found.push_back({text.substr(open + 1, close - open - 1), before == '<'});
             }
         }
     };
@@ -76,17 +81,18 @@ std::vector<std::string> includesOf(const std::string& text) {
     return found;
 }
 
-/// Whether an include is one of ours: made by the build, or of a folder that the table knows.
+/// Where an include comes from. What stands in quotes is ours, unless the build makes it; what
+/// stands in angle brackets is if its first folder is one of the table's.
 enum class Origin { Ours, Generated, Other };
-Origin originOf(const std::string& include) {
-    if (include.empty() || include.starts_with("ui_") || include.ends_with(".moc")) {
+Origin originOf(const Include& include) {
+    if (include.name.starts_with("ui_") || include.name.ends_with(".moc")) {
         return Origin::Generated;
     }
-    const std::string top = fs::path(include).begin()->string();
+    const std::string top = include.name.substr(0, include.name.find('/'));
     const bool known = std::any_of(rooms.begin(), rooms.end(), [&](const Room& room) {
-        return fs::path(room.name).begin()->string() == top;
+        return room.name.substr(0, room.name.find('/')) == top;
     });
-    return known ? Origin::Ours : Origin::Other;
+    return known || !include.angled ? Origin::Ours : Origin::Other;
 }
 
 /// What is wrong with the includes of a file, one line each.
@@ -96,15 +102,12 @@ std::vector<std::string> faultsOf(const std::string& file, const std::string& te
         return {file + " lies in no room"};
     }
     std::vector<std::string> faults;
-    for (const std::string& include : includesOf(text)) {
-        const auto used = roomOf(include);
-        const Origin origin = originOf(include);
-        // what has no folder and comes with no library is ours as well, but lies nowhere
-        const bool stray =
-            origin == Origin::Other && text.find('"' + include + '"') != std::string::npos;
-        const bool wrong = used > room || room->notUsed.find(used->name) != std::string_view::npos;
-        if (stray || (origin == Origin::Ours && wrong)) {
-            faults.emplace_back(file).append(" must not include ").append(include);
+    for (const Include& include : includesOf(text)) {
+        const auto used = roomOf(include.name);
+        const bool allowed =
+            used <= room && room->notUsed.find(used->name) == std::string_view::npos;
+        if (originOf(include) == Origin::Ours && !allowed) {
+            faults.emplace_back(file).append(" must not include ").append(include.name);
         }
     }
     return faults;

@@ -35,9 +35,13 @@ void TMDIChild::setUpButtons() {
 }
 
 void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
-    if (session_ && !filling_) {
-        apply(session_->select(structure_->nodeData(selected.indexes().value(0))));
+    if (!session_ || filling_) {
+        return;
     }
+    Changes changes = session_->select(structure_->nodeData(selected.indexes().value(0)));
+    changes.selection = false; // the tree is about to show it: it must not be told while it does
+    showSelectedButtons();
+    apply(changes);
 }
 
 void TMDIChild::showSelectedButtons() {
