@@ -60,18 +60,21 @@ ExitStatus refuseInput(const QString& out) {
     return refuse(out, QStringLiteral("Would overwrite the input"));
 }
 
+QString refusalOf(ReadStatus status, const QString& file) {
+    return status == ReadStatus::Missing ? QStringLiteral("No such file")
+                                         : failureCaption(status, file);
+}
+
 bool open(const QString& file, ModelDocument& document) {
     if (!isTextModel(modelFileKind(file))) {
-        refuse(file, QStringLiteral("Not a model file (.xsi or .x)"));
+        refuse(file, QString::fromLatin1(notAModel));
         return false;
     }
     const ReadStatus status = FileOpenXSI(file, document);
-    if (status == ReadStatus::Done) {
-        return true;
+    if (status != ReadStatus::Done) {
+        refuse(file, refusalOf(status, file));
     }
-    refuse(file, status == ReadStatus::Missing ? QStringLiteral("No such file")
-                                               : failureCaption(status, file));
-    return false;
+    return status == ReadStatus::Done;
 }
 
 } // namespace korvane::tool

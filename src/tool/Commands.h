@@ -1,5 +1,6 @@
 #pragma once
 
+#include "formats/xsi/XsiReader.h"
 #include "model/document/ModelDocument.h"
 
 #include <QString>
@@ -38,6 +39,10 @@ bool isSameFile(const QString& in, const QString& out);
 
 /// Refuses an output that is one of the inputs.
 ExitStatus refuseInput(const QString& out);
+
+/// Why a file that is no text model by its name is refused, and why one that could not be read is.
+inline constexpr char notAModel[] = "Not a model file (.xsi or .x)";
+QString refusalOf(ReadStatus status, const QString& file);
 
 /// Reads a model as the editor's Open does. False, with the reason printed, when the file is
 /// missing, unreadable, not valid or of another kind.

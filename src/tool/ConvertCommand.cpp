@@ -1,3 +1,4 @@
+#include "edit/session/DocumentSession.h"
 #include "formats/files/FileNames.h"
 #include "formats/xsi/XsiWriter.h"
 #include "tool/Commands.h"
@@ -29,13 +30,13 @@ void keepFreedMemory() {
 
 ExitStatus convertOnce(const QString& in, const QString& out, double& load, double& save) {
     const Clock::time_point start = Clock::now();
-    ModelDocument document;
-    if (!open(in, document)) {
-        return ExitStatus::Refused;
+    DocumentSession session;
+    if (const OpenOutcome opened = session.open(in); opened.status != ReadStatus::Done) {
+        return refuse(in, refusalOf(opened.status, in));
     }
     load = millisecondsSince(start);
     const Clock::time_point loaded = Clock::now();
-    if (!SaveFileXSI(document, out)) {
+    if (session.saveAs(out).result != SaveResult::Written) {
         return refuse(out, QString::fromLatin1(saveFailureCaption));
     }
     save = millisecondsSince(loaded);
@@ -60,6 +61,9 @@ ExitStatus convert(const QStringList& words) {
     }
     if (modelFileKind(files[1]) != ModelFileKind::Xsi) {
         return wrongCall(QStringLiteral("the name of the output must end in .xsi"));
+    }
+    if (!isTextModel(modelFileKind(files[0]))) {
+        return refuse(files[0], QString::fromLatin1(notAModel));
     }
     if (isSameFile(files[0], files[1]) && modelFileKind(files[0]) != ModelFileKind::Xsi) {
         return refuseInput(files[1]);

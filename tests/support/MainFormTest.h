@@ -39,7 +39,7 @@ class MainFormTest : public GuiTest {
     [[nodiscard]] TMainForm& form() const { return forms_->mainForm; }
     /// The active document window.
     [[nodiscard]] TMDIChild& window() const { return *form().activeDocument(); }
-    [[nodiscard]] ModelDocument& document() const { return *window().document(); }
+    [[nodiscard]] ModelDocument& document() const { return window().session()->model(); }
     [[nodiscard]] QTreeView& tree() const { return child<QTreeView>(window(), "TreeView1"); }
 
     /// The node of the tree that texts with "/" between them lead to from the top level.

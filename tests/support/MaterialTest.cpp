@@ -50,7 +50,9 @@ void MaterialTest::edit(std::optional<FramePath> where, std::int32_t slot,
         }
     });
     settle(); // one shown before is seen to be gone
-    editor.edit({&document, &history, std::move(where), slot});
+    MaterialEditing materials(document, history, {std::move(where), slot});
+    editor.edit(materials);
+    ended = materials.end();
     EXPECT_TRUE(allAnswered());
 }
 

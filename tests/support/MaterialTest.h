@@ -2,7 +2,6 @@
 
 #include "edit/forms/TMaterial.h"
 #include "edit/forms/TOKBottomDlg.h"
-#include "edit/history/EditHistory.h"
 #include "support/GuiTest.h"
 
 #include <QColorDialog>
@@ -58,6 +57,7 @@ class MaterialTest : public GuiTest {
     EditHistory history;
     TMaterial editor{nullptr};
     TOKBottomDlg textureDialog{nullptr};
+    Changes ended; ///< what the last edit() left to do
     int edits = 0; ///< how often the editor told that the model changed
 };
 

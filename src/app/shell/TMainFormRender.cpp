@@ -14,10 +14,8 @@ void TMainForm::ColorOptionsActionExecute() {
     if (execModal(forms_.colorOptions) != QDialog::Accepted) {
         return;
     }
-    const ViewColors colors = forms_.colorOptions.viewColors();
     for (TMDIChild* document : documents()) {
-        document->setViewColors(colors);
-        document->setPlaneColors(forms_.colorOptions.planeColors());
+        document->setColors(forms_.colorOptions.viewColors(), forms_.colorOptions.planeColors());
     }
     if (TMDIChild* document = activeDocument()) {
         document->render3d();
@@ -29,11 +27,10 @@ void TMainForm::setRenderMode(QAction& action, RenderMode mode) {
     if (action.isChecked() || document == nullptr) {
         return;
     }
-    document->view().mode = mode;
     for (QAction* other : {ui_->Rwire, ui_->Rflat, ui_->Rfull}) {
         other->setChecked(other == &action);
     }
-    document->render3d();
+    document->setRenderMode(mode);
 }
 
 void TMainForm::ChildWire() {
@@ -85,8 +82,7 @@ void TMainForm::Fullupdate() {
 void TMainForm::toggleSetting(QAction& action, bool ViewState::*setting) {
     if (TMDIChild* document = activeDocument()) {
         action.setChecked(!action.isChecked());
-        document->view().*setting = action.isChecked();
-        document->render3d();
+        document->setViewSetting(setting, action.isChecked());
     }
 }
 

@@ -1,19 +1,21 @@
 #include "edit/forms/TMaterial.h"
 
 #include "app/widgets/DialogStart.h"
-#include "app/widgets/DragFilter.h"
-#include "app/widgets/ElidedLabel.h"
 #include "app/widgets/MenuLetters.h"
 #include "app/widgets/MessageBox.h"
 #include "app/widgets/ModalCall.h"
+#include "edit/forms/TOKBottomDlg.h"
+#include "edit/forms/TTextureView.h"
 #include "edit/materials/MaterialValues.h"
+#include "model/records/ModelText.h"
 #include "ui_TMaterial.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScopedValueRollback>
 
-#include <numeric>
 #include <string>
 #include <utility>
 
@@ -42,12 +44,13 @@ TMaterial::TMaterial(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui
     ui_->setupUi(this);
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     setUpLook();
+    texture_ = std::make_unique<TTextureView>(*ui_, *this);
+    connect(texture_.get(), &TTextureView::edited, this, &TMaterial::tell);
     connectControls();
-    connectTextureControls();
 }
 
 TMaterial::~TMaterial() {
-    DeleteBMP();
+    texture_.reset();
     ui_->TreeView1->setModel(nullptr); // the view outlives the model of the faces
 }
 
@@ -62,23 +65,8 @@ void TMaterial::setUpLook() {
     layout()->setMenuBar(menu);
     actOnFirstLetters(*menu);
 
-    for (std::size_t i = 0; i < std::size(statusPanels_); ++i) {
-        auto* panel = new ElidedLabel(this); // a face may have many corners
-        panel->setObjectName(QStringLiteral("StatusPanel%1").arg(i));
-        ui_->StatusBar1->addWidget(panel, 1);
-        statusPanels_[i] = panel;
-    }
-    // a long name or number must not widen the dialog, nor a scroll bar that comes and goes
-    ui_->texname->setFixedWidth(ui_->texname->sizeHint().width());
     ui_->opacity->setMinimumWidth(
         ui_->opacity->fontMetrics().horizontalAdvance(QString::number(lastOpacityPosition)));
-    for (QWidget* widget :
-         {static_cast<QWidget*>(ui_->HorizontalBar), static_cast<QWidget*>(ui_->VerticalBar),
-          static_cast<QWidget*>(ui_->CornerPanel), static_cast<QWidget*>(ui_->Image1)}) {
-        QSizePolicy policy = widget->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        widget->setSizePolicy(policy);
-    }
     ui_->TreeView1->setModel(&faces_);
 }
 
@@ -86,9 +74,7 @@ void TMaterial::connectControls() {
     const std::pair<ColorSwatch*, void (TMaterial::*)()> swatches[] = {
         {ui_->ambient, &TMaterial::AmbientChange},
         {ui_->diffuse, &TMaterial::DiffuseChange},
-        {ui_->specular, &TMaterial::SpecularChange},
-        {ui_->Panel1, &TMaterial::SelectedTriChange},
-        {ui_->Panel2, &TMaterial::TriInactiveChange}};
+        {ui_->specular, &TMaterial::SpecularChange}};
     for (const auto& [swatch, handler] : swatches) {
         connect(swatch, &ColorSwatch::clicked, this, handler);
     }
@@ -108,47 +94,27 @@ void TMaterial::connectControls() {
     connect(ui_->CheckListBox1, &QListWidget::itemChanged, this, &TMaterial::CheckListBoxClicked);
     connect(ui_->textureCheckBox, &QCheckBox::clicked, this, &TMaterial::TextureStatusChange);
     connect(ui_->Button2, &QPushButton::clicked, this, &TMaterial::Ok_ButtonClick);
+    ui_->ComboBox1->installEventFilter(this);
 }
 
-void TMaterial::edit(const MaterialSubject& subject) {
-    subject_ = subject;
-    table_ = FrameRecord();
-    if (!subject.frame) {
-        table_.Mesh.MaterialSlotList.resize(subject.document->Materials.size());
-        std::iota(table_.Mesh.MaterialSlotList.begin(), table_.Mesh.MaterialSlotList.end(), 0);
-    }
-    mesh().CurrentSlot = subject.slot;
+void TMaterial::edit(MaterialEditing& materials) {
+    materials_ = &materials;
     showNeeded_ = true;
     centreOnScreen(*this);
     execModal(*this);
     faces_.setFaces({});
-    DeleteBMP();
-    subject_.reset();
+    texture_->close();
+    materials_ = nullptr;
 }
 
-const FrameRecord& TMaterial::frame() const {
-    const FrameRecord* found =
-        subject_->frame ? frameAt(subject_->document->Root, *subject_->frame) : nullptr;
-    return found != nullptr ? *found : table_;
-}
-
-FrameRecord& TMaterial::frame() {
-    FrameRecord* found =
-        subject_->frame ? frameAt(subject_->document->Root, *subject_->frame) : nullptr;
-    return found != nullptr ? *found : table_;
-}
-
-bool TMaterial::stillCurrent(std::size_t material, std::uint64_t revision) const {
-    return subject_ && subject_->document->Revision == revision && currentMaterial() == material;
-}
-
-void TMaterial::documentChanged() {
-    ++subject_->document->Revision;
-    Q_EMIT edited();
+void TMaterial::tell(const Changes& changes) {
+    if (changes != Changes()) {
+        Q_EMIT edited(changes);
+    }
 }
 
 void TMaterial::showEvent(QShowEvent* event) {
-    if (showNeeded_ && subject_) {
+    if (showNeeded_ && materials_ != nullptr) {
         ShowMaterial();
     }
     QDialog::showEvent(event);
@@ -160,45 +126,41 @@ void TMaterial::hideEvent(QHideEvent* event) {
 }
 
 void TMaterial::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && cancelDrag()) {
+    if (event->key() == Qt::Key_Escape && texture_->cancelDrag()) {
         return;
     }
     QDialog::keyPressEvent(event);
 }
 
+bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui_->ComboBox1 && event->type() == QEvent::Wheel) {
+        return true; // rolling past it must not give the face another material
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
 void TMaterial::ShowMaterial() {
-    drag_ = TexCoordDrag();
+    texture_->open(*materials_);
     fillSlots();
-    faces_.setFaces([this] { return subject_ ? &mesh().Faces : nullptr; });
+    faces_.setFaces([this] { return materials_ != nullptr ? &materials_->mesh().Faces : nullptr; });
     fillMaterials();
     lockLastMaterial();
-    slotsChanged_ = false;
     MaterialRefresh();
     ui_->ComboBox1->setFocus();
 }
 
 void TMaterial::fillSlots() {
     QStringList texts;
-    for (const std::int32_t material : mesh().MaterialSlotList) {
+    for (const std::int32_t material : materials_->slots()) {
         texts.push_back(materialText(material));
     }
     ui_->ComboBox1->clear();
     ui_->ComboBox1->addItems(texts);
 }
 
-std::vector<bool> TMaterial::usedMaterials() const {
-    std::vector<bool> used(subject_->document->Materials.size());
-    for (const std::int32_t material : mesh().MaterialSlotList) {
-        if (static_cast<std::size_t>(material) < used.size()) {
-            used[static_cast<std::size_t>(material)] = true;
-        }
-    }
-    return used;
-}
-
 void TMaterial::fillMaterials() {
     const QScopedValueRollback<bool> filling(filling_, true);
-    const std::vector<bool> used = usedMaterials();
+    const std::vector<bool> used = materials_->usedMaterials();
     ui_->CheckListBox1->clear();
     for (std::size_t i = 0; i < used.size(); ++i) {
         auto* item = new QListWidgetItem(materialText(static_cast<std::int64_t>(i)));
@@ -209,48 +171,26 @@ void TMaterial::fillMaterials() {
 
 void TMaterial::lockLastMaterial() {
     const QScopedValueRollback<bool> filling(filling_, true);
-    const std::vector<std::int32_t>& slots = mesh().MaterialSlotList;
-    // several slots of one material go with one click
-    const bool oneMaterial =
-        !slots.empty() && std::count(slots.begin(), slots.end(), slots.front()) ==
-                              static_cast<std::ptrdiff_t>(slots.size());
+    const std::optional<std::int32_t> only = materials_->onlyMaterial();
     for (int row = 0; row < ui_->CheckListBox1->count(); ++row) {
         QListWidgetItem* item = ui_->CheckListBox1->item(row);
-        const bool locked = oneMaterial && row == slots.front();
         const Qt::ItemFlags flags = item->flags();
-        const Qt::ItemFlags wanted =
-            locked ? flags & ~Qt::ItemIsEnabled : flags | Qt::ItemIsEnabled;
-        if (flags != wanted) {
-            item->setFlags(wanted);
-        }
+        item->setFlags(only == row ? flags & ~Qt::ItemIsEnabled : flags | Qt::ItemIsEnabled);
     }
-}
-
-std::optional<std::size_t> TMaterial::currentMaterial() const {
-    if (!subject_) {
-        return std::nullopt;
-    }
-    const auto slot = static_cast<std::size_t>(mesh().CurrentSlot);
-    if (slot >= mesh().MaterialSlotList.size()) {
-        return std::nullopt;
-    }
-    const auto material = static_cast<std::size_t>(mesh().MaterialSlotList[slot]);
-    return material < subject_->document->Materials.size() ? std::optional(material) : std::nullopt;
 }
 
 void TMaterial::MaterialRefresh() {
-    ui_->ComboBox1->setCurrentIndex(mesh().CurrentSlot);
+    ui_->ComboBox1->setCurrentIndex(materials_->currentSlot());
     showValues();
     enableControls();
     showNeeded_ = false;
-    showTexture();
+    texture_->showTexture();
 }
 
 void TMaterial::showValues() {
     const QScopedValueRollback<bool> filling(filling_, true);
-    const auto current = currentMaterial();
-    const MaterialRecord none;
-    const MaterialRecord& material = current ? subject_->document->Materials[*current] : none;
+    const bool current = materials_->currentMaterial().has_value();
+    const MaterialRecord& material = materials_->material();
     const auto& [red, green, blue, alpha] = material.FaceColor;
     ui_->ambient->setColor(screenColor(material.Ambient));
     ui_->diffuse->setColor(screenColor({red, green, blue}));
@@ -259,15 +199,12 @@ void TMaterial::showValues() {
     ui_->opacitybar->setValue(position);
     ui_->opacity->setText(QString::number(position));
     ui_->textureCheckBox->setChecked(material.HasTexture || !current);
-    pendingOpacity_.start(alpha);
-    const std::string power = current ? powerText(material.Power) : std::string();
-    ui_->Edit1->setText(QString::fromStdString(power));
-    pendingShininess_.start(power, material.Power);
+    ui_->Edit1->setText(QString::fromStdString(materials_->shininess()));
 }
 
 void TMaterial::enableControls() {
-    const bool anyMaterial = !subject_->document->Materials.empty();
-    const bool current = currentMaterial().has_value();
+    const bool anyMaterial = !materials_->model().Materials.empty();
+    const bool current = materials_->currentMaterial().has_value();
     for (QWidget* widget :
          {static_cast<QWidget*>(ui_->ambient), static_cast<QWidget*>(ui_->diffuse),
           static_cast<QWidget*>(ui_->specular), static_cast<QWidget*>(ui_->opacitybar),
@@ -279,7 +216,7 @@ void TMaterial::enableControls() {
         action->setEnabled(current);
     }
     ui_->ComboBox1->setEnabled(anyMaterial && ui_->ComboBox1->count() > 0);
-    ui_->CheckListBox1->setEnabled(anyMaterial && subject_->frame.has_value());
+    ui_->CheckListBox1->setEnabled(anyMaterial && materials_->ofMesh());
     for (QWidget* widget :
          {static_cast<QWidget*>(ui_->TreeView1), static_cast<QWidget*>(ui_->texname),
           static_cast<QWidget*>(ui_->ZoomInButton), static_cast<QWidget*>(ui_->ZoomOutButton),
@@ -289,82 +226,53 @@ void TMaterial::enableControls() {
     }
 }
 
-void TMaterial::commitPendingOpacity() {
-    if (const auto material = currentMaterial()) {
-        pendingOpacity_.commit(*subject_->history, *subject_->document, *material);
-    }
-}
-
-void TMaterial::commitPendingShininess() {
-    if (const auto material = currentMaterial()) {
-        pendingShininess_.commit(*subject_->history, *subject_->document, *material,
-                                 ui_->Edit1->text().toStdString());
-    }
-}
-
 void TMaterial::commitPending() {
-    cancelDrag();
-    commitPendingOpacity();
-    commitPendingShininess();
+    texture_->cancelDrag();
+    if (materials_ != nullptr) {
+        tell(materials_->commit());
+    }
 }
 
 void TMaterial::AmbientChange() {
-    changeColor(*ui_->ambient, &EditHistory::ambient);
+    changeColor(*ui_->ambient, MaterialColor::Ambient);
 }
 
 void TMaterial::DiffuseChange() {
-    changeColor(*ui_->diffuse, &EditHistory::faceColor);
+    changeColor(*ui_->diffuse, MaterialColor::Diffuse);
 }
 
 void TMaterial::SpecularChange() {
-    changeColor(*ui_->specular, &EditHistory::specular);
+    changeColor(*ui_->specular, MaterialColor::Specular);
 }
 
 // The emissive colour is deliberately not edited here, though there is an action for it.
 void TMaterial::EmissiveChange() {}
 
-void TMaterial::changeColor(ColorSwatch& swatch,
-                            void (EditHistory::*record)(ModelDocument&, std::size_t,
-                                                        const ColorRGB&)) {
+void TMaterial::changeColor(ColorSwatch& swatch, MaterialColor color) {
     commitPending();
-    const auto material = currentMaterial();
-    if (!material) {
-        return;
-    }
-    const std::uint64_t revision = subject_->document->Revision;
-    if (swatch.choose() && stillCurrent(*material, revision)) {
-        (subject_->history->*record)(*subject_->document, *material,
-                                     modelColor(channelsOf(swatch.color())));
-        Q_EMIT edited();
+    const auto question = materials_ != nullptr ? materials_->ask() : std::nullopt;
+    if (question && swatch.choose() && materials_ != nullptr) {
+        tell(materials_->setColor(*question, color, modelColor(channelsOf(swatch.color()))));
     }
 }
 
 void TMaterial::OpacityChange() {
-    const auto material = currentMaterial();
-    if (filling_ || !material) {
+    if (filling_ || materials_ == nullptr) {
         return;
     }
-    cancelDrag();
-    commitPendingShininess();
-    const int position = ui_->opacitybar->value();
-    subject_->document->Materials[*material].FaceColor.alpha = opacityAt(position);
-    ui_->opacity->setText(QString::number(position));
-    pendingOpacity_.change();
-    documentChanged();
+    texture_->cancelDrag();
+    tell(materials_->moveOpacity(ui_->opacitybar->value()));
+    ui_->opacity->setText(QString::number(ui_->opacitybar->value()));
 }
 
 void TMaterial::ShininessChange() {
-    const auto material = currentMaterial();
-    if (filling_ || !material) {
+    if (filling_ || materials_ == nullptr) {
         return;
     }
-    cancelDrag();
-    commitPendingOpacity();
-    pendingShininess_.change();
-    if (const auto power = powerOf(ui_->Edit1->text().toStdString())) {
-        subject_->document->Materials[*material].Power = *power;
-        documentChanged();
-    } else {
+    texture_->cancelDrag();
+    const ShininessOutcome outcome = materials_->typeShininess(ui_->Edit1->text().toStdString());
+    tell(outcome.changes);
+    if (outcome.refused) {
         refuseShininess();
     }
 }
@@ -376,64 +284,48 @@ void TMaterial::refuseShininess() {
 
 void TMaterial::ComboBoxChange() {
     commitPending();
-    const int slot = ui_->ComboBox1->currentIndex();
-    if (!subject_ || slot < 0) {
-        return;
+    if (materials_ != nullptr && ui_->ComboBox1->currentIndex() >= 0) {
+        tell(materials_->chooseSlot(ui_->ComboBox1->currentIndex(), texture_->selectedPart()));
+        MaterialRefresh();
     }
-    if (const auto part = selectedPart(); part && subject_->frame) {
-        subject_->history->faceSlot(*subject_->document, *subject_->frame,
-                                    static_cast<std::int32_t>(part->face), slot);
-        Q_EMIT edited();
-    }
-    mesh().CurrentSlot = slot;
-    MaterialRefresh();
 }
 
 void TMaterial::CheckListBoxClicked() {
-    if (filling_ || !subject_ || !subject_->frame) {
+    if (filling_ || materials_ == nullptr || !materials_->ofMesh()) {
         return;
     }
     commitPending();
-    const std::vector<bool> used = usedMaterials();
-    bool changed = false;
-    for (std::size_t material = 0; material < used.size(); ++material) {
-        const QListWidgetItem* item = ui_->CheckListBox1->item(static_cast<int>(material));
-        const bool wanted = item != nullptr && item->checkState() == Qt::Checked;
-        if (wanted != used[material]) {
-            changed = true;
-            if (wanted) {
-                appendSlot(material);
-            } else {
-                removeSlots(material);
-            }
-        }
+    std::vector<bool> wanted;
+    for (int row = 0; row < ui_->CheckListBox1->count(); ++row) {
+        wanted.push_back(ui_->CheckListBox1->item(row)->checkState() == Qt::Checked);
     }
+    const Changes changes = materials_->useMaterials(wanted);
     lockLastMaterial();
     fillSlots();
     MaterialRefresh();
-    slotsChanged_ = slotsChanged_ || changed;
-    if (changed) {
-        Q_EMIT edited();
+    tell(changes);
+}
+
+void TMaterial::TextureStatusChange() {
+    commitPending();
+    if (materials_ != nullptr) {
+        tell(materials_->setTextureOn(ui_->textureCheckBox->isChecked()));
+        texture_->showPicture();
     }
 }
 
-void TMaterial::appendSlot(std::size_t material) {
-    subject_->history->appendSlot(*subject_->document, *subject_->frame,
-                                  static_cast<std::int32_t>(material));
-}
-
-void TMaterial::removeSlots(std::size_t material) {
-    const std::vector<std::int32_t>& slots = mesh().MaterialSlotList;
-    for (std::size_t slot = 0; slot < slots.size();) {
-        if (static_cast<std::size_t>(slots[slot]) != material) {
-            ++slot;
-            continue;
-        }
-        subject_->history->removeSlot(*subject_->document, *subject_->frame,
-                                      static_cast<std::int32_t>(slot));
-        // the current slot moves as the slots of the faces do
-        std::int32_t& current = mesh().CurrentSlot;
-        current -= current >= static_cast<std::int32_t>(slot) && current != 0 ? 1 : 0;
+void TMaterial::mopen1execute() {
+    commitPending();
+    const auto question = materials_ != nullptr ? materials_->ask() : std::nullopt;
+    if (!question || textureDialog_ == nullptr) {
+        return;
+    }
+    textureDialog_->reset(QFileInfo(materials_->model().FileName).path());
+    if (execModal(*textureDialog_) == Accepted && textureDialog_->loadedImage() != nullptr &&
+        materials_ != nullptr) {
+        const QString name = QDir::toNativeSeparators(textureDialog_->fileName());
+        tell(materials_->setTexture(*question, modelText(name), textureDialog_->loadedImage()));
+        texture_->showTexture();
     }
 }
 

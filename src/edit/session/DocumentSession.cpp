@@ -30,15 +30,6 @@ QString folderOfModel(const ModelDocument& model) {
 
 } // namespace
 
-Changes& Changes::operator|=(const Changes& other) {
-    tree = tree || other.tree;
-    geometry = geometry || other.geometry;
-    selection = selection || other.selection;
-    title = title || other.title;
-    status = status || other.status;
-    return *this;
-}
-
 DocumentSession::DocumentSession() {
     startHistory();
     rebuildTree();
@@ -69,13 +60,18 @@ OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& p
     }
     model_ = std::move(read);
     startHistory();
-    outcome.changes = {.geometry = true, .title = true};
-    outcome.changes |= rebuildTree();
-    outcome.changes |= selectRoot();
+    cameraPlaced_ = planesPlaced_ = false;
+    outcome.changes = rebuildTree() | selectRoot();
+    outcome.changes.geometry = outcome.changes.title = true;
     if (outcome.status == ReadStatus::Done) {
         outcome.changes |= setText(message_, openedText(model_, unseen));
     }
     return outcome;
+}
+
+MeshOutcome DocumentSession::openMesh(const QString& fileName) {
+    const MshOutcome result = FileOpenMSH(fileName, model_);
+    return {result, {.title = result.status == ReadStatus::CannotOpen}};
 }
 
 SaveOutcome DocumentSession::save() {
@@ -100,14 +96,17 @@ SaveOutcome DocumentSession::saveAs(const QString& name) {
 
 // Undo and redo, the clipboard
 
+bool DocumentSession::acceptsEdits() const {
+    return !planeDrag_.active() && !(materials_ && materials_->dragging());
+}
+
 Changes DocumentSession::undo() {
     if (!canUndo()) {
         return {};
     }
     const NodeData before = model_.Selected;
-    Changes changes = setText(message_, undoneText(history_.undoName()));
-    changes |= refreshed(history_.undo(model_), before);
-    return changes;
+    const Changes told = setText(message_, undoneText(history_.undoName()));
+    return told | stepped(history_.undo(model_), before);
 }
 
 Changes DocumentSession::redo() {
@@ -115,20 +114,20 @@ Changes DocumentSession::redo() {
         return {};
     }
     const NodeData before = model_.Selected;
-    Changes changes = setText(message_, redoneText(history_.redoName()));
-    changes |= refreshed(history_.redo(model_), before);
-    return changes;
+    const Changes told = setText(message_, redoneText(history_.redoName()));
+    return told | stepped(history_.redo(model_), before);
 }
 
-Changes DocumentSession::refreshed(const RefreshFlags& flags, const NodeData& before) {
-    // the views mark the selection, so that they are out of date where that alone moved
-    Changes changes = {.geometry = true};
+Changes DocumentSession::stepped(const RefreshFlags& flags, const NodeData& before) {
+    Changes changes = {.geometry = flags.refreshGeometry, .materials = flags.refreshMaterials};
     if (flags.rebuildTree) {
         changes |= rebuildTree();
     } else {
         settleSelection();
     }
     changes.selection = !model_.Selected.isSameNode(before);
+    // the views mark the selected frame
+    changes.geometry = changes.geometry || model_.Selected.Frame != before.Frame;
     return changes;
 }
 
@@ -164,12 +163,11 @@ PasteOutcome DocumentSession::paste(const QByteArray& block) {
 Changes DocumentSession::select(const NodeData& node) {
     const std::optional<FramePath> oldFrame = model_.Selected.Frame;
     model_.Selected = model_.SelectionCopy = node;
-    Changes changes = {.selection = true};
-    if (node.Frame && node.Frame != oldFrame) {
+    const bool otherFrame = node.Frame && node.Frame != oldFrame;
+    if (otherFrame) {
         model_.markSelection(*node.Frame);
-        changes.geometry = true;
     }
-    return changes;
+    return {.geometry = otherFrame};
 }
 
 Changes DocumentSession::selectRoot() {
@@ -298,25 +296,26 @@ Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSu
     return structureEdited();
 }
 
-Changes DocumentSession::materialsEdited(bool slotsChanged) {
-    Changes changes = slotsChanged ? rebuildTree() : Changes();
-    changes.geometry = true;
-    return changes;
-}
-
-void DocumentSession::setVisible(bool frame, bool mesh) {
-    if (FrameRecord* selected = model_.selectedFrame()) {
-        selected->ViewFlags[0] = frame;
-        selected->ViewFlags[2] = mesh;
-        tree_.markHidden(*selected);
-        // the pictures follow at the next mouse event
-        model_.RedrawAll = model_.Changed = true;
+MaterialEditing* DocumentSession::editMaterials() {
+    const NodeData& node = model_.Selected;
+    const bool whole =
+        node.NodeKind == NodeKind::MeshMaterialList || node.NodeKind == NodeKind::MaterialTable;
+    const bool one =
+        node.NodeKind == NodeKind::MaterialSlot || node.NodeKind == NodeKind::TableMaterial;
+    if (acceptsEdits() && (whole || one)) {
+        materials_.emplace(model_, history_,
+                           MaterialSubject{node.Frame, whole ? 0 : node.ItemIndex});
     }
+    return materials();
 }
 
-Changes DocumentSession::recordMove(const FrameMove& move) {
-    history_.moveFrame(model_, move.frame, move.before, move.after);
-    return clearMessage();
+Changes DocumentSession::endMaterials() {
+    if (!materials_) {
+        return {};
+    }
+    const Changes changes = materials_->end();
+    materials_.reset();
+    return changes.tree ? structureEdited() : changes;
 }
 
 // The status bar
@@ -330,10 +329,6 @@ Changes DocumentSession::setText(QString& text, const QString& value) {
     const bool changes = text != value;
     text = value;
     return {.status = changes};
-}
-
-Changes DocumentSession::setPointerText(const QString& text) {
-    return setText(pointerText_, text);
 }
 
 Changes DocumentSession::clearMessage() {

@@ -2,12 +2,17 @@
 
 #include "edit/clipboard/ClipboardBlock.h"
 #include "edit/history/EditHistory.h"
+#include "edit/session/Changes.h"
+#include "edit/session/MaterialEditing.h"
 #include "edit/session/StatusText.h"
 #include "formats/xsi/FrameNames.h"
+#include "formats/xsi/MshOpener.h"
 #include "formats/xsi/XsiReader.h"
 #include "model/document/StructureTreeModel.h"
 #include "model/records/FrameFlags.h"
+#include "render/drags/OrbitDrag.h"
 #include "render/drags/PlaneDrag.h"
+#include "render/scene/ViewState.h"
 
 #include <QByteArray>
 #include <QString>
@@ -16,18 +21,6 @@
 #include <optional>
 
 namespace korvane {
-
-/// What of the forms an operation has put out of date.
-struct Changes {
-    bool tree = false;      ///< the structure tree has other nodes
-    bool geometry = false;  ///< what all views show
-    bool selection = false; ///< the selected node is another one
-    bool title = false;
-    bool status = false;
-
-    Changes& operator|=(const Changes& other);
-    bool operator==(const Changes&) const = default;
-};
 
 /// A frame that a dialog is about. What comes back from the dialog is dropped where anything else
 /// has changed the model meanwhile.
@@ -59,26 +52,42 @@ struct SaveOutcome {
     Changes changes;
 };
 
+struct MeshOutcome {
+    MshOutcome result;
+    Changes changes;
+};
 struct PasteOutcome {
     QString refusal; ///< why nothing was pasted, to the user; empty when it was
     Changes changes;
 };
 
-/// One open model with everything that a user can do to it. The session owns the model and its
-/// history and is the one that changes them. It asks nothing: what needs an answer of the user is a
-/// question that a form brings the answer to.
+/// A mouse event of a 2D view, and the size of that view in device pixels.
+struct PlaneInput {
+    ViewPlane plane = ViewPlane::XY;
+    std::int32_t width = 1;
+    std::int32_t height = 1;
+    DragInput mouse;
+};
+
+/// One open model with everything that a user can do to it. The session owns the model, its history
+/// and what its views show of it, and is the one that changes them. Each operation answers what is
+/// out of date since. It asks nothing: what needs an answer of the user is a question that a form
+/// brings the answer to.
 class DocumentSession {
   public:
     /// An empty model that was never saved, with nothing selected.
     DocumentSession();
-    // the history refers to the session
+    // the history and the editing of materials refer to the session
     DocumentSession(const DocumentSession&) = delete;
     DocumentSession& operator=(const DocumentSession&) = delete;
 
     [[nodiscard]] const ModelDocument& model() const { return model_; }
-    /// For the views, which set the camera, and the material editor.
+    [[nodiscard]] const ViewState& view() const { return view_; }
+    [[nodiscard]] const PlaneColors& planeColors() const { return planeColors_; }
+    // For drawing, which keeps in both what it has worked out and changes nothing else.
     [[nodiscard]] ModelDocument& model() { return model_; }
-    [[nodiscard]] EditHistory& history() { return history_; }
+    [[nodiscard]] ViewState& view() { return view_; }
+    [[nodiscard]] const EditHistory& history() const { return history_; }
     /// The structure of the model, rebuilt by every operation that changes it.
     [[nodiscard]] StructureTreeModel& tree() { return tree_; }
 
@@ -89,6 +98,8 @@ class DocumentSession {
     /// Reads a model in place of this one, and forgets the history of that. A reading that is
     /// cancelled leaves all as it was.
     OpenOutcome open(const QString& fileName, const ReadProgress& progress = {});
+    /// Opens a binary mesh file, of which nothing is read.
+    MeshOutcome openMesh(const QString& fileName);
     /// Whether saving needs a name of the user's choice first.
     [[nodiscard]] bool needsName() const { return model_.NeverSaved; }
     /// Saves under the model's name. It counts as saved whatever became of that, by design also
@@ -100,7 +111,7 @@ class DocumentSession {
 
     // Editing. Nothing is edited, and nothing taken back, while a drag changes the model.
 
-    [[nodiscard]] bool acceptsEdits() const { return !model_.DragRunning; }
+    [[nodiscard]] bool acceptsEdits() const;
     [[nodiscard]] bool canUndo() const { return acceptsEdits() && history_.canUndo(); }
     [[nodiscard]] bool canRedo() const { return acceptsEdits() && history_.canRedo(); }
     Changes undo();
@@ -115,7 +126,7 @@ class DocumentSession {
     /// Pastes a block into the selection. One that is damaged or does not fit changes nothing.
     PasteOutcome paste(const QByteArray& block);
 
-    /// A node of the tree becomes the selection; an empty record means none.
+    /// The tree has selected a node; an empty record means none.
     Changes select(const NodeData& node);
     Changes selectRoot();
     /// What the "Add" and "Delete" buttons do to the selected node.
@@ -133,20 +144,56 @@ class DocumentSession {
     void writeFlags(DialogSubject& subject, const FrameFlags& flags);
     Changes endOptions(const OptionsQuestion& asked, const DialogSubject& subject, bool confirmed);
 
-    /// Shows or hides the selected frame and its mesh. The pictures follow when they are next
-    /// drawn.
+    /// Begins editing the materials of the selected slot list or table, if there is one. It must
+    /// end before it begins again.
+    MaterialEditing* editMaterials();
+    /// The materials that are being edited; null where none are.
+    [[nodiscard]] MaterialEditing* materials() { return materials_ ? &*materials_ : nullptr; }
+    Changes endMaterials();
+
+    // The views. The 3D view takes its settings from view(), both sorts what else they show from
+    // the model.
+
+    void setTool(ViewTool tool) { model_.Tool = tool; }
+    Changes setRenderMode(RenderMode mode);
+    Changes setViewSetting(bool ViewState::*setting, bool on);
+    Changes setDrawApi(DrawApi api);
+    /// Shows or hides the selected frame and its mesh. The pictures follow when the mouse next
+    /// comes to a view; so they do with other colours.
     void setVisible(bool frame, bool mesh);
-    /// Records what a drag did to a frame.
-    Changes recordMove(const FrameMove& move);
-    /// The table of materials or slots of a mesh may be others, changed through the history.
-    Changes materialsEdited(bool slotsChanged);
+    void setColors(const ViewColors& colors, const PlaneColors& planeColors);
+    /// What has been out of date since without having been drawn. Any operation on a 2D view
+    /// answers that as well.
+    Changes overdue();
+    /// A view is about to be drawn in a size in device pixels. Where the model is another one since
+    /// the last time, this moves the camera, or the 2D views, to where it is seen whole.
+    void placeCamera(const ViewGeometry& geometry);
+    void placePlanes(std::int32_t width, std::int32_t height);
+
+    // The mouse in the views. In the 2D views it does what the tool is for.
+
+    Changes pressPlane(const PlaneInput& input);
+    Changes movePlane(const PlaneInput& input);
+    Changes releasePlane(const PlaneInput& input);
+    Changes wheelPlane(const PlaneInput& input, float notches);
+    /// The pointer has left the 2D views.
+    Changes leavePlane();
+    /// Ends a running drag of a 2D view without a trace.
+    Changes cancelPlaneDrag();
+    [[nodiscard]] bool draggingPlane() const { return planeDrag_.active(); }
+
+    Changes pressOrbit(const DragInput& input);
+    Changes moveOrbit(const DragInput& input, const ViewGeometry& geometry);
+    Changes releaseOrbit(const DragInput& input, const ViewGeometry& geometry);
+    Changes wheelOrbit(float notches);
+    Changes cancelOrbit();
+    [[nodiscard]] bool draggingOrbit() const { return orbit_.active(); }
 
     // The status bar.
 
     /// Where the pointer is in a 2D view and what it does there, else what became of the last
     /// command, else how much the model holds.
     [[nodiscard]] const QString& statusText() const;
-    Changes setPointerText(const QString& text);
     /// A new command begins: what the last one said is out of date.
     Changes clearMessage();
 
@@ -159,13 +206,24 @@ class DocumentSession {
     /// Makes the node of the tree that stands for the selection, or for what is nearest to it, the
     /// selection.
     void settleSelection();
-    Changes refreshed(const RefreshFlags& flags, const NodeData& before);
+    Changes stepped(const RefreshFlags& flags, const NodeData& before);
     /// After a command of the user has changed the structure.
     Changes structureEdited();
+    [[nodiscard]] PlaneMapping mappingOf(const PlaneInput& input) const;
+    /// What a mouse event in a 2D view has put out of date: what was overdue, and the status bar.
+    Changes afterPlane(const PlaneInput& input, const StaleViews& stale);
 
     ModelDocument model_;
     EditHistory history_;
     StructureTreeModel tree_;
+    std::optional<MaterialEditing> materials_;
+    ViewState view_;
+    PlaneColors planeColors_;
+    PlaneDrag planeDrag_;
+    OrbitDrag orbit_;
+    bool overdue_ = false; ///< the pictures do not show everything yet
+    bool cameraPlaced_ = false;
+    bool planesPlaced_ = false;
     QString counts_;
     QString message_; ///< of the last command
     QString pointerText_;

@@ -8,6 +8,8 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -59,6 +61,44 @@ QStringList lostNames(const FrameRecord& root) {
     return lost;
 }
 
+/// The coordinates that the plane shows, in so many decimals: "x 1.25  y -3.50".
+QString coordinates(ViewPlane plane, const Vec3& p, int decimals) {
+    const auto shown = [decimals](const char* axis, float value) {
+        const QString number = QString::number(double{value}, 'f', decimals);
+        // what rounds to nothing has no sign
+        const bool zero = number.toDouble() == 0.0;
+        return QLatin1String(axis) + u' ' + (zero ? QString::number(0.0, 'f', decimals) : number);
+    };
+    switch (plane) {
+    case ViewPlane::XZ:
+        return shown("x", p.x) + QStringLiteral("  ") + shown("z", p.z);
+    case ViewPlane::ZY:
+        return shown("z", p.z) + QStringLiteral("  ") + shown("y", p.y);
+    case ViewPlane::XY:
+        break;
+    }
+    return shown("x", p.x) + QStringLiteral("  ") + shown("y", p.y);
+}
+
+QString progressText(ViewPlane plane, const DragProgress& progress, int decimals) {
+    switch (progress.tool) {
+    case ViewTool::MoveFrame:
+        return QStringLiteral("frame moved ") + coordinates(plane, progress.moved, decimals);
+    case ViewTool::MoveView:
+        return QStringLiteral("view moved ") + coordinates(plane, progress.moved, decimals);
+    case ViewTool::MoveObjCoords:
+        return QStringLiteral("camera center moved ") +
+               coordinates(plane, progress.moved, decimals);
+    case ViewTool::RotateFrame: {
+        const double degrees = double{progress.turned} * 180.0 / std::numbers::pi;
+        return QStringLiteral("frame turned %1\u00b0").arg(degrees, 0, 'f', 1);
+    }
+    case ViewTool::Zoom:
+        break;
+    }
+    return {};
+}
+
 } // namespace
 
 QString countsText(const ModelDocument& document) {
@@ -90,6 +130,19 @@ QString savedText(const ModelDocument& document, SaveResult result) {
     }
     return QStringLiteral("%1 was written: ").arg(name) + countsText(document) +
            listed("names that it will not give back", lostNames(document.Root));
+}
+
+QString pointerText(const PlaneMapping& mapping, const DragInput& input,
+                    const std::optional<DragProgress>& progress) {
+    // as many decimals as a pixel is worth, for the tiniest models as well
+    constexpr int most = 30;
+    const int decimals =
+        std::clamp(static_cast<int>(std::ceil(std::log10(mapping.scale))), 0, most);
+    const PlanePoint under = mapping.under(input.x, input.y);
+    const QString text = coordinates(mapping.plane, toWorld(mapping.plane, under), decimals);
+    return progress
+               ? text + QStringLiteral("   ") + progressText(mapping.plane, *progress, decimals)
+               : text;
 }
 
 } // namespace korvane

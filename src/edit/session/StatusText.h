@@ -2,9 +2,11 @@
 
 #include "formats/textures/TextureLoader.h"
 #include "model/document/ModelDocument.h"
+#include "render/drags/PlaneDrag.h"
 
 #include <QString>
 
+#include <optional>
 #include <string_view>
 
 namespace korvane {
@@ -30,5 +32,10 @@ enum class SaveResult {
 /// What the status bar says after a save: what was written, with the names of frames that a reading
 /// would not give back, or that nothing was.
 QString savedText(const ModelDocument& document, SaveResult result);
+
+/// What the pointer is at in a 2D view, in coordinates of the model, and what the drag there has
+/// done, if one runs.
+QString pointerText(const PlaneMapping& mapping, const DragInput& input,
+                    const std::optional<DragProgress>& progress);
 
 } // namespace korvane

@@ -43,10 +43,6 @@ struct ModelDocument {
     float PlaneScale = 16.0F;     ///< the zoom scale of the 2D views: pixels a unit
     Vec3 PanVector;               ///< how far the 2D views show the world moved
     ViewTool Tool = ViewTool::Zoom;
-    bool RedrawAll = false; ///< the pictures of the 2D views no longer show the document
-    bool Changed = false;   ///< nor does that of the 3D view
-    /// The mouse is changing the document: nothing else may, not even undo, until it is done.
-    bool DragRunning = false;
 
     // The traversal of the document's own cursor, kept for callers outside the program, which
     // itself walks trees with FrameWalk; see RenderCursor.

@@ -9,8 +9,6 @@
 #include "app/widgets/WidgetText.h"
 #include "app/widgets/WindowFocus.h"
 #include "formats/files/FileNames.h"
-#include "formats/xsi/MshOpener.h"
-#include "formats/xsi/XsiReader.h"
 #include "formats/xsi/XsiWriter.h"
 #include "model/forms/TReadProgress.h"
 #include "model/forms/TStructureView.h"
@@ -42,11 +40,11 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     titleStyle->setParent(this);
     setStyle(titleStyle);
 
-    view().colors = colors;
+    session_->setColors(colors, {});
     fillPanel(*ui_->Panel1, QColor::fromRgb(colors.background));
     setUpViews();
     setUpTools();
-    ui_->ThreeDWin->setDocument(document());
+    ui_->ThreeDWin->setSession(session());
     focus_ = new WindowFocus(*this, *ui_->TreeView1);
     clearMessageAtCommands();
     ui_->Panel3->installEventFilter(this);
@@ -80,7 +78,7 @@ void TMDIChild::ChildActivate() {
 
 void TMDIChild::ChildDeactivate() {
     // the 3D view is a child widget and outlives the model; its context goes as well
-    ui_->ThreeDWin->setDocument(nullptr);
+    ui_->ThreeDWin->setSession(nullptr);
 }
 
 void TMDIChild::create(const QString& name) {
@@ -106,8 +104,6 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
         closeUnasked();
         return;
     }
-    ui_->ThreeDWin->placeCamera();
-    planesPending_ = true;
     apply(outcome.changes);
     ui_->TreeView1->expand(ui_->TreeView1->currentIndex());
     showReadFailure(outcome.status, fileName);
@@ -122,6 +118,10 @@ void TMDIChild::apply(const Changes& changes) {
     }
     if (changes.geometry) {
         render3d();
+    } else if (changes.space()) {
+        ui_->ThreeDWin->redraw();
+    } else if (changes.planes) {
+        drawPlanes();
     }
     if (changes.status) {
         Q_EMIT statusChanged();
@@ -145,13 +145,13 @@ void TMDIChild::FileOpenMSH(const QString& fileName) {
     if (!session_) {
         return;
     }
-    const MshOutcome outcome = korvane::FileOpenMSH(fileName, session_->model());
-    if (!outcome.saveFailed.isEmpty()) {
-        showSaveFailure(outcome.saveFailed);
+    const MeshOutcome outcome = session_->openMesh(fileName);
+    if (!outcome.result.saveFailed.isEmpty()) {
+        showSaveFailure(outcome.result.saveFailed);
     }
-    showReadFailure(outcome.status, fileName);
-    if (session_ && outcome.status == ReadStatus::CannotOpen) {
-        setCaption();
+    showReadFailure(outcome.result.status, fileName);
+    if (session_) {
+        apply(outcome.changes);
     }
 }
 
@@ -306,23 +306,31 @@ void TMDIChild::FormResize() {
     ui_->Panel7->setGeometry({QPoint(half.width(), half.height()), half});
 }
 
-ViewState& TMDIChild::view() {
-    return ui_->ThreeDWin->state();
+void TMDIChild::setRenderMode(RenderMode mode) {
+    if (session_) {
+        apply(session_->setRenderMode(mode));
+    }
+}
+
+void TMDIChild::setViewSetting(bool ViewState::*setting, bool on) {
+    if (session_) {
+        apply(session_->setViewSetting(setting, on));
+    }
 }
 
 void TMDIChild::setDrawingInterface(DrawApi api) {
-    ui_->ThreeDWin->releaseContext();
-    view().api = api;
-    ui_->ThreeDWin->setUpView();
-    render3d();
+    if (session_) {
+        ui_->ThreeDWin->releaseContext();
+        const Changes changes = session_->setDrawApi(api);
+        ui_->ThreeDWin->setUpView();
+        apply(changes);
+    }
 }
 
-void TMDIChild::setViewColors(const ViewColors& colors) {
-    view().colors = colors;
-    if (view().api == DrawApi::OpenGL) {
-        // the background is part of what is set up when the mode differs from that drawn last
-        constexpr auto noMode = static_cast<RenderMode>(10);
-        view().lastDrawnMode = noMode;
+void TMDIChild::setColors(const ViewColors& colors, const PlaneColors& planeColors) {
+    if (session_) {
+        session_->setColors(colors, planeColors);
+        showPlaneColors();
     }
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "edit/session/DocumentSession.h"
-#include "render/planes/PlaneViews.h"
-#include "render/scene/ViewState.h"
+#include "render/planes/PlaneView.h"
 
 #include <QMdiSubWindow>
 #include <QString>
@@ -55,13 +54,21 @@ class TMDIChild : public QMdiSubWindow {
     /// Without them "Edit" and "Rename Frame" do nothing.
     void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
 
-    // Nothing can be taken back while the mouse is changing the model.
+    /// The model with what can be done to it; null once the window has been closed.
+    [[nodiscard]] DocumentSession* session() { return session_ ? &*session_ : nullptr; }
+    [[nodiscard]] const DocumentSession* session() const { return session_ ? &*session_ : nullptr; }
+    [[nodiscard]] const ModelDocument* document() const {
+        return session_ ? &session_->model() : nullptr;
+    }
+    /// The settings of the 3D view of a window that is open.
+    [[nodiscard]] const ViewState& view() const { return session_->view(); }
+
+    // Commands of the main frame. They do nothing once the window has been closed.
+
     [[nodiscard]] bool canUndo() const { return session_ && session_->canUndo(); }
     [[nodiscard]] bool canRedo() const { return session_ && session_->canRedo(); }
     void undo();
     void redo();
-
-    /// Whether Copy takes something from the selection, and whether Paste puts such content there.
     [[nodiscard]] bool canCopy() const { return session_ && session_->canCopy(); }
     [[nodiscard]] bool canPaste(ClipboardContent content) const {
         return session_ && session_->canPaste(content);
@@ -71,21 +78,15 @@ class TMDIChild : public QMdiSubWindow {
     /// Pastes a block into the selection. One that is damaged or does not fit changes nothing, and
     /// the user is told.
     void paste(const QByteArray& block);
-
-    /// The settings of the 3D view; changes show with the next render3d().
-    [[nodiscard]] ViewState& view();
+    void setRenderMode(RenderMode mode);
+    void setViewSetting(bool ViewState::*setting, bool on);
     /// Draws the 3D view through another interface from here on.
     void setDrawingInterface(DrawApi api);
-    /// Gives the 3D view other colours, which show when it is drawn next.
-    void setViewColors(const ViewColors& colors);
-    /// The same for the 2D views.
-    void setPlaneColors(const PlaneColors& colors);
+    /// Gives the views other colours, which show when they are drawn next.
+    void setColors(const ViewColors& colors, const PlaneColors& planeColors);
+    /// Draws the views that show anew.
+    void render3d();
 
-    /// The model; null once the window has been closed.
-    [[nodiscard]] ModelDocument* document() { return session_ ? &session_->model() : nullptr; }
-    [[nodiscard]] const ModelDocument* document() const {
-        return session_ ? &session_->model() : nullptr;
-    }
     /// What the status bar shows of the window.
     [[nodiscard]] QString statusText() const {
         return session_ ? session_->statusText() : QString();
@@ -97,13 +98,8 @@ class TMDIChild : public QMdiSubWindow {
     /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
     void FileOpenMSH(const QString& fileName);
 
-    // Saving does nothing once the window has been closed.
     void FileSaveExecute();
     void FileSaveAsExecute();
-
-    /// Redraws the 3D view, and the 2D views if they show; does nothing once the window has been
-    /// closed.
-    void render3d();
 
     /// Whether FormCanClose would ask the user.
     [[nodiscard]] bool needsCloseQuestion() const {
@@ -156,20 +152,21 @@ class TMDIChild : public QMdiSubWindow {
     void setUpButtons();
     /// An event of a view; whether that was all about it.
     bool viewEvent(const QObject& watched, const QEvent& event);
-    /// Whether the event is a press that only activates the window, or is made with Ctrl held.
+    /// Whether the event is a press that only activates the window, is made with Ctrl held or comes
+    /// while a dialog is at work.
     [[nodiscard]] bool startsNothing(const QEvent& event) const;
     void planeEvent(const PlaneImage& image, const QEvent& event);
-    void planeInput(ViewPlane plane, void (TMDIChild::*handler)(const DragInput&),
-                    const DragInput& input);
-    void planeWheel(ViewPlane plane, const DragInput& place, float notches);
-    void mouseDown(ViewPlane plane, const DragInput& input);
-    void mouseMove(ViewPlane plane, const DragInput& input);
-    void mouseUp(ViewPlane plane, const DragInput& input);
+    /// What an operation of the session makes of a mouse event in a 2D view.
+    using PlaneOperation = Changes (DocumentSession::*)(const PlaneInput&);
+    void planeInput(ViewPlane plane, const DragInput& input, PlaneOperation operation);
+    [[nodiscard]] PlaneInput inputOf(ViewPlane plane, const DragInput& input);
     /// Ends a running drag of a 2D view without a trace; whether there was one.
     bool cancelDrag();
-    /// Draws those pictures that no longer show the document.
-    void redrawStale();
+    void drawPlanes();
     void drawPlane(const PlaneImage& image);
+    [[nodiscard]] PlaneView& planeView(ViewPlane plane) {
+        return planeViews_[static_cast<std::size_t>(plane)];
+    }
     void showToolCursor();
     /// A drag has begun or ended.
     void showDragCursor();
@@ -211,9 +208,9 @@ class TMDIChild : public QMdiSubWindow {
     std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
     WindowFocus* focus_ = nullptr;              ///< the window owns it
     std::chrono::milliseconds progressDelay_{500};
-    PlaneViews planes_;
-    bool planesPending_ = true; ///< the 2D views have to be set to see the whole model
-    bool filling_ = false;      ///< the selection is set to show the model, not by the user
+    std::array<PlaneView, planeCount> planeViews_ = {
+        PlaneView(ViewPlane::XY), PlaneView(ViewPlane::XZ), PlaneView(ViewPlane::ZY)};
+    bool filling_ = false; ///< the selection is set to show the model, not by the user
     bool closeAgreed_ = false;
     bool activatedByPress_ = false; ///< by the one about to be delivered, if that is to a view
     std::vector<std::unique_ptr<DragFilter>> mice_; ///< of the 2D views; go first: they call back

@@ -38,8 +38,7 @@ void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
     if (!session_ || filling_) {
         return;
     }
-    Changes changes = session_->select(structure_->nodeData(selected.indexes().value(0)));
-    changes.selection = false; // the tree is about to show it: it must not be told while it does
+    const Changes changes = session_->select(structure_->nodeData(selected.indexes().value(0)));
     showSelectedButtons();
     apply(changes);
 }
@@ -125,16 +124,14 @@ void TMDIChild::editFrameOptions() {
 }
 
 void TMDIChild::editMaterials() {
-    const NodeData& node = session_->model().Selected;
-    const bool firstSlot =
-        node.NodeKind == NodeKind::MeshMaterialList || node.NodeKind == NodeKind::MaterialTable;
-    // the 2D views show no materials: only the 3D view has to keep up with the user's hand
-    const auto live =
-        connect(dialogs_.material, &TMaterial::edited, ui_->ThreeDWin, &TThreeDWinFrame::redraw);
-    dialogs_.material->edit(
-        {&session_->model(), &session_->history(), node.Frame, firstSlot ? 0 : node.ItemIndex});
+    MaterialEditing* materials = session_->editMaterials();
+    if (materials == nullptr) {
+        return;
+    }
+    const auto live = connect(dialogs_.material, &TMaterial::edited, this, &TMDIChild::apply);
+    dialogs_.material->edit(*materials);
     disconnect(live);
-    apply(session_->materialsEdited(dialogs_.material->slotsChanged()));
+    apply(session_->endMaterials());
 }
 
 void TMDIChild::RenameButtonClick() {

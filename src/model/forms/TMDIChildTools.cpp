@@ -52,21 +52,21 @@ void TMDIChild::setUpTools() {
 
 void TMDIChild::toolExecute(ViewTool tool) {
     if (session_) {
-        session_->model().Tool = tool;
+        session_->setTool(tool);
     }
     showToolCursor();
 }
 
 void TMDIChild::showToolCursor() {
-    const QCursor cursor =
-        toolCursor(session_ ? session_->model().Tool : ViewTool::Zoom, planes_.dragging());
+    const QCursor cursor = toolCursor(session_ ? document()->Tool : ViewTool::Zoom,
+                                      session_ && session_->draggingPlane());
     for (QWidget* image : {ui_->Image2, ui_->Image3, ui_->Image4}) {
         image->setCursor(cursor);
     }
 }
 
 void TMDIChild::showDragCursor() {
-    if (session_->model().Tool == ViewTool::MoveView) {
+    if (document()->Tool == ViewTool::MoveView) {
         showToolCursor(); // the others look the same
     }
 }
@@ -107,9 +107,6 @@ void TMDIChild::TwoDVisibleExecute() {
         panel->setVisible(visible);
     }
     FormResize();
-    if (visible && session_) {
-        session_->model().RedrawAll = false; // they have been drawn as they came into sight
-    }
 }
 
 } // namespace korvane

@@ -6,7 +6,6 @@
 #include "app/widgets/PictureLabel.h"
 #include "model/forms/TMDIChild.h"
 #include "render/forms/TImage.h"
-#include "render/scene/StartCamera.h"
 #include "ui_TMDIChild.h"
 
 #include <QGuiApplication>
@@ -40,20 +39,22 @@ std::array<TMDIChild::PlaneImage, planeCount> TMDIChild::planeImages() const {
 
 void TMDIChild::setUpViews() {
     for (const PlaneImage& image : planeImages()) {
-        const auto forward = [this, plane = image.plane](auto handler) {
-            return [this, plane, handler](const DragInput& input) {
-                planeInput(plane, handler, input);
-            };
+        const auto forward = [this](auto handler) {
+            return [this, handler](const DragInput& input) { (this->*handler)(input); };
         };
         mice_.push_back(std::make_unique<DragFilter>(
-            *image.image, DragFilter::Handlers{
-                              .press = forward(image.mouseDown),
-                              .move = forward(image.mouseMove),
-                              .release = forward(image.mouseUp),
-                              .cancel = [this] { return cancelDrag(); },
-                              .wheel = [this, plane = image.plane](
-                                           const DragInput& place,
-                                           float notches) { planeWheel(plane, place, notches); }}));
+            *image.image,
+            DragFilter::Handlers{
+                .press = forward(image.mouseDown),
+                .move = forward(image.mouseMove),
+                .release = forward(image.mouseUp),
+                .cancel = [this] { return cancelDrag(); },
+                .wheel =
+                    [this, plane = image.plane](const DragInput& place, float notches) {
+                        if (session_) {
+                            apply(session_->wheelPlane(inputOf(plane, place), notches));
+                        }
+                    }}));
         // the filter installed last runs first: presses that start nothing never reach the drag
         image.image->installEventFilter(this);
         image.image->setEdged(true);
@@ -78,16 +79,8 @@ void TMDIChild::fillPanel(QWidget& panel, const QColor& color) {
     panel.setAutoFillBackground(true);
 }
 
-void TMDIChild::setPlaneColors(const PlaneColors& colors) {
-    planes_.setColors(colors);
-    showPlaneColors();
-    if (session_) {
-        session_->model().RedrawAll = session_->model().Changed = true;
-    }
-}
-
 void TMDIChild::showPlaneColors() {
-    const QColor paper = QColor::fromRgb(planes_.view(ViewPlane::XY).colors().frames.background);
+    const QColor paper = QColor::fromRgb(session_->planeColors().frames.background);
     for (const PlaneImage& image : planeImages()) {
         fillPanel(*image.panel, paper);
     }
@@ -95,23 +88,15 @@ void TMDIChild::showPlaneColors() {
 
 void TMDIChild::render3d() {
     if (session_) {
-        session_->model().RedrawAll = session_->model().Changed = true;
-        redrawStale();
+        session_->overdue(); // everything shows after this
+        ui_->ThreeDWin->redraw();
+        drawPlanes();
     }
 }
 
-void TMDIChild::redrawStale() {
-    if (!session_) {
-        return;
-    }
-    if (std::exchange(session_->model().Changed, false)) {
-        ui_->ThreeDWin->redraw();
-    }
-    if (session_->model().RedrawAll && ui_->TwoDVisibleAction->isChecked()) {
-        session_->model().RedrawAll = false;
-        for (const PlaneImage& image : planeImages()) {
-            drawPlane(image);
-        }
+void TMDIChild::drawPlanes() {
+    for (const PlaneImage& image : planeImages()) {
+        drawPlane(image);
     }
 }
 
@@ -120,15 +105,15 @@ void TMDIChild::drawPlane(const PlaneImage& image) {
         return; // drawn when shown
     }
     const QSize size = sizeInPixels(*image.image);
-    PlaneView& view = planes_.view(image.plane);
+    PlaneView& view = planeView(image.plane);
     if (size != QSize(view.bitmap().width(), view.bitmap().height())) {
         view.resize(size.width(), size.height());
     }
-    if (planesPending_ && !size.isEmpty()) {
-        planesPending_ = false;
-        startPlanes(session_->model(), size.width(), size.height());
+    if (!size.isEmpty()) {
+        session_->placePlanes(size.width(), size.height());
     }
     const bool dots = this->view().dots;
+    view.setColors(session_->planeColors());
     view.draw(session_->model(), dots);
     image.image->showPicture(imageOf(view.bitmap()),
                              view.selectionOverlay(session_->model(), dots));
@@ -141,7 +126,8 @@ bool TMDIChild::startsNothing(const QEvent& event) const {
         return false;
     }
     const auto& press = dynamic_cast<const QMouseEvent&>(event);
-    return activatedByPress_ || press.modifiers().testFlag(Qt::ControlModifier);
+    return activatedByPress_ || press.modifiers().testFlag(Qt::ControlModifier) ||
+           ModalCall::running();
 }
 
 bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
@@ -150,7 +136,7 @@ bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
             return true;
         }
         if (event.type() == QEvent::HoverMove || event.type() == QEvent::HoverEnter) {
-            redrawStale();
+            apply(session_ ? session_->overdue() : Changes());
         }
         return false;
     }
@@ -167,93 +153,71 @@ bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
 
 void TMDIChild::planeEvent(const PlaneImage& image, const QEvent& event) {
     if (event.type() == QEvent::Leave) {
-        apply(session_->setPointerText({}));
+        apply(session_->leavePlane());
     } else if (event.type() == QEvent::Resize || event.type() == QEvent::Show) {
         drawPlane(image);
     }
 }
 
-void TMDIChild::planeInput(ViewPlane plane, void (TMDIChild::*handler)(const DragInput&),
-                           const DragInput& input) {
-    if (session_) {
-        (this->*handler)(input);
-        apply(session_->setPointerText(planes_.statusText(plane, input, session_->model())));
-    }
+PlaneInput TMDIChild::inputOf(ViewPlane plane, const DragInput& input) {
+    const Bitmap& picture = planeView(plane).bitmap();
+    return {plane, picture.width(), picture.height(), input};
 }
 
-void TMDIChild::planeWheel(ViewPlane plane, const DragInput& place, float notches) {
-    if (session_) {
-        planes_.wheel(plane, place, notches, session_->model());
-        redrawStale();
-        apply(session_->setPointerText(planes_.statusText(plane, place, session_->model())));
-    }
-}
-
-void TMDIChild::mouseDown(ViewPlane plane, const DragInput& input) {
-    if (ModalCall::running()) {
+void TMDIChild::planeInput(ViewPlane plane, const DragInput& input, PlaneOperation operation) {
+    if (!session_) {
         return;
     }
-    planes_.mouseDown(plane, input, session_->model());
-    showDragCursor();
-    redrawStale();
-}
-
-void TMDIChild::mouseMove(ViewPlane plane, const DragInput& input) {
-    planes_.mouseMove(plane, input, session_->model());
-    redrawStale();
-}
-
-void TMDIChild::mouseUp(ViewPlane plane, const DragInput& input) {
-    if (const std::optional<FrameMove> move = planes_.mouseUp(plane, input, session_->model())) {
-        apply(session_->recordMove(*move));
+    const bool dragging = session_->draggingPlane();
+    apply(((*session_).*operation)(inputOf(plane, input)));
+    if (session_->draggingPlane() != dragging) {
+        showDragCursor();
     }
-    showDragCursor();
-    redrawStale();
 }
 
 bool TMDIChild::cancelDrag() {
-    if (!session_ || !planes_.cancelDrag(session_->model())) {
+    if (!session_ || !session_->draggingPlane()) {
         return false;
     }
+    apply(session_->cancelPlaneDrag());
     showDragCursor();
-    redrawStale();
     return true;
 }
 
 void TMDIChild::XYWinMouseDown(const DragInput& input) {
-    mouseDown(ViewPlane::XY, input);
+    planeInput(ViewPlane::XY, input, &DocumentSession::pressPlane);
 }
 
 void TMDIChild::XYWinMouseMove(const DragInput& input) {
-    mouseMove(ViewPlane::XY, input);
+    planeInput(ViewPlane::XY, input, &DocumentSession::movePlane);
 }
 
 void TMDIChild::XYWinMouseUp(const DragInput& input) {
-    mouseUp(ViewPlane::XY, input);
+    planeInput(ViewPlane::XY, input, &DocumentSession::releasePlane);
 }
 
 void TMDIChild::XZWinMouseDown(const DragInput& input) {
-    mouseDown(ViewPlane::XZ, input);
+    planeInput(ViewPlane::XZ, input, &DocumentSession::pressPlane);
 }
 
 void TMDIChild::XZWinMouseMove(const DragInput& input) {
-    mouseMove(ViewPlane::XZ, input);
+    planeInput(ViewPlane::XZ, input, &DocumentSession::movePlane);
 }
 
 void TMDIChild::XZWinMouseUp(const DragInput& input) {
-    mouseUp(ViewPlane::XZ, input);
+    planeInput(ViewPlane::XZ, input, &DocumentSession::releasePlane);
 }
 
 void TMDIChild::ZYWinMouseDown(const DragInput& input) {
-    mouseDown(ViewPlane::ZY, input);
+    planeInput(ViewPlane::ZY, input, &DocumentSession::pressPlane);
 }
 
 void TMDIChild::ZYWinMouseMove(const DragInput& input) {
-    mouseMove(ViewPlane::ZY, input);
+    planeInput(ViewPlane::ZY, input, &DocumentSession::movePlane);
 }
 
 void TMDIChild::ZYWinMouseUp(const DragInput& input) {
-    mouseUp(ViewPlane::ZY, input);
+    planeInput(ViewPlane::ZY, input, &DocumentSession::releasePlane);
 }
 
 } // namespace korvane

@@ -4,6 +4,7 @@
 
 #include <bit>
 #include <cmath>
+#include <utility>
 
 namespace korvane {
 
@@ -48,21 +49,22 @@ Matrix4 planeRotation(ViewPlane plane, double cosine, double sine) {
 
 } // namespace
 
-void PlaneDrag::begin(const DragInput& input, const PlaneMapping& mapping,
-                      ModelDocument& document) {
+StaleViews PlaneDrag::begin(const DragInput& input, const PlaneMapping& mapping,
+                            ModelDocument& document) {
     const bool left = input.button == DragButton::Left;
-    if (!left && input.button != DragButton::Right) {
-        return;
+    StaleViews stale;
+    if (plane_ != mapping.plane || (left && left_)) {
+        stale = cancel(document); // the release went elsewhere
     }
-    if (left && left_) {
-        cancel(document); // the release went elsewhere
+    if (!left && input.button != DragButton::Right) {
+        return stale;
     }
     if (!active()) {
+        plane_ = mapping.plane;
         idleScale_ = document.PlaneScale;
         idlePan_ = document.PanVector;
         idleCentre_ = document.CameraCenter;
         progress_ = {.tool = document.Tool};
-        document.DragRunning = true;
     }
     if (left) {
         pressLeft(input, mapping, document);
@@ -70,8 +72,9 @@ void PlaneDrag::begin(const DragInput& input, const PlaneMapping& mapping,
     right_ = right_ || !left;
     if (progress_.tool == ViewTool::Zoom) {
         document.PlaneScale = zoomedScale(document.PlaneScale, left ? 2.0F : 0.5F);
-        document.RedrawAll = true;
+        stale.planes = true;
     }
+    return stale;
 }
 
 void PlaneDrag::pressLeft(const DragInput& input, const PlaneMapping& mapping,
@@ -87,58 +90,56 @@ void PlaneDrag::pressLeft(const DragInput& input, const PlaneMapping& mapping,
     startDirection_ = directionFrom(input, mapping);
 }
 
-void PlaneDrag::update(const DragInput& input, const PlaneMapping& mapping,
-                       ModelDocument& document) {
-    if (!left_) {
-        return;
+StaleViews PlaneDrag::update(const DragInput& input, const PlaneMapping& mapping,
+                             ModelDocument& document) {
+    if (!left_ || plane_ != mapping.plane) {
+        return {};
     }
     // at an extreme scale a few pixels may be a way beyond all numbers: nothing goes there
     const PlanePoint way = mapping.way(start_.x, start_.y, input.x, input.y);
     if (!isFinite(toWorld(mapping.plane, way))) {
-        return;
+        return {};
     }
     switch (progress_.tool) {
     case ViewTool::MoveFrame:
         progress_.moved = toWorld(mapping.plane, way);
-        moveFrame(document);
-        break;
+        return moveFrame(document);
     case ViewTool::MoveView:
         progress_.moved = toWorld(mapping.plane, way);
-        document.RedrawAll = true;
         document.PanVector = finiteOr(document.PanVector, startPan_ + progress_.moved);
-        break;
+        return {.planes = true};
     case ViewTool::RotateFrame:
-        rotateFrame(input, mapping, document);
-        break;
+        return rotateFrame(input, mapping, document);
     case ViewTool::MoveObjCoords:
         // the other way: the model seems to follow the mouse in the 3D view
         progress_.moved = toWorld(mapping.plane, {-way.u, -way.v});
         document.CameraCenter = finiteOr(document.CameraCenter, startCentre_ + progress_.moved);
-        document.RedrawAll = document.Changed = true;
-        break;
+        return {.planes = true, .space = true};
     case ViewTool::Zoom:
         break;
     }
+    return {};
 }
 
-void PlaneDrag::moveFrame(ModelDocument& document) {
+StaleViews PlaneDrag::moveFrame(ModelDocument& document) {
     Matrix4 matrix = frameMatrix_;
     if (progress_.moved != Vec3()) {
         matrix[12] += progress_.moved.x;
         matrix[13] += progress_.moved.y;
         matrix[14] += progress_.moved.z;
     }
-    setFrameMatrix(document, matrix);
+    const bool moved = setFrameMatrix(document, matrix);
+    return {.planes = moved, .space = moved};
 }
 
-void PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& mapping,
-                            ModelDocument& document) {
+StaleViews PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& mapping,
+                                  ModelDocument& document) {
     const std::optional<Direction> direction = directionFrom(input, mapping);
     if (!startDirection_) {
         startDirection_ = direction;
     }
     if (!direction) {
-        return; // on the origin there is no angle: the frame stays as it was turned last
+        return {}; // on the origin there is no angle: the frame stays as it was turned last
     }
     const double cosine = startDirection_->u * direction->u + startDirection_->v * direction->v;
     const double sine = startDirection_->u * direction->v - startDirection_->v * direction->u;
@@ -150,16 +151,18 @@ void PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& mapping,
         // its place is kept: the frame turns about its own origin
         std::copy_n(turned.m.begin(), 12, matrix.m.begin());
     }
-    setFrameMatrix(document, matrix);
+    const bool moved = setFrameMatrix(document, matrix);
+    return {.planes = moved, .space = moved};
 }
 
-void PlaneDrag::setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const {
+bool PlaneDrag::setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const {
     FrameRecord* frame = frameAt(document.Root, frame_);
     // a file could not give numbers back that are none
-    if (frame != nullptr && isFinite(matrix) && !same(frame->Matrix, matrix)) {
-        frame->Matrix = matrix;
-        document.RedrawAll = document.Changed = true;
+    if (frame == nullptr || !isFinite(matrix) || same(frame->Matrix, matrix)) {
+        return false;
     }
+    frame->Matrix = matrix;
+    return true;
 }
 
 std::optional<PlaneDrag::Direction> PlaneDrag::directionFrom(const DragInput& input,
@@ -173,42 +176,55 @@ std::optional<PlaneDrag::Direction> PlaneDrag::directionFrom(const DragInput& in
     return Direction{u / length, v / length};
 }
 
-std::optional<FrameMove> PlaneDrag::end(const DragInput& input, const PlaneMapping& mapping,
-                                        ModelDocument& document) {
-    if (!active()) {
-        return std::nullopt;
+DragEnd PlaneDrag::end(const DragInput& input, const PlaneMapping& mapping,
+                       ModelDocument& document) {
+    if (plane_ != mapping.plane) {
+        return {cancel(document), std::nullopt};
     }
-    update(input, mapping, document);
-    const bool left = left_;
-    left_ = right_ = false;
-    document.DragRunning = false;
-    const FrameRecord* frame = frameAt(document.Root, frame_);
+    DragEnd result = {update(input, mapping, document), std::nullopt};
     const bool ofFrame =
         progress_.tool == ViewTool::MoveFrame || progress_.tool == ViewTool::RotateFrame;
-    if (!left || !ofFrame || frame == nullptr || same(frame->Matrix, frameMatrix_)) {
-        return std::nullopt;
+    const bool left = std::exchange(left_, false);
+    right_ = false;
+    const FrameRecord* frame = left && ofFrame ? frameAt(document.Root, frame_) : nullptr;
+    if (frame != nullptr && !same(frame->Matrix, frameMatrix_)) {
+        result.move = {frame_, frameMatrix_, frame->Matrix};
     }
-    return FrameMove{frame_, frameMatrix_, frame->Matrix};
+    return result;
 }
 
-void PlaneDrag::cancel(ModelDocument& document) {
+StaleViews PlaneDrag::cancel(ModelDocument& document) {
     if (!active()) {
-        return;
+        return {};
     }
-    if (left_) {
-        setFrameMatrix(document, frameMatrix_);
+    StaleViews stale = {.planes = true, .space = document.CameraCenter != idleCentre_};
+    if (left_ && setFrameMatrix(document, frameMatrix_)) {
+        stale.space = true;
     }
-    document.Changed = document.Changed || document.CameraCenter != idleCentre_;
     document.PlaneScale = idleScale_;
     document.PanVector = idlePan_;
     document.CameraCenter = idleCentre_;
-    document.RedrawAll = true;
     left_ = right_ = false;
-    document.DragRunning = false;
+    return stale;
 }
 
 std::optional<DragProgress> PlaneDrag::progress() const {
     return left_ && progress_.tool != ViewTool::Zoom ? std::optional(progress_) : std::nullopt;
+}
+
+bool zoomPlanes(const DragInput& place, float notches, PlaneMapping mapping,
+                ModelDocument& document) {
+    const float zoomed = zoomedScale(document.PlaneScale, wheelFactor(notches));
+    if (zoomed == document.PlaneScale) {
+        return false;
+    }
+    const PlanePoint before = mapping.under(place.x, place.y);
+    mapping.scale = zoomed;
+    const PlanePoint after = mapping.under(place.x, place.y);
+    document.PlaneScale = zoomed;
+    document.PanVector =
+        document.PanVector + toWorld(mapping.plane, {after.u - before.u, after.v - before.v});
+    return true;
 }
 
 } // namespace korvane

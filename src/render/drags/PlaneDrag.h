@@ -22,24 +22,43 @@ struct DragProgress {
     float turned = 0.0F; ///< radians, counterclockwise on the screen
 };
 
-/// The mouse in a 2D view, from the button that goes down first until one is released. It does what
-/// the document's tool of that moment is for, live in the document, and marks there which pictures
-/// have to be drawn anew. Cancelled, it leaves everything as it was.
+/// Which pictures no longer show the document.
+struct StaleViews {
+    bool planes = false; ///< those of the 2D views
+    bool space = false;  ///< that of the 3D view
+
+    StaleViews& operator|=(const StaleViews& other) {
+        planes = planes || other.planes;
+        space = space || other.space;
+        return *this;
+    }
+};
+
+/// How a drag ended.
+struct DragEnd {
+    StaleViews stale;
+    std::optional<FrameMove> move; ///< for the history, if a frame has another matrix now
+};
+
+/// The mouse in the 2D views, from the button that goes down first until one is released. It does
+/// what the document's tool of that moment is for, live in the document. Cancelled, it leaves
+/// everything as it was. One drag runs at a time, in one plane.
 class PlaneDrag {
   public:
     /// A button went down. The zoom tool does its work at once: the left button doubles the scale,
-    /// the right one halves it. All others wait for the left button to move.
-    void begin(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
-    /// The mouse moved.
-    void update(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
-    /// A button was released: as update(), and the drag is over. Tells what became of a frame if
-    /// its matrix is another one now, for the history.
-    std::optional<FrameMove> end(const DragInput& input, const PlaneMapping& mapping,
-                                 ModelDocument& document);
+    /// the right one halves it. All others wait for the left button to move. A drag that was left
+    /// over in another plane is cancelled.
+    StaleViews begin(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
+    /// The mouse moved; nothing if that was in another plane.
+    StaleViews update(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
+    /// A button was released: as update(), and the drag is over. One that was left over in another
+    /// plane is cancelled.
+    DragEnd end(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
     /// Puts everything back to where it was at the beginning.
-    void cancel(ModelDocument& document);
+    StaleViews cancel(ModelDocument& document);
 
     [[nodiscard]] bool active() const { return left_ || right_; }
+    [[nodiscard]] bool activeIn(ViewPlane plane) const { return active() && plane_ == plane; }
     /// How far the drag has got; nothing unless one runs that does anything by moving.
     [[nodiscard]] std::optional<DragProgress> progress() const;
 
@@ -51,12 +70,15 @@ class PlaneDrag {
     };
 
     void pressLeft(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
-    void moveFrame(ModelDocument& document);
-    void rotateFrame(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
-    void setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const;
+    StaleViews moveFrame(ModelDocument& document);
+    StaleViews rotateFrame(const DragInput& input, const PlaneMapping& mapping,
+                           ModelDocument& document);
+    /// Whether that was a change.
+    bool setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const;
     [[nodiscard]] std::optional<Direction> directionFrom(const DragInput& input,
                                                          const PlaneMapping& mapping) const;
 
+    ViewPlane plane_ = ViewPlane::XY;
     bool left_ = false;
     bool right_ = false;
     DragProgress progress_;
@@ -75,5 +97,10 @@ class PlaneDrag {
     PlanePoint frameOrigin_;                  ///< in the plane
     std::optional<Direction> startDirection_; ///< none while the pointer is on the origin
 };
+
+/// The wheel turned by so many notches, forward being positive, at a place in a 2D view: zooms by a
+/// factor a notch, keeping what is under the pointer there. False if the scale stays.
+bool zoomPlanes(const DragInput& place, float notches, PlaneMapping mapping,
+                ModelDocument& document);
 
 } // namespace korvane

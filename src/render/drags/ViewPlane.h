@@ -71,6 +71,13 @@ struct PlaneMapping {
     bool operator==(const PlaneMapping&) const = default;
 };
 
+/// How a plane lies on the bitmap of a 2D view, of a size in device pixels: centred, in a scale,
+/// and moved by a pan in world space.
+constexpr PlaneMapping planeMapping(ViewPlane plane, std::int32_t width, std::int32_t height,
+                                    float scale, const Vec3& pan) {
+    return {plane, width / 2, height / 2, toPlane(plane, pan), scale};
+}
+
 // The limits of the zoom scale of the 2D views.
 inline constexpr float tooSmallScale = 0.01F;
 inline constexpr float largestScale = 5000.0F;

@@ -7,7 +7,6 @@
 #include "render/forms/TGlPanel.h"
 #include "render/gl/GlContext.h"
 #include "render/scene/NothingShown.h"
-#include "render/scene/StartCamera.h"
 #include "ui_TThreeDWinFrame.h"
 
 #include <QApplication>
@@ -22,39 +21,62 @@ TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
     ui_->ReasonLabel->hide();
     // clicked or tabbed to: Escape has to arrive here while a drag runs
     setFocusPolicy(Qt::StrongFocus);
-    mouse_ = std::make_unique<DragFilter>(
-        *this, DragFilter::Handlers{
-                   .press = [this](const DragInput& input) { mouseDown(input); },
-                   .move = [this](const DragInput& input) { mouseMove(input); },
-                   .release = [this](const DragInput& input) { mouseUp(input); },
-                   .cancel = [this] { return cancelDrag(); },
-                   .wheel = [this](const DragInput& /*place*/, float notches) { zoom(notches); }});
+    setUpMouse();
     // queued: whoever asked for the drawing cannot wait for the user
     connect(
         this, &TThreeDWinFrame::contextFailed, this, [this] { showFailure(GlProbe::NoContext); },
         Qt::QueuedConnection);
 }
 
+void TThreeDWinFrame::setUpMouse() {
+    const auto with = [this](auto operation) {
+        return [this, operation](const DragInput& input) {
+            if (session_ != nullptr) {
+                apply(operation(*session_, input));
+            }
+        };
+    };
+    using Session = DocumentSession;
+    mouse_ = std::make_unique<DragFilter>(
+        *this,
+        DragFilter::Handlers{.press = with([](Session& session, const DragInput& input) {
+                                 return session.pressOrbit(input);
+                             }),
+                             .move = with([this](Session& session, const DragInput& input) {
+                                 return session.moveOrbit(input, geometry_);
+                             }),
+                             .release = with([this](Session& session, const DragInput& input) {
+                                 return session.releaseOrbit(input, geometry_);
+                             }),
+                             .cancel = [this] { return cancelDrag(); },
+                             .wheel =
+                                 [this](const DragInput& /*place*/, float notches) {
+                                     if (session_ != nullptr) {
+                                         apply(session_->wheelOrbit(notches));
+                                     }
+                                 }});
+}
+
 TThreeDWinFrame::~TThreeDWinFrame() {
     delete panel_; // before the settings that it refers to
 }
 
-void TThreeDWinFrame::setDocument(ModelDocument* document) {
+void TThreeDWinFrame::setSession(DocumentSession* session) {
     cancelDrag();
     releaseContext();
-    document_ = document;
+    session_ = session;
 }
 
 void TThreeDWinFrame::setUpView() {
     releaseContext();
-    if (state_.api != DrawApi::OpenGL || document_ == nullptr) {
+    if (session_ == nullptr || session_->view().api != DrawApi::OpenGL) {
         return;
     }
     if (const GlProbe probe = probeContext(); probe != GlProbe::Works) {
         showFailure(probe);
         return;
     }
-    panel_ = new TGlPanel(*document_, state_, this);
+    panel_ = new TGlPanel(session_->model(), session_->view(), this);
     ui_->Image1->hide();
     ui_->ThreeDWinLayout->addWidget(panel_);
     panel_->show();
@@ -75,14 +97,13 @@ void TThreeDWinFrame::showFailure(GlProbe probe) {
 }
 
 void TThreeDWinFrame::redraw() {
-    if (document_ == nullptr || !isVisible()) {
+    if (session_ == nullptr || !isVisible()) {
         return; // drawn when shown
     }
     const QSize size = sizeInPixels(*this);
     geometry_ = ViewGeometry(size.width(), size.height());
-    if (cameraPending_ && !size.isEmpty()) {
-        cameraPending_ = false;
-        startCamera(*document_, state_, geometry_);
+    if (!size.isEmpty()) {
+        session_->placeCamera(geometry_);
     }
     if (panel_ != nullptr && panel_->failed()) {
         // the driver took back what the probe was promised
@@ -97,12 +118,12 @@ void TThreeDWinFrame::redraw() {
     if (size != QSize(view_.bitmap().width(), view_.bitmap().height())) {
         view_.resize(size.width(), size.height());
     }
-    view_.redraw(*document_, state_);
+    view_.redraw(session_->model(), session_->view());
     ui_->Image1->showPicture(imageOf(view_.bitmap()));
 }
 
 void TThreeDWinFrame::showReason() {
-    const QString reason = whyNothingShows(*document_, state_);
+    const QString reason = whyNothingShows(session_->model(), session_->view());
     QLabel& label = *ui_->ReasonLabel;
     label.setVisible(!reason.isEmpty());
     if (label.isHidden()) {
@@ -110,7 +131,7 @@ void TThreeDWinFrame::showReason() {
     }
     label.setText(reason);
     layOver(label);
-    setInkFor(label, state_.colors.background);
+    setInkFor(label, session_->view().colors.background);
     label.raise(); // whatever has drawn the picture
 }
 
@@ -128,40 +149,18 @@ void TThreeDWinFrame::showEvent(QShowEvent* event) {
     redraw();
 }
 
-void TThreeDWinFrame::mouseDown(const DragInput& input) {
-    if (document_ != nullptr) {
-        drag_.begin(input, state_.angles, document_->CameraDistance);
-    }
-}
-
-void TThreeDWinFrame::mouseMove(const DragInput& input) {
-    if (document_ != nullptr &&
-        drag_.update(input, geometry_, state_.angles, document_->CameraDistance)) {
-        redraw();
-    }
-}
-
-void TThreeDWinFrame::mouseUp(const DragInput& input) {
-    if (document_ != nullptr &&
-        drag_.end(input, geometry_, state_.angles, document_->CameraDistance)) {
+void TThreeDWinFrame::apply(const Changes& changes) {
+    if (changes.space()) {
         redraw();
     }
 }
 
 bool TThreeDWinFrame::cancelDrag() {
-    if (document_ == nullptr || !drag_.cancel(state_.angles, document_->CameraDistance)) {
+    if (session_ == nullptr || !session_->draggingOrbit()) {
         return false;
     }
-    redraw();
+    apply(session_->cancelOrbit());
     return true;
-}
-
-void TThreeDWinFrame::zoom(float notches) {
-    if (document_ == nullptr || drag_.active() || notches == 0.0F) {
-        return;
-    }
-    document_->CameraDistance = wheelDistance(document_->CameraDistance, notches);
-    redraw();
 }
 
 } // namespace korvane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/drags/OrbitDrag.h"
+#include "edit/session/DocumentSession.h"
 #include "render/software/SoftwareView.h"
 
 #include <QWidget>
@@ -28,19 +28,13 @@ class TThreeDWinFrame : public QWidget {
 
     /// The document to draw, which has to outlive its use here; null to draw nothing. Releases the
     /// context of the one before.
-    void setDocument(ModelDocument* document);
-    /// The model is another one: the camera goes to its start as soon as the view has a size.
-    void placeCamera() { cameraPending_ = true; }
+    void setSession(DocumentSession* session);
     /// Gets what the drawing interface of the settings needs: a context for OpenGL. The user is
     /// told where there is none; the model is then drawn by software.
     void setUpView();
     /// Frees all that is held in the context, and the context. Until setUpView() the model is drawn
-    /// by software.
+    /// by software. The interface of the settings may change only while nothing is held.
     void releaseContext();
-    /// The settings; redraw() after changing them, but for the drawing interface: release the
-    /// context before and set the view up after.
-    [[nodiscard]] ViewState& state() { return state_; }
-
     /// Draws the model anew, in the size that the view has by now.
     void redraw();
 
@@ -56,22 +50,18 @@ class TThreeDWinFrame : public QWidget {
     void FrameResize();
     /// Says in the corner of the picture why there is nothing to be seen, or nothing.
     void showReason();
-    void mouseDown(const DragInput& input);
-    void mouseMove(const DragInput& input);
-    void mouseUp(const DragInput& input);
+    void setUpMouse();
+    /// Draws what the mouse has done to the view.
+    void apply(const Changes& changes);
     /// Ends a running drag without a trace; whether there was one.
     bool cancelDrag();
-    void zoom(float notches);
     void showFailure(GlProbe probe);
 
     std::unique_ptr<Ui::TThreeDWinFrame> ui_;
-    ModelDocument* document_ = nullptr;
-    ViewState state_;
+    DocumentSession* session_ = nullptr;
     ViewGeometry geometry_{0, 0};
     SoftwareView view_;
-    TGlPanel* panel_ = nullptr; ///< a child; null unless drawing with OpenGL
-    OrbitDrag drag_;
-    bool cameraPending_ = true;
+    TGlPanel* panel_ = nullptr;         ///< a child; null unless drawing with OpenGL
     std::unique_ptr<DragFilter> mouse_; ///< goes first: it calls back
 };
 

@@ -56,8 +56,8 @@ class EdgePainter {
 } // namespace
 
 PlaneMapping PlaneView::mapping(const ModelDocument& document) const {
-    return {plane_, bitmap_.width() / 2, bitmap_.height() / 2, toPlane(plane_, document.PanVector),
-            document.PlaneScale};
+    return planeMapping(plane_, bitmap_.width(), bitmap_.height(), document.PlaneScale,
+                        document.PanVector);
 }
 
 void PlaneView::draw(ModelDocument& document, bool dots) {

@@ -11,16 +11,6 @@
 
 namespace korvane {
 
-/// The colours that the 2D views draw with.
-struct PlaneColors {
-    /// The background, and the lines of frames by their select state.
-    ViewColors frames{.background = 0xffffffffU};
-    BitmapPixel worldAxes = 0xff008080U;    ///< teal
-    BitmapPixel objectAxes = 0xffffff00U;   ///< yellow: the mark of the selected frame's origin
-    BitmapPixel unused = 0xff808000U;       ///< olive: nothing is drawn with it yet
-    BitmapPixel cameraCentre = 0xff800080U; ///< purple
-};
-
 /// A 2D view: draws a document's frames as lines, seen along one of the world's axes.
 class PlaneView {
   public:

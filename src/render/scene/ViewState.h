@@ -49,6 +49,16 @@ inline BitmapPixel wireColor(const ViewColors& colors, SelectState state) {
     return colors.unselected;
 }
 
+/// The colours that the 2D views draw with.
+struct PlaneColors {
+    /// The background, and the lines of frames by their select state.
+    ViewColors frames{.background = 0xffffffffU};
+    BitmapPixel worldAxes = 0xff008080U;    ///< teal
+    BitmapPixel objectAxes = 0xffffff00U;   ///< yellow: the mark of the selected frame's origin
+    BitmapPixel unused = 0xff808000U;       ///< olive: nothing is drawn with it yet
+    BitmapPixel cameraCentre = 0xff800080U; ///< purple
+};
+
 /// The settings of a 3D view, shared by both ways of drawing.
 struct ViewState {
     DrawApi api = DrawApi::OpenGL;

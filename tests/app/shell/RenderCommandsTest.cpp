@@ -19,7 +19,7 @@ class RenderCommandsTest : public MainFormTest {
                        &QAction::isChecked);
     }
 
-    [[nodiscard]] ViewState& view() const { return window().view(); }
+    [[nodiscard]] const ViewState& view() const { return window().view(); }
 
     [[nodiscard]] static QRgb corner(TMDIChild& window) {
         settle();
@@ -117,7 +117,7 @@ TEST_F(RenderCommandsTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly
     const TMainForm& frame = start({write("a.xsi", smallModel()), write("b.xsi", smallModel())});
     const QList<TMDIChild*> windows = frame.documents();
     windows[0]->setDrawingInterface(DrawApi::Software);
-    windows[0]->view().lastDrawnMode = RenderMode::SmoothShading;
+    windows[0]->session()->view().lastDrawnMode = RenderMode::SmoothShading;
 
     recolor("ThreeDWinColorEdit", QColor(10, 20, 30), false);
     for (TMDIChild* window : windows) {

@@ -265,8 +265,8 @@ TEST_F(TMDIChildTest, SaveDialogStartsBesideTheFileAndOffersItsName) {
 TEST_F(TMDIChildTest, SaveOfAnXFileWritesNothingButMarksItClean) {
     const QString name = write("small.x", smallModel());
     TMDIChild& window = open(name);
-    window.document()->Root.Name = "other";
-    window.document()->Modified = true;
+    window.session()->model().Root.Name = "other";
+    window.session()->model().Modified = true;
     window.FileSaveExecute();
     EXPECT_FALSE(window.document()->Modified);
     EXPECT_EQ(content(name), smallModel());
@@ -277,7 +277,7 @@ TEST_F(TMDIChildTest, FailedSaveIsToldAndClearsTheFlagsAllTheSame) {
     const QString name = write("gone/small.xsi", smallModel());
     TMDIChild& window = open(name);
     ASSERT_TRUE(QDir(path("gone")).removeRecursively());
-    window.document()->Modified = true;
+    window.session()->model().Modified = true;
     answerBox(QStringLiteral("SaveFailure"), name, QStringLiteral("Unable to save"),
               QMessageBox::Ok, QMessageBox::Ok);
     window.FileSaveExecute();
@@ -288,8 +288,8 @@ TEST_F(TMDIChildTest, FailedSaveIsToldAndClearsTheFlagsAllTheSame) {
 TEST_F(TMDIChildTest, CloseQuestionAnswers) {
     const QString name = write("small.xsi", smallModel());
     TMDIChild& window = open(name);
-    window.document()->Root.Name = "other";
-    window.document()->Modified = true;
+    window.session()->model().Root.Name = "other";
+    window.session()->model().Modified = true;
     answerCloseQuestion(name, QMessageBox::Cancel);
     EXPECT_FALSE(closes(window));
     EXPECT_TRUE(window.document()->Modified);
@@ -299,8 +299,8 @@ TEST_F(TMDIChildTest, CloseQuestionAnswers) {
     TMDIChild& saved = open(name);
     EXPECT_EQ(saved.document()->Root.Name, "other");
 
-    saved.document()->Root.Name = "third";
-    saved.document()->Modified = true;
+    saved.session()->model().Root.Name = "third";
+    saved.session()->model().Modified = true;
     answerCloseQuestion(name, QMessageBox::No);
     EXPECT_TRUE(closes(saved));
     EXPECT_EQ(open(name).document()->Root.Name, "other");
@@ -316,7 +316,7 @@ TEST_F(TMDIChildTest, YesWithItsSaveAsCancelledStillCloses) {
 TEST_F(TMDIChildTest, AClosedWindowSavesNothing) {
     const QString name = write("small.xsi", smallModel());
     TMDIChild& window = open(name);
-    window.document()->Root.Name = "other";
+    window.session()->model().Root.Name = "other";
     window.close(); // frees itself only when the event loop goes on
     ASSERT_EQ(window.document(), nullptr);
     window.FileSaveExecute();

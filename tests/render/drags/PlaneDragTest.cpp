@@ -1,4 +1,5 @@
-#include "render/planes/PlaneViews.h"
+#include "render/drags/PlaneDrag.h"
+
 #include "render/scene/SelectedFrame.h"
 #include "support/EditLadder.h"
 #include "support/FrameMaking.h"
@@ -74,24 +75,28 @@ struct Desk {
         document.Modified = false;
         document.Tool = tool;
         document.PlaneScale = 1;
-        for (const ViewPlane plane : viewPlanes) {
-            views.view(plane).resize(200, 160);
-        }
     }
     FrameRecord& frame() { return document.Root.Children[0].Children[0]; }
     void press(ViewPlane plane, float x, float y, DragButton button = DragButton::Left) {
-        views.mouseDown(plane, {button, x, y}, document);
+        stale |= mouse.begin({button, x, y}, mapping(plane), document);
     }
-    void move(ViewPlane plane, float x, float y) { views.mouseMove(plane, {{}, x, y}, document); }
+    void move(ViewPlane plane, float x, float y) {
+        stale |= mouse.update({{}, x, y}, mapping(plane), document);
+    }
     std::optional<FrameMove> release(ViewPlane plane, float x, float y) {
-        return views.mouseUp(plane, {{}, x, y}, document);
+        const DragEnd end = mouse.end({{}, x, y}, mapping(plane), document);
+        stale |= end.stale;
+        return end.move;
     }
     std::optional<FrameMove> drag(ViewPlane plane, float fromX, float fromY, float toX, float toY) {
         press(plane, fromX, fromY);
         move(plane, (fromX + toX) / 2, fromY);
         return release(plane, toX, toY);
     }
-    PlaneMapping mapping(ViewPlane plane) { return views.view(plane).mapping(document); }
+    void cancel() { stale |= mouse.cancel(document); }
+    [[nodiscard]] PlaneMapping mapping(ViewPlane plane) const {
+        return planeMapping(plane, 200, 160, document.PlaneScale, document.PanVector);
+    }
     /// Where the frame's origin shows.
     std::pair<double, double> origin(ViewPlane plane) {
         const PlanePoint at =
@@ -100,7 +105,8 @@ struct Desk {
     }
 
     ModelDocument document;
-    PlaneViews views;
+    PlaneDrag mouse;
+    StaleViews stale; ///< since the test has forgotten it
 };
 
 /// In which direction the world runs for ten pixels to the right and ten upward.
@@ -131,12 +137,12 @@ TEST(PlaneDrag, ZoomStepsByTwoBetweenItsLimits) {
         desk.document.PlaneScale = scale;
         desk.press(ViewPlane::XZ, 5, 6, button);
         EXPECT_EQ(desk.document.PlaneScale, expected);
-        EXPECT_EQ(desk.document.RedrawAll, button != DragButton::Other);
+        EXPECT_EQ(desk.stale.planes, button != DragButton::Other);
         desk.move(ViewPlane::XZ, 50, 60);
         EXPECT_FALSE(desk.release(ViewPlane::XZ, 70, 80));
         EXPECT_EQ(desk.document.PlaneScale, expected);
         EXPECT_EQ(desk.document.PanVector, Vec3());
-        EXPECT_FALSE(desk.document.Changed);
+        EXPECT_FALSE(desk.stale.space);
     }
 }
 
@@ -174,7 +180,7 @@ TEST(PlaneDrag, MovingAddsTheWayToTheFramesOwnPlace) {
                 EXPECT_EQ(bits(move->after), bits(desk.frame().Matrix));
                 EXPECT_EQ(move->frame, desk.frame().Path);
                 EXPECT_EQ(desk.document.Root.Children[0].Matrix, parent.matrix);
-                EXPECT_TRUE(desk.document.RedrawAll && desk.document.Changed);
+                EXPECT_TRUE(desk.stale.planes && desk.stale.space);
             }
         }
     }
@@ -187,7 +193,7 @@ TEST(PlaneDrag, TheCameraCentreMovesAgainstTheMouse) {
         EXPECT_FALSE(desk.drag(plane.plane, 100, 80, 110, 50));
         EXPECT_EQ(desk.document.CameraCenter,
                   (Vec3{1, 2, 3} + scaledSum(plane.right, -10, plane.up, -30)));
-        EXPECT_TRUE(desk.document.RedrawAll && desk.document.Changed);
+        EXPECT_TRUE(desk.stale.planes && desk.stale.space);
     }
 }
 
@@ -205,8 +211,8 @@ TEST(PlaneDrag, PanningOneViewKeepsTheOthersInLine) {
         for (const PlaneCase& other : planes) {
             EXPECT_EQ(desk.mapping(other.plane).pan, toPlane(other.plane, pan));
         }
-        EXPECT_TRUE(desk.document.RedrawAll);
-        EXPECT_FALSE(desk.document.Changed) << "the 3D view shows no pan";
+        EXPECT_TRUE(desk.stale.planes);
+        EXPECT_FALSE(desk.stale.space) << "the 3D view shows no pan";
     }
 }
 
@@ -366,19 +372,18 @@ TEST(PlaneDrag, CancellingLeavesNoTrace) {
             desk.press(plane, 20, 30, DragButton::Right);
             desk.press(plane, 20, 30);
             desk.move(plane, 90, 70);
-            EXPECT_TRUE(desk.document.DragRunning);
-            EXPECT_TRUE(desk.views.cancelDrag(desk.document));
+            EXPECT_TRUE(desk.mouse.active());
+            desk.cancel();
             EXPECT_EQ(EditSnapshot(desk.document), before);
             EXPECT_EQ(bits(desk.frame().Matrix), bits(before.root.Children[0].Children[0].Matrix));
             EXPECT_EQ(desk.document.CameraCenter, (Vec3{1, 2, 3}));
             EXPECT_EQ(desk.document.PanVector, (Vec3{4, 5, 6}));
             EXPECT_EQ(desk.document.PlaneScale, 1.0F);
-            EXPECT_FALSE(desk.document.DragRunning || desk.document.Modified);
-            EXPECT_TRUE(desk.document.RedrawAll);
+            EXPECT_FALSE(desk.mouse.active() || desk.document.Modified);
+            EXPECT_TRUE(desk.stale.planes);
             desk.move(plane, 10, 10);
             EXPECT_FALSE(desk.release(plane, 10, 10));
             EXPECT_EQ(EditSnapshot(desk.document), before);
-            EXPECT_FALSE(desk.views.cancelDrag(desk.document));
         }
     }
 }
@@ -391,8 +396,7 @@ TEST(PlaneDrag, AReleaseInOneViewClearsTheOthers) {
         desk.move(plane, 30, 10);
         EXPECT_NE(desk.frame().Matrix, before);
         EXPECT_FALSE(desk.release(ViewPlane::XZ, 40, 40));
-        EXPECT_FALSE(desk.views.dragging());
-        EXPECT_FALSE(desk.document.DragRunning);
+        EXPECT_FALSE(desk.mouse.active());
         EXPECT_EQ(desk.frame().Matrix, before) << "a drag whose end is lost is cancelled";
         desk.move(plane, 90, 90);
         EXPECT_EQ(desk.frame().Matrix, before);
@@ -415,43 +419,18 @@ TEST(PlaneDrag, WheelZoomsAboutThePointer) {
         desk.document.PanVector = {1, 2, 3};
         desk.document.PlaneScale = 20;
         const PlanePoint before = desk.mapping(plane).under(30, 140);
-        desk.views.wheel(plane, {{}, 30, 140}, 2, desk.document);
+        const auto wheel = [&](float notches) {
+            return zoomPlanes({{}, 30, 140}, notches, desk.mapping(plane), desk.document);
+        };
+        EXPECT_TRUE(wheel(2));
         EXPECT_FLOAT_EQ(desk.document.PlaneScale, 20 * 1.15F * 1.15F);
         const PlanePoint after = desk.mapping(plane).under(30, 140);
         EXPECT_NEAR(after.u, before.u, 1e-5);
         EXPECT_NEAR(after.v, before.v, 1e-5);
-        EXPECT_TRUE(desk.document.RedrawAll);
-        // neither beyond the limits nor during a drag
         const float scale = desk.document.PlaneScale;
-        desk.views.wheel(plane, {{}, 30, 140}, 1000, desk.document);
-        desk.views.wheel(plane, {{}, 30, 140}, -1000, desk.document);
-        desk.press(plane, 1, 1);
-        desk.views.wheel(plane, {{}, 30, 140}, 1, desk.document);
+        EXPECT_FALSE(wheel(1000) || wheel(-1000)) << "beyond the limits";
         EXPECT_EQ(desk.document.PlaneScale, scale);
     }
-}
-
-TEST(PlaneDrag, StatusTellsThePlaceAndHowFarTheDragGot) {
-    Desk desk;
-    desk.document.PlaneScale = 20;
-    const auto status = [&](ViewPlane plane, float x, float y) {
-        return desk.views.statusText(plane, {{}, x, y}, desk.document);
-    };
-    // the view is 200 x 160: its centre is the origin
-    EXPECT_EQ(status(ViewPlane::XY, 110, 80), QStringLiteral("x -0.50  y 0.00"));
-    EXPECT_EQ(status(ViewPlane::XZ, 100, 70), QStringLiteral("x 0.00  z 0.50"));
-    EXPECT_EQ(status(ViewPlane::ZY, 110, 90), QStringLiteral("z 0.50  y -0.50"));
-    desk.press(ViewPlane::ZY, 100, 80);
-    desk.move(ViewPlane::ZY, 110, 80);
-    EXPECT_EQ(status(ViewPlane::ZY, 110, 80),
-              QStringLiteral("z 0.50  y 0.00   frame moved z 0.50  y 0.00"));
-    desk.views.cancelDrag(desk.document);
-    desk.document.Tool = ViewTool::RotateFrame;
-    desk.frame().Matrix = Matrix4();
-    desk.press(ViewPlane::XY, 150, 80);
-    desk.move(ViewPlane::XY, 100, 30);
-    EXPECT_EQ(status(ViewPlane::XY, 100, 30),
-              QStringLiteral("x 0.00  y 2.50   frame turned 90.0\u00b0"));
 }
 
 } // namespace

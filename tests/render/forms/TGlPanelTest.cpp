@@ -88,7 +88,7 @@ TEST_F(TGlPanelTest, MenuSwitchesTheInterfaceAndKeepsTheView) {
     EXPECT_GT(drawnPixels(gl), 1000U);
     const auto& image = child<TImage>(active(), "Image1");
     EXPECT_FALSE(image.isVisible());
-    active().view().angles.yaw += 1;
+    active().session()->view().angles.yaw += 1;
     const CameraAngles angles = active().view().angles;
     const float distance = active().document()->CameraDistance;
 

@@ -54,21 +54,21 @@ TEST_F(TThreeDWinFrameTest, ShowsTheModelInTheSizeOfTheControl) {
 
 TEST_F(TThreeDWinFrameTest, LeftButtonTurnsTheModelWhileItIsDragged) {
     const QImage before = picture();
-    const CameraAngles start = view_->state().angles;
+    const CameraAngles start = window().view().angles;
     press(Qt::LeftButton, {50, 50});
     EXPECT_TRUE(view_->hasFocus());
     drag(Qt::LeftButton, {70, 55});
     const QImage during = picture();
     EXPECT_NE(during, before);
-    EXPECT_NE(view_->state().angles.pitch, start.pitch);
+    EXPECT_NE(window().view().angles.pitch, start.pitch);
     release(Qt::LeftButton, {90, 60});
     EXPECT_NE(picture(), during);
-    const CameraAngles turned = view_->state().angles;
+    const CameraAngles turned = window().view().angles;
     const float cx = static_cast<float>(picture().width() / 2);
     const auto ratio = static_cast<float>(image_->devicePixelRatioF());
     EXPECT_NEAR(turned.yaw, start.yaw - 40 * ratio / cx * viewPi, 1e-4);
     QTest::mouseMove(image_, {20, 20});
-    EXPECT_EQ(view_->state().angles, turned) << "the drag is over";
+    EXPECT_EQ(window().view().angles, turned) << "the drag is over";
 }
 
 TEST_F(TThreeDWinFrameTest, RightButtonAndWheelZoom) {
@@ -87,19 +87,19 @@ TEST_F(TThreeDWinFrameTest, RightButtonAndWheelZoom) {
 }
 
 TEST_F(TThreeDWinFrameTest, EscapeAndLosingTheMouseCancelADrag) {
-    const CameraAngles start = view_->state().angles;
+    const CameraAngles start = window().view().angles;
     const QImage before = picture();
     press(Qt::LeftButton, {50, 50});
     drag(Qt::LeftButton, {70, 55});
     QTest::keyClick(view_, Qt::Key_Escape);
-    EXPECT_EQ(view_->state().angles, start);
+    EXPECT_EQ(window().view().angles, start);
     EXPECT_EQ(picture(), before);
     drag(Qt::LeftButton, {90, 55});
-    EXPECT_EQ(view_->state().angles, start) << "cancelled for good";
+    EXPECT_EQ(window().view().angles, start) << "cancelled for good";
     press(Qt::LeftButton, {50, 50});
     drag(Qt::LeftButton, {70, 55});
     tree().setFocus();
-    EXPECT_EQ(view_->state().angles, start);
+    EXPECT_EQ(window().view().angles, start);
 }
 
 TEST_F(TThreeDWinFrameTest, AnEmptyPictureSaysWhyInItsCorner) {

@@ -1,6 +1,8 @@
+#include "render/planes/PlaneView.h"
+
+#include "render/drags/PlaneDrag.h"
 #include "render/picture/LineDrawing.h"
 #include "render/planes/MeshEdges.h"
-#include "render/planes/PlaneViews.h"
 #include "render/scene/StartCamera.h"
 #include "support/Scene.h"
 
@@ -29,24 +31,29 @@ struct Board {
         document.PlaneScale = 10;
         document.CameraCenter = {1e9F, 1e9F, 1e9F}; // its mark out of sight
         for (const ViewPlane plane : viewPlanes) {
-            views.view(plane).resize(100, 80);
+            view(plane).resize(100, 80);
         }
     }
     void draw(bool dots = false) {
         for (const ViewPlane plane : viewPlanes) {
-            views.view(plane).draw(document, dots);
+            view(plane).draw(document, dots);
         }
     }
     BitmapPixel at(ViewPlane plane, std::int32_t x, std::int32_t y) {
-        return views.view(plane).bitmap().at(x, y);
+        return view(plane).bitmap().at(x, y);
     }
     std::size_t count(ViewPlane plane, BitmapPixel color) {
-        const Bitmap& bitmap = views.view(plane).bitmap();
+        const Bitmap& bitmap = view(plane).bitmap();
         return bitmap.pixelCount() - countOtherThan(imageOf(bitmap), color);
     }
 
     ModelDocument document;
-    PlaneViews views;
+    [[nodiscard]] PlaneView& view(ViewPlane plane) {
+        return views[static_cast<std::size_t>(plane)];
+    }
+
+    std::array<PlaneView, planeCount> views = {PlaneView(ViewPlane::XY), PlaneView(ViewPlane::XZ),
+                                               PlaneView(ViewPlane::ZY)};
     const PlaneColors colors;
 };
 
@@ -92,7 +99,9 @@ TEST(PlaneView, ColoursTellTheSelectionAndCanBeReplaced) {
     colors.frames = {1, 2, 3, 4};
     colors.worldAxes = 5;
     colors.objectAxes = 6;
-    board.views.setColors(colors);
+    for (PlaneView& view : board.views) {
+        view.setColors(colors);
+    }
     EXPECT_EQ(shown(), (std::array{1U, 4U, 2U, 3U, 5U, 6U}));
 }
 
@@ -177,7 +186,7 @@ TEST(PlaneView, OnlyWhatMovedIsProjectedAnew) {
         board.draw();
         std::array<std::size_t, planeCount> counts{};
         for (const ViewPlane plane : viewPlanes) {
-            counts[static_cast<std::size_t>(plane)] = board.views.view(plane).projectedFrames();
+            counts[static_cast<std::size_t>(plane)] = board.view(plane).projectedFrames();
         }
         return counts;
     };
@@ -185,12 +194,14 @@ TEST(PlaneView, OnlyWhatMovedIsProjectedAnew) {
     EXPECT_EQ(projected(), (Counts{frames + 1, frames + 1, frames + 1}));
     EXPECT_EQ(projected(), (Counts{0, 0, 0}));
     board.document.Tool = ViewTool::MoveFrame;
-    board.views.mouseDown(ViewPlane::XY, {DragButton::Left, 10, 10}, board.document);
+    PlaneDrag mouse;
+    const auto mapping = [&] { return board.view(ViewPlane::XY).mapping(board.document); };
+    mouse.begin({DragButton::Left, 10, 10}, mapping(), board.document);
     for (float x = 11; x < 15; ++x) {
-        board.views.mouseMove(ViewPlane::XY, {{}, x, 10}, board.document);
+        mouse.update({{}, x, 10}, mapping(), board.document);
         EXPECT_EQ(projected(), (Counts{2, 2, 2})) << "the frame and its child";
     }
-    board.views.mouseUp(ViewPlane::XY, {{}, 14, 10}, board.document);
+    mouse.end({{}, 14, 10}, mapping(), board.document);
     EXPECT_EQ(projected(), (Counts{0, 0, 0}));
     // a pan along y is none in the view that does not show y
     board.document.PanVector.y += 1;
@@ -217,7 +228,7 @@ TEST(PlaneView, TheSelectedFrameShowsOnceMoreOverOthersAndChangesNoPicture) {
         board.document.Root.Children.push_back(squareAt(0, 2, 0));
     }
     board.document.Root.Children[1].Matrix[12] = 1.0F; // its lines cross those of the first
-    PlaneView& view = board.views.view(ViewPlane::XY);
+    PlaneView& view = board.view(ViewPlane::XY);
     board.draw();
     EXPECT_TRUE(view.selectionOverlay(board.document).isNull()) << "nothing is selected";
     board.document.CameraCenter = {0, 1, 0};
@@ -256,9 +267,9 @@ TEST(PlaneView, OddSizesAndNumbersAreSafe) {
     // from corner to corner, wherever its ends are
     EXPECT_EQ(board.at(ViewPlane::XY, 60, 50), board.colors.frames.unselected);
     EXPECT_EQ(board.at(ViewPlane::XY, 80, 70), board.colors.frames.unselected);
-    board.views.view(ViewPlane::XY).resize(0, -5);
+    board.view(ViewPlane::XY).resize(0, -5);
     board.draw();
-    EXPECT_EQ(board.views.view(ViewPlane::XY).bitmap().pixelCount(), 1U);
+    EXPECT_EQ(board.view(ViewPlane::XY).bitmap().pixelCount(), 1U);
 }
 
 TEST(PlaneView, AModelJustOpenedIsSeenWholeAndCentred) {
@@ -270,8 +281,8 @@ TEST(PlaneView, AModelJustOpenedIsSeenWholeAndCentred) {
         startPlanes(board.document, width, height);
         double fullest = 0;
         for (const ViewPlane plane : viewPlanes) {
-            board.views.view(plane).resize(width, height);
-            const PlaneMapping mapping = board.views.view(plane).mapping(board.document);
+            board.view(plane).resize(width, height);
+            const PlaneMapping mapping = board.view(plane).mapping(board.document);
             const PlanePoint low = toPlane(plane, {29, -21, -12});
             const PlanePoint high = toPlane(plane, {51, 10, 4});
             const double left = mapping.screenX(low.u);

@@ -1,0 +1,297 @@
+#include "edit/forms/TTextureView.h"
+
+#include "app/widgets/ColorSwatch.h"
+#include "app/widgets/DevicePixels.h"
+#include "app/widgets/DragFilter.h"
+#include "app/widgets/ElidedLabel.h"
+#include "app/widgets/WidgetText.h"
+#include "edit/materials/FaceTreeModel.h"
+#include "edit/materials/TextureViewText.h"
+#include "edit/session/MaterialEditing.h"
+#include "model/records/ModelText.h"
+#include "ui_TMaterial.h"
+
+#include <QFileInfo>
+#include <QSignalBlocker>
+
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// A text of a face with so many corners that nobody reads them all still has to fit into memory
+/// and time as a line of the status bar.
+QString statusText(const std::string& text) {
+    constexpr std::size_t longest = 4096;
+    const QString shown = QString::fromStdString(text.substr(0, longest));
+    return text.size() > longest ? shown + QChar(0x2026) : shown;
+}
+
+constexpr int textMargin = 16; ///< in pixels, of a line of text in the view or over it
+
+/// The text with its middle left out as far as it has no room, in pixels, in the widget's font.
+QString elided(const QWidget& widget, const QString& text, int room) {
+    return widget.fontMetrics().elidedText(text, Qt::ElideMiddle, room);
+}
+
+void setUpBar(QScrollBar& bar, const std::optional<std::int32_t>& range, std::int32_t page,
+              std::int32_t position) {
+    const QSignalBlocker blocked(bar);
+    bar.setVisible(range.has_value());
+    bar.setRange(0, range.value_or(0));
+    bar.setPageStep(page);
+    bar.setValue(position);
+}
+
+} // namespace
+
+TTextureView::TTextureView(Ui::TMaterial& controls, QWidget& dialog)
+    : ui_(controls), dialog_(dialog) {
+    setUpLook();
+    connectControls();
+    setUpMouse();
+}
+
+TTextureView::~TTextureView() {
+    DeleteBMP();
+}
+
+void TTextureView::setUpLook() {
+    for (std::size_t i = 0; i < std::size(statusPanels_); ++i) {
+        auto* panel = new ElidedLabel(&dialog_); // a face may have many corners
+        panel->setObjectName(QStringLiteral("StatusPanel%1").arg(i));
+        ui_.StatusBar1->addWidget(panel, 1);
+        statusPanels_[i] = panel;
+    }
+    // a long name must not widen the dialog, nor a scroll bar that comes and goes
+    ui_.texname->setFixedWidth(ui_.texname->sizeHint().width());
+    for (QWidget* widget :
+         {static_cast<QWidget*>(ui_.HorizontalBar), static_cast<QWidget*>(ui_.VerticalBar),
+          static_cast<QWidget*>(ui_.CornerPanel), static_cast<QWidget*>(ui_.Image1)}) {
+        QSizePolicy policy = widget->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        widget->setSizePolicy(policy);
+    }
+    ui_.Panel1->setColor(QColor::fromRgb(colors_.selected));
+    ui_.Panel2->setColor(QColor::fromRgb(colors_.inactive));
+}
+
+void TTextureView::connectControls() {
+    const std::pair<QPushButton*, void (TTextureView::*)()> buttons[] = {
+        {ui_.ZoomInButton, &TTextureView::FormZoomIn},
+        {ui_.ZoomOutButton, &TTextureView::FormZoomOut},
+        {ui_.RedrawButton, &TTextureView::BMPRefresh}};
+    for (const auto& [button, handler] : buttons) {
+        connect(button, &QPushButton::clicked, this, handler);
+    }
+    connect(ui_.Panel1, &ColorSwatch::clicked, this, &TTextureView::SelectedTriChange);
+    connect(ui_.Panel2, &ColorSwatch::clicked, this, &TTextureView::TriInactiveChange);
+    connect(ui_.HorizontalBar, &QScrollBar::valueChanged, this, &TTextureView::HorizontalChange);
+    connect(ui_.VerticalBar, &QScrollBar::valueChanged, this, &TTextureView::VerticalChange);
+    connect(ui_.TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &TTextureView::VertChange);
+    connect(ui_.TreeView1, &QTreeView::clicked, this, &TTextureView::VertChange1);
+}
+
+void TTextureView::setUpMouse() {
+    mouse_ = std::make_unique<DragFilter>(
+        *ui_.Image1,
+        DragFilter::Handlers{.press = [this](const DragInput& input) { FormMouseDown(input); },
+                             .move = [this](const DragInput& input) { FormMouseMove(input); },
+                             .release = [this](const DragInput& input) { FormMouseUp(input); },
+                             .cancel = [this] { return cancelDrag(); }});
+}
+
+void TTextureView::open(MaterialEditing& materials) {
+    materials_ = &materials;
+}
+
+void TTextureView::close() {
+    DeleteBMP();
+    materials_ = nullptr;
+}
+
+void TTextureView::commitPending() {
+    cancelDrag();
+    if (materials_ != nullptr) {
+        materials_->commit();
+    }
+}
+
+void TTextureView::showTexture() {
+    texture_ = materials_->material().TextureImage;
+    view_.setTextureSize(texture_->width, texture_->height);
+    showTextureName();
+    const bool current = materials_->currentMaterial().has_value();
+    ui_.size->setText(sizeText(current ? QSize(texture_->width, texture_->height) : QSize(0, 0)));
+    showPicture();
+    DrawTexTri();
+}
+
+void TTextureView::showTextureName() {
+    const std::string& file = materials_->material().TextureFile;
+    const QString title = QStringLiteral("Texture - [ %1 ]");
+    const int taken = ui_.texname->fontMetrics().horizontalAdvance(title.arg(QString()));
+    const QString name =
+        elided(*ui_.texname, withoutFolder(file), ui_.texname->minimumWidth() - taken - textMargin);
+    ui_.texname->setTitle(title.arg(captionOf(name)));
+    ui_.texname->setToolTip(toolTipOf(shownText(file)));
+}
+
+void TTextureView::showPicture() {
+    const bool current = materials_->currentMaterial().has_value();
+    const MaterialRecord& material = materials_->material();
+    const QString message =
+        current ? textureViewText(material, QFileInfo(materials_->model().FileName).path(),
+                                  elided(*ui_.TextureMessage, withoutFolder(material.TextureFile),
+                                         ui_.Image1->minimumWidth() - textMargin))
+                : QString();
+    ui_.TextureMessage->setText(message);
+    ui_.TextureMessage->setVisible(!message.isEmpty());
+    ui_.Image1->setVisible(!current || material.HasTexture);
+    scrollcheck();
+}
+
+void TTextureView::FormZoomIn() {
+    commitPending();
+    if (view_.zoomIn()) {
+        zoomChanged();
+    }
+}
+
+void TTextureView::FormZoomOut() {
+    commitPending();
+    if (view_.zoomOut()) {
+        zoomChanged();
+    }
+}
+
+void TTextureView::zoomChanged() {
+    ui_.ZoomLabel->setText(QStringLiteral("x%1").arg(view_.zoom()));
+    scrollcheck();
+    DrawTexTri();
+}
+
+void TTextureView::scrollcheck() {
+    const QSize size = sizeInPixels(*ui_.Image1);
+    view_.setViewSize(size.width(), size.height());
+    const ScrollRanges needed = view_.scrollcheck();
+    const ScrollRanges ranges = ui_.TextureMessage->isHidden() ? needed : ScrollRanges();
+    setUpBar(*ui_.HorizontalBar, ranges.horizontal, size.width() / view_.zoom(), view_.offsetX());
+    setUpBar(*ui_.VerticalBar, ranges.vertical, size.height() / view_.zoom(), view_.offsetY());
+    ui_.CornerPanel->setVisible(ranges.horizontal && ranges.vertical);
+}
+
+void TTextureView::HorizontalChange() {
+    offsetChanged();
+}
+
+void TTextureView::VerticalChange() {
+    offsetChanged();
+}
+
+void TTextureView::offsetChanged() {
+    commitPending();
+    view_.setOffsets(ui_.HorizontalBar->value(), ui_.VerticalBar->value());
+    DrawTexTri();
+}
+
+std::optional<FacePart> TTextureView::selectedPart() const {
+    const QModelIndexList selected = ui_.TreeView1->selectionModel()->selectedIndexes();
+    return FaceTreeModel::partOf(selected.value(0));
+}
+
+void TTextureView::DrawTexTri() {
+    if (materials_ == nullptr || texture_ == nullptr) {
+        return;
+    }
+    const auto part = selectedPart();
+    colors_.background = dialog_.palette().color(QPalette::Dark).rgb();
+    view_.draw(picture_, *texture_, materials_->mesh(), part, colors_);
+    ui_.Image1->showPicture(imageOf(picture_));
+    if (part && materials_->mesh().HasTexCoords) {
+        const TexCoordTexts texts = view_.texts(materials_->mesh(), part->face);
+        statusPanels_[0]->setText(statusText(texts.x));
+        statusPanels_[1]->setText(statusText(texts.y));
+    } else {
+        statusPanels_[0]->setText(QStringLiteral("X:"));
+        statusPanels_[1]->setText(QStringLiteral("Y:"));
+    }
+}
+
+void TTextureView::FormMouseDown(const DragInput& input) {
+    if (materials_ != nullptr) {
+        texCoordsChanged(materials_->beginDrag(input, view_, selectedPart()));
+    }
+}
+
+void TTextureView::FormMouseMove(const DragInput& input) {
+    if (materials_ != nullptr) {
+        MaterialPTMove(input);
+    }
+}
+
+void TTextureView::FormMouseUp(const DragInput& input) {
+    if (materials_ != nullptr) {
+        texCoordsChanged(materials_->endDrag(input, view_));
+    }
+}
+
+void TTextureView::MaterialPTMove(const DragInput& input) {
+    texCoordsChanged(materials_->moveDrag(input, view_));
+}
+
+void TTextureView::texCoordsChanged(const Changes& changes) {
+    if (changes != Changes()) {
+        DrawTexTri();
+        Q_EMIT edited(changes);
+    }
+}
+
+bool TTextureView::cancelDrag() {
+    if (materials_ == nullptr || !materials_->dragging()) {
+        return false;
+    }
+    texCoordsChanged(materials_->cancelDrag());
+    return true;
+}
+
+void TTextureView::SelectedTriChange() {
+    commitPending();
+    if (ui_.Panel1->choose()) {
+        colors_.selected = ui_.Panel1->color().rgb();
+        DrawTexTri();
+    }
+}
+
+void TTextureView::TriInactiveChange() {
+    commitPending();
+    if (ui_.Panel2->choose()) {
+        colors_.inactive = ui_.Panel2->color().rgb();
+        DrawTexTri();
+    }
+}
+
+void TTextureView::VertChange() {
+    commitPending();
+    DrawTexTri();
+}
+
+void TTextureView::VertChange1() {
+    VertChange();
+}
+
+void TTextureView::BMPRefresh() {
+    commitPending();
+    scrollcheck();
+    DrawTexTri();
+}
+
+void TTextureView::DeleteBMP() {
+    texture_.reset();
+    picture_ = Bitmap();
+    ui_.Image1->showPicture({});
+}
+
+} // namespace korvane

@@ -1,0 +1,277 @@
+#include "edit/session/MaterialEditing.h"
+
+#include "edit/materials/MaterialValues.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <numeric>
+#include <utility>
+
+namespace korvane {
+
+MaterialEditing::MaterialEditing(ModelDocument& model, EditHistory& history,
+                                 MaterialSubject subject)
+    : model_(model), history_(history), subject_(std::move(subject)) {
+    if (!ofMesh()) {
+        table_.MaterialSlotList.resize(model_.Materials.size());
+        std::iota(table_.MaterialSlotList.begin(), table_.MaterialSlotList.end(), 0);
+    }
+    editedMesh().CurrentSlot = subject_.slot;
+    startValues();
+}
+
+// What there is to show
+
+const FrameRecord* MaterialEditing::frame() const {
+    return subject_.frame ? frameAt(model_.Root, *subject_.frame) : nullptr;
+}
+
+const MeshRecord& MaterialEditing::mesh() const {
+    // looked up anew: the frames may have moved; one that is gone is as one without materials
+    const FrameRecord* found = frame();
+    return found != nullptr ? found->Mesh : table_;
+}
+
+MeshRecord& MaterialEditing::editedMesh() {
+    FrameRecord* found = subject_.frame ? frameAt(model_.Root, *subject_.frame) : nullptr;
+    return found != nullptr ? found->Mesh : table_;
+}
+
+std::optional<std::size_t> MaterialEditing::currentMaterial() const {
+    const auto slot = static_cast<std::size_t>(currentSlot());
+    if (slot >= slots().size()) {
+        return std::nullopt;
+    }
+    const auto material = static_cast<std::size_t>(slots()[slot]);
+    return material < model_.Materials.size() ? std::optional(material) : std::nullopt;
+}
+
+const MaterialRecord& MaterialEditing::material() const {
+    static const MaterialRecord none;
+    const std::optional<std::size_t> current = currentMaterial();
+    return current ? model_.Materials[*current] : none;
+}
+
+std::vector<bool> MaterialEditing::usedMaterials() const {
+    std::vector<bool> used(model_.Materials.size());
+    for (const std::int32_t material : slots()) {
+        if (static_cast<std::size_t>(material) < used.size()) {
+            used[static_cast<std::size_t>(material)] = true;
+        }
+    }
+    return used;
+}
+
+std::optional<std::int32_t> MaterialEditing::onlyMaterial() const {
+    // several slots of one material go together
+    const bool one = !slots().empty() && std::count(slots().begin(), slots().end(),
+                                                    slots().front()) == std::ssize(slots());
+    return one ? std::optional(slots().front()) : std::nullopt;
+}
+
+// What the user does
+
+void MaterialEditing::startValues() {
+    const MaterialRecord& shown = material();
+    shininess_ = currentMaterial() ? powerText(shown.Power) : std::string();
+    pendingOpacity_.start(shown.FaceColor.alpha);
+    pendingShininess_.start(shininess_, shown.Power);
+}
+
+void MaterialEditing::commitOpacity() {
+    if (const auto current = currentMaterial()) {
+        pendingOpacity_.commit(history_, model_, *current);
+    }
+}
+
+void MaterialEditing::commitShininess() {
+    if (const auto current = currentMaterial()) {
+        pendingShininess_.commit(history_, model_, *current, shininess_);
+    }
+}
+
+Changes MaterialEditing::commit() {
+    const Changes changes = cancelDrag();
+    commitOpacity();
+    commitShininess();
+    return changes;
+}
+
+Changes MaterialEditing::changedLive() {
+    ++model_.Revision;
+    return {.materials = true};
+}
+
+std::optional<MaterialQuestion> MaterialEditing::ask() {
+    commit();
+    const std::optional<std::size_t> current = currentMaterial();
+    return current ? std::optional(MaterialQuestion{*current, model_.Revision}) : std::nullopt;
+}
+
+bool MaterialEditing::stillCurrent(const MaterialQuestion& question) const {
+    return model_.Revision == question.revision && currentMaterial() == question.material;
+}
+
+Changes MaterialEditing::setColor(const MaterialQuestion& question, MaterialColor color,
+                                  const ColorRGB& value) {
+    if (!stillCurrent(question)) {
+        return {};
+    }
+    switch (color) {
+    case MaterialColor::Ambient:
+        history_.ambient(model_, question.material, value);
+        break;
+    case MaterialColor::Diffuse:
+        history_.faceColor(model_, question.material, value);
+        break;
+    case MaterialColor::Specular:
+        history_.specular(model_, question.material, value);
+        break;
+    }
+    return {.materials = true};
+}
+
+Changes MaterialEditing::setTexture(const MaterialQuestion& question, std::string name,
+                                    std::shared_ptr<const TextureImage> image) {
+    if (!stillCurrent(question)) {
+        return {};
+    }
+    history_.textureFile(model_, question.material, std::move(name), std::move(image));
+    return {.materials = true};
+}
+
+Changes MaterialEditing::setTextureOn(bool on) {
+    Changes changes = commit();
+    const std::optional<std::size_t> current = currentMaterial();
+    if (current && model_.Materials[*current].HasTexture != on) {
+        history_.textureOn(model_, *current, on);
+        changes.materials = true;
+    }
+    return changes;
+}
+
+Changes MaterialEditing::moveOpacity(std::int32_t position) {
+    const std::optional<std::size_t> current = currentMaterial();
+    if (!current) {
+        return {};
+    }
+    cancelDrag();
+    commitShininess();
+    model_.Materials[*current].FaceColor.alpha = opacityAt(position);
+    pendingOpacity_.change();
+    return changedLive();
+}
+
+ShininessOutcome MaterialEditing::typeShininess(const std::string& text) {
+    const std::optional<std::size_t> current = currentMaterial();
+    if (!current) {
+        return {};
+    }
+    const Changes cancelled = cancelDrag();
+    commitOpacity();
+    shininess_ = text;
+    pendingShininess_.change();
+    const std::optional<float> power = powerOf(text);
+    if (!power) {
+        return {true, cancelled};
+    }
+    model_.Materials[*current].Power = *power;
+    return {false, changedLive()};
+}
+
+Changes MaterialEditing::chooseSlot(std::int32_t slot, std::optional<FacePart> selected) {
+    Changes changes = commit();
+    if (slot < 0) {
+        return changes;
+    }
+    if (selected && ofMesh()) {
+        history_.faceSlot(model_, *subject_.frame, static_cast<std::int32_t>(selected->face), slot);
+        changes.materials = true;
+    }
+    editedMesh().CurrentSlot = slot;
+    startValues();
+    return changes;
+}
+
+Changes MaterialEditing::useMaterials(const std::vector<bool>& wanted) {
+    Changes changes = commit();
+    if (!ofMesh()) {
+        return changes;
+    }
+    const std::vector<bool> used = usedMaterials();
+    for (std::size_t material = 0; material < std::min(used.size(), wanted.size()); ++material) {
+        if (wanted[material] == used[material]) {
+            continue;
+        }
+        if (wanted[material]) {
+            appendSlot(material);
+        } else {
+            removeSlots(material);
+        }
+        slotsChanged_ = changes.materials = true;
+    }
+    startValues();
+    return changes;
+}
+
+void MaterialEditing::appendSlot(std::size_t material) {
+    history_.appendSlot(model_, *subject_.frame, static_cast<std::int32_t>(material));
+}
+
+void MaterialEditing::removeSlots(std::size_t material) {
+    for (std::size_t slot = 0; slot < slots().size();) {
+        if (static_cast<std::size_t>(slots()[slot]) != material) {
+            ++slot;
+            continue;
+        }
+        history_.removeSlot(model_, *subject_.frame, static_cast<std::int32_t>(slot));
+        // the current slot moves as the slots of the faces do
+        std::int32_t& current = editedMesh().CurrentSlot;
+        current -= current >= static_cast<std::int32_t>(slot) && current != 0 ? 1 : 0;
+    }
+}
+
+// The mouse in the texture view
+
+Changes MaterialEditing::beginDrag(const DragInput& input, const TexCoordView& view,
+                                   std::optional<FacePart> selected) {
+    // a mesh outside the model has nothing that a history could refer to
+    if (input.button != DragButton::Left || frame() == nullptr || !mesh().HasTexCoords) {
+        return {};
+    }
+    const Changes changes = commit();
+    if (selected) {
+        drag_.begin(input, view, mesh(), *selected);
+    }
+    return changes;
+}
+
+Changes MaterialEditing::moveDrag(const DragInput& input, const TexCoordView& view) {
+    return drag_.update(input, view, editedMesh()) ? texCoordsMoved() : Changes();
+}
+
+Changes MaterialEditing::endDrag(const DragInput& input, const TexCoordView& view) {
+    if (!drag_.active() || input.button != DragButton::Left) {
+        return {};
+    }
+    MovedTexCoords moved = drag_.end(input, view, editedMesh());
+    history_.texCoords(model_, *subject_.frame, moved.numbers, std::move(moved.before),
+                       std::move(moved.after));
+    return texCoordsMoved();
+}
+
+Changes MaterialEditing::cancelDrag() {
+    return drag_.cancel(editedMesh()) ? texCoordsMoved() : Changes();
+}
+
+Changes MaterialEditing::texCoordsMoved() {
+    editedMesh().ListRevision.surfaceChanged();
+    return changedLive();
+}
+
+Changes MaterialEditing::end() {
+    commit();
+    return {.tree = slotsChanged_, .geometry = true};
+}
+
+} // namespace korvane

@@ -1,0 +1,146 @@
+// What the views of a document show, and the mouse in them.
+
+#include "edit/session/DocumentSession.h"
+#include "render/scene/StartCamera.h"
+
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+Changes changesOf(const StaleViews& stale) {
+    return {.geometry = stale.space, .planes = stale.planes && !stale.space};
+}
+
+} // namespace
+
+// Settings
+
+Changes DocumentSession::setRenderMode(RenderMode mode) {
+    view_.mode = mode;
+    return {.geometry = true};
+}
+
+Changes DocumentSession::setViewSetting(bool ViewState::*setting, bool on) {
+    view_.*setting = on;
+    return {.geometry = true};
+}
+
+Changes DocumentSession::setDrawApi(DrawApi api) {
+    view_.api = api;
+    return {.geometry = true};
+}
+
+void DocumentSession::setVisible(bool frame, bool mesh) {
+    if (FrameRecord* selected = model_.selectedFrame()) {
+        selected->ViewFlags[0] = frame;
+        selected->ViewFlags[2] = mesh;
+        tree_.markHidden(*selected);
+        overdue_ = true;
+    }
+}
+
+void DocumentSession::setColors(const ViewColors& colors, const PlaneColors& planeColors) {
+    view_.colors = colors;
+    planeColors_ = planeColors;
+    if (view_.api == DrawApi::OpenGL) {
+        // the background is part of what is set up when the mode differs from that drawn last
+        constexpr auto noMode = static_cast<RenderMode>(10);
+        view_.lastDrawnMode = noMode;
+    }
+    overdue_ = true;
+}
+
+Changes DocumentSession::overdue() {
+    return {.geometry = std::exchange(overdue_, false)};
+}
+
+void DocumentSession::placeCamera(const ViewGeometry& geometry) {
+    if (!std::exchange(cameraPlaced_, true)) {
+        startCamera(model_, view_, geometry);
+    }
+}
+
+void DocumentSession::placePlanes(std::int32_t width, std::int32_t height) {
+    if (!std::exchange(planesPlaced_, true)) {
+        startPlanes(model_, width, height);
+    }
+}
+
+// The mouse in the 2D views
+
+PlaneMapping DocumentSession::mappingOf(const PlaneInput& input) const {
+    return planeMapping(input.plane, input.width, input.height, model_.PlaneScale,
+                        model_.PanVector);
+}
+
+Changes DocumentSession::afterPlane(const PlaneInput& input, const StaleViews& stale) {
+    const auto progress = planeDrag_.activeIn(input.plane) ? planeDrag_.progress() : std::nullopt;
+    const Changes told =
+        setText(pointerText_, pointerText(mappingOf(input), input.mouse, progress));
+    return told | overdue() | changesOf(stale);
+}
+
+Changes DocumentSession::pressPlane(const PlaneInput& input) {
+    return afterPlane(input, planeDrag_.begin(input.mouse, mappingOf(input), model_));
+}
+
+Changes DocumentSession::movePlane(const PlaneInput& input) {
+    return afterPlane(input, planeDrag_.update(input.mouse, mappingOf(input), model_));
+}
+
+Changes DocumentSession::releasePlane(const PlaneInput& input) {
+    const auto [stale, move] = planeDrag_.end(input.mouse, mappingOf(input), model_);
+    Changes told;
+    if (move) {
+        history_.moveFrame(model_, move->frame, move->before, move->after);
+        told = clearMessage();
+    }
+    return told | afterPlane(input, stale);
+}
+
+Changes DocumentSession::wheelPlane(const PlaneInput& input, float notches) {
+    StaleViews stale;
+    if (!planeDrag_.active()) {
+        stale.planes = zoomPlanes(input.mouse, notches, mappingOf(input), model_);
+    }
+    return afterPlane(input, stale);
+}
+
+Changes DocumentSession::leavePlane() {
+    return setText(pointerText_, {});
+}
+
+Changes DocumentSession::cancelPlaneDrag() {
+    return changesOf(planeDrag_.cancel(model_));
+}
+
+// The mouse in the 3D view
+
+Changes DocumentSession::pressOrbit(const DragInput& input) {
+    orbit_.begin(input, view_.angles, model_.CameraDistance);
+    return {};
+}
+
+Changes DocumentSession::moveOrbit(const DragInput& input, const ViewGeometry& geometry) {
+    return {.camera = orbit_.update(input, geometry, view_.angles, model_.CameraDistance)};
+}
+
+Changes DocumentSession::releaseOrbit(const DragInput& input, const ViewGeometry& geometry) {
+    return {.camera = orbit_.end(input, geometry, view_.angles, model_.CameraDistance)};
+}
+
+Changes DocumentSession::wheelOrbit(float notches) {
+    if (orbit_.active() || notches == 0.0F) {
+        return {};
+    }
+    model_.CameraDistance = wheelDistance(model_.CameraDistance, notches);
+    return {.camera = true};
+}
+
+Changes DocumentSession::cancelOrbit() {
+    return {.camera = orbit_.cancel(view_.angles, model_.CameraDistance)};
+}
+
+} // namespace korvane
