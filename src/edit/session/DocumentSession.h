@@ -158,9 +158,11 @@ class DocumentSession {
     Changes setRenderMode(RenderMode mode);
     Changes setViewSetting(bool ViewState::*setting, bool on);
     Changes setDrawApi(DrawApi api);
-    /// Shows or hides the selected frame and its mesh. The pictures follow when the mouse next
-    /// comes to a view; so they do with other colours.
-    void setVisible(bool frame, bool mesh);
+    /// Shows or hides the selected frame, or its mesh; a frame that is hidden hides its mesh for
+    /// later as well. The pictures follow when the mouse next comes to a view; so they do with
+    /// other colours.
+    void setFrameVisible(bool visible);
+    void setMeshVisible(bool visible);
     void setColors(const ViewColors& colors, const PlaneColors& planeColors);
     /// What has been out of date since without having been drawn. Any operation on a 2D view
     /// answers that as well.
@@ -201,6 +203,7 @@ class DocumentSession {
     /// Whether a dialog about the frame may still change it; the frame then.
     [[nodiscard]] FrameRecord* stillThere(const DialogSubject& subject);
     Changes setText(QString& text, const QString& value);
+    void setVisible(bool frame, bool mesh);
     void startHistory();
     Changes rebuildTree();
     /// Makes the node of the tree that stands for the selection, or for what is nearest to it, the

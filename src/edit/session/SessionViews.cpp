@@ -41,6 +41,16 @@ void DocumentSession::setVisible(bool frame, bool mesh) {
     }
 }
 
+void DocumentSession::setFrameVisible(bool visible) {
+    const FrameRecord* frame = model_.selectedFrame();
+    setVisible(visible, visible && frame != nullptr && frame->ViewFlags[2]);
+}
+
+void DocumentSession::setMeshVisible(bool visible) {
+    const FrameRecord* frame = model_.selectedFrame();
+    setVisible(frame != nullptr && frame->ViewFlags[0], visible);
+}
+
 void DocumentSession::setColors(const ViewColors& colors, const PlaneColors& planeColors) {
     view_.colors = colors;
     planeColors_ = planeColors;

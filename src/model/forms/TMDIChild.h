@@ -173,7 +173,6 @@ class TMDIChild : public QMdiSubWindow {
     void showPlaneColors();
     /// Brings the boxes of the "Tools" page in step with the selected frame.
     void fillVisibilityBoxes();
-    void storeVisibility();
     /// Brings the controls in step with what the session says is out of date.
     void apply(const Changes& changes);
     /// Whether the model takes edits and no call that shows a dialog is at work. Commands ask this

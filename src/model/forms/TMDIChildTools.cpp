@@ -81,24 +81,17 @@ void TMDIChild::fillVisibilityBoxes() {
     }
 }
 
-void TMDIChild::storeVisibility() {
-    if (session_) {
-        session_->setVisible(ui_->FrameVisibleAction->isChecked(),
-                             ui_->MeshVisibleAction->isChecked());
-    }
-}
-
 void TMDIChild::FrameVisibleExecute() {
-    const bool visible = ui_->FrameVisibleAction->isChecked();
-    ui_->MeshVisibleAction->setEnabled(visible);
-    if (!visible) {
-        ui_->MeshVisibleAction->setChecked(false);
+    if (session_) {
+        session_->setFrameVisible(ui_->FrameVisibleAction->isChecked());
+        fillVisibilityBoxes();
     }
-    storeVisibility();
 }
 
 void TMDIChild::MeshVisibleExecute() {
-    storeVisibility();
+    if (session_) {
+        session_->setMeshVisible(ui_->MeshVisibleAction->isChecked());
+    }
 }
 
 void TMDIChild::TwoDVisibleExecute() {

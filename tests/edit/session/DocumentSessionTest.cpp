@@ -263,9 +263,13 @@ TEST_F(Session, EveryOperationTellsWhatItPutsOutOfDate) {
 TEST_F(Session, TogglesAndColorsShowWithTheNextMouseEvent) {
     open();
     EXPECT_EQ(told(session_.overdue()), "");
-    session_.setVisible(true, false);
-    EXPECT_FALSE(session_.model().Root.ViewFlags[2]);
-    EXPECT_TRUE(session_.model().Root.ViewFlags[0]);
+    session_.setMeshVisible(false);
+    EXPECT_EQ(root().ViewFlags, (std::array{true, true, false}));
+    session_.setMeshVisible(true);
+    session_.setFrameVisible(false);
+    EXPECT_EQ(root().ViewFlags, (std::array{false, true, false})) << "the mesh goes with its frame";
+    session_.setFrameVisible(true);
+    EXPECT_EQ(root().ViewFlags, (std::array{true, true, false})) << "but does not come with it";
     EXPECT_EQ(told(session_.movePlane(at(ViewPlane::XZ, 1, 1))), "geometry status ");
     EXPECT_EQ(told(session_.movePlane(at(ViewPlane::XZ, 1, 1))), "");
     PlaneColors planes;
