@@ -1,26 +1,34 @@
 #pragma once
 
+#include "formats/xsi/XsiReader.h"
+#include "model/records/FrameWalk.h"
+#include "render/scene/StartCamera.h"
 #include "render/software/SoftwareView.h"
 
-#include <array>
-#include <initializer_list>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
 #include <vector>
 
 namespace korvane::test {
 
-inline void addFace(MeshRecord& mesh, std::initializer_list<std::uint32_t> corners) {
-    const std::vector<std::uint32_t> list(corners);
-    mesh.Faces.push_back(list);
+inline void addFace(MeshRecord& mesh, const std::vector<std::uint32_t>& corners) {
+    mesh.Faces.push_back(corners);
     mesh.ListRevision.shapeChanged();
 }
 
-/// A square of the given half side across the z axis, facing +z, as a new face of the mesh with the
-/// material slot.
-inline void addSquare(MeshRecord& mesh, float half, float z, std::int32_t slot = 0) {
+/// A square of the given half side across the z axis, facing +z or away, as a new face of the mesh
+/// with the material slot.
+inline void addSquare(MeshRecord& mesh, float half, float z, std::int32_t slot = 0,
+                      bool away = false) {
     const auto first = static_cast<std::uint32_t>(mesh.Vertices.size());
     mesh.Vertices.insert(mesh.Vertices.end(),
                          {{-half, -half, z}, {half, -half, z}, {half, half, z}, {-half, half, z}});
-    addFace(mesh, {first, first + 1, first + 2, first + 3});
+    addFace(mesh, {first, first + (away ? 3 : 1), first + 2, first + (away ? 1 : 3)});
     mesh.FaceSlotIndex.push_back(slot);
 }
 
@@ -32,10 +40,34 @@ inline MaterialRecord plain(float red, float green, float blue, float alpha = 1.
     return material;
 }
 
+/// Gives the material a texture of the width with these pixels.
+inline void setTexture(MaterialRecord& material, std::int32_t width,
+                       const std::vector<Rgba8>& pixels) {
+    auto image = std::make_shared<TextureImage>();
+    image->width = width;
+    image->height = static_cast<std::int32_t>(pixels.size()) / width;
+    image->pixels = pixels;
+    material.HasTexture = true;
+    material.TextureImage = image;
+}
+
+/// A way to draw a document as a picture.
+using Draw = std::function<QImage(ModelDocument&, ViewState&)>;
+
+inline Draw bySoftware(std::int32_t width = 200, std::int32_t height = 200) {
+    const auto view = std::make_shared<SoftwareView>();
+    view->resize(width, height);
+    return [view](ModelDocument& document, ViewState& state) {
+        view->redraw(document, state);
+        return imageOf(view->bitmap()).copy();
+    };
+}
+
 /// A document whose root has a mesh with materials, seen by a camera at (0, 0, 10) that looks along
 /// -z with x to the right and y up.
 struct Scene {
-    explicit Scene(std::vector<MaterialRecord> materials) {
+    explicit Scene(std::vector<MaterialRecord> materials, Draw by = bySoftware())
+        : draw(std::move(by)) {
         document.Root.HasMesh = true;
         document.Root.Mesh.HasMaterials = true;
         for (std::size_t i = 0; i < materials.size(); ++i) {
@@ -43,9 +75,16 @@ struct Scene {
         }
         document.Materials = std::move(materials);
         state.angles = {0, viewPi, 0};
-        view.resize(200, 200);
     }
 
+    /// A sample instead, seen as it opens in a view of the size.
+    void open(const char* sample, const QSize& size = {200, 200}) {
+        document = ModelDocument();
+        const QString name = QStringLiteral(KORVANE_SAMPLES "/") + QString::fromLatin1(sample);
+        ASSERT_EQ(FileOpenXSI(name, document), ReadStatus::Done);
+        startCamera(document, state, ViewGeometry(size.width(), size.height()));
+        state.angles = CameraAngles();
+    }
     /// Empties the mesh but for its material slots.
     void clearMesh() {
         MeshRecord fresh;
@@ -54,26 +93,56 @@ struct Scene {
         mesh() = fresh;
     }
     MeshRecord& mesh() { return document.Root.Mesh; }
-    void redraw() { view.redraw(document, state); }
-    BitmapPixel at(std::int32_t x, std::int32_t y) const { return view.bitmap().at(x, y); }
-    std::size_t drawn() const {
-        return countOtherThan(imageOf(view.bitmap()), state.colors.background);
+    /// Draws the meshes as they are, without asking for a word about what changed.
+    void redraw() {
+        for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+            walk.frame().Mesh.ListRevision.shapeChanged();
+        }
+        picture = draw(document, state);
+    }
+    /// Pixels a unit where z is 0.
+    [[nodiscard]] float unit() const {
+        return ViewGeometry(picture.width(), picture.height()).f / 10;
+    }
+    /// The pixel of a point where z is 0, as the camera of a new scene sees it.
+    [[nodiscard]] BitmapPixel at(float x, float y) const {
+        const QPoint centre(picture.width() / 2, picture.height() / 2);
+        return picture.pixel(centre + QPointF(x * unit() - 0.5F, -y * unit() - 0.5F).toPoint());
+    }
+    BitmapPixel shown(float x = 0, float y = 0) {
+        redraw();
+        return at(x, y);
+    }
+    /// How many pixels of the last picture have the colour.
+    [[nodiscard]] int count(BitmapPixel color) const {
+        return picture.width() * picture.height() -
+               static_cast<int>(countOtherThan(picture, color));
+    }
+    [[nodiscard]] int drawn() const {
+        return picture.width() * picture.height() - count(state.colors.background);
     }
 
     ModelDocument document;
     ViewState state;
-    SoftwareView view;
+    Draw draw;
+    QImage picture; ///< of the last redraw
 };
 
 /// The largest difference of a channel of two pixels.
 inline int difference(BitmapPixel a, BitmapPixel b) {
-    int largest = 0;
-    for (const unsigned shift : {0U, 8U, 16U}) {
-        const int one = static_cast<int>(a >> shift & 0xffU);
-        const int other = static_cast<int>(b >> shift & 0xffU);
-        largest = std::max(largest, one > other ? one - other : other - one);
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                     std::abs(qBlue(a) - qBlue(b))});
+}
+
+/// The share of the pixels of two pictures that differ by more than so many levels.
+inline double differing(const QImage& a, const QImage& b, int levels) {
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            count += difference(a.pixel(x, y), b.pixel(x, y)) > levels ? 1 : 0;
+        }
     }
-    return largest;
+    return static_cast<double>(count) / (a.width() * a.height());
 }
 
 } // namespace korvane::test
