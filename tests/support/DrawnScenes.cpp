@@ -209,8 +209,8 @@ TEST_P(DrawnScenes, WiresTakeTheColourOfTheSelection) {
 
 TEST_P(DrawnScenes, TheSelectedFrameHasABoxInTheShadedModes) {
     Scene scene({plain(1, 1, 1)}, draw);
-    addSquare(scene.mesh(), 2, 1);
     addSquare(scene.mesh(), 2, -2);
+    addSquare(scene.mesh(), 2, 1);
     scene.mesh().Faces = PolygonList();
     scene.document.Root.Matrix[12] = 1;
     scene.state.mode = RenderMode::FlatShading;
