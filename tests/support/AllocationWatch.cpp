@@ -2,12 +2,24 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <malloc.h>
 #include <new>
 
 namespace {
 
 thread_local bool watching = false;
 thread_local std::size_t largestRequest = 0;
+thread_local std::size_t untilFailure = 0;
+thread_local std::size_t failuresLeft = 0;
+thread_local std::ptrdiff_t bytesKept = 0;
+
+/// Whether this is one of the requests that fail.
+bool fails() {
+    if (untilFailure > 0) {
+        --untilFailure;
+    }
+    return untilFailure == 0 && failuresLeft > 0 && failuresLeft-- > 0;
+}
 
 } // namespace
 
@@ -17,8 +29,13 @@ thread_local std::size_t largestRequest = 0;
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     if (watching) {
         largestRequest = std::max(largestRequest, size);
+        if (fails()) {
+            return nullptr;
+        }
     }
-    return std::malloc(std::max<std::size_t>(size, 1));
+    void* memory = std::malloc(std::max<std::size_t>(size, 1));
+    bytesKept += static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
+    return memory;
 }
 
 void* operator new(std::size_t size) {
@@ -29,21 +46,25 @@ void* operator new(std::size_t size) {
 }
 
 void operator delete(void* memory) noexcept {
+    bytesKept -= static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
     std::free(memory);
 }
 
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
-    std::free(memory);
+    operator delete(memory);
 }
 
 void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
-    std::free(memory);
+    operator delete(memory);
 }
 
 namespace korvane::test {
 
-AllocationWatch::AllocationWatch() {
+AllocationWatch::AllocationWatch(std::size_t firstFailing, std::size_t failing) {
     largestRequest = 0;
+    untilFailure = firstFailing;
+    failuresLeft = firstFailing > 0 ? failing : 0;
+    bytesKept = 0;
     watching = true;
 }
 
@@ -53,6 +74,10 @@ AllocationWatch::~AllocationWatch() {
 
 std::size_t AllocationWatch::largest() const {
     return largestRequest;
+}
+
+std::ptrdiff_t AllocationWatch::kept() const {
+    return bytesKept;
 }
 
 } // namespace korvane::test

@@ -1,5 +1,9 @@
 #include "support/RandomEdits.h"
 
+#include "edit/history/MaterialEdits.h"
+#include "edit/history/PasteEdits.h"
+#include "edit/history/SlotEdits.h"
+#include "edit/history/StructureEdits.h"
 #include "model/records/FrameWalk.h"
 
 #include <utility>
@@ -26,39 +30,50 @@ std::vector<MaterialRecord> RandomEdits::someMaterials() {
     return materials;
 }
 
-void RandomEdits::editMaterial(EditKind kind) {
+RandomEdits::Edit RandomEdits::ofMaterial(EditKind kind) {
     const std::size_t material = anyMaterial();
     const bool exists = material < document_.Materials.size();
     MaterialRecord none;
     MaterialRecord& target = exists ? document_.Materials[material] : none;
+    const ColorRGB chosen = color();
+    const auto setColor = [=, this](auto set) {
+        return [=, this] { set(history_, document_, material, chosen); };
+    };
     switch (kind) {
     case EditKind::TextureFile:
-        return history_.textureFile(document_, material, std::to_string(number(0, 9)) + ".tga");
+        return [=, this, name = std::to_string(number(0, 9)) + " and some more letters.tga"] {
+            setTextureFile(history_, document_, material, name);
+        };
     case EditKind::Ambient:
-        return history_.ambient(document_, material, color());
+        return setColor(setAmbient);
     case EditKind::FaceColor:
-        return history_.faceColor(document_, material, color());
+        return setColor(setFaceColor);
     case EditKind::Specular:
-        return history_.specular(document_, material, color());
+        return setColor(setSpecular);
     case EditKind::Emissive:
-        return history_.emissive(document_, material, color());
+        return setColor(setEmissive);
     case EditKind::Opacity: {
         const float before = std::exchange(target.FaceColor.alpha, real());
-        return history_.opacity(document_, material, before, target.FaceColor.alpha);
+        return [=, this, after = target.FaceColor.alpha] {
+            recordOpacity(history_, document_, material, before, after);
+        };
     }
     case EditKind::Power: {
         const float before = std::exchange(target.Power, real());
-        return history_.power(document_, material, before, target.Power);
+        return [=, this, after = target.Power] {
+            recordPower(history_, document_, material, before, after);
+        };
     }
     case EditKind::TextureOn:
-        return history_.textureOn(document_, material, number(0, 1) == 1);
+        return
+            [=, this, on = number(0, 1) == 1] { setTextureOn(history_, document_, material, on); };
     default:
-        return history_.deleteMaterial(document_, material);
+        return [=, this] { deleteMaterial(history_, document_, material); };
     }
 }
 
-void RandomEdits::dragTexCoords(const FramePath& path) {
-    std::vector<Vec2>& coordinates = frameAt(document_.Root, path.childNumbers())->Mesh.TexCoords;
+RandomEdits::Edit RandomEdits::texCoordDrag(const FramePath& path) {
+    std::vector<Vec2>& coordinates = frameAt(document_.Root, path)->Mesh.TexCoords;
     std::vector<std::int32_t> numbers;
     std::vector<Vec2> before;
     std::vector<Vec2> after;
@@ -69,44 +84,54 @@ void RandomEdits::dragTexCoords(const FramePath& path) {
             after.push_back(coordinates[i]);
         }
     }
-    history_.texCoords(document_, path, numbers, std::move(before), std::move(after));
+    return [=, this] { recordTexCoords(history_, document_, path, numbers, before, after); };
 }
 
-void RandomEdits::editFrame(EditKind kind) {
+RandomEdits::Edit RandomEdits::ofFrame(EditKind kind) {
     const FramePath path = anyFrame();
-    FrameRecord& frame = *frameAt(document_.Root, path.childNumbers());
+    FrameRecord& frame = *frameAt(document_.Root, path);
     const auto slots = static_cast<int>(frame.Mesh.MaterialSlotList.size());
     switch (kind) {
     case EditKind::TexCoords:
-        return dragTexCoords(path);
+        return texCoordDrag(path);
     case EditKind::FaceSlot:
-        return history_.faceSlot(document_, path, number(0, 5), number(0, 5));
+        return [=, this, face = number(0, 5), slot = number(0, 5)] {
+            setFaceSlot(history_, document_, path, face, slot);
+        };
     case EditKind::AppendSlot:
-        return history_.appendSlot(document_, path, static_cast<std::int32_t>(anyMaterial()));
+        return [=, this, material = static_cast<std::int32_t>(anyMaterial())] {
+            appendSlot(history_, document_, path, material);
+        };
     case EditKind::RemoveSlot:
-        return history_.removeSlot(document_, path, number(0, slots));
+        return [=, this, slot = number(0, slots)] { removeSlot(history_, document_, path, slot); };
     case EditKind::AddMeshMaterial:
-        return history_.addMeshMaterial(document_, path);
+        return [=, this] { addMeshMaterial(history_, document_, path); };
     case EditKind::MoveFrame: {
         const Matrix4 before = frame.Matrix;
         frame.Matrix[12] += real();
-        return history_.moveFrame(document_, path, before, frame.Matrix);
+        return [=, this, after = frame.Matrix] {
+            recordMove(history_, document_, path, before, after);
+        };
     }
     case EditKind::RenameFrame:
-        return history_.renameFrame(document_, path, "n" + std::to_string(number(0, 99)));
+        return [=, this, name = "a long name " + std::to_string(number(0, 99))] {
+            renameFrame(history_, document_, path, name);
+        };
     case EditKind::AddFrame:
-        return history_.addFrame(document_, path, "");
+        return [=, this] { addFrame(history_, document_, path, ""); };
     case EditKind::DeleteFrame:
-        return history_.deleteFrame(document_, path);
+        return [=, this] { deleteFrame(history_, document_, path); };
     case EditKind::FrameOptions: {
         const FrameFlags before = frameFlags(frame);
         frame.GFlag = !frame.GFlag;
         frame.Mesh.HasNormals = number(0, 1) == 1;
         frame.HasMesh = number(0, 9) != 0;
-        return history_.frameOptions(document_, path, before);
+        return [=, this] { recordFrameOptions(history_, document_, path, before); };
     }
     case EditKind::PasteMeshMaterials:
-        return history_.pasteMeshMaterials(document_, path, someMaterials());
+        return [=, this, materials = someMaterials()] {
+            pasteMeshMaterials(history_, document_, path, materials);
+        };
     default: {
         FrameRecord pasted;
         pasted.Name = frame.Name;
@@ -115,17 +140,33 @@ void RandomEdits::editFrame(EditKind kind) {
         if (frame.Children.size() == 1) { // whole trees would soon fill the model
             pasted.Children = frame.Children;
         }
-        return history_.pasteFrame(document_, path, std::move(pasted), someMaterials());
+        return [=, this, materials = someMaterials()] {
+            pasteFrame(history_, document_, path, pasted, materials);
+        };
     }
     }
 }
 
-void RandomEdits::make(EditKind kind) {
+void RandomEdits::make() {
+    if (number(1, 8) > 1) {
+        return make(static_cast<EditKind>(number(1, 23)));
+    }
+    EditTransaction transaction(history_, document_);
+    for (int edits = number(0, 4); edits > 0; --edits) {
+        make(static_cast<EditKind>(number(1, 23)));
+    }
+    if (number(0, 2) > 0) {
+        transaction.commit();
+    }
+}
+
+RandomEdits::Edit RandomEdits::prepare(EditKind kind) {
     switch (kind) {
     case EditKind::AddMaterial:
-        return history_.addMaterial(document_);
+        return [this] { addMaterial(history_, document_); };
     case EditKind::PasteMaterials:
-        return history_.pasteMaterials(document_, someMaterials());
+        return
+            [this, materials = someMaterials()] { pasteMaterials(history_, document_, materials); };
     case EditKind::TextureFile:
     case EditKind::Ambient:
     case EditKind::FaceColor:
@@ -135,9 +176,9 @@ void RandomEdits::make(EditKind kind) {
     case EditKind::TextureOn:
     case EditKind::Power:
     case EditKind::DeleteMaterial:
-        return editMaterial(kind);
+        return ofMaterial(kind);
     default:
-        return editFrame(kind);
+        return ofFrame(kind);
     }
 }
 

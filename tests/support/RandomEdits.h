@@ -3,6 +3,7 @@
 #include "edit/history/EditHistory.h"
 
 #include <cstdint>
+#include <functional>
 #include <random>
 
 namespace korvane::test {
@@ -14,9 +15,14 @@ class RandomEdits {
     RandomEdits(ModelDocument& document, EditHistory& history, std::uint32_t seed)
         : document_(document), history_(history), random_(seed) {}
 
-    /// Makes an edit of any kind.
-    void make() { make(static_cast<EditKind>(number(1, 23))); }
-    void make(EditKind kind);
+    using Edit = std::function<void()>;
+
+    /// Makes an edit of any kind, or several as one step, which may also be taken back midway.
+    void make();
+    void make(EditKind kind) { prepare(kind)(); }
+    /// Chooses an edit, which the call of it records, as often as it is called. What a user's hand
+    /// changes before the record is changed already.
+    Edit prepare(EditKind kind);
 
   private:
     int number(int least, int most) {
@@ -27,9 +33,9 @@ class RandomEdits {
     std::size_t anyMaterial();
     FramePath anyFrame();
     std::vector<MaterialRecord> someMaterials();
-    void editMaterial(EditKind kind);
-    void editFrame(EditKind kind);
-    void dragTexCoords(const FramePath& path);
+    Edit ofMaterial(EditKind kind);
+    Edit ofFrame(EditKind kind);
+    Edit texCoordDrag(const FramePath& path);
 
     ModelDocument& document_;
     EditHistory& history_;

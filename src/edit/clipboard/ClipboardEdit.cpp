@@ -1,6 +1,7 @@
 #include "edit/clipboard/ClipboardEdit.h"
 
 #include "edit/clipboard/ClipboardWriter.h"
+#include "edit/history/PasteEdits.h"
 #include "model/records/FrameWalk.h"
 
 #include <numeric>
@@ -124,8 +125,8 @@ bool pasteIntoSelection(ModelDocument& document, EditHistory& history, Clipboard
         if (canPaste(selected.NodeKind, ClipboardContent::Frame) && selected.Frame) {
             completeMaterials(copied->materials, document, textures);
             renumberSlots(copied->frame, document.Materials.size());
-            history.pasteFrame(document, *selected.Frame, std::move(copied->frame),
-                               std::move(copied->materials));
+            pasteFrame(history, document, *selected.Frame, std::move(copied->frame),
+                       std::move(copied->materials));
         }
     } else if (auto* materials = std::get_if<CopiedMaterials>(&item)) {
         if (!canPaste(selected.NodeKind, ClipboardContent::Materials) || materials->empty()) {
@@ -133,9 +134,9 @@ bool pasteIntoSelection(ModelDocument& document, EditHistory& history, Clipboard
         }
         completeMaterials(*materials, document, textures);
         if (selected.Frame) {
-            history.pasteMeshMaterials(document, *selected.Frame, std::move(*materials));
+            pasteMeshMaterials(history, document, *selected.Frame, std::move(*materials));
         } else {
-            history.pasteMaterials(document, std::move(*materials));
+            pasteMaterials(history, document, std::move(*materials));
         }
     }
     return history.position() != position;

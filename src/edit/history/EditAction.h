@@ -44,6 +44,12 @@ struct RefreshFlags {
     bool refreshGeometry = false;
     bool rebuildTree = false;
 
+    RefreshFlags& operator|=(const RefreshFlags& other) {
+        refreshMaterials = refreshMaterials || other.refreshMaterials;
+        refreshGeometry = refreshGeometry || other.refreshGeometry;
+        rebuildTree = rebuildTree || other.rebuildTree;
+        return *this;
+    }
     bool operator==(const RefreshFlags&) const = default;
 };
 
@@ -69,6 +75,7 @@ struct EditAction {
     /// Kinds of frames: the 1-based child numbers of the frame (of the parent of a frame that comes
     /// or goes), one more number without meaning, and behind them what the kind needs.
     std::vector<std::int32_t> path;
+    bool joined = false; ///< undone and redone in one step with the entry before it
 };
 
 } // namespace korvane

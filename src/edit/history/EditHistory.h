@@ -5,113 +5,113 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace korvane {
 
-/// The undo history of one document, without limit and in one line. Each record operation makes its
-/// change to the model and keeps what is needed to take it back; the same step then serves undo and
-/// redo. Entries refer to frames by path: all changes that a user can make to the structure have to
-/// be recorded here. What leads nowhere in the model is left alone.
+/// What an undo or a redo did.
+struct StepOutcome {
+    RefreshFlags refresh; ///< of all entries of the step
+    /// The frame that is to be the selection, if the last entry gone through was about one.
+    std::optional<FramePath> frame;
+};
+
+/// The undo history of one document, without limit and in one line. The operations that record
+/// (MaterialEdits.h, SlotEdits.h, StructureEdits.h, PasteEdits.h) make their change to the model
+/// and keep what is needed to take it back; the same step then serves undo and redo. Entries refer
+/// to frames by path: all changes that a user can make to the structure have to be recorded here.
+///
+/// Each of these happens whole or, if memory runs out on the way, not at all: model and history are
+/// then as they were. Selecting is left to the caller.
 class EditHistory {
   public:
     /// `textures` loads the image of a texture anew whenever its name changes.
     explicit EditHistory(TextureSource textures = {}) : textures_(std::move(textures)) {}
 
-    [[nodiscard]] bool canUndo() const { return position_ >= 0; }
-    [[nodiscard]] bool canRedo() const { return position_ < lastEntry(); }
+    /// Never while a transaction is open.
+    [[nodiscard]] bool canUndo() const { return !open_ && position_ >= 0; }
+    [[nodiscard]] bool canRedo() const { return !open_ && position_ < lastEntry(); }
     /// What undo takes back and redo makes again, as in "delete frame"; empty where there is
-    /// nothing.
+    /// nothing. Several entries in one step go by the first.
     [[nodiscard]] std::string_view undoName() const;
     [[nodiscard]] std::string_view redoName() const;
-    /// Takes back the last entry, or makes the next one again; nothing where there is none. An
-    /// entry of a frame kind makes its frame the selection.
-    RefreshFlags undo(ModelDocument& document);
-    RefreshFlags redo(ModelDocument& document);
+    /// Takes back the last step, or makes the next one again; nothing where there is none. Where
+    /// that fails within a step of several entries and they cannot be brought back either, the step
+    /// becomes two, with the model between them.
+    StepOutcome undo(ModelDocument& document);
+    StepOutcome redo(ModelDocument& document);
 
     [[nodiscard]] std::span<const EditAction> entries() const { return entries_; }
     /// The last entry that is applied; -1 when there is nothing to undo.
     [[nodiscard]] std::int32_t position() const { return position_; }
 
-    // Each record operation drops what could be redone, makes the change and marks the document as
-    // modified. Materials are numbers in the table, slots and faces numbers in the frame's mesh.
-
-    /// `image` is that of the name where it is loaded already, else null.
-    void textureFile(ModelDocument& document, std::size_t material, std::string name,
-                     std::shared_ptr<const TextureImage> image = nullptr);
-    void ambient(ModelDocument& document, std::size_t material, const ColorRGB& color);
-    void faceColor(ModelDocument& document, std::size_t material, const ColorRGB& color);
-    void specular(ModelDocument& document, std::size_t material, const ColorRGB& color);
-    void emissive(ModelDocument& document, std::size_t material, const ColorRGB& color);
-    /// The model already holds `after`, as it followed the user's hand.
-    void opacity(ModelDocument& document, std::size_t material, float before, float after);
-    void power(ModelDocument& document, std::size_t material, float before, float after);
-    void textureOn(ModelDocument& document, std::size_t material, bool on);
-
-    /// Texture coordinates that a drag has moved: their numbers in the mesh, and where they were
-    /// and are. The three lists are of one length.
-    void texCoords(ModelDocument& document, const FramePath& frame,
-                   std::span<const std::int32_t> numbers, std::vector<Vec2> before,
-                   std::vector<Vec2> after);
-    void faceSlot(ModelDocument& document, const FramePath& frame, std::int32_t face,
-                  std::int32_t slot);
-    void appendSlot(ModelDocument& document, const FramePath& frame, std::int32_t material);
-    /// Faces of the slot and of those above it move one down; those of slot 0 deliberately stay
-    /// there.
-    void removeSlot(ModelDocument& document, const FramePath& frame, std::int32_t slot);
-    /// A new material at the end of the table, with a slot of the frame's mesh for it.
-    void addMeshMaterial(ModelDocument& document, const FramePath& frame);
-    void addMaterial(ModelDocument& document);
-    /// Every mesh loses the slots of the material.
-    void deleteMaterial(ModelDocument& document, std::size_t material);
-
-    /// A frame that a drag has moved or turned: its matrix from before and now.
-    void moveFrame(ModelDocument& document, const FramePath& frame, const Matrix4& before,
-                   const Matrix4& after);
-    void renameFrame(ModelDocument& document, const FramePath& frame, std::string name);
-    /// A new frame as the last child.
-    void addFrame(ModelDocument& document, const FramePath& parent, std::string name);
-    /// The parent becomes the selection. The root cannot be deleted.
-    void deleteFrame(ModelDocument& document, const FramePath& frame);
-    /// The flags from before the dialog, which has written the new ones into the frame.
-    void frameOptions(ModelDocument& document, const FramePath& frame, const FrameFlags& before);
-
-    /// Materials at the end of the table.
-    void pasteMaterials(ModelDocument& document, std::vector<MaterialRecord> materials);
-    /// The same, each with a slot of the frame's mesh.
-    void pasteMeshMaterials(ModelDocument& document, const FramePath& frame,
-                            std::vector<MaterialRecord> materials);
-    /// A frame as the last child, with materials at the end of the table that its slots refer to.
-    void pasteFrame(ModelDocument& document, const FramePath& parent, FrameRecord frame,
-                    std::vector<MaterialRecord> materials);
-
-  private:
+    /// For record operations: makes the change of an entry, drops what could be redone and marks
+    /// the document as modified. `textures` takes the place of the history's own.
     void record(ModelDocument& document, EditAction action) {
         record(document, std::move(action), textures_);
     }
     void record(ModelDocument& document, EditAction action, const TextureSource& textures);
-    /// Records a value of a material or of the action's frame, if there is one.
-    template <class Get, class Value>
-    void materialValue(ModelDocument& document, EditKind kind, std::size_t material, Get before,
-                       Value after);
-    template <class Value>
-    void frameValue(ModelDocument& document, EditAction action, Value before, Value after);
-    [[nodiscard]] std::string_view nameOf(std::int32_t entry) const;
-    static RefreshFlags step(ModelDocument& document, EditAction& action, bool forward,
-                             const TextureSource& textures);
-    static void selectFrameOf(ModelDocument& document, const EditAction& action);
+
+  private:
+    friend class EditTransaction;
+
+    [[nodiscard]] EditAction& entry(std::int32_t number) {
+        return entries_[static_cast<std::size_t>(number)];
+    }
     [[nodiscard]] std::int32_t lastEntry() const {
         return static_cast<std::int32_t>(entries_.size()) - 1;
     }
+    [[nodiscard]] std::string_view nameOf(std::int32_t number) const;
+    /// The first entry of the step that an entry belongs to.
+    [[nodiscard]] std::int32_t firstOfStep(std::int32_t number) const;
+    /// Goes through the entries up to a new position, all or none.
+    StepOutcome goTo(ModelDocument& document, std::int32_t position);
+    /// Goes through one entry.
+    RefreshFlags goOne(ModelDocument& document, bool forward);
+    /// Goes back to a position that something failed on the way from, as far as that can be done.
+    void returnTo(ModelDocument& document, std::int32_t position) noexcept;
+    /// Drops the entries from one number up to another.
+    void drop(std::int32_t first, std::int32_t end) noexcept;
 
     TextureSource textures_;
     std::vector<EditAction> entries_;
     std::int32_t position_ = -1;
+    /// While a transaction is open, the position that it started from; the entries that it found to
+    /// be redone then follow behind its own.
+    std::optional<std::int32_t> open_;
+};
+
+/// Several records as one step of undo and redo:
+///
+///     EditTransaction transaction(history, document);
+///     setTextureFile(history, document, ...);
+///     setTextureOn(history, document, ...);
+///     transaction.commit();
+///
+/// Without the commit, as when something throws on the way, all that was recorded since is taken
+/// back, and what could be redone can be again. What cannot be taken back as memory runs out stays
+/// as a step. Transactions do not nest.
+class EditTransaction {
+  public:
+    EditTransaction(EditHistory& history, ModelDocument& document);
+    ~EditTransaction();
+    EditTransaction(const EditTransaction&) = delete;
+    EditTransaction& operator=(const EditTransaction&) = delete;
+
+    /// What was recorded becomes one step; no step if nothing was.
+    void commit() noexcept;
+
+  private:
+    EditHistory& history_;
+    ModelDocument& document_;
+    std::int32_t start_;
+    bool modified_;
+    std::uint64_t revision_;
+    bool committed_ = false;
 };
 
 } // namespace korvane

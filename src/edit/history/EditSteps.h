@@ -1,18 +1,13 @@
 #pragma once
 
-#include "edit/history/EditAction.h"
+#include "edit/history/EditNumbers.h"
 #include "model/document/ModelDocument.h"
 
-#include <cstddef>
-#include <cstdint>
+#include <memory>
 #include <span>
+#include <variant>
 
 namespace korvane {
-
-/// A count as an entry keeps it.
-inline std::int32_t count32(std::size_t size) {
-    return static_cast<std::int32_t>(size);
-}
 
 /// One entry on its way into or out of the model.
 struct EditStep {
@@ -32,11 +27,18 @@ struct EditStep {
         return action.index < document.Materials.size() ? &document.Materials[action.index]
                                                         : nullptr;
     }
-    /// The numbers behind the frame's path.
-    [[nodiscard]] std::span<const std::int32_t> numbers() const {
-        return std::span(action.path).subspan(action.index + 1);
+    /// The numbers behind the frame's path, by their names.
+    template <class Named>
+    [[nodiscard]] Named numbers() const {
+        return namedNumbers<Named>(kindNumbers(action));
     }
 };
+
+/// What an entry keeps while it is out of the model; null if it keeps nothing.
+inline RemovedParts* keptParts(EditData& data) {
+    auto* parts = std::get_if<std::unique_ptr<RemovedParts>>(&data);
+    return parts != nullptr ? parts->get() : nullptr;
+}
 
 /// How the entries of one kind are carried out.
 struct EditKindRow {
@@ -44,22 +46,26 @@ struct EditKindRow {
     const char* name; ///< to the user, as a command
     bool ofFrame;     ///< the entry's path leads to a frame, which becomes the selection
     RefreshFlags refresh;
+    /// Goes in the step's direction. Where it throws, model and entry are as they were: what can
+    /// fail comes first.
     void (*run)(EditStep&);
 };
 
 /// The row of a kind, or null for what is none.
 const EditKindRow* editKindRow(EditKind kind);
 
-// The steps of the structural kinds; the others only write a value.
-void stepAppendSlot(EditStep& step);
-void stepRemoveSlot(EditStep& step);
-void stepAddMeshMaterial(EditStep& step);
-void stepAddMaterial(EditStep& step);
-void stepDeleteMaterial(EditStep& step);
-void stepAddFrame(EditStep& step);
-void stepDeleteFrame(EditStep& step);
-void stepPasteMaterials(EditStep& step);
-void stepPasteMeshMaterials(EditStep& step);
-void stepPasteFrame(EditStep& step);
+// The rows of all kinds, by subject; each subject has a file with its steps and record operations.
+std::span<const EditKindRow> materialKinds();
+std::span<const EditKindRow> slotKinds();
+std::span<const EditKindRow> structureKinds();
+std::span<const EditKindRow> pasteKinds();
+
+namespace refresh {
+inline constexpr RefreshFlags materials = {true, false, false};
+inline constexpr RefreshFlags geometry = {true, true, false};
+inline constexpr RefreshFlags tree = {false, false, true};
+inline constexpr RefreshFlags materialsAndTree = {true, false, true};
+inline constexpr RefreshFlags everything = {true, true, true};
+} // namespace refresh
 
 } // namespace korvane

@@ -1,5 +1,6 @@
 #include "model/document/ModelDocument.h"
 
+#include "model/document/ChildFrames.h"
 #include "model/records/FrameWalk.h"
 
 #include <cstdint>
@@ -88,17 +89,11 @@ void ModelDocument::computeDerivedData() {
 }
 
 void ModelDocument::refreshPaths(FrameRecord& parent, std::size_t position) {
+    PathChange paths;
     for (std::size_t i = position; i < parent.Children.size(); ++i) {
-        FrameRecord& child = parent.Children[i];
-        child.Path = parent.Path.child(static_cast<std::int32_t>(i) + 1);
-        for (FrameWalk walk(child); !walk.done(); walk.next()) {
-            FrameRecord& frame = walk.frame();
-            if (walk.depth() > 0) {
-                frame.Path = walk.parent().Path.child(walk.childNumbers().back());
-            }
-            frame.PathDepth = static_cast<std::int32_t>(frame.Path.depth());
-        }
+        paths.add(parent.Children[i], parent.Path.child(static_cast<std::int32_t>(i) + 1));
     }
+    paths.apply();
 }
 
 FrameRecord* ModelDocument::selectedFrame() {

@@ -1,5 +1,7 @@
-#include "edit/history/EditHistory.h"
-
+#include "edit/history/MaterialEdits.h"
+#include "edit/history/PasteEdits.h"
+#include "edit/history/SlotEdits.h"
+#include "edit/history/StructureEdits.h"
 #include "edit/materials/PendingOpacity.h"
 #include "edit/materials/PendingShininess.h"
 #include "support/FrameMaking.h"
@@ -44,18 +46,18 @@ class History : public ::testing::Test {
 };
 
 TEST_F(History, PositionAndTail) {
-    EXPECT_EQ(history.undo(document), RefreshFlags());
-    EXPECT_EQ(history.redo(document), RefreshFlags());
+    EXPECT_EQ(history.undo(document).refresh, RefreshFlags());
+    EXPECT_EQ(history.redo(document).refresh, RefreshFlags());
     EXPECT_FALSE(history.canUndo() || history.canRedo() || document.Modified);
-    history.renameFrame(document, path({1}), "one");
-    history.renameFrame(document, path({1}), "two");
+    renameFrame(history, document, path({1}), "one");
+    renameFrame(history, document, path({1}), "two");
     EXPECT_TRUE(document.Modified);
     EXPECT_EQ(history.position(), 1);
     document.Modified = false;
     history.undo(document);
     EXPECT_TRUE(history.canUndo() && history.canRedo() && document.Modified);
     EXPECT_EQ(history.redoName(), "rename frame");
-    history.addFrame(document, path({1}), "three");
+    addFrame(history, document, path({1}), "three");
     EXPECT_FALSE(history.canRedo());
     EXPECT_EQ(history.redoName(), "");
     EXPECT_EQ(history.undoName(), "add frame");
@@ -68,44 +70,61 @@ TEST_F(History, PositionAndTail) {
 }
 
 TEST_F(History, OnlyWhatAChangeTouchesIsRefreshed) {
-    history.ambient(document, 0, {});
-    EXPECT_EQ(history.undo(document), (RefreshFlags{true, false, false}));
-    history.moveFrame(document, path({1}), {}, {});
-    EXPECT_EQ(history.undo(document), (RefreshFlags{true, true, false}));
-    history.renameFrame(document, path({1}), "n");
+    setAmbient(history, document, 0, {});
+    EXPECT_EQ(history.undo(document).refresh, (RefreshFlags{true, false, false}));
+    recordMove(history, document, path({1}), {}, {});
+    EXPECT_EQ(history.undo(document).refresh, (RefreshFlags{true, true, false}));
+    renameFrame(history, document, path({1}), "n");
     history.undo(document);
-    EXPECT_EQ(history.redo(document), (RefreshFlags{false, false, true})) << "the tree alone";
+    EXPECT_EQ(history.redo(document).refresh, (RefreshFlags{false, false, true}))
+        << "the tree alone";
 }
 
-TEST_F(History, FrameKindsSelectTheFrameOfTheirEntry) {
-    history.renameFrame(document, path({1, 2}), "n");
-    document.selectFrame(path({3}));
-    history.undo(document);
-    EXPECT_EQ(document.Selected.Frame, path({1, 2}));
-    EXPECT_EQ(document.SelectionCopy, document.Selected);
-    EXPECT_EQ(document.GetFramePtr()->Name, "y");
-    EXPECT_EQ(document.Root.Children[0].Children[1].SelectState, SelectState::Selected);
-    EXPECT_EQ(document.Root.Children[2].SelectState, SelectState::Other);
-
-    history.deleteFrame(document, path({1, 1})); // drops the rename
-    EXPECT_EQ(document.Selected.Frame, path({1}));
-    EXPECT_EQ(document.Root.Children[0].Children[0].SelectState, SelectState::Descendant);
-    document.selectFrame(path({2}));
-    history.undo(document);
-    EXPECT_EQ(document.Selected.Frame, path({1}));
+TEST_F(History, StepsTellTheFrameOfTheirLastEntry) {
+    renameFrame(history, document, path({1, 2}), "n");
+    EXPECT_EQ(history.undo(document).frame, path({1, 2}));
+    deleteFrame(history, document, path({1, 1})); // drops the rename
+    EXPECT_EQ(history.undo(document).frame, path({1})) << "the parent";
     EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc");
+    setAmbient(history, document, 0, {});
+    EXPECT_EQ(history.undo(document).frame, std::nullopt);
+    EXPECT_EQ(document.Selected, NodeData()) << "the selection is the caller's";
+}
 
-    document.selectFrame(path({3}));
-    history.ambient(document, 0, {});
+TEST_F(History, ATransactionIsOneStep) {
+    setAmbient(history, document, 0, {});
     history.undo(document);
-    EXPECT_EQ(document.Selected.Frame, path({3})); // no frame kind: stays
+    document.Modified = false;
+    { const EditTransaction empty(history, document); }
+    for (const bool commit : {false, true}) {
+        EXPECT_EQ(history.redoName(), "change ambient color") << "no step yet";
+        EXPECT_FALSE(document.Modified);
+        EditTransaction transaction(history, document);
+        renameFrame(history, document, path({2}), "n");
+        recordMove(history, document, path({3}), {}, {});
+        EXPECT_FALSE(history.canUndo() || history.canRedo()) << "while it is open";
+        if (commit) {
+            transaction.commit();
+        }
+    }
+    renameFrame(history, document, path({1}), "m");
+    EXPECT_EQ(history.undo(document).frame, path({1}));
+    EXPECT_EQ(history.undoName(), "rename frame");
+    const StepOutcome undone = history.undo(document);
+    EXPECT_EQ(undone.refresh, (RefreshFlags{true, true, true})) << "of both";
+    EXPECT_EQ(undone.frame, path({2}));
+    EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc");
+    EXPECT_EQ(history.redoName(), "rename frame");
+    EXPECT_EQ(history.redo(document).frame, path({3}));
+    EXPECT_EQ(history.redo(document).frame, path({1}));
+    EXPECT_FALSE(history.canRedo());
 }
 
 TEST_F(History, FramesComeAndGoInTheirPlaces) {
-    history.addFrame(document, path({1}), "");
+    addFrame(history, document, path({1}), "");
     EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc"); // the new one has no name
     EXPECT_EQ(document.Root.Children[0].Children.size(), 3U);
-    history.deleteFrame(document, path({1}));
+    deleteFrame(history, document, path({1}));
     EXPECT_EQ(namesOf(document.Root.Children), "bc");
     EXPECT_EQ(document.Root.Children[0].Path, path({1}));
     history.undo(document);
@@ -113,27 +132,27 @@ TEST_F(History, FramesComeAndGoInTheirPlaces) {
     EXPECT_EQ(document.Root.Children[1].Path, path({2}));
     history.undo(document);
     EXPECT_EQ(document.Root.Children[0].Children.size(), 2U);
-    history.deleteFrame(document, FramePath()); // the root stays
-    history.deleteFrame(document, path({4}));
+    deleteFrame(history, document, FramePath()); // the root stays
+    deleteFrame(history, document, path({4}));
     EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc");
     EXPECT_FALSE(history.canUndo());
 }
 
 TEST_F(History, FramesNestNoDeeperThanTheLimit) {
     std::vector<std::int32_t> numbers = test::chainBelow(document.Root, maxFrameDepth);
-    history.addFrame(document, path(numbers), "");
-    history.pasteFrame(document, path(numbers), {}, {});
+    addFrame(history, document, path(numbers), "");
+    pasteFrame(history, document, path(numbers), {}, {});
     EXPECT_FALSE(history.canUndo());
     numbers.pop_back();
-    history.pasteFrame(document, path(numbers), named("p", {named("q")}), {});
+    pasteFrame(history, document, path(numbers), named("p", {named("q")}), {});
     EXPECT_FALSE(history.canUndo());
-    history.pasteFrame(document, path(numbers), named("p"), {});
+    pasteFrame(history, document, path(numbers), named("p"), {});
     EXPECT_TRUE(history.canUndo());
 }
 
 TEST_F(History, FacesOfSlotZeroStayWhenASlotGoes) {
     MeshRecord& m = mesh(document.Root, {2, 0, 1}, {0, 1, 2, 7, -1});
-    history.removeSlot(document, FramePath(), 0);
+    removeSlot(history, document, FramePath(), 0);
     EXPECT_EQ(m.MaterialSlotList, (std::vector<std::int32_t>{0, 1}));
     EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 1, 6, -1}));
     history.undo(document);
@@ -148,13 +167,13 @@ TEST_F(History, AFaceBeyondTheSlotsOfFacesGetsOneAndSoDoThoseBefore) {
     for (int face = 0; face < 5; ++face) {
         m.Faces.push_back(std::vector<std::uint32_t>{0, 0, 0});
     }
-    history.faceSlot(document, path({1}), 3, 0);
+    setFaceSlot(history, document, path({1}), 3, 0);
     EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1, 2, 2, 0})) << "as they were drawn";
     history.undo(document);
     EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1}));
     history.redo(document);
     EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1, 2, 2, 0}));
-    history.faceSlot(document, path({1}), 5, 0); // no such face
+    setFaceSlot(history, document, path({1}), 5, 0); // no such face
     EXPECT_EQ(history.position(), 0);
 }
 
@@ -164,7 +183,7 @@ TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
     MeshRecord& hidden = mesh(document.Root.Children[1], {1, 2}, {0});
     document.Root.Children[1].HasMesh = false; // it may be switched on again
     document.Materials[1].Power = 7;
-    history.deleteMaterial(document, 1);
+    deleteMaterial(history, document, 1);
     EXPECT_EQ(document.Materials.size(), 2U);
     EXPECT_EQ(twice.MaterialSlotList, (std::vector<std::int32_t>{1}));
     EXPECT_EQ(twice.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 0}));
@@ -182,7 +201,7 @@ TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
 }
 
 TEST_F(History, ExceptionFreshDefaultOnRedo) {
-    history.addMaterial(document);
+    addMaterial(history, document);
     document.Materials.back().Power = 1; // not recorded
     history.undo(document);
     history.redo(document);
@@ -195,7 +214,7 @@ TEST_F(History, ExceptionFrameDialogCancelled) {
     FrameRecord& frame = document.Root.Children[0];
     const FrameFlags before = frameFlags(frame);
     frame.GFlag = true;
-    history.frameOptions(document, path({1}), before);
+    recordFrameOptions(history, document, path({1}), before);
     frame.Emissive = true; // cancelled
     history.undo(document);
     EXPECT_EQ(frameFlags(frame), before);
@@ -272,7 +291,7 @@ TEST_F(History, TexturesAreLoadedAnew) {
         return std::make_shared<const TextureImage>();
     });
     document.Materials[0].TextureFile = "old.tga";
-    withTextures.textureFile(document, 0, "new.tga");
+    setTextureFile(withTextures, document, 0, "new.tga");
     const auto image = document.Materials[0].TextureImage;
     withTextures.undo(document);
     EXPECT_EQ(document.Materials[0].TextureFile, "old.tga");
@@ -280,7 +299,7 @@ TEST_F(History, TexturesAreLoadedAnew) {
     EXPECT_NE(document.Materials[0].TextureImage, image);
     EXPECT_EQ(loaded, (std::vector<std::string>{"new.tga", "old.tga", "new.tga"}));
     const auto own = std::make_shared<const TextureImage>();
-    withTextures.textureFile(document, 0, "own.tga", own); // loaded already
+    setTextureFile(withTextures, document, 0, "own.tga", own); // loaded already
     EXPECT_EQ(document.Materials[0].TextureImage, own);
     EXPECT_EQ(loaded.size(), 3U);
 }
@@ -293,11 +312,11 @@ TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
     const std::pair<const char*, std::function<void()>> edits[] = {
         {"coordinates",
          [&] {
-             history.texCoords(document, path({1}), {{0}}, {{0, 0}}, {{1, 1}});
+             recordTexCoords(history, document, path({1}), {{0}}, {{0, 0}}, {{1, 1}});
          }},
-        {"slot of a face", [&] { history.faceSlot(document, path({1}), 0, 1); }},
-        {"slot", [&] { history.removeSlot(document, path({1}), 0); }},
-        {"material", [&] { history.deleteMaterial(document, 1); }},
+        {"slot of a face", [&] { setFaceSlot(history, document, path({1}), 0, 1); }},
+        {"slot", [&] { removeSlot(history, document, path({1}), 0); }},
+        {"material", [&] { deleteMaterial(history, document, 1); }},
         {"undo", [&] { history.undo(document); }}};
     for (const auto& [name, edit] : edits) {
         const auto before = list.ListRevision.any();
@@ -307,16 +326,17 @@ TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
 }
 
 TEST_F(History, WhatLeadsNowhereIsLeftAlone) {
-    history.faceSlot(document, path({1}), -1, 0);
-    history.removeSlot(document, path({1}), -1);
-    history.renameFrame(document, path({4}), "n");
-    history.pasteFrame(document, path({9}), {}, {});
+    setFaceSlot(history, document, path({1}), -1, 0);
+    removeSlot(history, document, path({1}), -1);
+    renameFrame(history, document, path({4}), "n");
+    pasteFrame(history, document, path({9}), {}, {});
     EXPECT_FALSE(history.canUndo());
     // a change past the history: its entries find nothing, and the position moves all the same
-    history.texCoords(document, path({1}), std::vector<std::int32_t>{5, -1}, {{}, {}}, {{}, {}});
-    history.renameFrame(document, path({3}), "n");
-    history.appendSlot(document, path({3}), 0);
-    history.pasteMaterials(document, {{}, {}});
+    recordTexCoords(history, document, path({1}), std::vector<std::int32_t>{5, -1}, {{}, {}},
+                    {{}, {}});
+    renameFrame(history, document, path({3}), "n");
+    appendSlot(history, document, path({3}), 0);
+    pasteMaterials(history, document, {{}, {}});
     document.Root.Children.pop_back();
     document.Materials.clear();
     for (std::size_t i = 0; i < 4; ++i) {

@@ -1,11 +1,17 @@
 #include "support/EditLadder.h"
 
 #include "model/document/StructureTree.h"
+#include "support/AllocationWatch.h"
 #include "support/FrameMaking.h"
 #include "support/RandomEdits.h"
 #include "support/RandomModel.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <new>
+#include <tuple>
 
 namespace korvane {
 namespace {
@@ -33,10 +39,11 @@ class Ladder {
     template <class... Kind>
     void edit(Kind... kind) {
         const std::int32_t position = history_.position();
+        const std::size_t entries = history_.entries().size();
         edits_.make(kind...);
-        const auto rung = static_cast<std::size_t>(history_.position() + 1);
-        if (rung + 1 == rungs_.size() && position == history_.position()) {
-            EXPECT_EQ(EditSnapshot(document_), rungs_.back()) << "changed without an entry";
+        const std::size_t rung = steps();
+        if (position == history_.position() && entries == history_.entries().size()) {
+            EXPECT_EQ(EditSnapshot(document_), rungs_[rung]) << "changed without an entry";
             return;
         }
         rungs_.erase(rungs_.begin() + static_cast<std::ptrdiff_t>(rung), rungs_.end());
@@ -48,7 +55,7 @@ class Ladder {
         }
     }
     std::string climb() {
-        for (std::size_t i = history_.entries().size(); i > 0; --i) {
+        while (history_.canRedo()) {
             history_.redo(document_);
         }
         return test::climb(document_, history_, rungs_);
@@ -56,6 +63,14 @@ class Ladder {
     [[nodiscard]] std::size_t rungs() const { return rungs_.size(); }
 
   private:
+    /// How many steps are applied.
+    [[nodiscard]] std::size_t steps() const {
+        const auto applied =
+            history_.entries().first(static_cast<std::size_t>(history_.position() + 1));
+        return static_cast<std::size_t>(
+            std::ranges::count(applied, false, [](const EditAction& a) { return a.joined; }));
+    }
+
     ModelDocument document_;
     EditHistory history_;
     test::RandomEdits edits_;
@@ -110,10 +125,210 @@ TEST(EditLadder, WhatChangesIsRefreshed) {
             EditHistory history;
             test::RandomEdits(document, history, seed).make(static_cast<EditKind>(kind));
             const auto [tree, places] = shown(document);
-            const RefreshFlags flags = history.undo(document);
+            const RefreshFlags flags = history.undo(document).refresh;
             const auto [treeBefore, placesBefore] = shown(document);
             EXPECT_TRUE(flags.rebuildTree || tree == treeBefore) << kind;
             EXPECT_TRUE(flags.refreshGeometry || places == placesBefore) << kind;
+        }
+    }
+}
+
+/// All that stays as it was where an edit fails.
+struct State {
+    State(const ModelDocument& document, const EditHistory& history)
+        : model(document), modified(document.Modified), revision(document.Revision),
+          position(history.position()), names(history.undoName()) {
+        names += history.redoName();
+        for (const EditAction& entry : history.entries()) {
+            entries.emplace_back(entry.kind, entry.index, entry.path, entry.joined);
+        }
+    }
+
+    EditSnapshot model;
+    bool modified;
+    std::uint64_t revision;
+    std::int32_t position;
+    std::string names;
+    std::vector<std::tuple<EditKind, std::uint32_t, std::vector<std::int32_t>, bool>> entries;
+
+    bool operator==(const State&) const = default;
+};
+
+/// A document with its history, in which loading a texture takes memory.
+struct Desk {
+    explicit Desk(std::uint32_t seed)
+        : document(comparableModel(seed)), edits(document, history, seed) {}
+
+    /// Several edits as one step; each can follow on the others.
+    [[nodiscard]] test::RandomEdits::Edit prepareStep() {
+        std::vector<test::RandomEdits::Edit> parts;
+        for (const EditKind kind :
+             {EditKind::DeleteFrame, EditKind::TextureFile, EditKind::AddFrame,
+              EditKind::DeleteMaterial, EditKind::PasteFrame}) {
+            parts.push_back(edits.prepare(kind));
+        }
+        return [this, parts] {
+            EditTransaction transaction(history, document);
+            for (const auto& part : parts) {
+                part();
+            }
+            transaction.commit();
+        };
+    }
+    void undo() { history.undo(document); }
+    void redo() { history.redo(document); }
+
+    ModelDocument document;
+    EditHistory history{[](const std::string& name) {
+        return std::make_pair(name + "whatever file it comes from", blankTextureImage()).second;
+    }};
+    test::RandomEdits edits;
+};
+
+/// Lets each of the requests for memory that an edit makes fail in turn, until it goes through.
+template <class Edit>
+void failAtEach(Desk& desk, const Edit& edit) {
+    desk.document.Modified = false;
+    const State before(desk.document, desk.history);
+    for (std::size_t request = 1;; ++request) {
+        try {
+            const test::AllocationWatch watch(request);
+            return edit();
+        } catch (const std::bad_alloc&) {
+            ASSERT_EQ(State(desk.document, desk.history), before) << "request " << request;
+        }
+    }
+}
+
+TEST(EditLadder, WhereMemoryEndsAnEditHappensWholeOrNotAtAll) {
+    for (std::uint32_t kind = 1; kind <= 24; ++kind) { // the last one is several as a step
+        for (std::uint32_t seed = 1; seed <= 5; ++seed) {
+            SCOPED_TRACE("kind " + std::to_string(kind) + " seed " + std::to_string(seed));
+            Desk desk(seed);
+            desk.edits.make(EditKind::AddMaterial);
+            desk.edits.make(EditKind::RenameFrame);
+            desk.undo();
+            const auto edit =
+                kind < 24 ? desk.edits.prepare(static_cast<EditKind>(kind)) : desk.prepareStep();
+            failAtEach(desk, edit);
+            if (desk.history.canRedo()) {
+                continue; // there was nothing to edit
+            }
+            const EditSnapshot after(desk.document);
+            failAtEach(desk, [&] { desk.undo(); });
+            const EditSnapshot undone(desk.document);
+            failAtEach(desk, [&] { desk.redo(); });
+            EXPECT_EQ(EditSnapshot(desk.document), after);
+            failAtEach(desk, [&] { desk.undo(); });
+            EXPECT_EQ(EditSnapshot(desk.document), undone);
+        }
+    }
+}
+
+/// Does something as memory ends for good, and gives whether it went through.
+template <class Edit>
+bool goesThrough(std::size_t request, const Edit& edit) {
+    try {
+        const test::AllocationWatch watch(request, std::numeric_limits<std::size_t>::max());
+        edit();
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+TEST(EditLadder, WhatCannotBeTakenBackStaysAStep) {
+    std::size_t left = 0;
+    std::size_t parted = 0;
+    for (std::uint32_t seed = 1; seed <= 5; ++seed) {
+        bool done = false;
+        for (std::size_t request = 1; !done; ++request) {
+            Desk desk(seed);
+            const EditSnapshot foot(desk.document);
+            const auto edit = desk.prepareStep();
+            done = goesThrough(request, edit);
+            left += !done && desk.history.canUndo() ? 1U : 0U;
+            desk.undo();
+            ASSERT_EQ(EditSnapshot(desk.document), foot) << seed << ", request " << request;
+            EXPECT_FALSE(desk.history.canUndo());
+        }
+        done = false;
+        for (std::size_t request = 1; !done; ++request) {
+            Desk desk(seed);
+            const EditSnapshot foot(desk.document);
+            desk.prepareStep()();
+            const EditSnapshot top(desk.document);
+            done = goesThrough(request, [&] { desk.undo(); });
+            parted += desk.history.canUndo() && desk.history.canRedo() ? 1U : 0U;
+            for (const auto& [go, goal] : {std::pair{&Desk::undo, &foot}, {&Desk::redo, &top}}) {
+                (desk.*go)();
+                (desk.*go)();
+                ASSERT_EQ(EditSnapshot(desk.document), *goal) << seed << ", request " << request;
+            }
+        }
+    }
+    EXPECT_GT(left, 0U);
+    EXPECT_GT(parted, 0U);
+}
+
+/// A model of so many frames, each with a mesh of so many faces and texture coordinates.
+ModelDocument modelOfSize(std::size_t size) {
+    ModelDocument document;
+    document.Materials.resize(3);
+    document.Root.Children.assign(size, test::named("some frame with a name"));
+    for (FrameRecord& frame : document.Root.Children) {
+        frame.Mesh.TexCoords.resize(size);
+        frame.Mesh.MaterialSlotList = {0, 1, 2};
+        frame.Mesh.FaceSlotIndex.assign(size, 2);
+    }
+    document.computeDerivedData();
+    return document;
+}
+
+std::ptrdiff_t bytesOf(const ModelDocument& document) {
+    const test::AllocationWatch watch;
+    const std::pair copy(document.Root, document.Materials);
+    return watch.kept();
+}
+
+TEST(EditLadder, AStepKeepsNoMoreThanItChanges) {
+    // elements that a step changes where they are, at so many bytes, in a model of this size
+    const auto changed = [](EditKind kind, std::ptrdiff_t size) -> std::ptrdiff_t {
+        switch (kind) {
+        case EditKind::TexCoords:
+            return 20 * size;
+        case EditKind::RemoveSlot:
+            return 4 * size;
+        case EditKind::DeleteMaterial:
+            return 24 * size + 4 * size * size;
+        default:
+            return 0;
+        }
+    };
+    constexpr auto entry = static_cast<std::ptrdiff_t>(sizeof(EditAction)) + 200;
+    for (std::uint32_t number = 1; number <= 23; ++number) {
+        for (const std::ptrdiff_t size : {4, 64}) {
+            for (const bool undone : {false, true}) {
+                ModelDocument document = modelOfSize(static_cast<std::size_t>(size));
+                EditHistory history;
+                test::RandomEdits edits(document, history, number);
+                const auto kind = static_cast<EditKind>(number);
+                std::ptrdiff_t bytes = 0;
+                while (!history.canUndo()) {
+                    bytes = bytesOf(document);
+                    edits.make(kind);
+                }
+                bytes -= bytesOf(document);
+                if (undone) {
+                    history.undo(document);
+                    bytes = -bytes;
+                }
+                const test::AllocationWatch watch;
+                history = EditHistory();
+                EXPECT_LE(-watch.kept(),
+                          entry + changed(kind, size) + std::max<std::ptrdiff_t>(bytes, 0) * 5 / 4)
+                    << number << " size " << size << (undone ? " undone" : "");
+            }
         }
     }
 }
