@@ -1,4 +1,4 @@
-#include "edit/history/EditHistory.h"
+#include "edit/history/StructureEdits.h"
 #include "model/document/StructureTreeModel.h"
 #include "model/forms/TStructureView.h"
 #include "model/records/FrameWalk.h"
@@ -84,22 +84,30 @@ void make(Shown& shown, Edit edit) {
     const FramePath frame = FramePath().child(50).child(25);
     switch (edit) {
     case Edit::Rename:
-        shown.history.renameFrame(shown.document, frame, "other");
+        renameFrame(shown.history, shown.document, frame, "other");
         break;
     case Edit::Add:
-        shown.history.addFrame(shown.document, frame, "");
+        addFrame(shown.history, shown.document, frame, "");
         break;
     case Edit::Delete:
-        shown.history.deleteFrame(shown.document, frame);
+        deleteFrame(shown.history, shown.document, frame);
+        shown.document.selectFrame(FramePath().child(50));
         break;
     }
     shown.refresh();
 }
 
 template <class Shown>
-void undo(Shown& shown) {
-    shown.history.undo(shown.document);
+void show(Shown& shown, const StepOutcome& outcome) {
+    if (outcome.frame) {
+        shown.document.selectFrame(*outcome.frame);
+    }
     shown.refresh();
+}
+
+template <class Shown>
+void undo(Shown& shown) {
+    show(shown, shown.history.undo(shown.document));
 }
 
 /// An edit with its undo, its redo and the undo of that, each shown: four times what one costs.
@@ -109,8 +117,7 @@ void FourSteps(benchmark::State& state) {
     for (auto _ : state) {
         make(shown, edit);
         undo(shown);
-        shown.history.redo(shown.document);
-        shown.refresh();
+        show(shown, shown.history.redo(shown.document));
         undo(shown);
     }
 }

@@ -1,5 +1,7 @@
 #include "edit/materials/PendingOpacity.h"
 
+#include "edit/history/MaterialEdits.h"
+
 #include <utility>
 
 namespace korvane {
@@ -11,7 +13,7 @@ void PendingOpacity::commit(EditHistory& history, ModelDocument& document, std::
     const float current = document.Materials[material].FaceColor.alpha;
     const float before = std::exchange(remembered_, current);
     if (before != current) {
-        history.opacity(document, material, before, current);
+        recordOpacity(history, document, material, before, current);
     }
 }
 

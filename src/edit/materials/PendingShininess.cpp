@@ -1,5 +1,6 @@
 #include "edit/materials/PendingShininess.h"
 
+#include "edit/history/MaterialEdits.h"
 #include "edit/materials/MaterialValues.h"
 
 #include <utility>
@@ -16,7 +17,7 @@ void PendingShininess::commit(EditHistory& history, ModelDocument& document, std
     const float fallback = std::exchange(power_, current);
     const float start = powerOf(before).value_or(fallback);
     if (before != text && start != current) {
-        history.power(document, material, start, current);
+        recordPower(history, document, material, start, current);
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include "edit/clipboard/ClipboardEdit.h"
 #include "edit/clipboard/ClipboardReader.h"
+#include "edit/history/SlotEdits.h"
+#include "edit/history/StructureEdits.h"
 #include "formats/files/ByteReader.h"
 #include "formats/files/FileNames.h"
 #include "formats/textures/TextureLoader.h"
@@ -118,9 +120,13 @@ Changes DocumentSession::redo() {
     return told | stepped(history_.redo(model_), before);
 }
 
-Changes DocumentSession::stepped(const RefreshFlags& flags, const NodeData& before) {
-    Changes changes = {.geometry = flags.refreshGeometry, .materials = flags.refreshMaterials};
-    if (flags.rebuildTree) {
+Changes DocumentSession::stepped(const StepOutcome& outcome, const NodeData& before) {
+    if (outcome.frame) {
+        model_.selectFrame(*outcome.frame);
+    }
+    Changes changes = {.geometry = outcome.refresh.refreshGeometry,
+                       .materials = outcome.refresh.refreshMaterials};
+    if (outcome.refresh.rebuildTree) {
         changes |= rebuildTree();
     } else {
         settleSelection();
@@ -204,15 +210,15 @@ Changes DocumentSession::add() {
     }
     switch (node.NodeKind) {
     case NodeKind::Frame:
-        history_.addFrame(model_, *node.Frame, "");
+        addFrame(history_, model_, *node.Frame, "");
         break;
     case NodeKind::MeshMaterialList:
     case NodeKind::MaterialSlot:
-        history_.addMeshMaterial(model_, *node.Frame);
+        addMeshMaterial(history_, model_, *node.Frame);
         break;
     case NodeKind::MaterialTable:
     case NodeKind::TableMaterial:
-        history_.addMaterial(model_);
+        addMaterial(history_, model_);
         break;
     default:
         return {};
@@ -227,13 +233,16 @@ Changes DocumentSession::remove() {
     }
     switch (node.NodeKind) {
     case NodeKind::Frame:
-        history_.deleteFrame(model_, *node.Frame);
+        deleteFrame(history_, model_, *node.Frame);
+        if (node.Frame->depth() > 0) {
+            model_.selectFrame(node.Frame->parent());
+        }
         break;
     case NodeKind::MaterialSlot:
-        history_.removeSlot(model_, *node.Frame, node.ItemIndex);
+        removeSlot(history_, model_, *node.Frame, node.ItemIndex);
         break;
     case NodeKind::TableMaterial:
-        history_.deleteMaterial(model_, static_cast<std::size_t>(node.ItemIndex));
+        deleteMaterial(history_, model_, static_cast<std::size_t>(node.ItemIndex));
         break;
     default:
         return {};
@@ -263,8 +272,8 @@ Changes DocumentSession::rename(const RenameQuestion& question, const QString& n
         return {};
     }
     // a name that is left alone keeps its bytes, whatever they show as
-    history_.renameFrame(model_, question.subject.frame,
-                         name == question.shown ? frame->Name : modelText(name));
+    renameFrame(history_, model_, question.subject.frame,
+                name == question.shown ? frame->Name : modelText(name));
     return rebuildTree();
 }
 
@@ -290,7 +299,7 @@ Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSu
         return {};
     }
     if (confirmed) {
-        history_.frameOptions(model_, subject.frame, asked.flags);
+        recordFrameOptions(history_, model_, subject.frame, asked.flags);
     }
     // what was clicked before Cancel stays in the frame, without an entry; it has to show as well
     return structureEdited();

@@ -209,7 +209,7 @@ class DocumentSession {
     /// Makes the node of the tree that stands for the selection, or for what is nearest to it, the
     /// selection.
     void settleSelection();
-    Changes stepped(const RefreshFlags& flags, const NodeData& before);
+    Changes stepped(const StepOutcome& outcome, const NodeData& before);
     /// After a command of the user has changed the structure.
     Changes structureEdited();
     [[nodiscard]] PlaneMapping mappingOf(const PlaneInput& input) const;

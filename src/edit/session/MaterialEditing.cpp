@@ -1,5 +1,7 @@
 #include "edit/session/MaterialEditing.h"
 
+#include "edit/history/MaterialEdits.h"
+#include "edit/history/SlotEdits.h"
 #include "edit/materials/MaterialValues.h"
 
 #include <algorithm>
@@ -119,13 +121,13 @@ Changes MaterialEditing::setColor(const MaterialQuestion& question, MaterialColo
     }
     switch (color) {
     case MaterialColor::Ambient:
-        history_.ambient(model_, question.material, value);
+        setAmbient(history_, model_, question.material, value);
         break;
     case MaterialColor::Diffuse:
-        history_.faceColor(model_, question.material, value);
+        setFaceColor(history_, model_, question.material, value);
         break;
     case MaterialColor::Specular:
-        history_.specular(model_, question.material, value);
+        setSpecular(history_, model_, question.material, value);
         break;
     }
     return {.materials = true};
@@ -136,7 +138,7 @@ Changes MaterialEditing::setTexture(const MaterialQuestion& question, std::strin
     if (!stillCurrent(question)) {
         return {};
     }
-    history_.textureFile(model_, question.material, std::move(name), std::move(image));
+    setTextureFile(history_, model_, question.material, std::move(name), std::move(image));
     return {.materials = true};
 }
 
@@ -144,7 +146,7 @@ Changes MaterialEditing::setTextureOn(bool on) {
     Changes changes = commit();
     const std::optional<std::size_t> current = currentMaterial();
     if (current && model_.Materials[*current].HasTexture != on) {
-        history_.textureOn(model_, *current, on);
+        korvane::setTextureOn(history_, model_, *current, on);
         changes.materials = true;
     }
     return changes;
@@ -185,7 +187,7 @@ Changes MaterialEditing::chooseSlot(std::int32_t slot, std::optional<FacePart> s
         return changes;
     }
     if (selected && ofMesh()) {
-        history_.faceSlot(model_, *subject_.frame, static_cast<std::int32_t>(selected->face), slot);
+        setFaceSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(selected->face), slot);
         changes.materials = true;
     }
     editedMesh().CurrentSlot = slot;
@@ -204,7 +206,7 @@ Changes MaterialEditing::useMaterials(const std::vector<bool>& wanted) {
             continue;
         }
         if (wanted[material]) {
-            appendSlot(material);
+            appendSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(material));
         } else {
             removeSlots(material);
         }
@@ -214,17 +216,13 @@ Changes MaterialEditing::useMaterials(const std::vector<bool>& wanted) {
     return changes;
 }
 
-void MaterialEditing::appendSlot(std::size_t material) {
-    history_.appendSlot(model_, *subject_.frame, static_cast<std::int32_t>(material));
-}
-
 void MaterialEditing::removeSlots(std::size_t material) {
     for (std::size_t slot = 0; slot < slots().size();) {
         if (static_cast<std::size_t>(slots()[slot]) != material) {
             ++slot;
             continue;
         }
-        history_.removeSlot(model_, *subject_.frame, static_cast<std::int32_t>(slot));
+        removeSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(slot));
         // the current slot moves as the slots of the faces do
         std::int32_t& current = editedMesh().CurrentSlot;
         current -= current >= static_cast<std::int32_t>(slot) && current != 0 ? 1 : 0;
@@ -255,7 +253,7 @@ Changes MaterialEditing::endDrag(const DragInput& input, const TexCoordView& vie
         return {};
     }
     MovedTexCoords moved = drag_.end(input, view, editedMesh());
-    history_.texCoords(model_, *subject_.frame, moved.numbers, std::move(moved.before),
+    recordTexCoords(history_, model_, *subject_.frame, moved.numbers, std::move(moved.before),
                        std::move(moved.after));
     return texCoordsMoved();
 }

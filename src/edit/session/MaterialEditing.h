@@ -112,7 +112,6 @@ class MaterialEditing {
     void commitShininess();
     /// The values of the current material are those that pending entries start from.
     void startValues();
-    void appendSlot(std::size_t material);
     void removeSlots(std::size_t material);
     /// The model was changed past its history.
     Changes changedLive();

@@ -1,5 +1,6 @@
 // What the views of a document show, and the mouse in them.
 
+#include "edit/history/StructureEdits.h"
 #include "edit/session/DocumentSession.h"
 #include "render/scene/StartCamera.h"
 
@@ -104,7 +105,7 @@ Changes DocumentSession::releasePlane(const PlaneInput& input) {
     const auto [stale, move] = planeDrag_.end(input.mouse, mappingOf(input), model_);
     Changes told;
     if (move) {
-        history_.moveFrame(model_, move->frame, move->before, move->after);
+        recordMove(history_, model_, move->frame, move->before, move->after);
         told = clearMessage();
     }
     return told | afterPlane(input, stale);

@@ -16,6 +16,12 @@ FramePath FramePath::child(std::int32_t number) const {
     return path;
 }
 
+FramePath FramePath::parent() const {
+    FramePath path;
+    path.last_ = last_ != nullptr ? last_->before : nullptr;
+    return path;
+}
+
 std::vector<std::int32_t> FramePath::childNumbers() const {
     std::vector<std::int32_t> numbers(depth());
     for (const Step* step = last_.get(); step != nullptr; step = step->before.get()) {

@@ -22,6 +22,9 @@ class FramePath {
     /// The path of a child of this path's frame, by its 1-based number.
     [[nodiscard]] FramePath child(std::int32_t number) const;
 
+    /// The path of the parent; that of the root itself for the root.
+    [[nodiscard]] FramePath parent() const;
+
     /// How far below the root: 0 for the root itself.
     [[nodiscard]] std::size_t depth() const { return last_ == nullptr ? 0 : last_->depth; }
     [[nodiscard]] std::vector<std::int32_t> childNumbers() const;

@@ -1,4 +1,4 @@
-#include "edit/history/EditHistory.h"
+#include "edit/history/SlotEdits.h"
 #include "render/gl/GlOffscreen.h"
 #include "support/Display.h"
 #include "support/DrawnScenes.h"
@@ -146,12 +146,12 @@ TEST_F(GlViewTest, EditsOfARecordedMeshShowAtOnce) {
     };
     EditHistory history;
     EXPECT_EQ(drawn(), 0xffff0000U);
-    history.faceSlot(document_, FramePath(), 0, 1);
+    setFaceSlot(history, document_, FramePath(), 0, 1);
     EXPECT_EQ(drawn(), 0xff00ff00U);
     const std::vector<Vec2> before = scene_.mesh().TexCoords;
     const std::vector<Vec2> after = {{0.5F, 0}, {1.5F, 0}, {1.5F, 1}, {0.5F, 1}};
     const std::vector<std::int32_t> numbers = {0, 1, 2, 3};
-    history.texCoords(document_, FramePath(), numbers, before, after);
+    recordTexCoords(history, document_, FramePath(), numbers, before, after);
     EXPECT_EQ(drawn(), 0xff0000ffU);
     history.undo(document_);
     EXPECT_EQ(drawn(1), 0xff00ff00U);
