@@ -161,25 +161,16 @@ void RandomEdits::make() {
 }
 
 RandomEdits::Edit RandomEdits::prepare(EditKind kind) {
-    switch (kind) {
-    case EditKind::AddMaterial:
+    if (kind == EditKind::AddMaterial) {
         return [this] { addMaterial(history_, document_); };
-    case EditKind::PasteMaterials:
+    }
+    if (kind == EditKind::PasteMaterials) {
         return
             [this, materials = someMaterials()] { pasteMaterials(history_, document_, materials); };
-    case EditKind::TextureFile:
-    case EditKind::Ambient:
-    case EditKind::FaceColor:
-    case EditKind::Specular:
-    case EditKind::Emissive:
-    case EditKind::Opacity:
-    case EditKind::TextureOn:
-    case EditKind::Power:
-    case EditKind::DeleteMaterial:
-        return ofMaterial(kind);
-    default:
-        return ofFrame(kind);
     }
+    const bool ofMaterials =
+        kind <= EditKind::TextureOn || kind == EditKind::Power || kind == EditKind::DeleteMaterial;
+    return ofMaterials ? ofMaterial(kind) : ofFrame(kind);
 }
 
 } // namespace korvane::test
