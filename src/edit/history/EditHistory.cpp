@@ -69,7 +69,7 @@ std::string_view EditHistory::undoName() const {
 }
 
 std::string_view EditHistory::redoName() const {
-    return canRedo() ? nameOf(position_ + 1) : std::string_view();
+    return canRedo() ? nameOf(firstOfStep(position_ + 1)) : std::string_view();
 }
 
 std::string_view EditHistory::nameOf(std::int32_t number) const {
@@ -139,11 +139,7 @@ void EditHistory::returnTo(ModelDocument& document, std::int32_t position) noexc
         while (position_ != position) {
             goOne(document, position > position_);
         }
-    } catch (...) {
-        // the model stands between two entries of a step, which become two steps
-        if (position_ < lastEntry()) {
-            entry(position_ + 1).joined = false;
-        }
+    } catch (...) { // NOLINT(bugprone-empty-catch): undo and redo can go on from here
     }
 }
 

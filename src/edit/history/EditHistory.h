@@ -40,8 +40,8 @@ class EditHistory {
     [[nodiscard]] std::string_view undoName() const;
     [[nodiscard]] std::string_view redoName() const;
     /// Takes back the last step, or makes the next one again; nothing where there is none. Where
-    /// that fails within a step of several entries and they cannot be brought back either, the step
-    /// becomes two, with the model between them.
+    /// that fails within a step of several entries and they cannot be brought back either, the
+    /// model stays between two of them, and undo and redo go on from there.
     StepOutcome undo(ModelDocument& document);
     StepOutcome redo(ModelDocument& document);
 
