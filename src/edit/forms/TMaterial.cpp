@@ -175,7 +175,11 @@ void TMaterial::lockLastMaterial() {
     for (int row = 0; row < ui_->CheckListBox1->count(); ++row) {
         QListWidgetItem* item = ui_->CheckListBox1->item(row);
         const Qt::ItemFlags flags = item->flags();
-        item->setFlags(only == row ? flags & ~Qt::ItemIsEnabled : flags | Qt::ItemIsEnabled);
+        const Qt::ItemFlags wanted =
+            only == row ? flags & ~Qt::ItemIsEnabled : flags | Qt::ItemIsEnabled;
+        if (flags != wanted) {
+            item->setFlags(wanted);
+        }
     }
 }
 
@@ -227,10 +231,7 @@ void TMaterial::enableControls() {
 }
 
 void TMaterial::commitPending() {
-    texture_->cancelDrag();
-    if (materials_ != nullptr) {
-        tell(materials_->commit());
-    }
+    texture_->commitPending();
 }
 
 void TMaterial::AmbientChange() {

@@ -61,8 +61,6 @@ class TMaterial : public QDialog {
     void setUpLook();
     /// Tells the views of a change.
     void tell(const Changes& changes);
-    /// What every handler does before it changes anything else: ends a running drag without a
-    /// trace, and records what is pending.
     void commitPending();
     void fillSlots();
     void fillMaterials();

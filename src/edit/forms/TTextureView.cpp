@@ -113,9 +113,8 @@ void TTextureView::close() {
 }
 
 void TTextureView::commitPending() {
-    cancelDrag();
     if (materials_ != nullptr) {
-        materials_->commit();
+        texCoordsChanged(materials_->commit());
     }
 }
 

@@ -43,6 +43,9 @@ class TTextureView : public QObject {
     void showPicture();
     /// Ends a running drag without a trace; whether there was one.
     bool cancelDrag();
+    /// What every handler does before anything else: ends a running drag and records what is
+    /// pending.
+    void commitPending();
     /// The face or vertex that the tree has selected.
     [[nodiscard]] std::optional<FacePart> selectedPart() const;
 
@@ -71,8 +74,6 @@ class TTextureView : public QObject {
     void setUpLook();
     void connectControls();
     void setUpMouse();
-    /// Something in the view was touched: what is pending is recorded.
-    void commitPending();
     void showTextureName();
     void zoomChanged();
     void offsetChanged();

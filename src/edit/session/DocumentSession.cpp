@@ -63,7 +63,8 @@ OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& p
     model_ = std::move(read);
     startHistory();
     cameraPlaced_ = planesPlaced_ = false;
-    outcome.changes = rebuildTree() | selectRoot();
+    outcome.changes = rebuildTree();
+    outcome.changes |= selectRoot();
     outcome.changes.geometry = outcome.changes.title = true;
     if (outcome.status == ReadStatus::Done) {
         outcome.changes |= setText(message_, openedText(model_, unseen));
@@ -78,12 +79,13 @@ MeshOutcome DocumentSession::openMesh(const QString& fileName) {
 
 SaveOutcome DocumentSession::save() {
     SaveOutcome outcome;
+    outcome.changes = cancelPlaneDrag(); // half of it is nothing to be saved
     if (modelFileKind(model_.FileName) != ModelFileKind::Xsi) {
         outcome.result = SaveResult::NotWritten;
     } else if (!SaveFileXSI(model_, model_.FileName)) {
         outcome.result = SaveResult::Failed;
     }
-    outcome.changes = setText(message_, savedText(model_, outcome.result));
+    outcome.changes |= setText(message_, savedText(model_, outcome.result));
     model_.NeverSaved = false;
     model_.Modified = false;
     return outcome;
@@ -99,7 +101,7 @@ SaveOutcome DocumentSession::saveAs(const QString& name) {
 // Undo and redo, the clipboard
 
 bool DocumentSession::acceptsEdits() const {
-    return !planeDrag_.active() && !(materials_ && materials_->dragging());
+    return !planeDrag_.active() && !materials_;
 }
 
 Changes DocumentSession::undo() {
@@ -134,7 +136,7 @@ Changes DocumentSession::stepped(const StepOutcome& outcome, const NodeData& bef
     changes.selection = !model_.Selected.isSameNode(before);
     // the views mark the selected frame
     changes.geometry = changes.geometry || model_.Selected.Frame != before.Frame;
-    return changes;
+    return changes | takeOverdue();
 }
 
 bool DocumentSession::canCopy() const {
@@ -228,15 +230,13 @@ Changes DocumentSession::add() {
 
 Changes DocumentSession::remove() {
     const NodeData node = model_.Selected;
-    if (!acceptsEdits()) {
+    if (!acceptsEdits() || !node.CanDelete) {
         return {};
     }
     switch (node.NodeKind) {
     case NodeKind::Frame:
         deleteFrame(history_, model_, *node.Frame);
-        if (node.Frame->depth() > 0) {
-            model_.selectFrame(node.Frame->parent());
-        }
+        model_.selectFrame(node.Frame->parent());
         break;
     case NodeKind::MaterialSlot:
         removeSlot(history_, model_, *node.Frame, node.ItemIndex);
@@ -311,11 +311,11 @@ MaterialEditing* DocumentSession::editMaterials() {
         node.NodeKind == NodeKind::MeshMaterialList || node.NodeKind == NodeKind::MaterialTable;
     const bool one =
         node.NodeKind == NodeKind::MaterialSlot || node.NodeKind == NodeKind::TableMaterial;
-    if (acceptsEdits() && (whole || one)) {
-        materials_.emplace(model_, history_,
-                           MaterialSubject{node.Frame, whole ? 0 : node.ItemIndex});
+    if (!acceptsEdits() || !(whole || one)) {
+        return nullptr;
     }
-    return materials();
+    return &materials_.emplace(model_, history_,
+                               MaterialSubject{node.Frame, whole ? 0 : node.ItemIndex});
 }
 
 Changes DocumentSession::endMaterials() {

@@ -84,7 +84,7 @@ class DocumentSession {
     [[nodiscard]] const ModelDocument& model() const { return model_; }
     [[nodiscard]] const ViewState& view() const { return view_; }
     [[nodiscard]] const PlaneColors& planeColors() const { return planeColors_; }
-    // For drawing, which keeps in both what it has worked out and changes nothing else.
+    // For drawing alone: it stores its caches in the model, and the mode drawn last in the view.
     [[nodiscard]] ModelDocument& model() { return model_; }
     [[nodiscard]] ViewState& view() { return view_; }
     [[nodiscard]] const EditHistory& history() const { return history_; }
@@ -109,7 +109,8 @@ class DocumentSession {
     /// Whether closing would lose changes, which needs a yes.
     [[nodiscard]] bool needsCloseQuestion() const { return model_.Modified; }
 
-    // Editing. Nothing is edited, and nothing taken back, while a drag changes the model.
+    // Editing. Nothing is edited, and nothing taken back, while a drag changes the model or its
+    // materials are edited.
 
     [[nodiscard]] bool acceptsEdits() const;
     [[nodiscard]] bool canUndo() const { return acceptsEdits() && history_.canUndo(); }
@@ -144,15 +145,12 @@ class DocumentSession {
     void writeFlags(DialogSubject& subject, const FrameFlags& flags);
     Changes endOptions(const OptionsQuestion& asked, const DialogSubject& subject, bool confirmed);
 
-    /// Begins editing the materials of the selected slot list or table, if there is one. It must
-    /// end before it begins again.
+    /// Begins editing the materials of the selected slot list or table; null if none is selected.
+    /// Nothing else is edited until that ends, and with it the object.
     MaterialEditing* editMaterials();
-    /// The materials that are being edited; null where none are.
-    [[nodiscard]] MaterialEditing* materials() { return materials_ ? &*materials_ : nullptr; }
     Changes endMaterials();
 
-    // The views. The 3D view takes its settings from view(), both sorts what else they show from
-    // the model.
+    // The views.
 
     void setTool(ViewTool tool) { model_.Tool = tool; }
     Changes setRenderMode(RenderMode mode);
@@ -164,9 +162,9 @@ class DocumentSession {
     void setFrameVisible(bool visible);
     void setMeshVisible(bool visible);
     void setColors(const ViewColors& colors, const PlaneColors& planeColors);
-    /// What has been out of date since without having been drawn. Any operation on a 2D view
-    /// answers that as well.
-    Changes overdue();
+    /// What such a change has put out of date, told once. Undo, redo and the mouse in a 2D view tell
+    /// it as well.
+    Changes takeOverdue();
     /// A view is about to be drawn in a size in device pixels. Where the model is another one since
     /// the last time, this moves the camera, or the 2D views, to where it is seen whole.
     void placeCamera(const ViewGeometry& geometry);
@@ -209,6 +207,7 @@ class DocumentSession {
     /// Makes the node of the tree that stands for the selection, or for what is nearest to it, the
     /// selection.
     void settleSelection();
+    /// After an undo or a redo, with the selection from before it.
     Changes stepped(const StepOutcome& outcome, const NodeData& before);
     /// After a command of the user has changed the structure.
     Changes structureEdited();

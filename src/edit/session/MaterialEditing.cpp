@@ -104,8 +104,7 @@ Changes MaterialEditing::changedLive() {
     return {.materials = true};
 }
 
-std::optional<MaterialQuestion> MaterialEditing::ask() {
-    commit();
+std::optional<MaterialQuestion> MaterialEditing::ask() const {
     const std::optional<std::size_t> current = currentMaterial();
     return current ? std::optional(MaterialQuestion{*current, model_.Revision}) : std::nullopt;
 }
@@ -157,11 +156,11 @@ Changes MaterialEditing::moveOpacity(std::int32_t position) {
     if (!current) {
         return {};
     }
-    cancelDrag();
+    const Changes cancelled = cancelDrag();
     commitShininess();
     model_.Materials[*current].FaceColor.alpha = opacityAt(position);
     pendingOpacity_.change();
-    return changedLive();
+    return cancelled | changedLive();
 }
 
 ShininessOutcome MaterialEditing::typeShininess(const std::string& text) {
@@ -178,12 +177,12 @@ ShininessOutcome MaterialEditing::typeShininess(const std::string& text) {
         return {true, cancelled};
     }
     model_.Materials[*current].Power = *power;
-    return {false, changedLive()};
+    return {false, cancelled | changedLive()};
 }
 
 Changes MaterialEditing::chooseSlot(std::int32_t slot, std::optional<FacePart> selected) {
     Changes changes = commit();
-    if (slot < 0) {
+    if (static_cast<std::size_t>(slot) >= slots().size()) {
         return changes;
     }
     if (selected && ofMesh()) {
@@ -207,6 +206,8 @@ Changes MaterialEditing::useMaterials(const std::vector<bool>& wanted) {
         }
         if (wanted[material]) {
             appendSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(material));
+        } else if (onlyMaterial() == static_cast<std::int32_t>(material)) {
+            continue; // a mesh keeps one
         } else {
             removeSlots(material);
         }
@@ -268,8 +269,7 @@ Changes MaterialEditing::texCoordsMoved() {
 }
 
 Changes MaterialEditing::end() {
-    commit();
-    return {.tree = slotsChanged_, .geometry = true};
+    return commit() | Changes{.tree = slotsChanged_, .geometry = true};
 }
 
 } // namespace korvane

@@ -41,8 +41,9 @@ enum class MaterialColor { Ambient, Diffuse, Specular };
 
 /// The materials of a frame's mesh or of the table while the user edits them: one of them, in the
 /// current slot, has its values edited. Changes go into the model at once and into its history; a
-/// run of steps of one value as one entry when something else is done. Every operation ends a
-/// running drag without a trace and records what is pending before it does anything else.
+/// run of steps of one value as one entry when something else is done: other operations than its own
+/// first end a running drag without a trace and record what is pending. Answers of dialogs come
+/// after a commit() that the form makes before it asks.
 class MaterialEditing {
   public:
     /// Model and history must outlive this object.
@@ -72,10 +73,10 @@ class MaterialEditing {
 
     // What the user does.
 
-    /// Something else than the model was touched: what is pending is recorded.
+    /// Ends a running drag and records what is pending: the user goes on to something else.
     Changes commit();
-    /// Begins a question about the current material, if there is one.
-    std::optional<MaterialQuestion> ask();
+    /// A question about the current material, if there is one.
+    [[nodiscard]] std::optional<MaterialQuestion> ask() const;
     Changes setColor(const MaterialQuestion& question, MaterialColor color, const ColorRGB& value);
     /// `image` is that of the name where it is loaded already, else null.
     Changes setTexture(const MaterialQuestion& question, std::string name,

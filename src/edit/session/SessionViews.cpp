@@ -63,7 +63,7 @@ void DocumentSession::setColors(const ViewColors& colors, const PlaneColors& pla
     overdue_ = true;
 }
 
-Changes DocumentSession::overdue() {
+Changes DocumentSession::takeOverdue() {
     return {.geometry = std::exchange(overdue_, false)};
 }
 
@@ -90,7 +90,7 @@ Changes DocumentSession::afterPlane(const PlaneInput& input, const StaleViews& s
     const auto progress = planeDrag_.activeIn(input.plane) ? planeDrag_.progress() : std::nullopt;
     const Changes told =
         setText(pointerText_, pointerText(mappingOf(input), input.mouse, progress));
-    return told | overdue() | changesOf(stale);
+    return told | takeOverdue() | changesOf(stale);
 }
 
 Changes DocumentSession::pressPlane(const PlaneInput& input) {
@@ -124,7 +124,10 @@ Changes DocumentSession::leavePlane() {
 }
 
 Changes DocumentSession::cancelPlaneDrag() {
-    return changesOf(planeDrag_.cancel(model_));
+    if (!planeDrag_.active()) {
+        return {};
+    }
+    return changesOf(planeDrag_.cancel(model_)) | takeOverdue();
 }
 
 // The mouse in the 3D view

@@ -118,10 +118,13 @@ void TMDIChild::apply(const Changes& changes) {
     }
     if (changes.geometry) {
         render3d();
-    } else if (changes.space()) {
-        ui_->ThreeDWin->redraw();
-    } else if (changes.planes) {
-        drawPlanes();
+    } else {
+        if (changes.space()) {
+            ui_->ThreeDWin->redraw();
+        }
+        if (changes.plane()) {
+            drawPlanes();
+        }
     }
     if (changes.status) {
         Q_EMIT statusChanged();

@@ -13,7 +13,6 @@
 #include <QMouseEvent>
 
 #include <algorithm>
-#include <utility>
 
 namespace korvane {
 
@@ -88,7 +87,7 @@ void TMDIChild::showPlaneColors() {
 
 void TMDIChild::render3d() {
     if (session_) {
-        session_->overdue(); // everything shows after this
+        session_->takeOverdue(); // everything shows after this
         ui_->ThreeDWin->redraw();
         drawPlanes();
     }
@@ -136,7 +135,7 @@ bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
             return true;
         }
         if (event.type() == QEvent::HoverMove || event.type() == QEvent::HoverEnter) {
-            apply(session_ ? session_->overdue() : Changes());
+            apply(session_ ? session_->takeOverdue() : Changes());
         }
         return false;
     }

@@ -49,12 +49,14 @@ Matrix4 planeRotation(ViewPlane plane, double cosine, double sine) {
 
 } // namespace
 
-StaleViews PlaneDrag::begin(const DragInput& input, const PlaneMapping& mapping,
+StaleViews PlaneDrag::begin(const DragInput& input, PlaneMapping mapping,
                             ModelDocument& document) {
     const bool left = input.button == DragButton::Left;
     StaleViews stale;
     if (plane_ != mapping.plane || (left && left_)) {
         stale = cancel(document); // the release went elsewhere
+        mapping.scale = document.PlaneScale;
+        mapping.pan = toPlane(mapping.plane, document.PanVector);
     }
     if (!left && input.button != DragButton::Right) {
         return stale;

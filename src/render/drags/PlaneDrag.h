@@ -48,7 +48,7 @@ class PlaneDrag {
     /// A button went down. The zoom tool does its work at once: the left button doubles the scale,
     /// the right one halves it. All others wait for the left button to move. A drag that was left
     /// over in another plane is cancelled.
-    StaleViews begin(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
+    StaleViews begin(const DragInput& input, PlaneMapping mapping, ModelDocument& document);
     /// The mouse moved; nothing if that was in another plane.
     StaleViews update(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
     /// A button was released: as update(), and the drag is over. One that was left over in another

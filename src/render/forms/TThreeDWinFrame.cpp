@@ -58,7 +58,7 @@ void TThreeDWinFrame::setUpMouse() {
 }
 
 TThreeDWinFrame::~TThreeDWinFrame() {
-    delete panel_; // before the settings that it refers to
+    delete panel_; // it refers to the document
 }
 
 void TThreeDWinFrame::setSession(DocumentSession* session) {

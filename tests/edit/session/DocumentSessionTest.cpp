@@ -262,7 +262,7 @@ TEST_F(Session, EveryOperationTellsWhatItPutsOutOfDate) {
 
 TEST_F(Session, TogglesAndColorsShowWithTheNextMouseEvent) {
     open();
-    EXPECT_EQ(told(session_.overdue()), "");
+    EXPECT_EQ(told(session_.takeOverdue()), "");
     session_.setMeshVisible(false);
     EXPECT_EQ(root().ViewFlags, (std::array{true, true, false}));
     session_.setMeshVisible(true);
@@ -278,8 +278,8 @@ TEST_F(Session, TogglesAndColorsShowWithTheNextMouseEvent) {
     EXPECT_EQ(session_.view().colors.background, 0xff040506U);
     EXPECT_EQ(session_.planeColors().worldAxes, 0xff010203U);
     EXPECT_NE(session_.view().lastDrawnMode, session_.view().mode) << "OpenGL is set up anew";
-    EXPECT_EQ(told(session_.overdue()), "geometry ");
-    EXPECT_EQ(told(session_.overdue()), "");
+    EXPECT_EQ(told(session_.takeOverdue()), "geometry ");
+    EXPECT_EQ(told(session_.takeOverdue()), "");
     EXPECT_FALSE(session_.model().Modified);
 }
 
