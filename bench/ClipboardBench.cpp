@@ -1,7 +1,8 @@
-#include "BenchModel.h"
 #include "edit/clipboard/ClipboardEdit.h"
 #include "edit/clipboard/ClipboardReader.h"
 #include "formats/xsi/XsiReader.h"
+#include "support/SizedModel.h"
+#include "support/WriteText.h"
 
 #include <benchmark/benchmark.h>
 
@@ -10,8 +11,11 @@
 namespace korvane::bench {
 namespace {
 
+using test::gridModel;
+using test::writeText;
+
 void CopyAndPasteFrame(benchmark::State& state) {
-    ModelDocument source = makeModel(static_cast<std::size_t>(state.range(0)));
+    ModelDocument source = gridModel(static_cast<std::size_t>(state.range(0)));
     source.selectFrame(FramePath());
     for (auto _ : state) {
         ModelDocument target;
@@ -27,10 +31,10 @@ void CopyAndPasteFrame(benchmark::State& state) {
 
 /// The yardstick: the same model by way of a file's text.
 void SaveAndLoadXsi(benchmark::State& state) {
-    const ModelDocument source = makeModel(static_cast<std::size_t>(state.range(0)));
+    const ModelDocument source = gridModel(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state) {
         ModelDocument target;
-        const std::string text = xsiText(source);
+        const std::string text = writeText(source);
         benchmark::DoNotOptimize(readXsi(TextScanner(text), target));
     }
 }

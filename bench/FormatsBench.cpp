@@ -1,6 +1,7 @@
-#include "BenchModel.h"
 #include "formats/xsi/XsiReader.h"
 #include "formats/xsi/XsiWriter.h"
+#include "support/SizedModel.h"
+#include "support/WriteText.h"
 
 #include <benchmark/benchmark.h>
 
@@ -8,6 +9,10 @@
 
 namespace korvane::bench {
 namespace {
+
+using test::directXText;
+using test::gridModel;
+using test::writeText;
 
 void setBytes(benchmark::State& state, std::size_t bytes) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes));
@@ -22,16 +27,16 @@ void loadText(benchmark::State& state, const std::string& text) {
 }
 
 void LoadDirectX(benchmark::State& state) {
-    loadText(state, directXText(makeModel(static_cast<std::size_t>(state.range(0)))));
+    loadText(state, directXText(gridModel(static_cast<std::size_t>(state.range(0)))));
 }
 
 void LoadXsi(benchmark::State& state) {
-    loadText(state, xsiText(makeModel(static_cast<std::size_t>(state.range(0)))));
+    loadText(state, writeText(gridModel(static_cast<std::size_t>(state.range(0)))));
 }
 
 /// The yardstick for loading: every number of the text by std::from_chars, and no model.
 void NumbersByFromChars(benchmark::State& state) {
-    const std::string text = xsiText(makeModel(static_cast<std::size_t>(state.range(0))));
+    const std::string text = writeText(gridModel(static_cast<std::size_t>(state.range(0))));
     for (auto _ : state) {
         double sum = 0;
         const char* const end = text.data() + text.size();
@@ -49,7 +54,7 @@ void NumbersByFromChars(benchmark::State& state) {
 }
 
 void SaveXsi(benchmark::State& state) {
-    const ModelDocument document = makeModel(static_cast<std::size_t>(state.range(0)));
+    const ModelDocument document = gridModel(static_cast<std::size_t>(state.range(0)));
     std::size_t bytes = 0;
     for (auto _ : state) {
         bytes = 0;
@@ -63,7 +68,7 @@ void SaveXsi(benchmark::State& state) {
 
 /// The yardstick for saving: the numbers of the meshes by std::to_chars, with their separators.
 void NumbersByToChars(benchmark::State& state) {
-    const ModelDocument document = makeModel(static_cast<std::size_t>(state.range(0)));
+    const ModelDocument document = gridModel(static_cast<std::size_t>(state.range(0)));
     std::vector<char> out(1U << 18U);
     std::size_t bytes = 0;
     for (auto _ : state) {

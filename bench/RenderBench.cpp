@@ -1,8 +1,8 @@
-#include "BenchModel.h"
 #include "render/planes/PlaneCache.h"
 #include "render/planes/PlaneView.h"
 #include "render/scene/StartCamera.h"
 #include "render/software/SoftwareView.h"
+#include "support/SizedModel.h"
 
 #include <benchmark/benchmark.h>
 
@@ -12,6 +12,8 @@
 
 namespace korvane::bench {
 namespace {
+
+using test::gridModel;
 
 /// Draws the model of so many faces, 1024 x 768, all of it in view.
 void drawFrames(benchmark::State& state, ModelDocument document, RenderMode mode) {
@@ -77,7 +79,7 @@ void plainLine(Bitmap& bitmap, PixelPoint from, PixelPoint to, BitmapPixel color
 }
 
 ModelDocument model(const benchmark::State& state) {
-    return makeModel(static_cast<std::size_t>(state.range(0)));
+    return gridModel(static_cast<std::size_t>(state.range(0)));
 }
 
 void DrawSmooth(benchmark::State& state) {

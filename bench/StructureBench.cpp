@@ -2,6 +2,7 @@
 #include "model/document/StructureTreeModel.h"
 #include "model/forms/TStructureView.h"
 #include "model/records/FrameWalk.h"
+#include "support/SizedModel.h"
 
 #include <QApplication>
 #include <QTreeView>
@@ -11,25 +12,11 @@
 namespace korvane::bench {
 namespace {
 
-/// Frames in groups of a hundred below the root, half of them with a child.
-ModelDocument makeFrames(std::size_t count) {
-    ModelDocument document;
-    document.Root.Name = "root";
-    for (std::size_t i = 0; i < count; ++i) {
-        if (i % 100 == 0) {
-            document.Root.Children.emplace_back().Name = "group" + std::to_string(i / 100);
-        }
-        std::vector<FrameRecord>& parts = document.Root.Children.back().Children;
-        (i % 2 == 0 ? parts : parts.back().Children).emplace_back().Name =
-            "part" + std::to_string(i);
-    }
-    ModelDocument::refreshPaths(document.Root, 0);
-    return document;
-}
+using test::groupedFrames;
 
 /// A document of ten thousand frames and the tree model that shows it.
 struct Tree {
-    ModelDocument document = makeFrames(10'000);
+    ModelDocument document = groupedFrames(10'000);
     StructureTreeModel model;
     EditHistory history;
 
@@ -38,7 +25,7 @@ struct Tree {
 
 /// The same on the page, with everything expanded.
 struct Page {
-    ModelDocument document = makeFrames(10'000);
+    ModelDocument document = groupedFrames(10'000);
     QTreeView widget;
     StructureTreeModel model;
     TStructureView view{widget, model};
@@ -59,7 +46,7 @@ struct Page {
 };
 
 void WalkFrames(benchmark::State& state) {
-    ModelDocument document = makeFrames(10'000);
+    ModelDocument document = groupedFrames(10'000);
     for (auto _ : state) {
         std::size_t length = 0;
         for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "formats/xsi/XsiReader.h"
-#include "formats/xsi/XsiWriter.h"
 #include "model/document/StructureTree.h"
+#include "support/WriteText.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -11,15 +11,6 @@
 #include <string_view>
 
 namespace korvane::fuzz {
-
-inline std::string saved(const ModelDocument& document) {
-    std::string text;
-    writeXsi(document, [&text](std::string_view piece) {
-        text += piece;
-        return true;
-    });
-    return text;
-}
 
 /// Reads a text under the given header, at once and through a small window, which must give the
 /// same model; shows it and saves it.
@@ -41,7 +32,7 @@ inline void readModel(std::string_view header, const std::uint8_t* data, std::si
     TextWindow window(source, text.size(), 16);
     ModelDocument again;
     readXsi(TextScanner(window), again);
-    if (saved(document) != saved(again)) {
+    if (test::writeText(document) != test::writeText(again)) {
         std::abort();
     }
 }

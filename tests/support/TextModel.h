@@ -1,7 +1,7 @@
 #pragma once
 
 #include "formats/xsi/XsiReader.h"
-#include "formats/xsi/XsiWriter.h"
+#include "support/WriteText.h"
 
 #include <gtest/gtest.h>
 
@@ -28,16 +28,6 @@ inline ModelDocument readXsiBody(std::string_view body) {
 /// Reads the lines of a mesh's body, the mesh standing in the top-level frame.
 inline ModelDocument readMeshBody(std::string_view body, std::string_view frame = "frame frm-a") {
     return readXsiBody(std::string(frame) + " {\nmesh a {\n" + std::string(body) + "}\n}\n");
-}
-
-/// The bytes that saving the model gives.
-inline std::string writeText(const ModelDocument& document) {
-    std::string text;
-    EXPECT_TRUE(writeXsi(document, [&text](std::string_view piece) {
-        text += piece;
-        return true;
-    }));
-    return text;
 }
 
 } // namespace korvane::test

@@ -1,12 +1,10 @@
-#include "BenchModel.h"
-
-#include "formats/xsi/XsiWriter.h"
+#include "support/SizedModel.h"
 
 #include <array>
 #include <cmath>
 #include <cstdio>
 
-namespace korvane::bench {
+namespace korvane::test {
 
 namespace {
 
@@ -59,10 +57,11 @@ FrameRecord makeFrame(std::size_t number) {
 /// Collects formatted text.
 class Text {
   public:
-    template <class... Values>
-    void add(const char* format, Values... values) {
+    void add(const char* plain) { text_ += plain; }
+    template <class First, class... Rest>
+    void add(const char* format, First first, Rest... rest) {
         std::array<char, 256> line{};
-        const int size = std::snprintf(line.data(), line.size(), format, values...);
+        const int size = std::snprintf(line.data(), line.size(), format, first, rest...);
         text_.append(line.data(), static_cast<std::size_t>(size));
     }
     void addTriples(const std::vector<Vec3>& list) {
@@ -112,7 +111,7 @@ void addMesh(Text& text, const MeshRecord& mesh, const std::vector<MaterialRecor
 
 } // namespace
 
-ModelDocument makeModel(std::size_t faces) {
+ModelDocument gridModel(std::size_t faces) {
     ModelDocument document;
     document.Root.Name = "scene";
     for (std::int32_t slot = 0; slot < slots; ++slot) {
@@ -124,13 +123,19 @@ ModelDocument makeModel(std::size_t faces) {
     return document;
 }
 
-std::string xsiText(const ModelDocument& document) {
-    std::string text;
-    writeXsi(document, [&text](std::string_view piece) {
-        text += piece;
-        return true;
-    });
-    return text;
+ModelDocument groupedFrames(std::size_t count) {
+    ModelDocument document;
+    document.Root.Name = "root";
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i % 100 == 0) {
+            document.Root.Children.emplace_back().Name = "group" + std::to_string(i / 100);
+        }
+        std::vector<FrameRecord>& parts = document.Root.Children.back().Children;
+        (i % 2 == 0 ? parts : parts.back().Children).emplace_back().Name =
+            "part" + std::to_string(i);
+    }
+    ModelDocument::refreshPaths(document.Root, 0);
+    return document;
 }
 
 std::string directXText(const ModelDocument& document) {
@@ -145,4 +150,4 @@ std::string directXText(const ModelDocument& document) {
     return text.take();
 }
 
-} // namespace korvane::bench
+} // namespace korvane::test
