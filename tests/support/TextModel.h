@@ -11,7 +11,6 @@
 namespace korvane::test {
 
 inline constexpr std::string_view xsiHeader = "xsi 0101txt 0032\n";
-inline constexpr std::string_view directXHeader = "xof 0302txt 0032\n";
 
 /// Reads a whole text, header included, expecting that it is one of a model.
 inline ModelDocument readText(std::string_view text) {

@@ -7,7 +7,6 @@
 #include <QRegularExpression>
 
 #include <filesystem>
-#include <initializer_list>
 #include <utility>
 
 namespace korvane {
@@ -28,6 +27,7 @@ class Tool : public test::TestFiles {
         write("good.x", "xof 0302txt 0032\nframe frm-a {\nmesh {\n1;\n1;2;3;;\n1;\n3;0,0,0;;\n"
                         "MeshNormals {\n1;\n0;0;1;;\n0;\n}\n}\n}\n");
         write("bad.x", "nothing");
+        write("a.tga", "\0\0\2\0\0\0\0\0\0\0\0\0\2\0\1\0\30\0\1\2\3\4\5\6"s);
         write("a.msh", "");
     }
     /// Runs it with words that blanks part. The output can be sent to a file instead.
@@ -46,6 +46,15 @@ class Tool : public test::TestFiles {
         EXPECT_TRUE(process.waitForFinished());
         return {process.exitCode(), process.readAllStandardOutput().toStdString(),
                 process.readAllStandardError().toStdString()};
+    }
+
+    /// The output of a call that went well, without the times that it took.
+    static std::string timeless(const Outcome& outcome) {
+        EXPECT_EQ(outcome.status, 0);
+        static const QRegularExpression time(QStringLiteral("[0-9]+[.][0-9]+ ms\n"));
+        return QString::fromStdString(outcome.output)
+            .replace(time, QStringLiteral("N ms\n"))
+            .toStdString();
     }
 };
 
@@ -99,19 +108,11 @@ TEST_F(Tool, ConvertSavesWhatTheEditorWould) {
     ModelDocument document;
     ASSERT_EQ(FileOpenXSI(path("good.x"), document), ReadStatus::Done);
     EXPECT_EQ(content(path("o.XSI")), test::writeText(document));
-    const Outcome timed = run("convert good.x o.xsi --repeat 3");
-    EXPECT_EQ(timed.status, 0);
-    EXPECT_TRUE(
-        QRegularExpression(
-            QStringLiteral("^load median [0-9]+[.][0-9]+ ms\nsave median [0-9]+[.][0-9]+ ms\n$"))
-            .match(QString::fromStdString(timed.output))
-            .hasMatch())
-        << timed.output;
+    EXPECT_EQ(timeless(run("convert good.x o.xsi --repeat 3")),
+              "load median N ms\nsave median N ms\n");
 }
 
 TEST_F(Tool, TextureSavesThePictureDecoded) {
-    const std::string tga = "\0\0\2\0\0\0\0\0\0\0\0\0\2\0\1\0\30\0\1\2\3\4\5\6"s;
-    write("a.tga", tga);
     EXPECT_EQ(run("texture a o.png").status, 0);
     const QImage picture(path("o.png"));
     ASSERT_EQ(picture.size(), QSize(2, 1));
@@ -148,17 +149,13 @@ TEST_F(Tool, RenderDrawsThePictureAskedFor) {
     EXPECT_NE(picture("--view zy"), plane);
     EXPECT_NE(picture("--view xy --center 0.5,0,0"), plane) << "the mark of the camera centre";
     for (const char* view : {"3d", "zy"}) {
-        const Outcome timed = run("render t.x o.png --repeat 3 --view "s + view);
-        EXPECT_TRUE(QRegularExpression(
-                        QStringLiteral("^frame median [0-9]+[.][0-9]+ ms\npixels [1-9][0-9]*\n$"))
-                        .match(QString::fromStdString(timed.output))
-                        .hasMatch())
-            << timed.output;
+        const std::string timed = timeless(run("render t.x o.png --repeat 3 --view "s + view));
+        EXPECT_TRUE(timed.starts_with("frame median N ms\npixels ")) << timed;
+        EXPECT_FALSE(timed.ends_with(" 0\n")) << timed;
     }
 }
 
 TEST_F(Tool, PicturesGoUnderTheNamesThatAreMeantForThem) {
-    write("a.tga", "\0\0\2\0\0\0\0\0\0\0\0\0\1\0\1\0\30\0\1\2\3"s);
     for (const std::string call : {"render good.x --size 9x9 ", "texture a.tga "}) {
         EXPECT_EQ(run(call + "o.PNG").status, 0);
         const std::string picture = content(path("o.PNG"));
@@ -177,19 +174,19 @@ TEST_F(Tool, PicturesGoUnderTheNamesThatAreMeantForThem) {
 
 TEST_F(Tool, AnInputIsNotOverwritten) {
     ASSERT_TRUE(QDir().mkpath(path("sub")));
-    write("a.tga", "\0\0\2\0\0\0\0\0\0\0\0\0\1\0\1\0\30\0\1\2\3"s);
     std::filesystem::create_symlink("good.x", path("soft.xsi").toStdString());
     std::filesystem::create_hard_link(path("good.x").toStdString(), path("hard.xsi").toStdString());
     std::filesystem::create_symlink("../a.tga", path("sub/soft.png").toStdString());
     const std::string model = content(path("good.x"));
     const std::string texture = content(path("a.tga"));
-    for (const auto& [words, out] : std::initializer_list<std::pair<std::string, std::string>>{
-             {"render --format png good.x ", "sub/../good.x"},
-             {"render --format png good.x ", "soft.xsi"},
-             {"texture --format png a ", "./a.tga"}, // found without its extension
-             {"texture a.tga ", "sub/soft.png"},
-             {"convert good.x ", "soft.xsi"},
-             {"convert good.x ", "hard.xsi"}}) {
+    const std::pair<std::string, std::string> calls[] = {
+        {"render --format png good.x ", "sub/../good.x"},
+        {"render --format png good.x ", "soft.xsi"},
+        {"texture --format png a ", "./a.tga"}, // found without its extension
+        {"texture a.tga ", "sub/soft.png"},
+        {"convert good.x ", "soft.xsi"},
+        {"convert good.x ", "hard.xsi"}};
+    for (const auto& [words, out] : calls) {
         const Outcome outcome = run(words + out);
         EXPECT_EQ(outcome.status, 1) << words;
         EXPECT_EQ(outcome.errors, out + ": Would overwrite the input\n");
@@ -222,28 +219,18 @@ TEST_F(Tool, SaysInOneLineWhyItRefuses) {
         EXPECT_EQ(outcome.output, "") << words;
         EXPECT_EQ(outcome.errors, errors);
     }
-    for (const char* words : {"convert good.x o.x",
-                              "convert good.x",
-                              "convert good.x o.xsi --repeat 0",
-                              "convert good.x o.xsi --repeat many",
-                              "convert good.x o.xsi --frobnicate",
-                              "render good.x",
-                              "render good.x o.png --mode pretty",
-                              "render good.x o.png --view yx",
-                              "render good.x o.png --size 0x9",
-                              "render good.x o.png --size 9",
-                              "render good.x o.png --center 1,2",
-                              "render good.x o.png --pitch nan",
-                              "render good.x o.png --distance -1",
-                              "render good.x o.png --repeat 0",
-                              "texture bad.x",
-                              "render good.x bad.x",
-                              "render good.x o",
-                              "render good.x o.png --format jpg",
-                              "render good.x - --repeat 1",
-                              "texture a.msh o.tga",
-                              "texture a.msh o --format",
-                              "info"}) {
+    const auto wrongCalls =
+        QStringLiteral("info;convert good.x;convert good.x o.x;texture bad.x;texture a.msh o.tga;"
+                       "texture a.msh o --format;render good.x;render good.x bad.x;render good.x o;"
+                       "render good.x - --repeat 1;render good.x o.png --format jpg;"
+                       "convert good.x o.xsi --repeat 0;convert good.x o.xsi --repeat many;"
+                       "convert good.x o.xsi --frobnicate;render good.x o.png --mode pretty;"
+                       "render good.x o.png --view yx;render good.x o.png --size 0x9;"
+                       "render good.x o.png --size 9;render good.x o.png --center 1,2;"
+                       "render good.x o.png --pitch nan;render good.x o.png --distance -1;"
+                       "render good.x o.png --repeat 0");
+    for (const QString& call : wrongCalls.split(u';')) {
+        const std::string words = call.toStdString();
         const Outcome outcome = run(words);
         EXPECT_EQ(outcome.status, 2) << words;
         EXPECT_EQ(outcome.output, "") << words;

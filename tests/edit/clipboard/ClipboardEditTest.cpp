@@ -64,14 +64,15 @@ struct Model {
 TEST(ClipboardEdit, WhatCopyTakesFromEachSelection) {
     Model model;
     model.document.Root.Mesh.MaterialSlotList.push_back(9); // leads to no material
+    using enum NodeKind;
     const struct {
         NodeKind kind;
         std::int32_t item;
         std::string powers;
-    } rows[] = {{NodeKind::MeshMaterialList, 0, "3 1 3 "}, {NodeKind::MaterialSlot, 1, "1 "},
-                {NodeKind::MaterialSlot, 2, "3 "},         {NodeKind::MaterialSlot, 3, ""},
-                {NodeKind::MaterialSlot, 4, ""},           {NodeKind::MaterialTable, 0, "1 2 3 "},
-                {NodeKind::TableMaterial, 1, "2 "},        {NodeKind::TableMaterial, 3, ""}};
+    } rows[] = {{MeshMaterialList, 0, "3 1 3 "}, {MaterialSlot, 1, "1 "},
+                {MaterialSlot, 2, "3 "},         {MaterialSlot, 3, ""},
+                {MaterialSlot, 4, ""},           {MaterialTable, 0, "1 2 3 "},
+                {TableMaterial, 1, "2 "},        {TableMaterial, 3, ""}};
     for (const auto& row : rows) {
         model.select(row.kind, row.item);
         const auto item = decodeBlock(model.copied());
@@ -93,28 +94,25 @@ TEST(ClipboardEdit, WhatCopyTakesFromEachSelection) {
 }
 
 TEST(ClipboardEdit, WherePasteIsPossible) {
-    const struct {
-        NodeKind kind;
-        bool frame;
-        bool materials;
-    } rows[] = {{NodeKind::None, false, false},         {NodeKind::Frame, true, false},
-                {NodeKind::Mesh, false, false},         {NodeKind::MeshMaterialList, false, true},
-                {NodeKind::MaterialSlot, false, true},  {NodeKind::MaterialTable, false, true},
-                {NodeKind::TableMaterial, false, true}, {NodeKind::MeshNormals, false, false}};
     Model source;
     source.select(NodeKind::Frame);
     const test::Bytes frame = source.copied();
     source.select(NodeKind::TableMaterial, 1);
     const test::Bytes materials = source.copied();
-    for (const auto& row : rows) {
-        EXPECT_EQ(canPaste(row.kind, ClipboardContent::Frame), row.frame);
-        EXPECT_EQ(canPaste(row.kind, ClipboardContent::Materials), row.materials);
+    using enum NodeKind;
+    for (const NodeKind kind : {None, Frame, Mesh, MeshMaterialList, MaterialSlot, MaterialTable,
+                                TableMaterial, MeshNormals}) {
+        const bool takesFrame = kind == Frame;
+        const bool takesMaterials = kind == MeshMaterialList || kind == MaterialSlot ||
+                                    kind == MaterialTable || kind == TableMaterial;
+        EXPECT_EQ(canPaste(kind, ClipboardContent::Frame), takesFrame);
+        EXPECT_EQ(canPaste(kind, ClipboardContent::Materials), takesMaterials);
         Model target;
-        target.select(row.kind);
-        EXPECT_EQ(target.paste(frame), row.frame);
-        EXPECT_EQ(target.document.Modified, row.frame);
-        EXPECT_EQ(target.paste(materials), row.materials);
-        EXPECT_EQ(target.history.position() + 1, row.frame || row.materials ? 1 : 0);
+        target.select(kind);
+        EXPECT_EQ(target.paste(frame), takesFrame);
+        EXPECT_EQ(target.document.Modified, takesFrame);
+        EXPECT_EQ(target.paste(materials), takesMaterials);
+        EXPECT_EQ(target.history.position() + 1, takesFrame || takesMaterials ? 1 : 0);
     }
 }
 
@@ -160,10 +158,10 @@ TEST(ClipboardEdit, AFrameIsTheLastChildWithItsMaterialsRenumbered) {
     // into itself: what is pasted is what was copied
     source.select(NodeKind::Frame, 0, path({1}));
     const test::Bytes leaf = source.copied();
-    ASSERT_TRUE(source.paste(leaf));
-    ASSERT_TRUE(source.paste(leaf));
-    EXPECT_EQ(source.document.Root.Children[0].Children.size(), 2U);
-    EXPECT_TRUE(source.document.Root.Children[0].Children[1].Children.empty());
+    ASSERT_TRUE(source.paste(leaf) && source.paste(leaf));
+    const std::vector<FrameRecord>& copies = source.document.Root.Children[0].Children;
+    ASSERT_EQ(copies.size(), 2U);
+    EXPECT_TRUE(copies[1].Children.empty());
 }
 
 TEST(ClipboardEdit, NothingToPasteChangesNothing) {

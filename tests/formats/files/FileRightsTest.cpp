@@ -81,23 +81,6 @@ class Rights : public test::TestFiles {
     QString model_;
 };
 
-TEST_F(Rights, OfAFileAreKeptByItsOwner) {
-    for (const bool list : {false, true}) {
-        for (const bool folderHasList : {false, true}) {
-            ASSERT_EQ(::chmod(qPrintable(model_), 0640), 0);
-            ASSERT_TRUE(!list || setAttribute(model_, accessList, listWith(1001)));
-            ASSERT_TRUE(!folderHasList || setAttribute(folder(), listForNewFiles, listWith(1002)));
-            const auto before = rightsOf(model_);
-            const ino_t number = fileNumber(model_);
-            ASSERT_EQ(before->attributes.size(), list ? 2U : 1U);
-            EXPECT_TRUE(saveNew(model_));
-            EXPECT_EQ(rightsOf(model_), before) << list << folderHasList;
-            EXPECT_NE(fileNumber(model_), number);
-            EXPECT_EQ(filesInFolder(), 1);
-        }
-    }
-}
-
 TEST_F(Rights, OfAFileAreKeptWhoeverSaves) {
     if (::geteuid() != 0) {
         GTEST_SKIP() << "only root can be several users";
@@ -125,19 +108,25 @@ TEST_F(Rights, OfAFileAreKeptWhoeverSaves) {
         {"root", team, 0640, true, {0, 0, {}}, true, false},
     };
     ASSERT_EQ(::chmod(qPrintable(folder()), 0777), 0);
-    for (const auto& row : rows) {
-        write("m.xsi", "old");
-        ASSERT_EQ(::chown(qPrintable(model_), 1000, row.group), 0);
-        ::removexattr(qPrintable(model_), accessList);
-        ASSERT_EQ(::chmod(qPrintable(model_), row.mode), 0);
-        ASSERT_TRUE(!row.list || setAttribute(model_, accessList, listWith(1001)));
-        const auto before = rightsOf(model_);
-        const ino_t number = fileNumber(model_);
-        EXPECT_EQ(saveAs(row.saver, model_), row.saved) << row.what;
-        EXPECT_EQ(content(model_), row.saved ? "new" : "old") << row.what;
-        EXPECT_EQ(rightsOf(model_), before) << row.what;
-        EXPECT_EQ(fileNumber(model_) == number, row.inPlace) << row.what;
-        EXPECT_EQ(filesInFolder(), 1) << row.what;
+    for (const bool othersForNewFiles : {false, true}) {
+        ASSERT_TRUE(!othersForNewFiles || setAttribute(folder(), listForNewFiles, listWith(1002)));
+        const mode_t usual = ::umask(othersForNewFiles ? 0777 : 0);
+        for (const auto& row : rows) {
+            write("m.xsi", "old");
+            ASSERT_EQ(::chown(qPrintable(model_), 1000, row.group), 0);
+            ::removexattr(qPrintable(model_), accessList);
+            ASSERT_EQ(::chmod(qPrintable(model_), row.mode), 0);
+            ASSERT_TRUE(!row.list || setAttribute(model_, accessList, listWith(1001)));
+            const auto before = rightsOf(model_);
+            ASSERT_EQ(before->attributes.size(), row.list ? 2U : 1U);
+            const ino_t number = fileNumber(model_);
+            EXPECT_EQ(saveAs(row.saver, model_), row.saved) << row.what;
+            EXPECT_EQ(content(model_), row.saved ? "new" : "old") << row.what;
+            EXPECT_EQ(rightsOf(model_), before) << row.what;
+            EXPECT_EQ(fileNumber(model_) == number, row.inPlace) << row.what;
+            EXPECT_EQ(filesInFolder(), 1) << row.what;
+        }
+        ::umask(usual);
     }
 }
 

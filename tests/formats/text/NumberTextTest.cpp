@@ -40,13 +40,8 @@ void compareWriting(float value) {
 
 TEST(NumberText, RealsAreWrittenAsTheLibraryDoes) {
     using Limits = std::numeric_limits<float>;
-    for (const float value :
-         {0.0F, 1.0F, 0.5F, 200.0F, 0.1F, 1.0F / 3, 1e-4F, 1e-5F, 1e-7F, 1e6F, 1e5F, 999999.5F}) {
-        compareWriting(value);
-    }
-    for (const float value :
-         {999999.4F, 99999.95F, 0.09999995F, 1234567.0F, 1e38F, Limits::min(), Limits::max(),
-          Limits::denorm_min(), Limits::infinity(), Limits::quiet_NaN()}) {
+    for (const float value : {0.0F, 1e-4F, 999999.5F, 999999.4F, 99999.95F, 0.09999995F, 1234567.0F,
+                              Limits::infinity(), Limits::quiet_NaN()}) {
         compareWriting(value);
     }
     // every binary exponent
@@ -69,8 +64,7 @@ TEST(NumberText, TiesAndSixDigitBoundariesRoundAsTheLibraryDoes) {
     for (std::uint32_t n = 100000; n < 1000000; n += 7) {
         compareWriting(static_cast<float>(n) + 0.5F);
     }
-    for (const double power :
-         {1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7}) {
+    for (double power = 1e-5; power < 2e7; power *= 10) {
         for (const double digits :
              {1.0, 9.99999, 9.999994, 9.999995, 9.999996, 1.000005, 5.000005}) {
             compareWriting(static_cast<float>(digits * power));
@@ -90,54 +84,6 @@ TEST(NumberText, IntegersAreWrittenAsTheLibraryDoes) {
         std::array<char, mostNumberLength> text{};
         ASSERT_EQ(std::string(text.data(), writeInteger(text.data(), value)),
                   std::to_string(value));
-    }
-}
-
-/// That the quick parser either gives the library's value and end, or leaves the number to it.
-bool compareInteger(const std::string& number, char behind = ';') {
-    const std::string text = number + std::string(quickNumberReach, behind);
-    std::int32_t expected = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), expected);
-    constexpr std::int32_t untouched = 12345678;
-    std::int32_t value = untouched;
-    const char* stop = quickInteger(text.data(), value);
-    if (stop == nullptr) {
-        EXPECT_EQ(value, untouched) << number;
-        return false;
-    }
-    EXPECT_EQ(result.ec, std::errc()) << number;
-    EXPECT_EQ(stop - text.data(), result.ptr - text.data()) << number;
-    EXPECT_EQ(value, expected) << number;
-    return true;
-}
-
-TEST(NumberText, IntegersAreParsedAsTheLibraryDoes) {
-    for (const char* number : {"0", "-0", "7", "-7", "000", "-00000001", "99999999", "-99999999",
-                               "1.5", "12e3", "12-3", "1x"}) {
-        EXPECT_TRUE(compareInteger(number)) << number;
-    }
-    // no numbers, or too long for the quick way: among them what 32 bits hold just so or not at all
-    for (const std::string& number :
-         test::words("- + +1 --1 -+1 .5 x 0000000001 1000000000 2147483647 2147483648 -2147483648 "
-                     "-2147483649 4294967295 4294967297 9999999999 18446744073709551617 "
-                     "-99999999999999999999999999999999")) {
-        EXPECT_FALSE(compareInteger(number)) << number;
-    }
-    EXPECT_FALSE(compareInteger(""));
-    EXPECT_FALSE(compareInteger(" 1"));
-    // what may end a number, and what goes on with it
-    for (int behind = 0; behind < 256; ++behind) {
-        const char c = static_cast<char>(behind);
-        EXPECT_EQ(compareInteger("-42", c), !isDigit(c)) << behind;
-    }
-    std::mt19937 random(6);
-    for (int i = 0; i < 300000; ++i) {
-        const auto length = static_cast<std::size_t>(random() % 24);
-        std::string number = random() % 2 == 0 ? "-" : "";
-        for (std::size_t digit = 0; digit < length; ++digit) {
-            number += static_cast<char>('0' + random() % 10);
-        }
-        EXPECT_EQ(compareInteger(number), length >= 1 && length <= 8) << number;
     }
 }
 

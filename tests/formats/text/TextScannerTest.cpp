@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <locale>
 #include <memory>
@@ -15,37 +14,33 @@
 namespace korvane {
 namespace {
 
-/// What a text stream in the classic locale makes of the same text.
+/// A number bit by bit and what is left behind it, or that there was none.
 template <class Number>
-struct Extracted {
-    bool ok = false;
-    Number value{};
-    std::string rest;
-};
+std::string told(bool ok, Number value, const std::string& rest) {
+    return ok ? std::to_string(std::bit_cast<std::int32_t>(value)) + '|' + rest : "none";
+}
 
+/// What a text stream in the classic locale makes of the text.
 template <class Number>
-Extracted<Number> byStream(const std::string& text) {
+std::string byStream(const std::string& text) {
     std::istringstream in(text);
     in.imbue(std::locale::classic());
-    Extracted<Number> result;
-    result.ok = static_cast<bool>(in >> result.value);
-    if (result.ok) {
-        in.clear();
-        result.rest.assign(std::istreambuf_iterator<char>(in), {});
-    }
-    return result;
+    Number value{};
+    const bool ok = static_cast<bool>(in >> value);
+    in.clear();
+    return told(ok, value, {std::istreambuf_iterator<char>(in), {}});
 }
 
 template <class Number>
-Extracted<Number> byScanner(TextScanner in) {
-    Extracted<Number> result;
+std::string byScanner(TextScanner in) {
+    Number value{};
+    bool ok = false;
     if constexpr (std::is_same_v<Number, float>) {
-        result.ok = in.real(result.value);
+        ok = in.real(value);
     } else {
-        result.ok = in.integer(result.value);
+        ok = in.integer(value);
     }
-    result.rest = result.ok ? in.take(in.remaining()) : "";
-    return result;
+    return told(ok, value, std::string(in.take(in.remaining())));
 }
 
 /// Gives a text in pieces of the given size.
@@ -58,30 +53,15 @@ ByteSource inPieces(std::string_view text, std::size_t piece) {
     };
 }
 
-template <class Number>
-void expectSame(const std::string& text, const Extracted<Number>& expected,
-                const Extracted<Number>& got) {
-    ASSERT_EQ(got.ok, expected.ok) << '"' << text << '"';
-    if (expected.ok) {
-        ASSERT_EQ(got.rest, expected.rest) << '"' << text << '"';
-        if constexpr (std::is_same_v<Number, float>) {
-            ASSERT_EQ(std::bit_cast<std::uint32_t>(got.value),
-                      std::bit_cast<std::uint32_t>(expected.value))
-                << '"' << text << '"';
-        } else {
-            ASSERT_EQ(got.value, expected.value) << '"' << text << '"';
-        }
-    }
-}
-
 /// Alone, with so much text behind it that the quick parsers take it, and through a tiny window.
 template <class Number>
 void compareWithStream(const std::string& text) {
-    expectSame(text, byStream<Number>(text), byScanner<Number>(TextScanner(text)));
+    const std::string expected = byStream<Number>(text);
+    ASSERT_EQ(byScanner<Number>(TextScanner(text)), expected) << text;
     const std::string inContext = text + ";                                        x";
-    expectSame(inContext, byStream<Number>(inContext), byScanner<Number>(TextScanner(inContext)));
+    ASSERT_EQ(byScanner<Number>(TextScanner(inContext)), byStream<Number>(inContext)) << text;
     TextWindow window(inPieces(text, 3), text.size(), 4);
-    expectSame(text, byStream<Number>(text), byScanner<Number>(TextScanner(window)));
+    ASSERT_EQ(byScanner<Number>(TextScanner(window)), expected) << text;
 }
 
 void compare(const std::string& text) {
@@ -94,6 +74,8 @@ TEST(TextScanner, NumbersAsAStreamExtractsThem) {
              "1; -1; +1; +-1 --1 - + . -. .5 5. -.5x 1.2.3 1e5 1E5 1e+5 1e-5 1e 1e; 1e+ 1e5e5 "
              "1e5.5 .e5 1.e2 e5 0x10 inf -inf nan infinity NAN(1) 00012 -0 -0.0 1,000 2147483647 "
              "2147483648 -2147483648 -2147483649 4294967295 99999999999999999999999 1e38 "
+             "-0 000 -00000001 99999999 -99999999 0000000001 1000000000 4294967297 -42: -42/ 12e3 "
+             "12-3 1x -+1 "
              "3.4028235e38 3.4028235677e38 3.4028236e38 1e39 -1e39 1e99999999999999999999 "
              "1e-99999999999999999999 -1e-46 7.0e-46 7.1e-46 1.4e-45 1e-39 0.0000e999 "
              "0.00000000000000000000000000000000000000000000001 16777217 "
@@ -119,13 +101,6 @@ TEST(TextScanner, RandomNumberTextsAsAStreamExtractsThem) {
         }
         compare(text);
     }
-    for (int i = 0; i < 100000; ++i) {
-        std::array<char, 64> text{};
-        const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
-        std::snprintf(text.data(), text.size(), "%.*g;", static_cast<int>(random() % 12),
-                      static_cast<double>(value));
-        compare(text.data());
-    }
 }
 
 TEST(TextScanner, FailureEndsTheText) {
@@ -145,13 +120,14 @@ TEST(TextScanner, FailureEndsTheText) {
 }
 
 TEST(TextScanner, AWindowOfAnySizeShowsTheSameText) {
-    const std::string text = "line one\r\n" + std::string(100, ' ') + "12 -3.5e2;" +
+    const std::string text = "line\rone\r\n\n" + std::string(100, ' ') + "12 -3.5e2;" +
                              std::string(50, '7') + "\n\"quoted\" 2147483647\nlast";
     const auto told = [](TextScanner in) {
         std::int32_t integer = 0;
         float real = 0;
         std::ostringstream all;
-        all << in.line().value_or("none") << '|' << in.integer(integer) << integer << '|';
+        all << in.line().value_or("none") << in.line().value_or("none") << '|'
+            << in.integer(integer) << integer << '|';
         all << in.real(real) << real << '|' << in.separator() << in.line().value_or("none") << '|';
         all << in.until('"').value_or("none") << in.until('"').value_or("none") << '|';
         all << in.integer(integer) << integer << in.line().value_or("none") << '|';
@@ -159,31 +135,12 @@ TEST(TextScanner, AWindowOfAnySizeShowsTheSameText) {
         return all.str();
     };
     const std::string expected =
-        "line one|112|1-350|1" + std::string(50, '7') + "|quoted|12147483647|4last1";
+        "line\rone|112|1-350|1" + std::string(50, '7') + "|quoted|12147483647|4last1";
     EXPECT_EQ(told(TextScanner(text)), expected);
     for (std::size_t capacity = 1; capacity < 80; ++capacity) {
         TextWindow window(inPieces(text, 1 + capacity % 5), text.size(), capacity);
         EXPECT_EQ(told(TextScanner(window)), expected) << capacity;
     }
-}
-
-TEST(TextScanner, LinesEndWithOrWithoutCarriageReturn) {
-    TextScanner in(std::string_view("a\r\nb\n\n\r\nc\rd\n\re"));
-    std::vector<std::string> lines;
-    for (auto line = in.line(); line && lines.size() < 10; line = in.line()) {
-        lines.emplace_back(*line);
-    }
-    EXPECT_EQ(lines, (std::vector<std::string>{"a", "b", "", "", "c\rd", "\re"}));
-}
-
-TEST(TextScanner, SeparatorsSkipWhiteSpaceAndTakeAnything) {
-    TextScanner in(std::string_view(" \n ;x\t\"name\"rest"));
-    EXPECT_TRUE(in.separator());
-    EXPECT_TRUE(in.separator());
-    EXPECT_EQ(in.until('"'), "\t");
-    EXPECT_EQ(in.until('"'), "name");
-    EXPECT_FALSE(in.until('"').has_value());
-    EXPECT_TRUE(in.ended());
 }
 
 } // namespace

@@ -41,19 +41,14 @@ bool isBlank(const TextureImage& image) {
 
 TEST(Tga, RowsFromBottomOrTop) {
     const Bytes rows = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
-    Bytes turned(rows.begin() + 6, rows.end());
-    turned.insert(turned.end(), rows.begin(), rows.begin() + 6);
-    const TextureImage bottomUp = decodeTga(tga(2, 2, rows));
-    EXPECT_EQ(bottomUp, decodeTga(tga(2, 2, turned, {.descriptor = 0x20})));
-    EXPECT_EQ(bottomUp.width, 2);
-    EXPECT_EQ(bottomUp.height, 2);
-    EXPECT_EQ(
-        bottomUp.pixels,
-        (std::vector<Rgba8>{{9, 8, 7, 255}, {12, 11, 10, 255}, {3, 2, 1, 255}, {6, 5, 4, 255}}));
-    EXPECT_FALSE(bottomUp.HasAlpha);
+    const Bytes turned = {7, 8, 9, 10, 11, 12, 1, 2, 3, 4, 5, 6};
+    const TextureImage expected = {
+        2, 2, {{9, 8, 7, 255}, {12, 11, 10, 255}, {3, 2, 1, 255}, {6, 5, 4, 255}}, false};
+    EXPECT_EQ(decodeTga(tga(2, 2, rows)), expected);
+    EXPECT_EQ(decodeTga(tga(2, 2, turned, {.descriptor = 0x20})), expected);
     // the bit for right to left is not looked at; the identification and the colour map are skipped
-    EXPECT_EQ(bottomUp, decodeTga(tga(2, 2, rows, {.descriptor = 0x10})));
-    EXPECT_EQ(bottomUp, decodeTga(tga(2, 2, rows, {.idLength = 7, .mapType = 1, .mapLength = 5})));
+    EXPECT_EQ(decodeTga(tga(2, 2, rows, {.descriptor = 0x10})), expected);
+    EXPECT_EQ(decodeTga(tga(2, 2, rows, {.idLength = 7, .mapType = 1, .mapLength = 5})), expected);
 }
 
 TEST(Tga, DepthsAndTheirExtremes) {
@@ -68,26 +63,24 @@ TEST(Tga, DepthsAndTheirExtremes) {
         {32, {1, 2, 3, 77}, {3, 2, 1, 255}},
     };
     for (const auto& row : rows) {
-        const TextureImage image = decodeTga(tga(1, 1, row.pixel, {.depth = row.depth}));
-        EXPECT_EQ(image.pixels.at(0), row.expected);
+        EXPECT_EQ(decodeTga(tga(1, 1, row.pixel, {.depth = row.depth})).pixels.at(0), row.expected);
     }
 }
 
 TEST(Tga, WhatCannotBeDecodedIsBlank) {
     const Bytes pixel = {1, 2, 3};
-    EXPECT_TRUE(isBlank(decodeTga({})));
-    for (const std::uint8_t type : Bytes{0, 1, 3, 9, 10, 11}) {
-        EXPECT_TRUE(isBlank(decodeTga(tga(1, 1, pixel, {.type = type}))));
-    }
-    for (const std::uint8_t depth : Bytes{0, 1, 8, 15, 64}) {
-        EXPECT_TRUE(isBlank(decodeTga(tga(1, 1, Bytes(100), {.depth = depth}))));
-    }
-    EXPECT_TRUE(isBlank(decodeTga(tga(0, 1, pixel))));
-    EXPECT_TRUE(isBlank(decodeTga(tga(1, 0, pixel))));
-    EXPECT_TRUE(isBlank(decodeTga(tga(2, 1, pixel)))); // not all pixels are there
     Bytes huge = tga(1, 1, pixel);
     huge[13] = huge[15] = 0xFF; // 65 thousand pixels each way
-    EXPECT_TRUE(isBlank(decodeTga(huge)));
+    std::vector<Bytes> bad = {{}, huge, tga(0, 1, pixel), tga(1, 0, pixel), tga(2, 1, pixel)};
+    for (const std::uint8_t type : Bytes{0, 1, 3, 9, 10, 11}) {
+        bad.push_back(tga(1, 1, pixel, {.type = type}));
+    }
+    for (const std::uint8_t depth : Bytes{0, 1, 8, 15, 64}) {
+        bad.push_back(tga(1, 1, Bytes(100), {.depth = depth}));
+    }
+    for (const Bytes& bytes : bad) {
+        EXPECT_TRUE(isBlank(decodeTga(bytes))) << testing::PrintToString(bytes);
+    }
 }
 
 constexpr std::uint8_t red = 0x80;
@@ -109,19 +102,10 @@ Bytes pic(std::uint8_t width, std::uint8_t height, const Bytes& channels, const 
     return bytes;
 }
 
-/// The red channel of an image's pixels.
-std::vector<int> reds(const TextureImage& image) {
-    std::vector<int> values;
-    for (const Rgba8& pixel : image.pixels) {
-        values.push_back(pixel.red);
-    }
-    return values;
-}
-
 TEST(Pic, RunsAndLiterals) {
     const struct {
         Bytes data;
-        std::vector<int> expected;
+        Bytes expected; ///< the red channel
     } rows[] = {
         {{3, 1, 2, 3, 4}, {1, 2, 3, 4}},
         {{131, 9}, {9, 9, 9, 9}},
@@ -133,7 +117,11 @@ TEST(Pic, RunsAndLiterals) {
         {{129, 9}, {9, 9, 255, 255}},           // data that breaks off
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(reds(decodePic(pic(4, 1, {red}, row.data))), row.expected);
+        Bytes reds;
+        for (const Rgba8& pixel : decodePic(pic(4, 1, {red}, row.data)).pixels) {
+            reds.push_back(pixel.red);
+        }
+        EXPECT_EQ(reds, row.expected);
     }
     const TextureImage wide = decodePic(pic(50, 1, {red}, {128, 0x01, 0x2C, 7, 133, 8}));
     EXPECT_EQ(std::count(wide.pixels.begin(), wide.pixels.end(), Rgba8{7, 255, 255, 255}), 44);
@@ -151,18 +139,15 @@ TEST(Pic, PacketsFillTheirChannelsRowByRow) {
 TEST(Pic, WhatCannotBeDecodedIsBlank) {
     const Bytes good = pic(1, 1, {red}, {0, 1});
     EXPECT_FALSE(isBlank(decodePic(good)));
-    for (const std::size_t at : {0U, 88U}) {
+    for (const std::size_t at : {0U, 88U, 92U}) { // the marks, and far too many columns
         Bytes bad = good;
-        bad[at] ^= 1;
-        EXPECT_TRUE(isBlank(decodePic(bad)));
+        bad[at] ^= 0xFF;
+        EXPECT_TRUE(isBlank(decodePic(bad))) << at;
     }
     for (std::size_t size = 0; size < 105; ++size) {
         EXPECT_TRUE(isBlank(decodePic({good.data(), size})));
     }
     EXPECT_TRUE(isBlank(decodePic(pic(0, 5, {red}, {0, 1}))));
-    Bytes huge = good;
-    huge[92] = huge[94] = 0xFF;
-    EXPECT_TRUE(isBlank(decodePic(huge)));
 }
 
 class Textures : public test::TestFiles {
@@ -354,47 +339,31 @@ TEST_F(Textures, OfOneReadingHaveALimitTogether) {
     write("last.ico", icon(2));
     EXPECT_EQ(loader.load("last.ico"), blankTextureImage()) << "nothing is left";
     TextureLoader few(folder(), 60);
-    const std::pair<const char*, int> later[] = {{"c.tga", 1}, {"b.tga", 7}, {"a.tga", 1}};
-    for (const auto& [name, side] : later) {
-        EXPECT_EQ(few.load(name)->width, side) << name;
-    }
-}
-
-TEST_F(Textures, OfTheCorpusDecodeOrHarmNothing) {
-    if (test::corpusFolder().isEmpty()) {
-        GTEST_SKIP() << "KORVANE_CORPUS names no folder";
-    }
-    const QDir corpus(test::corpusFolder());
-    for (const char* folder : {"tga", "pic", "bmp", "ico"}) {
-        const QDir pictures(corpus.filePath(QLatin1String(folder)));
-        for (const QString& name : pictures.entryList(QDir::Files)) {
-            const TextureImage image = loadTextureFile(pictures.filePath(name));
-            EXPECT_EQ(image.pixels.size(), static_cast<std::size_t>(image.width) *
-                                               static_cast<std::size_t>(image.height));
-        }
-    }
+    EXPECT_EQ(few.load("c.tga")->width, 1);
+    EXPECT_EQ(few.load("b.tga")->width, 7);
+    EXPECT_EQ(few.load("a.tga")->width, 1);
 }
 
 TEST_F(Textures, AMeshFileIsOnlyOpenedAndAnEmptyModelSaved) {
     const test::WorkingFolder here(folder());
+    const QString name = QStringLiteral("a.msh");
+    const QString saved = QStringLiteral("loaded.xsi");
     ModelDocument document;
-    document.FileName = QStringLiteral("a.msh");
-    EXPECT_EQ(FileOpenMSH(QStringLiteral("a.msh"), document).status, ReadStatus::Missing);
+    document.FileName = name;
+    EXPECT_EQ(FileOpenMSH(name, document).status, ReadStatus::Missing);
     EXPECT_EQ(filesInFolder(), 0);
     write("a.msh", "\1\2\3");
     document.NeverSaved = false;
-    const MshOutcome done = FileOpenMSH(QStringLiteral("a.msh"), document);
+    const MshOutcome done = FileOpenMSH(name, document);
     EXPECT_EQ(done.status, ReadStatus::Done);
     EXPECT_EQ(done.saveFailed, QString());
     EXPECT_TRUE(document.NeverSaved);
-    EXPECT_EQ(document.FileName, QStringLiteral("a.msh"));
-    EXPECT_EQ(content(path("loaded.xsi")), test::writeText(ModelDocument()));
-    QFile::remove(path("loaded.xsi"));
-    QDir().mkdir(path("loaded.xsi"));
-    EXPECT_EQ(FileOpenMSH(QStringLiteral("a.msh"), document).saveFailed,
-              QStringLiteral("loaded.xsi"));
-    QDir().mkdir(path("b.msh"));
-    EXPECT_EQ(FileOpenMSH(path("b.msh"), document).status, ReadStatus::CannotOpen);
+    EXPECT_EQ(document.FileName, name);
+    EXPECT_EQ(content(saved), test::writeText(ModelDocument()));
+    QFile::remove(saved);
+    QDir().mkdir(saved);
+    EXPECT_EQ(FileOpenMSH(name, document).saveFailed, saved);
+    EXPECT_EQ(FileOpenMSH(folder(), document).status, ReadStatus::CannotOpen);
     EXPECT_EQ(document.FileName, QStringLiteral("Untitled"));
 }
 

@@ -2,11 +2,11 @@
 
 #include "support/FrameMaking.h"
 #include "support/TextModel.h"
+#include "support/Words.h"
 
-#include <array>
 #include <random>
 #include <string>
-#include <utility>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -22,31 +22,15 @@ FrameRecord withMesh(FrameRecord frame) {
 
 class RandomNames {
   public:
-    explicit RandomNames(std::uint32_t seed) : random_(seed) {}
-
     std::string name() {
-        constexpr std::array<const char*, 19> parts = {"_",
-                                                       "_",
-                                                       "__",
-                                                       "e",
-                                                       "2",
-                                                       "x",
-                                                       " ",
-                                                       "\t",
-                                                       "{",
-                                                       "}",
-                                                       "/",
-                                                       "A",
-                                                       "\r",
-                                                       "frm-",
-                                                       "mesh",
-                                                       "frame",
-                                                       "template",
-                                                       "animationset",
-                                                       "frametransformmatrix"};
+        static const std::vector<std::string> words =
+            test::words("_ _ __ e 2 x { } / A frm- mesh frame template animationset "
+                        "frametransformmatrix");
         std::string name = number(20) == 0 ? "a\nb" : "";
         for (std::size_t left = number(4); left > 0; --left) {
-            name += parts.at(number(parts.size()));
+            const std::size_t part = number(words.size() + 3);
+            name +=
+                part < words.size() ? words[part] : std::string(1, " \t\r"[part - words.size()]);
         }
         return name;
     }
@@ -55,8 +39,8 @@ class RandomNames {
         frame = number(3) > 0 ? withMesh(frame) : frame;
         frame.Emissive = frame.HasMesh && number(2) == 0;
         frame.GFlag = frame.HasMesh && number(2) == 0;
-        if (frame.HasMesh && number(2) == 0) {
-            frame.HasAnimation = true;
+        frame.HasAnimation = frame.HasMesh && number(2) == 0;
+        if (frame.HasAnimation) {
             frame.AnimationKeys = {{7, {0.5F}}};
         }
         return frame;
@@ -64,11 +48,11 @@ class RandomNames {
     std::size_t number(std::size_t below) { return random_() % below; }
 
   private:
-    std::mt19937 random_;
+    std::mt19937 random_{15};
 };
 
 TEST(FrameNames, TheReasonTellsExactlyWhichFramesAReadingGivesBack) {
-    RandomNames random(15);
+    RandomNames random;
     int lost = 0;
     constexpr int rounds = 5'000;
     for (int round = 0; round < rounds; ++round) {

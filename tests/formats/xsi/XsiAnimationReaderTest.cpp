@@ -55,20 +55,15 @@ TEST(Animation, KeysGoToTheFrameNamed) {
         {"template AnimationSet {\n [Animation]\n}\n", ""},
         // a reference without the prefix is a block to skip, and takes the keys with it
         {"AnimationSet {\n Animation x {\n {b}\n" + two + " }\n}\n", ""},
+        // frames that were replaced are forgotten
+        {"AnimationSet {\n Animation x {\n {frm-b}\n" + two +
+             " }\n}\nframe frm-n {\n}\nAnimationSet {\n Animation y {\n" + keys(2, "1;\n3;1;1;;;") +
+             " }\n}\n",
+         "r:2:3/1, "},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(animated(row.text), row.expected) << row.text;
     }
-}
-
-TEST(Animation, ReplacedFramesAreForgotten) {
-    const ModelDocument document = test::readXsiBody(
-        std::string(frames) + "AnimationSet {\n Animation x {\n {frm-b}\n" +
-        keys(1, "1;\n0;1;1;;;") + " }\n}\nframe frm-n {\n}\nAnimationSet {\n Animation y {\n" +
-        keys(2, "1;\n3;1;1;;;") + " }\n}\n");
-    EXPECT_EQ(document.Root.Name, "n");
-    EXPECT_EQ(document.Root.AnimationKeyType, 2);
-    EXPECT_EQ(document.Root.AnimationKeys.size(), 1U);
 }
 
 } // namespace

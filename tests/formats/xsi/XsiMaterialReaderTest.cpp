@@ -1,5 +1,8 @@
 #include "support/TextModel.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace korvane {
 namespace {
 
@@ -54,29 +57,35 @@ TEST(Materials, ReadsBothKinds) {
     expectReadOn(document);
 }
 
-TEST(Materials, TextureNamesLoseTheirFolders) {
+TEST(Materials, TakeTheirSlots) {
+    const std::string texture = "TextureFilename {\n\"a.bmp\";\n}\n";
     const struct {
-        const char* name;
-        const char* stored;
-    } rows[] = {{"a.tga", "a.tga"}, {"x/y/a.tga", "a.tga"},  {"/a.tga", "a.tga"}, {"x/", ""},
-                {"", ""},           {"a b}.pic", "a b}.pic"}};
+        int count;
+        std::string materials;
+        std::vector<std::int32_t> slots;
+    } rows[] = {
+        // equal ones become one
+        {6,
+         directX("1;1;1") + directX("1;1;0.5") + directX("1;1;1") + directX("1;1;1", texture) +
+             directX("1;1;1", texture) + directX("1;1;1", "TextureFilename {\n\"A.bmp\";\n}\n"),
+         {0, 1, 0, 2, 2, 3}},
+        // references take no slot
+        {5,
+         directX("1;0;0") + " { some material }\n{frame}\n{ name } // remark\n" + directX("0;1;0"),
+         {0, 1}},
+        // the lines of blocks that mean nothing are counted
+        {2,
+         directX("1;0;0", "EffectInstance {\n \"x\";\n Param { 1; }\n Deep {\n }\n}\n") +
+             directX("0;1;0"),
+         {0, 1}},
+    };
     for (const auto& row : rows) {
-        const ModelDocument document = readMaterials(
-            1, directX("1;1;1", "TextureFilename {\n\"" + std::string(row.name) + "\";\n}\n"));
-        ASSERT_EQ(document.Materials.size(), 1U);
-        EXPECT_TRUE(document.Materials[0].HasTexture);
-        EXPECT_EQ(document.Materials[0].TextureFile, row.stored);
+        const ModelDocument document = readMaterials(row.count, row.materials);
+        EXPECT_EQ(document.Root.Mesh.MaterialSlotList, row.slots) << row.materials;
+        EXPECT_EQ(static_cast<std::int32_t>(document.Materials.size()),
+                  *std::max_element(row.slots.begin(), row.slots.end()) + 1);
         expectReadOn(document);
     }
-}
-
-TEST(Materials, EqualOnesBecomeOne) {
-    const std::string texture = "TextureFilename {\n\"a.bmp\";\n}\n";
-    const ModelDocument document = readMaterials(
-        6, directX("1;1;1") + directX("1;1;0.5") + directX("1;1;1") + directX("1;1;1", texture) +
-               directX("1;1;1", texture) + directX("1;1;1", "TextureFilename {\n\"A.bmp\";\n}\n"));
-    EXPECT_EQ(document.Root.Mesh.MaterialSlotList, (std::vector<std::int32_t>{0, 1, 0, 2, 2, 3}));
-    EXPECT_EQ(document.Materials.size(), 4U);
 }
 
 TEST(Materials, WhatCountsForEquality) {
@@ -107,33 +116,6 @@ TEST(Materials, EmissiveFramesExchangeRedAndGreenOfColoursWithoutBlue) {
     EXPECT_EQ(material.FaceColor, (ColorRGBA{0.6F, 0.2F, 0, 1}));
     EXPECT_EQ(material.Ambient, (ColorRGB{0.25F, 0.5F, 0}));
     EXPECT_EQ(material.Specular, (ColorRGB{0.1F, 0.2F, 0.3F})); // has blue
-}
-
-TEST(Materials, ReferencesAddNoSlot) {
-    const ModelDocument document =
-        readMaterials(5, directX("1;0;0") + " { some material }\n{frame}\n{ name } // remark\n" +
-                             directX("0;1;0"));
-    EXPECT_EQ(document.Root.Mesh.MaterialSlotList, (std::vector<std::int32_t>{0, 1}));
-    expectReadOn(document);
-}
-
-TEST(Materials, UnknownBlocksInsideAMaterialAreCounted) {
-    const ModelDocument document = readMaterials(
-        2, directX("1;0;0", "EffectInstance {\n \"x\";\n Param { 1; }\n Deep {\n }\n}\n") +
-               directX("0;1;0"));
-    EXPECT_EQ(document.Root.Mesh.MaterialSlotList, (std::vector<std::int32_t>{0, 1}));
-    expectReadOn(document);
-}
-
-TEST(Materials, SharedByMeshes) {
-    const std::string mesh = "mesh a {\n" + std::string(oneFace) +
-                             "MeshMaterialList {\n1;\n1;\n0;;\n" + directX("1;0;0") + "}\n}\n";
-    const ModelDocument document =
-        test::readXsiBody("frame r {\nframe a {\n" + mesh + "}\nframe b {\n" + mesh + "}\n}\n");
-    EXPECT_EQ(document.Materials.size(), 1U);
-    for (const FrameRecord& frame : document.Root.Children) {
-        EXPECT_EQ(frame.Mesh.MaterialSlotList, (std::vector<std::int32_t>{0}));
-    }
 }
 
 } // namespace

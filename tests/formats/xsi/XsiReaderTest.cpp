@@ -1,18 +1,14 @@
 #include "formats/xsi/XsiFrameReader.h"
 #include "support/TextModel.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include <string>
+#include <vector>
 
 namespace korvane {
 namespace {
 
-using test::directXHeader;
 using test::readMeshBody;
-using test::readText;
 using test::readXsiBody;
-using test::xsiHeader;
 
 /// The names of a frame's subtree, "a(b c(d))".
 std::string outline(const FrameRecord& frame) {
@@ -111,16 +107,6 @@ TEST(XsiReader, ReadsAFrameTree) {
     EXPECT_FALSE(document.Modified);
 }
 
-TEST(XsiReader, ABasePoseBlockIsAnExtraChild) {
-    const ModelDocument document = readXsiBody("frame frm-a {\n"
-                                               "SI_FrameBasePoseMatrix {\n"
-                                               " 1,0,0,0,\n 0,1,0,0,\n 0,0,1,0,\n 5,0,0,1;;\n}\n"
-                                               "frame frm-b {\n}\n}\n");
-    EXPECT_EQ(outline(document.Root), "a(aseposematrix b)");
-    EXPECT_FALSE(document.Root.HasBasePose);
-    EXPECT_EQ(document.Root.Children[0].Matrix, Matrix4());
-}
-
 TEST(XsiReader, WhatIsTakenAsAFrame) {
     const struct {
         const char* body;
@@ -134,6 +120,14 @@ TEST(XsiReader, WhatIsTakenAsAFrame) {
         {"frame frm-a {\n { x }\n frame frm-b {\n }\n}\nframe frm-c {\n}\n", "a(c)"},
         {"frame frm-a {\r\n frame frm-b {\r\n }\r\n}\r\n", "a(b)"},
         {"FRAME FRM-A {\n}", "a"},
+        // a base pose is an extra child
+        {"frame frm-a {\nSI_FrameBasePoseMatrix {\n 1,0,0,0,\n 0,1,0,0,\n 0,0,1,0,\n"
+         " 5,0,0,1;;\n}\nframe frm-b {\n}\n}\n",
+         "a(aseposematrix b)"},
+        // whatever follows the closing brace of a matrix on its line is the next line
+        {"frame frm-a {\n FrameTransformMatrix {\n 2,0,0,0,0,2,0,0,0,0,2,0,0,0,0,1;; junk } frame "
+         "frm-b {\n }\n}\n",
+         "a(b)"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(outline(readXsiBody(row.body).Root), row.expected) << row.body;
@@ -155,29 +149,6 @@ TEST(XsiReader, ASecondTopLevelFrameReplacesTheFirst) {
     EXPECT_EQ(document.Root.Mesh.FaceNormals.size(), 1U);
 }
 
-TEST(XsiReader, TheMatrixLeavesNoKeywordBehind) {
-    // Whatever follows the closing brace on its line is the next line.
-    const ModelDocument document =
-        readXsiBody("frame frm-a {\n FrameTransformMatrix {\n"
-                    " 2,0,0,0,0,2,0,0,0,0,2,0,0,0,0,1;; junk } frame frm-b {\n"
-                    " }\n}\n");
-    EXPECT_EQ(outline(document.Root), "a(b)");
-    EXPECT_EQ(document.Root.Matrix[0], 2);
-}
-
-TEST(XsiReader, ReadsGeometryInBothStyles) {
-    const std::string mesh = "frame a {\nmesh {\n3;\n0;0;0;,\n1;0;0;,\n0;1;0.5;;\n"
-                             "2;\n3;0,1,2;,\n2;1,-1;;\n}\n}\n";
-    for (const std::string_view header : {xsiHeader, directXHeader}) {
-        const ModelDocument document = readText(std::string(header) + mesh);
-        const FrameRecord& root = document.Root;
-        EXPECT_TRUE(root.HasMesh);
-        EXPECT_EQ(root.Mesh.Vertices, (std::vector<Vec3>{{0, 0, 0}, {1, 0, 0}, {0, 1, 0.5F}}));
-        EXPECT_EQ(corners(root.Mesh.Faces), (Corners{{0, 1, 2}, {1, 0xFFFFFFFFU}}));
-        EXPECT_EQ(root.BoundMax, (Vec3{1, 1, 0.5F}));
-    }
-}
-
 constexpr std::string_view oneFace = "1;\n0;0;0;;\n1;\n3;0,0,0;;\n";
 
 TEST(XsiReader, NumberedOrPlainPolygons) {
@@ -188,6 +159,7 @@ TEST(XsiReader, NumberedOrPlainPolygons) {
         {"2;\n3;0,0,0;,\n2;0,0;;\n", {{0, 0, 0}, {0, 0}}},
         {"2;\n0;3;0,0,0;,\n1;2;0,0;;\n", {{0, 0, 0}, {0, 0}}},
         {"2;\n0;3;0,0,0;,\n9;1;7;;\n", {{0, 0, 0}, {7}}},
+        {"2;\n3;0,0,0;,\n0;;\n", {{0, 0, 0}, {}}}, // only the first number tells
         {"0;\n", {}},
     };
     for (const auto& row : rows) {
@@ -216,13 +188,12 @@ TEST(XsiReader, DirectXTextureCoordinatesAreFlippedAndFollowTheFaces) {
 }
 
 TEST(XsiReader, ASecondMeshAddsToTheFirst) {
-    const ModelDocument document =
-        readXsiBody("frame a {\nmesh a {\n" + std::string(oneFace) +
-                    "MeshTextureCoords {\n1;\n0;0;;\n}\n}\n"
-                    "mesh b {\n" +
-                    std::string(oneFace) + "MeshTextureCoords {\n1;\n0;0;;\n}\n}\n}\n");
+    const std::string mesh =
+        "mesh a {\n" + std::string(oneFace) + "MeshTextureCoords {\n1;\n0;0.25;;\n}\n}\n";
+    const ModelDocument document = readXsiBody("frame a {\n" + mesh + mesh + "}\n");
     EXPECT_EQ(document.Root.Mesh.Vertices.size(), 2U);
     EXPECT_EQ(document.Root.Mesh.Faces.size(), 2U);
+    EXPECT_EQ(document.Root.Mesh.TexCoords, (std::vector<Vec2>{{0, 0.75F}, {0, 0.75F}}));
     EXPECT_EQ(document.Root.Mesh.TexCoordFaces.size(), 3U); // one copy, then one of both
 }
 

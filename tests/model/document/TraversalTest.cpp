@@ -7,33 +7,13 @@ namespace korvane {
 namespace {
 
 using test::named;
-
-/// The names in the order in which the document's cursor meets them.
-std::string cursorOrder(ModelDocument& document) {
-    std::string names;
-    document.ResetRenderList();
-    do {
-        names += document.GetFramePtr()->Name + "<" + document.GetParentPtr()->Name + " ";
-    } while (document.IncRenderList() && names.size() < 1000);
-    return names;
-}
-
-TEST(Traversal, CursorVisitsParentsBeforeChildren) {
-    ModelDocument document;
-    document.Root = named("r", {named("a", {named("b"), named("c", {named("d")})}), named("e")});
-    EXPECT_EQ(cursorOrder(document), "r<r a<r b<a c<a d<c e<r ");
-    EXPECT_FALSE(document.IncRenderList()); // and stays at the end
-    document.Root = named("only");
-    document.ResetRenderList();
-    EXPECT_FALSE(document.IncRenderList());
-}
+using test::path;
 
 TEST(Traversal, CursorSurvivesEdits) {
     ModelDocument document;
     document.Root = named("r", {named("a", {named("b")})});
     document.ResetRenderList();
-    document.IncRenderList();
-    document.IncRenderList();
+    EXPECT_TRUE(document.IncRenderList() && document.IncRenderList());
     document.Root.Children.clear();
     EXPECT_EQ(document.GetFramePtr(), nullptr);
     EXPECT_FALSE(document.IncRenderList());
@@ -47,12 +27,11 @@ TEST(Traversal, WalkAgreesWithTheCursor) {
             ASSERT_EQ(&walk.frame(), document.GetFramePtr());
             ASSERT_EQ(walk.depth(), static_cast<std::size_t>(document.Cursor.CursorDepth));
             ASSERT_EQ(FramePath(walk.childNumbers()), FramePath(document.Cursor.childNumbers()));
-            if (walk.depth() > 0) {
-                ASSERT_EQ(&walk.parent(), document.GetParentPtr());
-            }
+            ASSERT_EQ(walk.depth() > 0 ? &walk.parent() : &document.Root, document.GetParentPtr());
             document.IncRenderList();
         }
         EXPECT_FALSE(document.IncRenderList());
+        EXPECT_FALSE(document.IncRenderList()); // and stays at the end
     }
 }
 
@@ -68,11 +47,9 @@ TEST(Traversal, WorldMatrixPutsTheOwnMatrixFirst) {
 
 TEST(Traversal, PathsLeadToFramesOrNowhere) {
     FrameRecord root = named("r", {named("a"), named("b", {named("c")})});
-    const std::vector<std::int32_t> toC = {2, 1};
-    EXPECT_EQ(frameAt(root, toC)->Name, "c");
+    EXPECT_EQ(frameAt(root, path({2, 1}))->Name, "c");
     EXPECT_EQ(frameAt(root, FramePath()), &root);
-    for (const std::vector<std::int32_t>& bad :
-         {std::vector<std::int32_t>{0}, {-1}, {3}, {1, 1}, {2, 1, 1}}) {
+    for (const FramePath& bad : {path({0}), path({-1}), path({3}), path({1, 1}), path({2, 1, 1})}) {
         EXPECT_EQ(frameAt(root, bad), nullptr);
     }
 }
@@ -121,16 +98,15 @@ TEST(DerivedData, NonfiledataTakesThePathFromTheCursor) {
     document.ResetRenderList();
     document.Nonfiledata(document.Root.Children[0]);
     document.Nonfiledata(document.Root.Children[1]);
-    const std::vector<std::int32_t> second = {2};
-    EXPECT_EQ(document.Root.Children[1].Path, FramePath(second));
+    EXPECT_EQ(document.Root.Children[1].Path, path({2}));
     EXPECT_EQ(document.Root.Children[1].PathDepth, 1);
 }
 
 TEST(Selection, MarksTheFrameAndWhatIsBelow) {
     ModelDocument document;
     document.Root = named("r", {named("a", {named("b")}), named("c")});
-    const std::vector<std::int32_t> toA = {1};
-    const auto states = [&] {
+    const auto states = [&document](const FramePath& selected) {
+        document.markSelection(selected);
         std::vector<SelectState> all;
         for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
             all.push_back(walk.frame().SelectState);
@@ -138,10 +114,8 @@ TEST(Selection, MarksTheFrameAndWhatIsBelow) {
         return all;
     };
     using enum SelectState;
-    document.markSelection(FramePath());
-    EXPECT_EQ(states(), (std::vector{Selected, Descendant, Descendant, Descendant}));
-    document.markSelection(FramePath(toA));
-    EXPECT_EQ(states(), (std::vector{Other, Selected, Descendant, Other}));
+    EXPECT_EQ(states(FramePath()), (std::vector{Selected, Descendant, Descendant, Descendant}));
+    EXPECT_EQ(states(path({1})), (std::vector{Other, Selected, Descendant, Other}));
 }
 
 } // namespace
