@@ -3,7 +3,7 @@
 namespace korvane {
 
 /// What of the forms an operation has put out of date.
-struct [[nodiscard]] Changes {
+struct Changes {
     bool tree = false;      ///< the structure tree has other nodes
     bool geometry = false;  ///< what all views show: frames, meshes, the mark of the selection
     bool materials = false; ///< how the 3D view shows faces

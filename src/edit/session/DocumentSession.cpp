@@ -100,12 +100,12 @@ SaveOutcome DocumentSession::saveAs(const QString& name) {
 
 // Undo and redo, the clipboard
 
-bool DocumentSession::acceptsEdits() const {
-    return !planeDrag_.active() && !materials_;
+bool DocumentSession::dragging() const {
+    return planeDrag_.active() || (materials_ && materials_->dragging());
 }
 
 Changes DocumentSession::undo() {
-    if (!canUndo()) {
+    if (!acceptsEdits() || !canUndo()) {
         return {};
     }
     const NodeData before = model_.Selected;
@@ -114,7 +114,7 @@ Changes DocumentSession::undo() {
 }
 
 Changes DocumentSession::redo() {
-    if (!canRedo()) {
+    if (!acceptsEdits() || !canRedo()) {
         return {};
     }
     const NodeData before = model_.Selected;
@@ -140,15 +140,15 @@ Changes DocumentSession::stepped(const StepOutcome& outcome, const NodeData& bef
 }
 
 bool DocumentSession::canCopy() const {
-    return acceptsEdits() && korvane::canCopy(model_.Selected.NodeKind);
+    return !dragging() && korvane::canCopy(model_.Selected.NodeKind);
 }
 
 bool DocumentSession::canPaste(ClipboardContent content) const {
-    return acceptsEdits() && korvane::canPaste(model_.Selected.NodeKind, content);
+    return !dragging() && korvane::canPaste(model_.Selected.NodeKind, content);
 }
 
 QByteArray DocumentSession::copy() const {
-    return acceptsEdits() ? copySelection(model_) : QByteArray();
+    return dragging() ? QByteArray() : copySelection(model_);
 }
 
 PasteOutcome DocumentSession::paste(const QByteArray& block) {

@@ -112,9 +112,11 @@ class DocumentSession {
     // Editing. Nothing is edited, and nothing taken back, while a drag changes the model or its
     // materials are edited.
 
-    [[nodiscard]] bool acceptsEdits() const;
-    [[nodiscard]] bool canUndo() const { return acceptsEdits() && history_.canUndo(); }
-    [[nodiscard]] bool canRedo() const { return acceptsEdits() && history_.canRedo(); }
+    [[nodiscard]] bool acceptsEdits() const { return !dragging() && !materials_; }
+    /// Whether there is something to take back, and to make again. Commands that show this need not
+    /// grey while materials are edited in a dialog over them.
+    [[nodiscard]] bool canUndo() const { return !dragging() && history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return !dragging() && history_.canRedo(); }
     Changes undo();
     Changes redo();
 
@@ -162,8 +164,8 @@ class DocumentSession {
     void setFrameVisible(bool visible);
     void setMeshVisible(bool visible);
     void setColors(const ViewColors& colors, const PlaneColors& planeColors);
-    /// What such a change has put out of date, told once. Undo, redo and the mouse in a 2D view tell
-    /// it as well.
+    /// What such a change has put out of date, told once. Undo, redo and the mouse in a 2D view
+    /// tell it as well.
     Changes takeOverdue();
     /// A view is about to be drawn in a size in device pixels. Where the model is another one since
     /// the last time, this moves the camera, or the 2D views, to where it is seen whole.
@@ -198,6 +200,8 @@ class DocumentSession {
     Changes clearMessage();
 
   private:
+    /// Whether the mouse is changing the model.
+    [[nodiscard]] bool dragging() const;
     /// Whether a dialog about the frame may still change it; the frame then.
     [[nodiscard]] FrameRecord* stillThere(const DialogSubject& subject);
     Changes setText(QString& text, const QString& value);

@@ -186,7 +186,8 @@ Changes MaterialEditing::chooseSlot(std::int32_t slot, std::optional<FacePart> s
         return changes;
     }
     if (selected && ofMesh()) {
-        setFaceSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(selected->face), slot);
+        setFaceSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(selected->face),
+                    slot);
         changes.materials = true;
     }
     editedMesh().CurrentSlot = slot;
@@ -255,7 +256,7 @@ Changes MaterialEditing::endDrag(const DragInput& input, const TexCoordView& vie
     }
     MovedTexCoords moved = drag_.end(input, view, editedMesh());
     recordTexCoords(history_, model_, *subject_.frame, moved.numbers, std::move(moved.before),
-                       std::move(moved.after));
+                    std::move(moved.after));
     return texCoordsMoved();
 }
 

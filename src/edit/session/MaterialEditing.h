@@ -41,8 +41,8 @@ enum class MaterialColor { Ambient, Diffuse, Specular };
 
 /// The materials of a frame's mesh or of the table while the user edits them: one of them, in the
 /// current slot, has its values edited. Changes go into the model at once and into its history; a
-/// run of steps of one value as one entry when something else is done: other operations than its own
-/// first end a running drag without a trace and record what is pending. Answers of dialogs come
+/// run of steps of one value as one entry when something else is done: other operations than its
+/// own first end a running drag without a trace and record what is pending. Answers of dialogs come
 /// after a commit() that the form makes before it asks.
 class MaterialEditing {
   public:

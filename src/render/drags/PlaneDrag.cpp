@@ -49,8 +49,7 @@ Matrix4 planeRotation(ViewPlane plane, double cosine, double sine) {
 
 } // namespace
 
-StaleViews PlaneDrag::begin(const DragInput& input, PlaneMapping mapping,
-                            ModelDocument& document) {
+StaleViews PlaneDrag::begin(const DragInput& input, PlaneMapping mapping, ModelDocument& document) {
     const bool left = input.button == DragButton::Left;
     StaleViews stale;
     if (plane_ != mapping.plane || (left && left_)) {

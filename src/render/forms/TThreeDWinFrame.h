@@ -26,8 +26,8 @@ class TThreeDWinFrame : public QWidget {
     explicit TThreeDWinFrame(QWidget* parent = nullptr);
     ~TThreeDWinFrame() override;
 
-    /// The session whose document to draw, which has to outlive its use here; null to draw nothing. Releases the
-    /// context of the one before.
+    /// The session whose document to draw, which has to outlive its use here; null to draw nothing.
+    /// Releases the context of the one before.
     void setSession(DocumentSession* session);
     /// Gets what the drawing interface of the settings needs: a context for OpenGL. The user is
     /// told where there is none; the model is then drawn by software.
