@@ -1,0 +1,130 @@
+#pragma once
+
+#include "Dice.h"
+#include "Input.h"
+#include "Ledger.h"
+#include "app/shell/EditorForms.h"
+
+#include <QDialog>
+#include <QFileDialog>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QTreeView>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class QAbstractItemView;
+class QColorDialog;
+class QMessageBox;
+
+namespace korvane::monkey {
+
+/// One story: an editor of its own, used by chance. Everything that is chosen comes from the seed,
+/// and each action waits until the program is idle, so that the same seed tells the same story.
+class Monkey {
+  public:
+    /// Reads and writes in the folder only, which holds models and textures.
+    Monkey(std::uint32_t seed, const QString& folder);
+    ~Monkey();
+    void live(int actions);
+
+  private:
+    using Deed = void (Monkey::*)();
+    struct Choice {
+        int weight;
+        const char* name;
+        Deed deed;
+    };
+
+    // The story.
+    void act();
+    void choose(const std::vector<Choice>& choices, const char* indent);
+    void endBurst();
+    /// Lets the program run until it is idle.
+    void settle();
+    /// Runs now and then in whatever event loop is running, and takes care of a new dialog.
+    void watch();
+    [[nodiscard]] bool open() const { return forms_.mainForm.isVisible(); }
+    [[nodiscard]] TMDIChild* active() const { return forms_.mainForm.activeDocument(); }
+
+    // What is there to be used (MonkeyChoice.cpp).
+    [[nodiscard]] static std::vector<QWidget*> controls(const QWidget& in);
+    [[nodiscard]] QWidget* control(const char* name) const;
+    [[nodiscard]] QPoint anyPlace(const QWidget& in);
+    void anyKey(const QWidget& in);
+    void randomClick(const QWidget& in);
+    void dragIn(QWidget& view);
+    void interruptDrag(QWidget& view);
+    [[nodiscard]] QModelIndex anyNode(const QAbstractItemView& view);
+    void triggerAny(const QObject& in);
+    [[nodiscard]] QString anyFile();
+
+    // Actions on the main form and its windows (MonkeyWindows.cpp).
+    void command();
+    void menu();
+    void toolButton();
+    void undoSome();
+    void copyAndPaste();
+    void newWindow();
+    void openFile();
+    void closeWindow();
+    void leave();
+    void dropFile();
+    void arrange();
+    void switchWindow();
+    void key();
+    void clickAnywhere();
+    void handlePopup();
+
+    // Actions in a document window (MonkeyWindows.cpp).
+    void node();
+    void expandNode();
+    void treeKey();
+    void pageButton();
+    void pressButton();
+    void editNode();
+    void tool();
+    void page();
+    void dragPlane();
+    void disturbDrag(const QPointer<TMDIChild>& window, const std::string& before);
+    void dragModel();
+    void wheel();
+
+    // Dialogs (MonkeyDialogs.cpp and MonkeyMaterial.cpp); they close it in the end.
+    void answer(QWidget& dialog);
+    void use(QWidget& dialog);
+    void end(QWidget& dialog);
+    void useAnything();
+    void answerBox(QMessageBox& box);
+    void answerFiles(QFileDialog& dialog);
+    void answerColor(QColorDialog& dialog);
+
+    void typeName();
+    void chooseTexture();
+    /// Events that wait while the dialog is open, and are delivered while it closes.
+    void queueBehind();
+    void queueOne();
+
+    void swatch();
+    void materialMenu();
+    void opacity();
+    void power();
+    void slot();
+    void checkMaterial();
+    void face();
+    void dragTexture();
+    void textureButton();
+
+    QString folder_;
+    Dice dice_;
+    Mouse mouse_;
+    EditorForms forms_;
+    Ledger ledger_;
+    QObject context_;         ///< of everything queued; goes with the story
+    QList<QWidget*> dialogs_; ///< being answered, the innermost last
+};
+
+} // namespace korvane::monkey
