@@ -26,7 +26,7 @@ Monkey::Monkey(std::uint32_t seed, const QString& folder)
 
 Monkey::~Monkey() = default;
 
-void Monkey::live(int actions) {
+std::size_t Monkey::live(int actions) {
     constexpr int burst = 20;
     for (int i = 0; i < actions && open(); ++i) {
         act();
@@ -43,6 +43,7 @@ void Monkey::live(int actions) {
     } else {
         expect(forms_.mainForm.documents().isEmpty(), "models are left after leaving");
     }
+    return ledger_.stepsTaken();
 }
 
 void Monkey::settle() {
@@ -103,7 +104,7 @@ void Monkey::act() {
                                                 {5, "tree key", &Monkey::treeKey},
                                                 {10, "page button", &Monkey::pageButton},
                                                 {4, "press button", &Monkey::pressButton},
-                                                {6, "edit node", &Monkey::editNode},
+                                                {30, "edit node", &Monkey::editNode},
                                                 {5, "tool", &Monkey::tool},
                                                 {2, "page", &Monkey::page},
                                                 {9, "drag in a plane", &Monkey::dragPlane},

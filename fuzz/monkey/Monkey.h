@@ -29,7 +29,8 @@ class Monkey {
     /// Reads and writes in the folder only, which holds models and textures.
     Monkey(std::uint32_t seed, const QString& folder);
     ~Monkey();
-    void live(int actions);
+    /// Returns how many steps the checks undid and redid.
+    std::size_t live(int actions);
 
   private:
     using Deed = void (Monkey::*)();

@@ -118,7 +118,7 @@ QModelIndex Monkey::anyNode(const QAbstractItemView& view) {
     QModelIndex at = view.rootIndex();
     while (model != nullptr && model->rowCount(at) > 0) {
         at = model->index(dice_.below(model->rowCount(at)), 0, at);
-        if (dice_.chance(30)) {
+        if (dice_.chance(20)) {
             break;
         }
     }

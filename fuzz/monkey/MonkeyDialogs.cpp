@@ -62,7 +62,7 @@ void Monkey::use(QWidget& dialog) {
                                                  {2, "material menu", &Monkey::materialMenu},
                                                  {4, "opacity", &Monkey::opacity},
                                                  {4, "power", &Monkey::power},
-                                                 {5, "slot", &Monkey::slot},
+                                                 {7, "slot", &Monkey::slot},
                                                  {5, "check material", &Monkey::checkMaterial},
                                                  {8, "face", &Monkey::face},
                                                  {8, "drag texture", &Monkey::dragTexture},

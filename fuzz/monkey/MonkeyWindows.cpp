@@ -97,7 +97,7 @@ void Monkey::closeWindow() {
 }
 
 void Monkey::leave() {
-    if (!dice_.chance(30)) {
+    if (!dice_.chance(20)) {
         return;
     }
     if (dice_.chance(50)) {
@@ -199,7 +199,10 @@ void Monkey::node() {
     if (tree == nullptr) {
         return page();
     }
-    const QModelIndex index = anyNode(*tree);
+    QModelIndex index = anyNode(*tree);
+    if (!index.parent().isValid() && dice_.chance(80)) {
+        index = anyNode(*tree); // the two at the top have less to them
+    }
     if (!index.isValid()) {
         return;
     }
@@ -256,9 +259,13 @@ void Monkey::pressButton() {
 }
 
 void Monkey::editNode() {
+    static const char* const names[] = {"EditButton", "EditButton", "DeleteButton", "AddButton",
+                                        "RenameButton"};
     node();
     settle();
-    if (QWidget* button = control("EditButton")) {
+    const char* name = dice_.of(names);
+    note(QStringLiteral("  ") + QString::fromLatin1(name));
+    if (QWidget* button = control(name)) {
         mouse_.click(*button, button->rect().center());
     }
 }
