@@ -105,6 +105,7 @@ void Monkey::act() {
                                                 {10, "page button", &Monkey::pageButton},
                                                 {4, "press button", &Monkey::pressButton},
                                                 {30, "edit node", &Monkey::editNode},
+                                                {10, "edit mesh", &Monkey::editMesh},
                                                 {5, "tool", &Monkey::tool},
                                                 {2, "page", &Monkey::page},
                                                 {9, "drag in a plane", &Monkey::dragPlane},

@@ -82,11 +82,13 @@ class Monkey {
 
     // Actions in a document window (MonkeyWindows.cpp).
     void node();
+    void clickNode(QTreeView& tree, const QModelIndex& index);
     void expandNode();
     void treeKey();
     void pageButton();
     void pressButton();
     void editNode();
+    void editMesh();
     void tool();
     void page();
     void dragPlane();

@@ -71,6 +71,10 @@ void Monkey::slot() {
     if (box == nullptr) {
         return;
     }
+    if (dice_.chance(60)) {
+        face(); // which is given the material
+        settle();
+    }
     box->setFocus();
     if (dice_.chance(70)) {
         return typeKey(*box, dice_.of(keys));

@@ -203,19 +203,22 @@ void Monkey::node() {
     if (!index.parent().isValid() && dice_.chance(80)) {
         index = anyNode(*tree); // the two at the top have less to them
     }
-    if (!index.isValid()) {
-        return;
+    if (index.isValid()) {
+        clickNode(*tree, index);
     }
+}
+
+void Monkey::clickNode(QTreeView& tree, const QModelIndex& index) {
     for (QModelIndex above = index.parent(); above.isValid(); above = above.parent()) {
-        tree->expand(above);
+        tree.expand(above);
     }
-    tree->scrollTo(index);
-    const QPoint place = tree->visualRect(index).center();
+    tree.scrollTo(index);
+    const QPoint place = tree.visualRect(index).center();
     note(QStringLiteral("  ") + index.data().toString());
     if (dice_.chance(90)) {
-        mouse_.click(*tree->viewport(), place);
+        mouse_.click(*tree.viewport(), place);
     } else {
-        mouse_.doubleClick(*tree->viewport(), place);
+        mouse_.doubleClick(*tree.viewport(), place);
     }
 }
 
@@ -266,6 +269,25 @@ void Monkey::editNode() {
     const char* name = dice_.of(names);
     note(QStringLiteral("  ") + QString::fromLatin1(name));
     if (QWidget* button = control(name)) {
+        mouse_.click(*button, button->rect().center());
+    }
+}
+
+/// The material editor on a mesh: chance alone seldom gets there.
+void Monkey::editMesh() {
+    auto* tree = qobject_cast<QTreeView*>(control("TreeView1"));
+    if (tree == nullptr) {
+        return page();
+    }
+    const QModelIndexList lists = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole,
+                                                       QStringLiteral("MeshMaterialList"), -1,
+                                                       Qt::MatchExactly | Qt::MatchRecursive);
+    if (lists.isEmpty()) {
+        return;
+    }
+    clickNode(*tree, dice_.of(lists));
+    settle();
+    if (QWidget* button = control("EditButton")) {
         mouse_.click(*button, button->rect().center());
     }
 }
