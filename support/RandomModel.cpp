@@ -38,9 +38,8 @@ float RandomModel::savableReal() {
         return static_cast<float>(number(-100000, 100000)) / 1000.0F;
     }
     for (;;) {
-        constexpr int half = 0xffff;
-        const auto bits = static_cast<std::uint32_t>(number(0, half)) << 16U |
-                          static_cast<std::uint32_t>(number(0, half));
+        using Limits = std::numeric_limits<int>;
+        const auto bits = static_cast<std::uint32_t>(number(Limits::min(), Limits::max()));
         auto value = std::bit_cast<float>(bits);
         if (std::isfinite(value)) {
             std::array<char, 20> text{};
@@ -158,10 +157,10 @@ MaterialRecord RandomModel::material() {
     material.Specular = color();
     material.Emissive = color();
     material.Ambient = color();
-    material.ShadingModel = number(0, 4);
     if (chance(50)) {
         addTexture(material);
     }
+    material.ShadingModel = material.HasTexture ? 2 : 1;
     return material;
 }
 
