@@ -75,7 +75,14 @@ bool ModalCall::running() {
     return innermost != nullptr;
 }
 
+bool ModalCall::returning() {
+    return innermost != nullptr && !innermost->dialog_.isVisible();
+}
+
 int execModal(QDialog& dialog) {
+    if (ModalCall::returning()) {
+        return QDialog::Rejected;
+    }
     const ModalCall call(dialog);
     return dialog.exec();
 }

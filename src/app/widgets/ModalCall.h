@@ -23,6 +23,8 @@ class ModalCall {
     /// True while a call has not returned. Until then no document window edits its model, closes or
     /// shows another dialog, whoever asks for it; assistive programs do so without any input.
     [[nodiscard]] static bool running();
+    /// True while the innermost dialog is hidden but its call has not returned.
+    [[nodiscard]] static bool returning();
 
   private:
     class InputGate;
@@ -32,7 +34,9 @@ class ModalCall {
     std::unique_ptr<QObject> gate_; ///< the outermost call's
 };
 
-/// Shows the dialog until the user closes it; what QDialog::exec() answers.
+/// Shows the dialog until the user closes it; what QDialog::exec() answers. A dialog that is asked
+/// for while another's call is returning counts as rejected: what asks for it then, as a command
+/// that waited in the queue, was not meant for what the user sees by now.
 int execModal(QDialog& dialog);
 
 } // namespace korvane

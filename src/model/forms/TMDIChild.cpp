@@ -247,7 +247,7 @@ bool TMDIChild::FormCanClose() {
     if (answer == QMessageBox::Yes) {
         FileSaveExecute(); // a Save As cancelled in there does not keep the window open
     }
-    return answer != QMessageBox::Cancel;
+    return answer == QMessageBox::Yes || answer == QMessageBox::No;
 }
 
 bool TMDIChild::mayEdit() const {
