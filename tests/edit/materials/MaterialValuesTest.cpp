@@ -5,6 +5,7 @@
 #include "edit/materials/PendingShininess.h"
 #include "formats/textures/TexturePicture.h"
 #include "model/records/PolygonList.h"
+#include "support/AllocationWatch.h"
 
 #include <gtest/gtest.h>
 
@@ -59,6 +60,25 @@ TEST(MaterialValues, PowersAreTextThatReadsBack) {
          {"", " ", "-1", "abc", "5x", "inf", "nan", "1e99", "+-5", "++5", "1,5", "0x10"}) {
         EXPECT_EQ(powerOf(none), std::nullopt) << none;
     }
+}
+
+TEST(FaceTreeModel, ALargeMeshIsNoWait) {
+    PolygonList faces;
+    for (std::uint32_t i = 0; i < 100'000; ++i) {
+        faces.push_back(std::vector<std::uint32_t>{i, i + 1, i + 2});
+    }
+    int asked = 0;
+    const test::AllocationWatch watch;
+    FaceTreeModel model;
+    model.setFaces([&] {
+        ++asked;
+        return &faces;
+    });
+    const QModelIndex last = model.index(99'999, 0, {});
+    EXPECT_EQ(model.data(model.index(2, 0, last), Qt::DisplayRole).toString(),
+              QStringLiteral("vertice 100002"));
+    EXPECT_LT(asked, 10) << "no row is made that nobody looks at";
+    EXPECT_LT(watch.largest(), 1000U);
 }
 
 TEST(FaceTreeModel, HasARowForEachFaceAndVertex) {

@@ -215,6 +215,7 @@ TEST_F(Session, TheSelectionFollowsWhatHappensToItsNode) {
         EXPECT_TRUE(run(row.command).tree) << row.at;
         EXPECT_EQ(selected(), row.selected) << row.at;
     }
+    EXPECT_EQ(root().SelectState, SelectState::Other);
     select("Materials");
     const Changes undone = session_.undo();
     EXPECT_TRUE(undone.selection && undone.tree);
@@ -377,6 +378,41 @@ TEST_F(Session, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
     EXPECT_EQ(options({&FrameFlags::GFlag, &FrameFlags::GFlag}, true), Changes());
 }
 
+TEST_F(Session, MaterialsAreEditedFromTheirNodes) {
+    open();
+    const std::string slots = "Frame_frm-body/Mesh_body/MeshMaterialList";
+    const std::tuple<std::string, bool, int> nodes[] = {{slots + "/Material_2", true, 1},
+                                                        {"Materials", false, 0},
+                                                        {"Materials/Material_2", false, 1},
+                                                        {slots, true, 0}};
+    for (const auto& [node, ofMesh, slot] : nodes) {
+        EXPECT_TRUE(select(node) == Changes() || ofMesh) << node;
+        const MaterialEditing* materials = session_.editMaterials();
+        ASSERT_NE(materials, nullptr) << node;
+        EXPECT_EQ(materials->ofMesh(), ofMesh) << node;
+        EXPECT_EQ(materials->currentSlot(), slot) << node;
+        EXPECT_FALSE(session_.acceptsEdits());
+        EXPECT_EQ(session_.add(), Changes()) << "nothing else is edited";
+        EXPECT_EQ(told(session_.endMaterials()), "geometry ") << node;
+        EXPECT_TRUE(session_.acceptsEdits());
+    }
+    EXPECT_EQ(told(session_.editMaterials()->useMaterials({true, false})), "materials ");
+    EXPECT_EQ(told(session_.endMaterials()), "tree geometry ");
+    EXPECT_EQ(told(session_.undo()), "tree materials selection status ");
+    EXPECT_EQ(told(select("Frame_frm-body/Mesh_body")), "");
+    EXPECT_EQ(session_.editMaterials(), nullptr);
+    EXPECT_EQ(told(session_.endMaterials()), "");
+}
+
+TEST_F(Session, NamesThatAreLeftAloneKeepTheirBytes) {
+    open();
+    session_.model().Root.Name = "\xC9"; // no UTF-8: one character a byte
+    EXPECT_TRUE(rename("\u00c9").tree);
+    EXPECT_EQ(root().Name, "\xC9");
+    EXPECT_TRUE(rename("\u00e9").tree);
+    EXPECT_NE(root().Name, "\xC9");
+}
+
 TEST_F(Session, WhatADialogBringsBackTooLateIsDropped) {
     open();
     const RenameQuestion name = session_.renameQuestion().value();
@@ -446,6 +482,7 @@ TEST_F(Session, AReadingThatIsCancelledOrFailsLeavesNoHalfModel) {
     EXPECT_EQ(bytes(), before);
     EXPECT_EQ(session_.open(write("bad.xsi", "no model")).status, ReadStatus::NotValid);
     EXPECT_TRUE(session_.needsName());
+    EXPECT_EQ(session_.model().FileName, QStringLiteral("Untitled"));
     EXPECT_EQ(root().Name, "");
 }
 
