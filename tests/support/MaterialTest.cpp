@@ -1,10 +1,13 @@
 #include "support/MaterialTest.h"
 
+#include <QAction>
+#include <QColorDialog>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 
 namespace korvane::test {
 
@@ -12,27 +15,6 @@ MaterialTest::MaterialTest() {
     editor.setTextureDialog(textureDialog);
     QObject::connect(&editor, &TMaterial::edited, &editor, [this] { ++edits; });
     document.FileName = path("model.xsi");
-    document.Materials.resize(3);
-    TextureImage image;
-    image.width = 300;
-    image.height = 200;
-    image.pixels.assign(300 * 200, Rgba8{200, 100, 50, 255});
-    document.Materials[0].TextureImage = std::make_shared<const TextureImage>(image);
-    document.Materials[0].TextureFile = "skins\\body.tga";
-    document.Materials[0].HasTexture = true;
-    document.Root.Children.resize(1);
-    frame().HasMesh = mesh().HasMaterials = mesh().HasTexCoords = true;
-    mesh().Vertices.resize(4);
-    for (const auto& face : {std::vector<std::uint32_t>{0, 1, 2}, {0, 2, 3}, {3, 2, 1}}) {
-        mesh().Faces.push_back(face);
-    }
-    mesh().TexCoordFaces.push_back(std::vector<std::uint32_t>{0, 1, 2});
-    mesh().TexCoordFaces.push_back(std::vector<std::uint32_t>{0, 2, 3});
-    mesh().TexCoords = {{0.1F, 0.9F}, {0.5F, 0.9F}, {0.5F, 0.5F}, {0.1F, 0.5F}};
-    mesh().MaterialSlotList = {0, 1};
-    mesh().FaceSlotIndex = {0, 1, 1};
-    document.computeDerivedData();
-    document.Modified = false;
 }
 
 void MaterialTest::edit(std::optional<FramePath> where, std::int32_t slot,
@@ -56,26 +38,22 @@ void MaterialTest::edit(std::optional<FramePath> where, std::int32_t slot,
     EXPECT_TRUE(allAnswered());
 }
 
-void MaterialTest::answerColor(std::optional<QColor> color) {
-    answer([color](QWidget& shown) {
+void MaterialTest::color(const char* swatch, std::optional<QColor> chosen) {
+    answer([chosen](QWidget& shown) {
         auto* dialog = qobject_cast<QColorDialog*>(&shown);
         ASSERT_NE(dialog, nullptr);
         EXPECT_EQ(dialog->objectName(), QStringLiteral("ColorDialog1"));
-        if (color) {
-            dialog->setCurrentColor(*color);
-            static_cast<QDialog*>(dialog)->accept();
-        } else {
-            dialog->reject();
-        }
+        dialog->setCurrentColor(chosen.value_or(Qt::black));
+        static_cast<QDialog*>(dialog)->done(chosen ? QDialog::Accepted : QDialog::Rejected);
     });
+    if (auto* action = editor.findChild<QAction*>(QString::fromLatin1(swatch))) {
+        action->trigger();
+    } else {
+        click(swatch);
+    }
 }
 
-void MaterialTest::answerConversionError() {
-    answerBox(QStringLiteral("ConversionError"), QStringLiteral("Please type a number >= 0"),
-              QStringLiteral("Conversion Error"), QMessageBox::Ok, QMessageBox::Ok);
-}
-
-void MaterialTest::answerTexture(const QString& file, QDialog::DialogCode result) {
+void MaterialTest::texture(const QString& file, QDialog::DialogCode result) {
     settle(); // one shown before is seen to be gone
     answer([this, file, result](QWidget& shown) {
         ASSERT_EQ(&shown, &textureDialog);
@@ -91,6 +69,7 @@ void MaterialTest::answerTexture(const QString& file, QDialog::DialogCode result
             textureDialog.reject();
         }
     });
+    control<QAction>("mopen").trigger();
 }
 
 void MaterialTest::chooseSlot(int slot) {
@@ -110,6 +89,10 @@ void MaterialTest::select(FacePart part) {
     const QModelIndex face = tree.model()->index(static_cast<int>(part.face), 0);
     tree.setCurrentIndex(
         part.vertex == 0 ? face : tree.model()->index(static_cast<int>(part.vertex) - 1, 0, face));
+}
+
+QString MaterialTest::text(const char* label) {
+    return control<QLabel>(label).text();
 }
 
 } // namespace korvane::test
