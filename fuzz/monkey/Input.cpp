@@ -7,6 +7,24 @@
 
 namespace korvane::monkey {
 
+namespace {
+
+int delivering = 0;
+
+/// While this lives, input is on its way to a widget.
+struct Delivery {
+    Delivery() { ++delivering; }
+    ~Delivery() { --delivering; }
+    Delivery(const Delivery&) = delete;
+    Delivery& operator=(const Delivery&) = delete;
+};
+
+} // namespace
+
+bool inputWaits() {
+    return delivering > 0;
+}
+
 void Mouse::send(const QWidget& at, QPoint place, QEvent::Type type, Qt::MouseButton button,
                  Qt::KeyboardModifiers keys) {
     QWindow* window = holder_ ? holder_.data() : at.window()->windowHandle();
@@ -15,6 +33,7 @@ void Mouse::send(const QWidget& at, QPoint place, QEvent::Type type, Qt::MouseBu
         return;
     }
     const QPoint global = at.mapToGlobal(place);
+    const Delivery delivery;
     qt_handleMouseEvent(window, window->mapFromGlobal(global), global, held_, button, type, keys,
                         time_);
 }
@@ -101,6 +120,7 @@ void typeKey(const QWidget& in, Qt::Key key, Qt::KeyboardModifiers keys) {
     } else if (key == Qt::Key_Return) {
         text = QStringLiteral("\r");
     }
+    const Delivery delivery;
     qt_handleKeyEvent(window, QEvent::KeyPress, key, keys, text);
     if (window) {
         qt_handleKeyEvent(window, QEvent::KeyRelease, key, keys, text);

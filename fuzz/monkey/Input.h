@@ -32,6 +32,10 @@ class Mouse {
     int time_ = 1000; ///< so far apart that only a double click is one
 };
 
+/// Whether input is on its way to a widget that has not taken it yet: a menu may be open that waits
+/// for more.
+bool inputWaits();
+
 /// Presses and releases a key in the widget's window.
 void typeKey(const QWidget& in, Qt::Key key, Qt::KeyboardModifiers keys = Qt::NoModifier);
 void typeText(const QWidget& in, const QString& text);

@@ -57,6 +57,10 @@ void Monkey::watch() {
     constexpr int often = 2;
     // first of all, as what follows may wait in a dialog of its own
     QTimer::singleShot(often, &context_, [this] { watch(); });
+    if (QWidget* menu = QApplication::activePopupWidget(); menu != nullptr && inputWaits()) {
+        note(QStringLiteral("    leave menu"));
+        menu->close();
+    }
     QWidget* dialog = QApplication::activeModalWidget();
     // the progress of a reading goes by itself
     if (dialog == nullptr || !dialog->isVisible() || dialogs_.contains(dialog) ||
