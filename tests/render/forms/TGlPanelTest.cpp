@@ -7,52 +7,44 @@
 #include "support/Skip.h"
 
 #include <QMessageBox>
-#include <QOffscreenSurface>
-#include <QOpenGLContext>
 #include <QOpenGLFunctions_2_1>
 #include <QOpenGLVersionFunctionsFactory>
-#include <QTest>
 
 namespace korvane::test {
 namespace {
 
-QString sample(const char* name) {
-    return QStringLiteral(KORVANE_SAMPLES "/") + QString::fromLatin1(name);
+const QString skiff = QStringLiteral(KORVANE_SAMPLES "/skiff.xsi");
+const QString windmill = QStringLiteral(KORVANE_SAMPLES "/windmill.xsi");
+
+TGlPanel& panel(TMDIChild& window) {
+    return child<TGlPanel>(window, "GlPanel");
 }
 
-/// What the driver holds for all windows of a frame.
-struct Held {
-    int textures = 0;
-    int lists = 0;
-
-    bool operator==(const Held&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Held& held) {
-    return out << held.textures << " textures and " << held.lists << " lists";
+QImage pictureOf(TMDIChild& window) {
+    settle();
+    return panel(window).grabFramebuffer().convertToFormat(QImage::Format_RGB32);
 }
 
-Held heldWith(QOpenGLContext& shared) {
-    QOpenGLContext context;
-    context.setFormat(glFormat());
-    context.setShareContext(&shared);
-    QOffscreenSurface surface;
-    surface.setFormat(glFormat());
-    surface.create();
-    Held held;
-    if (!context.create()) {
-        ADD_FAILURE() << "no context that shares";
-        return held;
+/// How many textures and display lists the driver holds for all windows of the frame.
+std::pair<int, int> heldWith(TMDIChild& window) {
+    panel(window).makeCurrent();
+    auto* gl = QOpenGLVersionFunctionsFactory::get<QOpenGLFunctions_2_1>(panel(window).context());
+    gl->initializeOpenGLFunctions();
+    std::pair held(0, 0);
+    for (GLuint name = 1; name < 20000; ++name) {
+        held.first += gl->glIsTexture(name) != GL_FALSE ? 1 : 0;
+        held.second += gl->glIsList(name) != GL_FALSE ? 1 : 0;
     }
-    const GlCurrent current(context, surface);
-    auto& gl = *QOpenGLVersionFunctionsFactory::get<QOpenGLFunctions_2_1>(&context);
-    gl.initializeOpenGLFunctions();
-    constexpr GLuint names = 20000;
-    for (GLuint name = 1; name < names; ++name) {
-        held.textures += gl.glIsTexture(name) != GL_FALSE ? 1 : 0;
-        held.lists += gl.glIsList(name) != GL_FALSE ? 1 : 0;
-    }
+    panel(window).doneCurrent();
     return held;
+}
+
+/// Draws until all that rests is recorded.
+void drawOften(TMDIChild& window) {
+    for (int round = 0; round <= GlLists::drawsBeforeRecording; ++round) {
+        window.render3d();
+        settle();
+    }
 }
 
 /// The 3D view through OpenGL. Skips clearly where a machine has none.
@@ -63,130 +55,101 @@ class TGlPanelTest : public MainFormTest {
             KORVANE_SKIP("no OpenGL here");
         }
     }
-    static TGlPanel& panel(TMDIChild& window) { return child<TGlPanel>(window, "GlPanel"); }
-    static QImage picture(TMDIChild& window) {
-        settle();
-        return panel(window).grabFramebuffer().convertToFormat(QImage::Format_RGB32);
-    }
-    static std::size_t drawnPixels(const QImage& picture) {
-        return countOtherThan(picture, 0xff000000U);
-    }
-    /// Draws until all that rests is recorded.
-    static void drawOften(TMDIChild& window) {
-        for (int round = 0; round <= GlLists::drawsBeforeRecording; ++round) {
-            window.render3d();
-            settle();
+    void TearDown() override {
+        for (TMDIChild* open : forms_ ? form().documents() : QList<TMDIChild*>()) {
+            EXPECT_EQ(panel(*open).view().counts().errors, 0U);
         }
     }
-    [[nodiscard]] TMDIChild& active() const { return *form().activeDocument(); }
 };
 
-TEST_F(TGlPanelTest, MenuSwitchesTheInterfaceAndKeepsTheView) {
-    start({sample("skiff.xsi")});
+TEST_F(TGlPanelTest, InterfacesShowTheSameAndADragRecordsNothing) {
+    start({windmill});
     run("Rflat");
-    const QImage gl = picture(active());
-    EXPECT_GT(drawnPixels(gl), 1000U);
-    const auto& image = child<TImage>(active(), "Image1");
-    EXPECT_FALSE(image.isVisible());
-    active().session()->view().angles.yaw += 1;
-    const CameraAngles angles = active().view().angles;
-    const float distance = active().document()->CameraDistance;
+    drawOften(window());
+    const GlCounts& counts = panel(window()).view().counts();
+    const std::size_t recorded = counts.recorded;
+    EXPECT_GT(recorded, 0U);
+    const QImage before = pictureOf(window());
+    const CameraAngles start = window().view().angles;
+    QTest::mousePress(&panel(window()), Qt::LeftButton, Qt::NoModifier, {50, 50});
+    for (int x = 60; x <= 100; x += 10) {
+        moveHolding(panel(window()), {x, 50});
+        settle();
+    }
+    QTest::mouseRelease(&panel(window()), Qt::LeftButton, Qt::NoModifier, {100, 50});
+    EXPECT_LT(window().view().angles.yaw, start.yaw);
+    const QImage turned = pictureOf(window());
+    EXPECT_NE(turned, before);
+    EXPECT_EQ(counts.recorded, recorded);
+    const std::size_t drawn = counts.meshes;
+    panel(window()).update();
+    settle();
+    EXPECT_EQ(counts.meshes, drawn) << "a picture that is up to date is not drawn again";
 
+    const auto& image = child<TImage>(window(), "Image1");
+    EXPECT_FALSE(image.isVisible());
     run("SoftwareAction");
-    EXPECT_EQ(active().findChild<TGlPanel*>(), nullptr);
+    EXPECT_EQ(window().findChild<TGlPanel*>(), nullptr);
     EXPECT_TRUE(image.isVisible());
-    EXPECT_EQ(image.picture().size(), gl.size());
-    const auto bySoftware = static_cast<double>(drawnPixels(image.picture()));
+    EXPECT_EQ(image.picture().size(), turned.size());
+    const auto drawnPixels = static_cast<double>(countOtherThan(image.picture(), 0xff000000U));
+    EXPECT_GT(drawnPixels, 1000);
+    EXPECT_NEAR(static_cast<double>(countOtherThan(turned, 0xff000000U)), drawnPixels,
+                drawnPixels * 0.05);
     run("OpenGLAction");
     EXPECT_FALSE(image.isVisible());
-    EXPECT_NEAR(static_cast<double>(drawnPixels(picture(active()))), bySoftware, bySoftware * 0.05);
-    EXPECT_EQ(active().view().angles, angles);
-    EXPECT_EQ(active().document()->CameraDistance, distance);
-    EXPECT_EQ(active().view().mode, RenderMode::FlatShading);
-    EXPECT_EQ(panel(active()).view().counts().errors, 0U);
+    EXPECT_EQ(pictureOf(window()), turned);
 }
 
 TEST_F(TGlPanelTest, SwitchingAndClosingLeaveNothingWithTheDriver) {
     start();
     run("FileNew1");
-    TMDIChild& stays = active();
+    TMDIChild& stays = window();
     drawOften(stays);
-    const Held before = heldWith(*panel(stays).context());
-
-    Q_EMIT form().filesDropped({sample("windmill.xsi"), sample("skiff.xsi")});
+    const auto before = heldWith(stays);
+    Q_EMIT form().filesDropped({windmill, skiff});
     settle();
-    TMDIChild& opened = active();
-    drawOften(opened);
-    const Held open = heldWith(*panel(stays).context());
-    EXPECT_GT(open.textures, before.textures);
-    EXPECT_GT(open.lists, before.lists);
+    drawOften(window());
+    const auto open = heldWith(stays);
+    EXPECT_GT(open.first, before.first);
+    EXPECT_GT(open.second, before.second);
     for (int round = 0; round < 100; ++round) {
-        opened.setDrawingInterface(DrawApi::Software);
-        opened.setDrawingInterface(DrawApi::OpenGL);
+        window().setDrawingInterface(DrawApi::Software);
+        window().setDrawingInterface(DrawApi::OpenGL);
         if (round % 10 == 0) {
-            drawOften(opened);
-            EXPECT_EQ(panel(opened).view().counts().errors, 0U);
+            drawOften(window());
         }
     }
-    drawOften(opened);
-    EXPECT_EQ(heldWith(*panel(stays).context()), open);
-    opened.closeUnasked();
-    settle();
-    active().closeUnasked();
-    settle();
-    EXPECT_EQ(heldWith(*panel(stays).context()), before);
+    drawOften(window());
+    EXPECT_EQ(heldWith(stays), open);
+    for (int closed = 0; closed < 2; ++closed) {
+        window().closeUnasked();
+        settle();
+    }
+    EXPECT_EQ(heldWith(stays), before);
 }
 
 TEST_F(TGlPanelTest, WindowsWithDifferentModesKeepApart) {
-    start({sample("windmill.xsi"), sample("windmill.xsi")});
-    TMDIChild& wires = active();
-    run("Rwire");
+    start({windmill, windmill});
+    TMDIChild& wires = window();
     TMDIChild& smooth = *form().documents().at(0);
+    run("Rwire");
     run("WindowTileVertical1");
-    const QImage wirePicture = picture(wires);
-    const QImage smoothPicture = picture(smooth);
-    EXPECT_EQ(wirePicture.size(), smoothPicture.size());
+    const QImage wirePicture = pictureOf(wires);
+    const QImage smoothPicture = pictureOf(smooth);
     EXPECT_NE(wirePicture, smoothPicture);
     for (int round = 0; round < 6; ++round) {
         wires.render3d();
         smooth.render3d();
-        settle();
-        EXPECT_EQ(picture(wires), wirePicture);
-        EXPECT_EQ(picture(smooth), smoothPicture);
+        EXPECT_EQ(pictureOf(wires), wirePicture);
+        EXPECT_EQ(pictureOf(smooth), smoothPicture);
     }
-    EXPECT_EQ(panel(wires).view().counts().errors, 0U);
-    EXPECT_EQ(panel(smooth).view().counts().errors, 0U);
     // back and forth: textures come back as well
     smooth.setFocus();
     run("Rwire");
-    EXPECT_EQ(picture(smooth), wirePicture);
+    EXPECT_EQ(pictureOf(smooth), wirePicture);
     run("Rfull");
-    EXPECT_EQ(picture(smooth), smoothPicture);
-}
-
-TEST_F(TGlPanelTest, DraggingTurnsTheModelAndRecordsNothing) {
-    start({sample("windmill.xsi")});
-    TGlPanel& panel = this->panel(active());
-    drawOften(active());
-    const std::size_t recorded = panel.view().counts().recorded;
-    EXPECT_GT(recorded, 0U);
-    const QImage before = picture(active());
-    const float yaw = active().view().angles.yaw;
-    QTest::mousePress(&panel, Qt::LeftButton, Qt::NoModifier, {50, 50});
-    for (int x = 60; x <= 100; x += 10) {
-        moveHolding(panel, {x, 50});
-        settle();
-    }
-    QTest::mouseRelease(&panel, Qt::LeftButton, Qt::NoModifier, {100, 50});
-    EXPECT_LT(active().view().angles.yaw, yaw);
-    EXPECT_NE(picture(active()), before);
-    EXPECT_EQ(panel.view().counts().recorded, recorded);
-    EXPECT_EQ(panel.view().counts().errors, 0U);
-    // a picture that is up to date is not drawn again
-    const std::size_t drawn = panel.view().counts().meshes;
-    panel.update();
-    settle();
-    EXPECT_EQ(panel.view().counts().meshes, drawn);
+    EXPECT_EQ(pictureOf(smooth), smoothPicture);
 }
 
 /// For a platform without OpenGL.
@@ -202,18 +165,17 @@ class WithoutGl : public MainFormTest {
                   QStringLiteral("Korvane II Model Editor"), QMessageBox::Ok, QMessageBox::Ok);
     }
     [[nodiscard]] QImage picture() const {
-        return child<TImage>(*form().activeDocument(), "Image1").picture().copy();
+        return child<TImage>(window(), "Image1").picture().copy();
     }
 };
 
 TEST_F(WithoutGl, TheUserIsToldAndStillSeesTheModel) {
     expectMessage();
-    start({sample("skiff.xsi")});
+    start({skiff});
     settle();
     ASSERT_TRUE(allAnswered());
     const QImage shown = picture();
     EXPECT_FALSE(shown.isNull());
-    EXPECT_TRUE(action("OpenGLAction").isChecked());
     run("SoftwareAction");
     EXPECT_EQ(picture(), shown);
     expectMessage();
