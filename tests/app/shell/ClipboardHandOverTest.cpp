@@ -9,177 +9,128 @@
 #include <QElapsedTimer>
 #include <QMimeData>
 
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <thread>
 #include <xcb/xcb.h>
 
 namespace korvane::test {
 namespace {
 
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-template <class Type>
-using Owned = std::unique_ptr<Type, Free>;
+constexpr const char* format = "some, format";
+
+template <class Reply>
+auto owned(Reply* reply) {
+    return std::unique_ptr<Reply, decltype(&std::free)>(reply, &std::free);
+}
 
 /// A clipboard manager that takes one format, in the pieces in which large contents come. It works
-/// on a connection of its own in a thread of its own, as another program would.
+/// on a connection of its own, as another program would, whenever this one looks for events.
 class Manager {
   public:
-    explicit Manager(const char* format) : connection_(xcb_connect(nullptr, nullptr)) {
+    explicit Manager(bool answers) {
         const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
-        window_ = xcb_generate_id(connection_);
         const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
         xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window_, screen->root, 0, 0, 1, 1, 0,
                           XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                           &events);
-        format_ = atom(format);
-        clipboard_ = atom("CLIPBOARD");
-        increments_ = atom("INCR");
         xcb_set_selection_owner(connection_, window_, atom("CLIPBOARD_MANAGER"), XCB_CURRENT_TIME);
-        Owned<xcb_get_input_focus_reply_t>(xcb_get_input_focus_reply(
-            connection_, xcb_get_input_focus(connection_), nullptr)); // all of it is done
-    }
-    ~Manager() {
-        if (thread_.joinable()) {
-            thread_.join();
+        atom("INCR"); // by its answer all of it is done
+        QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { poll(); });
+        if (answers) {
+            poll_.start(1);
         }
-        xcb_disconnect(connection_);
     }
+    ~Manager() { xcb_disconnect(connection_); }
     Manager(const Manager&) = delete;
     Manager& operator=(const Manager&) = delete;
 
-    /// Serves one request to save; without it the manager is one that does not answer.
-    void serve() {
-        deadline_ = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        thread_ = std::thread([this] { save(); });
-    }
-    /// What was saved; waits for it, though not for ever.
-    [[nodiscard]] QByteArray saved() {
-        thread_.join();
-        return saved_;
-    }
+    [[nodiscard]] const QByteArray& saved() const { return saved_; }
 
   private:
     xcb_atom_t atom(const char* name) const {
         const auto length = static_cast<std::uint16_t>(std::strlen(name));
-        return Owned<xcb_intern_atom_reply_t>(
-                   xcb_intern_atom_reply(connection_, xcb_intern_atom(connection_, 0, length, name),
-                                         nullptr))
-            ->atom;
+        const auto cookie = xcb_intern_atom(connection_, 0, length, name);
+        return owned(xcb_intern_atom_reply(connection_, cookie, nullptr))->atom;
     }
-    /// The next event of the type; none when it does not come in time.
-    Owned<xcb_generic_event_t> next(unsigned type) {
-        using namespace std::chrono_literals;
-        xcb_flush(connection_);
-        while (std::chrono::steady_clock::now() < deadline_) {
-            Owned<xcb_generic_event_t> event(xcb_poll_for_event(connection_));
-            if (event && (event->response_type & 0x7fU) == type) {
-                return event;
-            }
-            if (!event) {
-                std::this_thread::sleep_for(1ms);
+    void poll() {
+        while (const auto event = owned(xcb_poll_for_event(connection_))) {
+            const unsigned type = event->response_type & 0x7fU;
+            const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
+            if (type == XCB_SELECTION_REQUEST) {
+                asked_ = reinterpret_cast<const xcb_selection_request_event_t&>(*event);
+                xcb_convert_selection(connection_, window_, clipboard_, format_, format_,
+                                      XCB_CURRENT_TIME);
+            } else if (type == XCB_PROPERTY_NOTIFY && change.state == XCB_PROPERTY_NEW_VALUE) {
+                take();
             }
         }
-        return {};
+        xcb_flush(connection_);
     }
-    /// Takes the property that the content comes in, or a piece of it; false for an empty one.
-    bool take() {
-        const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-            connection_,
-            xcb_get_property(connection_, 1, window_, format_, XCB_ATOM_ANY, 0, 0x1fffffff),
-            nullptr));
-        inPieces_ = inPieces_ || reply->type == increments_;
+    /// Takes a piece of the content; the first one only announces them, an empty one is the last.
+    void take() {
+        const auto cookie =
+            xcb_get_property(connection_, 1, window_, format_, XCB_ATOM_ANY, 0, 0x1fffffff);
+        const auto reply = owned(xcb_get_property_reply(connection_, cookie, nullptr));
         const int size = reply->type == format_ ? xcb_get_property_value_length(reply.get()) : 0;
         saved_.append(static_cast<const char*>(xcb_get_property_value(reply.get())), size);
-        return size > 0;
-    }
-    void save() {
-        const auto request = next(XCB_SELECTION_REQUEST);
-        if (!request) {
-            return;
+        if (reply->type == format_ && size == 0) {
+            // a manager that has it all owns it from now on
+            xcb_set_selection_owner(connection_, window_, clipboard_, XCB_CURRENT_TIME);
+            const xcb_selection_notify_event_t answer = {XCB_SELECTION_NOTIFY,
+                                                         0,
+                                                         0,
+                                                         asked_.time,
+                                                         asked_.requestor,
+                                                         asked_.selection,
+                                                         asked_.target,
+                                                         asked_.property};
+            xcb_send_event(connection_, 0, asked_.requestor, 0,
+                           reinterpret_cast<const char*>(&answer));
         }
-        const auto asked = *reinterpret_cast<const xcb_selection_request_event_t*>(request.get());
-        xcb_convert_selection(connection_, window_, clipboard_, format_, format_, XCB_CURRENT_TIME);
-        next(XCB_SELECTION_NOTIFY);
-        take();
-        for (bool more = inPieces_; more;) {
-            const auto event = next(XCB_PROPERTY_NOTIFY);
-            if (!event) {
-                return;
-            }
-            const auto& change = *reinterpret_cast<const xcb_property_notify_event_t*>(event.get());
-            more = change.state != XCB_PROPERTY_NEW_VALUE || change.atom != format_ || take();
-        }
-        // a manager that has it all owns it from now on
-        xcb_set_selection_owner(connection_, window_, clipboard_, XCB_CURRENT_TIME);
-        xcb_selection_notify_event_t answer = {};
-        answer.response_type = XCB_SELECTION_NOTIFY;
-        answer.requestor = asked.requestor;
-        answer.selection = asked.selection;
-        answer.target = asked.target;
-        answer.property = asked.property;
-        xcb_send_event(connection_, 0, asked.requestor, 0, reinterpret_cast<const char*>(&answer));
-        xcb_flush(connection_);
     }
 
-    xcb_connection_t* connection_;
-    xcb_window_t window_ = XCB_NONE;
-    xcb_atom_t format_ = XCB_ATOM_NONE;
-    xcb_atom_t clipboard_ = XCB_ATOM_NONE;
-    xcb_atom_t increments_ = XCB_ATOM_NONE;
-    bool inPieces_ = false;
-    std::chrono::steady_clock::time_point deadline_;
+    xcb_connection_t* connection_ = xcb_connect(nullptr, nullptr);
+    xcb_window_t window_ = xcb_generate_id(connection_);
+    xcb_atom_t format_ = atom(format);
+    xcb_atom_t clipboard_ = atom("CLIPBOARD");
+    xcb_selection_request_event_t asked_ = {};
     QByteArray saved_;
-    std::thread thread_;
+    QTimer poll_;
 };
 
-class ClipboardHandOver : public GuiTest {
-  protected:
-    static void offer(const QByteArray& content) {
+/// Puts the content on the clipboard and hands it over; how long that takes, in milliseconds.
+qint64 handOver(const QByteArray& content) {
+    QApplication::clipboard()->clear();
+    if (!content.isEmpty()) {
         auto* data = new QMimeData; // the clipboard takes it over
-        data->setData(QStringLiteral("some, format"), content);
+        data->setData(QString::fromLatin1(format), content);
         QApplication::clipboard()->setMimeData(data);
-        settle();
     }
-    static qint64 handOver() {
-        QElapsedTimer timer;
-        timer.start();
-        handOverClipboard();
-        return timer.elapsed();
-    }
-};
-
-TEST_F(ClipboardHandOver, AManagerGetsContentsOfAnySize) {
-    for (const qsizetype size : {qsizetype{10}, qsizetype{40'000'000}}) {
-        QByteArray content(size, 'a');
-        for (qsizetype i = 0; i < size; i += 1000) {
-            content[i] = static_cast<char>(i / 1000);
-        }
-        offer(content);
-        Manager manager("some, format");
-        manager.serve();
-        handOver();
-        EXPECT_TRUE(manager.saved() == content) << size;
-        settle();
-        EXPECT_FALSE(QApplication::clipboard()->ownsClipboard());
-    }
+    settle();
+    QElapsedTimer timer;
+    timer.start();
+    handOverClipboard();
+    return timer.elapsed();
 }
 
-TEST_F(ClipboardHandOver, NobodyIsWaitedForLong) {
-    offer("content");
-    EXPECT_LT(handOver(), 500); // there is no manager
-    {
-        const Manager silent("some, format");
-        EXPECT_LT(handOver(), 3000);
+TEST(ClipboardHandOver, AManagerGetsALargeContent) {
+    QByteArray content(40'000'000, 'a');
+    for (qsizetype i = 0; i < content.size(); i += 1000) {
+        content[i] = static_cast<char>(i / 1000);
     }
-    QApplication::clipboard()->clear();
+    const Manager manager(true);
+    handOver(content);
+    EXPECT_TRUE(manager.saved() == content);
     settle();
-    const Manager silent("some, format");
-    EXPECT_LT(handOver(), 500); // there is nothing of ours to save
+    EXPECT_FALSE(QApplication::clipboard()->ownsClipboard());
+}
+
+TEST(ClipboardHandOver, NobodyIsWaitedForLong) {
+    EXPECT_LT(handOver("content"), 500) << "there is no manager";
+    const Manager silent(false);
+    EXPECT_LT(handOver("content"), 3000);
+    EXPECT_LT(handOver({}), 500) << "there is nothing of ours to save";
 }
 
 } // namespace

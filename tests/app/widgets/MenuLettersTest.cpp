@@ -21,7 +21,6 @@ std::vector<MenuItem> menuOf(const char* texts) {
 TEST(MenuLetters, MeanTheItemsThatBeginWithThem) {
     const char* file = "&New|&Open File|Save|Save As|-&Close||E&xit";
     const char* fresh = "&New|&Open File|-Save|Save As|-&Close||E&xit";
-    const char* edit = "-Cut|Copy|Paste|-Undo|Redo";
     const auto none = std::optional<MenuLetterTarget>();
     const auto at = [](std::size_t item) { return std::optional(MenuLetterTarget{item, false}); };
     const auto done = [](std::size_t item) { return std::optional(MenuLetterTarget{item, true}); };
@@ -34,7 +33,6 @@ TEST(MenuLetters, MeanTheItemsThatBeginWithThem) {
     const Case cases[] = {{file, std::nullopt, 's', at(2)},
                           {file, 2, 's', at(3)},
                           {file, 3, 'S', at(2)},
-                          {file, 6, 's', at(2)},
                           {file, 0, 's', at(2)},
                           {fresh, std::nullopt, 's', done(3)},
                           {fresh, 3, 's', done(3)},
@@ -43,10 +41,8 @@ TEST(MenuLetters, MeanTheItemsThatBeginWithThem) {
                           {file, std::nullopt, 'c', none},
                           {file, std::nullopt, 'x', none},
                           {file, std::nullopt, 'q', none},
-                          {edit, std::nullopt, 'c', done(1)},
-                          {edit, 4, 'P', done(2)},
-                          {edit, std::nullopt, 'u', none},
-                          {edit, std::nullopt, 'r', done(4)},
+                          {"-Cut|Copy|-Undo", std::nullopt, 'c', done(1)},
+                          {"-Cut|Copy|-Undo", std::nullopt, 'u', none},
                           {"&1 small.xsi|10 other.xsi", std::nullopt, '1', none}};
     for (const auto& [items, current, letter, target] : cases) {
         EXPECT_EQ(menuLetterTarget(menuOf(items), current, QChar::fromLatin1(letter)), target)
@@ -65,8 +61,7 @@ TEST_F(MenuLettersTest, AnOpenMenuActsOnThem) {
     }
     actOnFirstLetters(window);
     menu->popup({10, 10});
-    QTest::keyClick(menu, 's');
-    QTest::keyClick(menu, 's');
+    QTest::keyClicks(menu, QStringLiteral("ss"));
     EXPECT_EQ(menu->activeAction(), menu->actions().at(1));
     EXPECT_EQ(done, "");
     QTest::keyClick(menu, 'r');
