@@ -134,7 +134,7 @@ ModelDocument groupedFrames(std::size_t count) {
         (i % 2 == 0 ? parts : parts.back().Children).emplace_back().Name =
             "part" + std::to_string(i);
     }
-    ModelDocument::refreshPaths(document.Root, 0);
+    document.computeDerivedData();
     return document;
 }
 

@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <string>
@@ -98,13 +99,15 @@ void TMaterial::connectControls() {
 }
 
 void TMaterial::edit(MaterialEditing& materials) {
+    const auto close = qScopeGuard([this] {
+        faces_.setFaces({});
+        texture_->close();
+        materials_ = nullptr;
+    });
     materials_ = &materials;
     showNeeded_ = true;
     centreOnScreen(*this);
     execModal(*this);
-    faces_.setFaces({});
-    texture_->close();
-    materials_ = nullptr;
 }
 
 void TMaterial::tell(const Changes& changes) {

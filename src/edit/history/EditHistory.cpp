@@ -50,7 +50,7 @@ const EditKindRow* editKindRow(EditKind kind) {
 void EditHistory::record(ModelDocument& document, EditAction action,
                          const TextureSource& textures) {
     // room first: a change that has been made must not be without its entry
-    makeRoom(entries_, 1);
+    reserveMore(entries_, 1);
     action.joined = open_ && position_ > *open_;
     carryOut(document, action, true, textures);
     ++position_;

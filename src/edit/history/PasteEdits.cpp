@@ -39,7 +39,7 @@ struct Part {
     std::size_t count;
 };
 
-Part part(std::int32_t first, std::int32_t count) {
+Part partOf(std::int32_t first, std::int32_t count) {
     return {static_cast<std::size_t>(first), static_cast<std::size_t>(count)};
 }
 
@@ -77,7 +77,7 @@ void stepPasteMaterials(EditStep& step) {
     if (!step.forward) {
         takeMaterials(step, part, roomFor(part.count));
     } else if (RemovedParts* parts = keptParts(step.action.after)) {
-        makeRoom(step.document.Materials, parts->materials.size());
+        reserveMore(step.document.Materials, parts->materials.size());
         putMaterials(step.document.Materials, part.first, parts->materials);
         step.action.after = {};
     }
@@ -85,15 +85,15 @@ void stepPasteMaterials(EditStep& step) {
 
 void stepPasteMeshMaterials(EditStep& step) {
     const auto numbers = step.numbers<MeshMaterials>();
-    const Part inTable = part(numbers.firstMaterial, numbers.materials);
+    const Part inTable = partOf(numbers.firstMaterial, numbers.materials);
     const auto firstSlot = static_cast<std::size_t>(numbers.firstSlot);
     std::vector<std::int32_t>& slots = step.frame->Mesh.MaterialSlotList;
     if (!step.forward) {
         takeMaterials(step, inTable, roomFor(inTable.count));
         slots.erase(placeIn(slots, firstSlot), placeIn(slots, firstSlot + inTable.count));
     } else if (RemovedParts* parts = keptParts(step.action.after)) {
-        makeRoom(step.document.Materials, parts->materials.size());
-        makeRoom(slots, inTable.count);
+        reserveMore(step.document.Materials, parts->materials.size());
+        reserveMore(slots, inTable.count);
         putMaterials(step.document.Materials, inTable.first, parts->materials);
         for (std::size_t i = 0; i < inTable.count; ++i) {
             slots.insert(placeIn(slots, firstSlot + i), count32(inTable.first + i));
@@ -105,15 +105,17 @@ void stepPasteMeshMaterials(EditStep& step) {
 
 void stepPasteFrame(EditStep& step) {
     const auto numbers = step.numbers<FrameMaterials>();
-    const Part inTable = part(numbers.firstMaterial, numbers.materials);
+    const Part inTable = partOf(numbers.firstMaterial, numbers.materials);
     const std::size_t children = step.frame->Children.size();
     if (!step.forward) {
         std::unique_ptr<RemovedParts> parts = roomFor(inTable.count);
-        takeChild(*step.frame, children - 1, parts->frames);
+        if (children > 0) {
+            takeChild(*step.frame, children - 1, parts->frames);
+        }
         takeMaterials(step, inTable, std::move(parts));
     } else if (RemovedParts* parts = keptParts(step.action.after);
                parts != nullptr && !parts->frames.empty()) {
-        makeRoom(step.document.Materials, parts->materials.size());
+        reserveMore(step.document.Materials, parts->materials.size());
         insertChild(*step.frame, children, parts->frames.front());
         putMaterials(step.document.Materials, inTable.first, parts->materials);
         step.action.after = {};

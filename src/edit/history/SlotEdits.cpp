@@ -30,7 +30,7 @@ void stepTexCoords(EditStep& step) {
     step.frame->Mesh.ListRevision.surfaceChanged();
 }
 
-struct FaceOfSlot {
+struct SlotOfFace {
     std::int32_t face = 0;
     /// How many faces had a slot, if this was none of them. Left out if it was.
     std::int32_t facesBefore = -1;
@@ -39,7 +39,7 @@ struct FaceOfSlot {
 /// A face without a slot of its own gets one, and so do those before it: the last slot, which they
 /// were drawn with. Undo takes these away again.
 void stepFaceSlot(EditStep& step) {
-    const auto numbers = step.numbers<FaceOfSlot>();
+    const auto numbers = step.numbers<SlotOfFace>();
     const auto face = static_cast<std::size_t>(numbers.face);
     MeshRecord& mesh = step.frame->Mesh;
     std::vector<std::int32_t>& slots = mesh.FaceSlotIndex;
@@ -76,7 +76,9 @@ void stepAddMaterial(EditStep& step) {
 }
 
 void stepAddMeshMaterial(EditStep& step) {
-    makeRoom(step.frame->Mesh.MaterialSlotList, 1);
+    if (step.forward) {
+        reserveMore(step.frame->Mesh.MaterialSlotList, 1);
+    }
     stepAddMaterial(step);
     stepAppendSlot(step);
 }
@@ -257,13 +259,13 @@ void putMaterialBack(EditStep& step, std::int32_t material) {
         ofLast = note.frame == last ? ofLast + 1 : 1;
         last = note.frame;
         if (note.frame != nullptr) {
-            makeRoom(note.frame->Mesh.MaterialSlotList, ofLast);
+            reserveMore(note.frame->Mesh.MaterialSlotList, ofLast);
         }
     }
     std::vector<FrameRecord*> renumbered;
     forFramesWithSlotsFrom(step.document, material,
                            [&](FrameRecord& frame, auto) { renumbered.push_back(&frame); });
-    makeRoom(table, parts->materials.size());
+    reserveMore(table, parts->materials.size());
     // nothing of what follows can fail
     for (FrameRecord* frame : renumbered) {
         for (std::int32_t& slot : frame->Mesh.MaterialSlotList) {
@@ -335,7 +337,7 @@ void setFaceSlot(EditHistory& history, ModelDocument& document, const FramePath&
     if (number >= slots.size() && number >= target->Mesh.Faces.size()) {
         return;
     }
-    const auto numbers = plainNumbers(FaceOfSlot{face, count32(slots.size())});
+    const auto numbers = plainNumbers(SlotOfFace{face, count32(slots.size())});
     const bool hasSlot = number < slots.size();
     EditAction action =
         frameAction(EditKind::FaceSlot, frame, std::span(numbers).first(hasSlot ? 1 : 2));

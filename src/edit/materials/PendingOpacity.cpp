@@ -2,19 +2,17 @@
 
 #include "edit/history/MaterialEdits.h"
 
-#include <utility>
-
 namespace korvane {
 
 void PendingOpacity::commit(EditHistory& history, ModelDocument& document, std::size_t material) {
-    if (!std::exchange(pending_, false) || material >= document.Materials.size()) {
+    if (!pending_ || material >= document.Materials.size()) {
         return;
     }
     const float current = document.Materials[material].FaceColor.alpha;
-    const float before = std::exchange(remembered_, current);
-    if (before != current) {
-        recordOpacity(history, document, material, before, current);
+    if (remembered_ != current) {
+        recordOpacity(history, document, material, remembered_, current);
     }
+    start(current); // only now: a record that fails is tried again
 }
 
 } // namespace korvane

@@ -9,16 +9,16 @@ namespace korvane {
 
 void PendingShininess::commit(EditHistory& history, ModelDocument& document, std::size_t material,
                               const std::string& text) {
-    if (!std::exchange(pending_, false) || material >= document.Materials.size()) {
+    if (!pending_ || material >= document.Materials.size()) {
         return;
     }
-    const std::string before = std::exchange(remembered_, text);
     const float current = document.Materials[material].Power;
-    const float fallback = std::exchange(power_, current);
-    const float start = powerOf(before).value_or(fallback);
-    if (before != text && start != current) {
-        recordPower(history, document, material, start, current);
+    const float before = powerOf(remembered_).value_or(power_);
+    std::string shown = text;
+    if (remembered_ != text && before != current) {
+        recordPower(history, document, material, before, current);
     }
+    start(std::move(shown), current); // only now: a record that fails is tried again
 }
 
 } // namespace korvane

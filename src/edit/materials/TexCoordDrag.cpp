@@ -47,18 +47,14 @@ bool TexCoordDrag::update(const DragInput& input, const TexCoordView& view,
     return active_;
 }
 
-MovedTexCoords TexCoordDrag::end(const DragInput& input, const TexCoordView& view,
-                                 MeshRecord& mesh) {
-    if (!update(input, view, mesh)) {
+MovedTexCoords TexCoordDrag::moved(const MeshRecord& mesh) const {
+    if (!active_) {
         return {};
     }
-    MovedTexCoords moved;
+    MovedTexCoords moved = {numbers_, before_, {}};
     for (const std::int32_t number : numbers_) {
-        moved.after.push_back(coordinate(mesh, number));
+        moved.after.push_back(mesh.TexCoords[static_cast<std::size_t>(number)]);
     }
-    moved.numbers = std::move(numbers_);
-    moved.before = std::move(before_);
-    active_ = false;
     return moved;
 }
 

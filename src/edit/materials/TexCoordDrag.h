@@ -29,8 +29,10 @@ class TexCoordDrag {
                FacePart moved);
     /// The mouse moved: the mesh holds the new coordinates. False when no drag runs.
     bool update(const DragInput& input, const TexCoordView& view, MeshRecord& mesh) const;
-    /// A button was released: as update(), and the drag is over. Gives what it has moved.
-    MovedTexCoords end(const DragInput& input, const TexCoordView& view, MeshRecord& mesh);
+    /// What the drag has moved so far; nothing when none runs.
+    [[nodiscard]] MovedTexCoords moved(const MeshRecord& mesh) const;
+    /// The drag is over; the mesh stays as it is.
+    void end() { active_ = false; }
     /// Puts everything back where it was. False when no drag runs.
     bool cancel(MeshRecord& mesh);
 

@@ -11,6 +11,7 @@
 #include "model/records/ModelText.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <string>
 #include <utility>
@@ -60,15 +61,16 @@ OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& p
     if (outcome.status == ReadStatus::Cancelled) {
         return outcome;
     }
+    cancelPlaneDrag();
+    materials_.reset(); // of the former model
     model_ = std::move(read);
     startHistory();
     cameraPlaced_ = planesPlaced_ = false;
     outcome.changes = rebuildTree();
     outcome.changes |= selectRoot();
     outcome.changes.geometry = outcome.changes.title = true;
-    if (outcome.status == ReadStatus::Done) {
-        outcome.changes |= setText(message_, openedText(model_, unseen));
-    }
+    outcome.changes |= setText(
+        message_, outcome.status == ReadStatus::Done ? openedText(model_, unseen) : QString());
     return outcome;
 }
 
@@ -109,8 +111,9 @@ Changes DocumentSession::undo() {
         return {};
     }
     const NodeData before = model_.Selected;
-    const Changes told = setText(message_, undoneText(history_.undoName()));
-    return told | stepped(history_.undo(model_), before);
+    const QString text = undoneText(history_.undoName());
+    const Changes changes = stepped(history_.undo(model_), before);
+    return changes | setText(message_, text);
 }
 
 Changes DocumentSession::redo() {
@@ -118,8 +121,9 @@ Changes DocumentSession::redo() {
         return {};
     }
     const NodeData before = model_.Selected;
-    const Changes told = setText(message_, redoneText(history_.redoName()));
-    return told | stepped(history_.redo(model_), before);
+    const QString text = redoneText(history_.redoName());
+    const Changes changes = stepped(history_.redo(model_), before);
+    return changes | setText(message_, text);
 }
 
 Changes DocumentSession::stepped(const StepOutcome& outcome, const NodeData& before) {
@@ -253,7 +257,9 @@ Changes DocumentSession::remove() {
 // What dialogs bring back
 
 FrameRecord* DocumentSession::stillThere(const DialogSubject& subject) {
-    return model_.Revision == subject.revision ? frameAt(model_.Root, subject.frame) : nullptr;
+    return acceptsEdits() && model_.Revision == subject.revision
+               ? frameAt(model_.Root, subject.frame)
+               : nullptr;
 }
 
 std::optional<RenameQuestion> DocumentSession::renameQuestion() const {
@@ -294,12 +300,17 @@ void DocumentSession::writeFlags(DialogSubject& subject, const FrameFlags& flags
 
 Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSubject& subject,
                                     bool confirmed) {
-    const FrameRecord* frame = stillThere(subject);
+    FrameRecord* frame = stillThere(subject);
     if (frame == nullptr || frameFlags(*frame) == asked.flags) {
         return {};
     }
     if (confirmed) {
-        recordFrameOptions(history_, model_, subject.frame, asked.flags);
+        try {
+            recordFrameOptions(history_, model_, subject.frame, asked.flags);
+        } catch (...) {
+            setFrameFlags(*frame, asked.flags); // no change without an entry
+            throw;
+        }
     }
     // what was clicked before Cancel stays in the frame, without an entry; it has to show as well
     return structureEdited();
@@ -322,8 +333,8 @@ Changes DocumentSession::endMaterials() {
     if (!materials_) {
         return {};
     }
+    const auto reset = qScopeGuard([this] { materials_.reset(); }); // whatever becomes of the rest
     const Changes changes = materials_->end();
-    materials_.reset();
     return changes.tree ? structureEdited() : changes;
 }
 

@@ -95,8 +95,8 @@ class DocumentSession {
 
     /// Gives a new model its name.
     Changes setName(const QString& name);
-    /// Reads a model in place of this one, and forgets the history of that. A reading that is
-    /// cancelled leaves all as it was.
+    /// Reads a model in place of this one, and forgets the history of that. A reading that fails
+    /// leaves an empty model, one that is cancelled leaves all as it was.
     OpenOutcome open(const QString& fileName, const ReadProgress& progress = {});
     /// Opens a binary mesh file, of which nothing is read.
     MeshOutcome openMesh(const QString& fileName);
@@ -113,8 +113,8 @@ class DocumentSession {
     // materials are edited.
 
     [[nodiscard]] bool acceptsEdits() const { return !dragging() && !materials_; }
-    /// Whether there is something to take back, and to make again. Commands that show this need not
-    /// grey while materials are edited in a dialog over them.
+    /// Whether there is something to take back, and to make again. True also while materials are
+    /// edited, though undo() and redo() then refuse: the dialog covers the commands.
     [[nodiscard]] bool canUndo() const { return !dragging() && history_.canUndo(); }
     [[nodiscard]] bool canRedo() const { return !dragging() && history_.canRedo(); }
     Changes undo();
@@ -150,10 +150,12 @@ class DocumentSession {
     /// Begins editing the materials of the selected slot list or table; null if none is selected.
     /// Nothing else is edited until that ends, and with it the object.
     MaterialEditing* editMaterials();
+    /// Records what is pending. After this the object is gone.
     Changes endMaterials();
 
     // The views.
 
+    /// What the mouse does in the 2D views, from the next press on.
     void setTool(ViewTool tool) { model_.Tool = tool; }
     Changes setRenderMode(RenderMode mode);
     Changes setViewSetting(bool ViewState::*setting, bool on);

@@ -205,6 +205,7 @@ Changes MaterialEditing::useMaterials(const std::vector<bool>& wanted) {
         if (wanted[material] == used[material]) {
             continue;
         }
+        slotsChanged_ = true;
         if (wanted[material]) {
             appendSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(material));
         } else if (onlyMaterial() == static_cast<std::int32_t>(material)) {
@@ -212,7 +213,7 @@ Changes MaterialEditing::useMaterials(const std::vector<bool>& wanted) {
         } else {
             removeSlots(material);
         }
-        slotsChanged_ = changes.materials = true;
+        changes.materials = true;
     }
     startValues();
     return changes;
@@ -254,9 +255,11 @@ Changes MaterialEditing::endDrag(const DragInput& input, const TexCoordView& vie
     if (!drag_.active() || input.button != DragButton::Left) {
         return {};
     }
-    MovedTexCoords moved = drag_.end(input, view, editedMesh());
-    recordTexCoords(history_, model_, *subject_.frame, moved.numbers, std::move(moved.before),
-                    std::move(moved.after));
+    drag_.update(input, view, editedMesh());
+    const MovedTexCoords moved = drag_.moved(mesh());
+    // the drag goes on until this is done: if memory runs out it can still be cancelled
+    recordTexCoords(history_, model_, *subject_.frame, moved.numbers, moved.before, moved.after);
+    drag_.end();
     return texCoordsMoved();
 }
 

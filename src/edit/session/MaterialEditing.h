@@ -17,7 +17,7 @@
 
 namespace korvane {
 
-/// What the materials are edited of.
+/// Whose materials are edited.
 struct MaterialSubject {
     std::optional<FramePath> frame; ///< whose mesh has the material slots; none means the table
     std::int32_t slot = 0;          ///< the slot to begin with; of the table a material's number

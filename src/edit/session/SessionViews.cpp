@@ -94,6 +94,9 @@ Changes DocumentSession::afterPlane(const PlaneInput& input, const StaleViews& s
 }
 
 Changes DocumentSession::pressPlane(const PlaneInput& input) {
+    if (materials_) {
+        return {};
+    }
     return afterPlane(input, planeDrag_.begin(input.mouse, mappingOf(input), model_));
 }
 
@@ -105,7 +108,12 @@ Changes DocumentSession::releasePlane(const PlaneInput& input) {
     const auto [stale, move] = planeDrag_.end(input.mouse, mappingOf(input), model_);
     Changes told;
     if (move) {
-        recordMove(history_, model_, move->frame, move->before, move->after);
+        try {
+            recordMove(history_, model_, move->frame, move->before, move->after);
+        } catch (...) {
+            frameAt(model_.Root, move->frame)->Matrix = move->before; // no change without an entry
+            throw;
+        }
         told = clearMessage();
     }
     return told | afterPlane(input, stale);

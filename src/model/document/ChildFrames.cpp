@@ -14,6 +14,26 @@ namespace korvane {
 static_assert(std::is_nothrow_move_constructible_v<FrameRecord> &&
               std::is_nothrow_move_assignable_v<FrameRecord>);
 
+namespace {
+
+/// New paths of frames, worked out before the first one is set, so that setting them cannot fail.
+/// The frames must not move in between.
+class PathChange {
+  public:
+    /// A frame is to have this path, and those below it the paths that follow from it.
+    void add(FrameRecord& top, FramePath path);
+    /// Sets the paths.
+    void apply() noexcept;
+
+  private:
+    struct NewPath {
+        FrameRecord* frame;
+        FramePath path;
+    };
+
+    std::vector<NewPath> paths_;
+};
+
 void PathChange::add(FrameRecord& top, FramePath path) {
     std::size_t next = paths_.size();
     paths_.push_back({&top, std::move(path)});
@@ -32,8 +52,6 @@ void PathChange::apply() noexcept {
     }
 }
 
-namespace {
-
 FramePath pathOfChild(const FrameRecord& parent, std::size_t position) {
     return parent.Path.child(static_cast<std::int32_t>(position) + 1);
 }
@@ -43,7 +61,7 @@ FramePath pathOfChild(const FrameRecord& parent, std::size_t position) {
 void insertChild(FrameRecord& parent, std::size_t position, FrameRecord& child) {
     std::vector<FrameRecord>& children = parent.Children;
     position = std::min(position, children.size());
-    makeRoom(children, 1);
+    reserveMore(children, 1);
     PathChange paths;
     paths.add(child, pathOfChild(parent, position));
     for (std::size_t i = position; i < children.size(); ++i) {
@@ -64,7 +82,7 @@ void takeChild(FrameRecord& parent, std::size_t position, std::vector<FrameRecor
     if (position >= children.size()) {
         return;
     }
-    makeRoom(taken, 1);
+    reserveMore(taken, 1);
     PathChange paths;
     for (std::size_t i = position + 1; i < children.size(); ++i) {
         paths.add(children[i], pathOfChild(parent, i - 1));

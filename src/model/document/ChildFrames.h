@@ -7,24 +7,6 @@
 
 namespace korvane {
 
-/// New paths of frames, worked out before the first one is set, so that setting them cannot fail.
-/// The frames must not move in between.
-class PathChange {
-  public:
-    /// A frame is to have this path, and those below it the paths that follow from it.
-    void add(FrameRecord& top, FramePath path);
-    /// Sets the paths.
-    void apply() noexcept;
-
-  private:
-    struct NewPath {
-        FrameRecord* frame;
-        FramePath path;
-    };
-
-    std::vector<NewPath> paths_;
-};
-
 // Children come and go with the paths of all frames that this moves, or nothing happens if memory
 // runs out. Positions are from 0; one past the last child means behind it.
 

@@ -1,6 +1,5 @@
 #include "model/document/ModelDocument.h"
 
-#include "model/document/ChildFrames.h"
 #include "model/records/FrameWalk.h"
 
 #include <cstdint>
@@ -86,14 +85,6 @@ void ModelDocument::computeDerivedData() {
                                            ? FramePath()
                                            : walk.parent().Path.child(walk.childNumbers().back()));
     }
-}
-
-void ModelDocument::refreshPaths(FrameRecord& parent, std::size_t position) {
-    PathChange paths;
-    for (std::size_t i = position; i < parent.Children.size(); ++i) {
-        paths.add(parent.Children[i], parent.Path.child(static_cast<std::int32_t>(i) + 1));
-    }
-    paths.apply();
 }
 
 FrameRecord* ModelDocument::selectedFrame() {

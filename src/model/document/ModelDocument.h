@@ -63,10 +63,6 @@ struct ModelDocument {
     /// Computes the data that files do not hold for every frame, whatever order they came in.
     void computeDerivedData();
 
-    /// Sets the paths of a frame's children, from the one at a position (from 0) on, and of all
-    /// frames below them: they change with the number of their predecessors.
-    static void refreshPaths(FrameRecord& parent, std::size_t position);
-
     /// The frame that the selection is or belongs to, or null. Valid until the next structural
     /// edit.
     [[nodiscard]] FrameRecord* selectedFrame();

@@ -180,6 +180,7 @@ void TMDIChild::FileSaveExecute() {
     if (!session_) {
         return;
     }
+    cancelDrag();
     if (session_->needsName()) {
         FileSaveAsExecute();
         return;

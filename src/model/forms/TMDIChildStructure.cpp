@@ -129,9 +129,17 @@ void TMDIChild::editMaterials() {
         return;
     }
     const auto live = connect(dialogs_.material, &TMaterial::edited, this, &TMDIChild::apply);
-    dialogs_.material->edit(*materials);
-    disconnect(live);
-    apply(session_->endMaterials());
+    const auto end = [&] {
+        disconnect(live);
+        apply(session_->endMaterials());
+    };
+    try {
+        dialogs_.material->edit(*materials);
+    } catch (...) {
+        end();
+        throw;
+    }
+    end();
 }
 
 void TMDIChild::RenameButtonClick() {

@@ -6,11 +6,13 @@
 
 namespace korvane {
 
-/// Makes room for so many more elements, so that they cannot fail to come in. Grows as lists do.
+/// Makes room for so many more elements, so that they cannot fail to come in. A list that is added
+/// to over and over still grows geometrically.
 template <class Element>
-void makeRoom(std::vector<Element>& list, std::size_t more) {
-    if (list.capacity() - list.size() < more) {
-        list.reserve(std::max(list.size() + more, 2 * list.size()));
+void reserveMore(std::vector<Element>& list, std::size_t more) {
+    const std::size_t needed = list.size() + more;
+    if (needed > list.capacity()) {
+        list.reserve(list.empty() ? needed : std::max(needed, 2 * list.capacity()));
     }
 }
 

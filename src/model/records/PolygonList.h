@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/records/ListRoom.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -8,15 +10,6 @@
 #include <vector>
 
 namespace korvane {
-
-/// Makes room for more elements. A list that is added to over and over still grows geometrically.
-template <class Element>
-void reserveMore(std::vector<Element>& list, std::size_t more) {
-    const std::size_t needed = list.size() + more;
-    if (needed > list.capacity()) {
-        list.reserve(list.empty() ? needed : std::max(needed, 2 * list.capacity()));
-    }
-}
 
 /// A list of polygons, each a list of indices, outwardly; two flat arrays inwardly, so that a mesh
 /// of a million faces is two allocations. Indices are kept as given: whoever uses one checks it.

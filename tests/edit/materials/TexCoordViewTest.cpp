@@ -49,6 +49,15 @@ TextureImage mapTexture(std::int32_t width, std::int32_t height) {
     return image;
 }
 
+/// The button goes up.
+MovedTexCoords release(TexCoordDrag& drag, const DragInput& input, const TexCoordView& view,
+                       MeshRecord& mesh) {
+    drag.update(input, view, mesh);
+    MovedTexCoords moved = drag.moved(mesh);
+    drag.end();
+    return moved;
+}
+
 TexCoordView viewOf(std::int32_t width, std::int32_t height, std::int32_t zoom = 1,
                     std::int32_t offsetX = 0, std::int32_t offsetY = 0) {
     TexCoordView view;
@@ -197,7 +206,7 @@ TEST(TexCoordView, ShortListsShowAsFarAsTheyGo) {
     EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 2})) << "leads nowhere";
     EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 3})) << "has no number";
     EXPECT_TRUE(drag.begin(left(0, 0), view, mesh, {0, 0}));
-    EXPECT_EQ(drag.end(left(10, 0), view, mesh).numbers, std::vector<std::int32_t>{0});
+    EXPECT_EQ(release(drag, left(10, 0), view, mesh).numbers, std::vector<std::int32_t>{0});
     mesh.HasTexCoords = false;
     EXPECT_FALSE(drag.begin(left(0, 0), view, mesh, {0, 0}));
     view.draw(bitmap, mapTexture(100, 100), mesh, std::nullopt, colors);
@@ -246,7 +255,7 @@ TEST(TexCoordDrag, MovesOneVertexAndGivesWhatItMoved) {
     EXPECT_FALSE(drag.begin({DragButton::Right, 0, 0}, view, mesh, {1, 2}));
     ASSERT_TRUE(drag.begin(left(10, 10), view, mesh, {1, 2}));
     drag.update(left(60, 60), view, mesh);
-    const MovedTexCoords moved = drag.end(left(20, 50), view, mesh);
+    const MovedTexCoords moved = release(drag, left(20, 50), view, mesh);
     EXPECT_FALSE(drag.active());
     EXPECT_EQ(moved.numbers, std::vector<std::int32_t>{2});
     EXPECT_EQ(moved.before, (std::vector<Vec2>{{0.75F, 0.25F}}));
@@ -256,7 +265,7 @@ TEST(TexCoordDrag, MovesOneVertexAndGivesWhatItMoved) {
     EXPECT_EQ(mesh.TexCoords[2], moved.after[0]);
     EXPECT_EQ(mesh.TexCoords[0], twoFaces().TexCoords[0]);
     EXPECT_FALSE(drag.update(left(0, 0), view, mesh));
-    EXPECT_TRUE(drag.end(left(0, 0), view, mesh).numbers.empty());
+    EXPECT_TRUE(release(drag, left(0, 0), view, mesh).numbers.empty());
 }
 
 TEST(TexCoordDrag, PinsCoordinatesAtTheEdges) {

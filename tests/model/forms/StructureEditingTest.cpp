@@ -139,7 +139,7 @@ TEST_F(StructureEditing, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
         frame.Name = std::to_string(i);
         frame.Children.resize(1);
     }
-    ModelDocument::refreshPaths(document().Root, 0);
+    document().computeDerivedData();
     select(bodyNode);
     press("AddButton"); // shows what the test has made
     EXPECT_TRUE(tree().isExpanded(node(bodyNode)));
