@@ -41,14 +41,28 @@ bool isInput(QEvent::Type type) {
     }
 }
 
+/// Whether the widget is in a window that the dialog covers. Lists and menus that open over the
+/// dialog belong to it.
+bool isCovered(const QObject* object, const QDialog& dialog) {
+    const auto* widget = qobject_cast<const QWidget*>(object);
+    if (widget == nullptr || widget->window()->windowType() == Qt::Popup) {
+        return false;
+    }
+    while (widget != nullptr && widget != &dialog) {
+        widget = widget->parentWidget();
+    }
+    return widget == nullptr;
+}
+
 } // namespace
 
-/// Drops what must not reach anybody once the innermost dialog is hidden.
+/// Drops what must not reach anybody once the innermost dialog is hidden, and what waited in the
+/// queue for a window that the dialog covers.
 class ModalCall::InputGate : public QObject {
   public:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
         if (innermost->dialog_.isVisible()) {
-            return false;
+            return isInput(event->type()) && isCovered(watched, innermost->dialog_);
         }
         const bool close = event->type() == QEvent::Close && event->spontaneous();
         if (!close && !isInput(event->type())) {

@@ -8,10 +8,11 @@ namespace korvane {
 
 /// Stands for one modal call: made before its dialog shows, gone when the call returns.
 ///
-/// A modal dialog blocks the other windows only while it shows. Its call returns later, once the
-/// events that were waiting have been delivered, and until then these would reach windows whose
-/// work is still on the stack, or the hidden dialog itself. So from the moment the innermost dialog
-/// hides until its call has returned, no window gets any input, and none may be closed by the user.
+/// A modal dialog blocks the other windows only while it shows, and only from new input. Its call
+/// returns later, once the events that were waiting have been delivered, and until then these would
+/// reach windows whose work is still on the stack, or the hidden dialog itself. So input that
+/// waited for a window under the dialog is dropped, and from the moment the innermost dialog hides
+/// until its call has returned, no window gets any input, and none may be closed by the user.
 class ModalCall {
   public:
     /// The dialog must outlive this object.
