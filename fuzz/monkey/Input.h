@@ -23,6 +23,9 @@ class Mouse {
     /// Lets go of all buttons.
     void letGo(const QWidget& at);
 
+    /// Whether a button is down.
+    [[nodiscard]] bool holds() const { return held_ != Qt::NoButton; }
+
   private:
     void send(const QWidget& at, QPoint place, QEvent::Type type, Qt::MouseButton button,
               Qt::KeyboardModifiers keys);

@@ -167,7 +167,8 @@ void Monkey::key() {
 
 void Monkey::clickAnywhere() {
     const std::vector<QWidget*> all = controls(forms_.mainForm);
-    if (!all.empty()) {
+    // while a button is held a click would be the end of what is being dragged
+    if (!all.empty() && !mouse_.holds()) {
         randomClick(*dice_.of(all));
     }
 }

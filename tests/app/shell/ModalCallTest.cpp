@@ -128,7 +128,11 @@ TEST_F(ModalCalls, TheMaterialEditorAndItsDialogsKeepTheRestOut) {
     answer([&](QWidget& editor) {
         // a colour chooser within, with input waiting for the editor and the frame behind it
         answer([&](QWidget& chooser) {
+            postPress(child<QPushButton>(editor, "Button2"));
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(editor.isVisible()) << "it is covered";
             static_cast<QDialog&>(chooser).accept();
+            child<QAction>(editor, "ambientchng").trigger(); // no second chooser
             postPress(child<QPushButton>(editor, "Button2"));
             postPress(button("AddButton"));
             QCoreApplication::processEvents();
