@@ -2,6 +2,7 @@
 
 #include "app/widgets/DialogStart.h"
 #include "app/widgets/WidgetText.h"
+#include "edit/materials/TextureFolders.h"
 #include "formats/textures/TextureLoader.h"
 #include "formats/textures/TexturePicture.h"
 #include "ui_TOKBottomDlg.h"
@@ -12,7 +13,6 @@
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStorageInfo>
 
 #include <algorithm>
 #include <utility>
@@ -109,24 +109,15 @@ void TOKBottomDlg::reset(const QString& folder) {
 
 void TOKBottomDlg::fillDrives() {
     ui_->DriveComboBox1->clear();
-    QStringList drives;
-    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-        const QString root = volume.rootPath();
-        // single files can be mounted, too
-        if (volume.isValid() && volume.isReady() && QFileInfo(root).isDir() &&
-            !drives.contains(root)) {
-            drives.push_back(root);
-        }
-    }
-    if (drives.isEmpty()) {
-        drives.push_back(QDir::rootPath());
-    }
-    std::sort(drives.begin(), drives.end());
-    for (const QString& drive : std::as_const(drives)) {
+    for (const QString& drive : driveRoots()) {
         ui_->DriveComboBox1->addItem(QDir::toNativeSeparators(drive), drive);
     }
-    const QString current = QStorageInfo(folder()).rootPath();
-    ui_->DriveComboBox1->setCurrentIndex(std::max(ui_->DriveComboBox1->findData(current), 0));
+    showDrive(folder());
+}
+
+void TOKBottomDlg::showDrive(const QString& folder) {
+    const int place = ui_->DriveComboBox1->findData(driveOf(folder));
+    ui_->DriveComboBox1->setCurrentIndex(std::max(place, 0));
 }
 
 QString TOKBottomDlg::folder() const {
@@ -175,8 +166,7 @@ void TOKBottomDlg::folderChanged() {
         const QScopedValueRollback<bool> filling(filling_, true);
         ui_->FileListBox1->setRootIndex(files_->setRootPath(folder));
     }
-    const QString drive = QStorageInfo(folder).rootPath();
-    ui_->DriveComboBox1->setCurrentIndex(std::max(ui_->DriveComboBox1->findData(drive), 0));
+    showDrive(folder);
     clearChoice();
 }
 
@@ -246,30 +236,30 @@ void TOKBottomDlg::TextureCancel() {
 }
 
 bool TOKBottomDlg::takeTypedName() {
-    const QString typed = ui_->Edit1->text().trimmed();
+    using Kind = TypedName::Kind;
+    const auto [kind, text] = typedName(ui_->Edit1->text(), folder());
     ui_->Edit1->setModified(false);
-    if (typed.isEmpty()) {
+    switch (kind) {
+    case Kind::Nothing:
         clearChoice();
-        return false;
-    }
-    if (typed.contains(u'*') || typed.contains(u'?')) {
-        setMask(typed);
-        return false;
-    }
-    const QFileInfo named(QDir(folder()), typed);
-    if (named.isDir()) {
-        showFolder(named.absoluteFilePath());
-        return false;
-    }
-    if (!named.isFile()) {
+        break;
+    case Kind::Mask:
+        setMask(text);
+        break;
+    case Kind::Folder:
+        showFolder(text);
+        break;
+    case Kind::Missing:
         clearChoice();
-        ui_->Edit1->setText(typed);
+        ui_->Edit1->setText(text);
         ui_->Image1->setText(QStringLiteral("There is no file of this name."));
-        return false;
+        break;
+    case Kind::File:
+        choose(text);
+        // the preview warns of what cannot be shown; loading it once more takes it
+        return image_ != blankTextureImage();
     }
-    choose(QDir::cleanPath(named.absoluteFilePath()));
-    // the preview warns of what cannot be shown; loading it once more takes it
-    return image_ != blankTextureImage();
+    return false;
 }
 
 void TOKBottomDlg::accept() {

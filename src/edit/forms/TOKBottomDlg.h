@@ -50,6 +50,7 @@ class TOKBottomDlg : public QDialog {
     void connectControls();
     void connectFolderTree();
     void fillDrives();
+    void showDrive(const QString& folder);
     void showFolder(const QString& folder);
     /// Brings the folder shown into sight, unless the user has moved the tree since.
     void scrollToFolder();
