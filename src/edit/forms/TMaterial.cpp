@@ -299,9 +299,9 @@ void TMaterial::CheckListBoxClicked() {
         return;
     }
     commitPending();
-    std::vector<bool> wanted;
-    for (int row = 0; row < ui_->CheckListBox1->count(); ++row) {
-        wanted.push_back(ui_->CheckListBox1->item(row)->checkState() == Qt::Checked);
+    std::vector<bool> wanted(static_cast<std::size_t>(ui_->CheckListBox1->count()));
+    for (std::size_t row = 0; row < wanted.size(); ++row) {
+        wanted[row] = ui_->CheckListBox1->item(static_cast<int>(row))->checkState() == Qt::Checked;
     }
     const Changes changes = materials_->useMaterials(wanted);
     lockLastMaterial();
