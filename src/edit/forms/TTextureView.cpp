@@ -175,8 +175,10 @@ void TTextureView::zoomChanged() {
 void TTextureView::scrollcheck() {
     const QSize size = sizeInPixels(*ui_.Image1);
     view_.setViewSize(size.width(), size.height());
-    const ScrollRanges needed = view_.scrollcheck();
-    const ScrollRanges ranges = ui_.TextureMessage->isHidden() ? needed : ScrollRanges();
+    ScrollRanges ranges = view_.scrollcheck();
+    if (!ui_.TextureMessage->isHidden()) {
+        ranges = {};
+    }
     setUpBar(*ui_.HorizontalBar, ranges.horizontal, size.width() / view_.zoom(), view_.offsetX());
     setUpBar(*ui_.VerticalBar, ranges.vertical, size.height() / view_.zoom(), view_.offsetY());
     ui_.CornerPanel->setVisible(ranges.horizontal && ranges.vertical);
