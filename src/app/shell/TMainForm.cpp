@@ -305,8 +305,8 @@ void TMainForm::FileClose1Update() {
 
 void TMainForm::Filesaveupdate() {
     const TMDIChild* window = activeDocument();
-    ui_->FileSave->setEnabled(window != nullptr &&
-                              (window->document()->Modified || window->document()->NeverSaved));
+    const DocumentSession* session = window != nullptr ? window->session() : nullptr;
+    ui_->FileSave->setEnabled(session != nullptr && session->canSave());
 }
 
 void TMainForm::Filesaveasupdate() {

@@ -14,8 +14,7 @@ namespace {
 QAction* addItem(QMenu& menu, int number, TMDIChild& document) {
     constexpr int widest = 480;
     constexpr int lastDigit = 9; // the first nine can be chosen by their digit
-    const QString text =
-        menu.fontMetrics().elidedText(document.document()->FileName, Qt::ElideMiddle, widest);
+    const QString text = elidedText(menu, document.document()->FileName, widest);
     const QString mnemonic = number <= lastDigit ? QStringLiteral("&") : QString();
     QAction* item = menu.addAction(mnemonic + QString::number(number) + u' ' + captionOf(text));
     item->setObjectName(QStringLiteral("WindowItem%1").arg(number));

@@ -30,6 +30,11 @@ inline QString captionOf(QString text) {
     return text.replace(u'&', QStringLiteral("&&"));
 }
 
+/// A text in the widget's font with its middle left out where it is wider than the room in pixels.
+inline QString elidedText(const QWidget& widget, const QString& text, int room) {
+    return widget.fontMetrics().elidedText(text, Qt::ElideMiddle, room);
+}
+
 /// The size of a picture in pixels.
 inline QString sizeText(QSize size) {
     return QStringLiteral("( %1 x %2 )").arg(size.width()).arg(size.height());

@@ -20,20 +20,7 @@ namespace korvane {
 
 namespace {
 
-/// A text of a face with so many corners that nobody reads them all still has to fit into memory
-/// and time as a line of the status bar.
-QString statusText(const std::string& text) {
-    constexpr std::size_t longest = 4096;
-    const QString shown = QString::fromStdString(text.substr(0, longest));
-    return text.size() > longest ? shown + QChar(0x2026) : shown;
-}
-
 constexpr int textMargin = 16; ///< in pixels, of a line of text in the view or over it
-
-/// The text with its middle left out as far as it has no room, in pixels, in the widget's font.
-QString elided(const QWidget& widget, const QString& text, int room) {
-    return widget.fontMetrics().elidedText(text, Qt::ElideMiddle, room);
-}
 
 void setUpBar(QScrollBar& bar, const std::optional<std::int32_t>& range, std::int32_t page,
               std::int32_t position) {
@@ -132,8 +119,8 @@ void TTextureView::showTextureName() {
     const std::string& file = materials_->material().TextureFile;
     const QString title = QStringLiteral("Texture - [ %1 ]");
     const int taken = ui_.texname->fontMetrics().horizontalAdvance(title.arg(QString()));
-    const QString name =
-        elided(*ui_.texname, withoutFolder(file), ui_.texname->minimumWidth() - taken - textMargin);
+    const QString name = elidedText(*ui_.texname, withoutFolder(file),
+                                    ui_.texname->minimumWidth() - taken - textMargin);
     ui_.texname->setTitle(title.arg(captionOf(name)));
     ui_.texname->setToolTip(toolTipOf(shownText(file)));
 }
@@ -142,10 +129,11 @@ void TTextureView::showPicture() {
     const bool current = materials_->currentMaterial().has_value();
     const MaterialRecord& material = materials_->material();
     const QString message =
-        current ? textureViewText(material, QFileInfo(materials_->model().FileName).path(),
-                                  elided(*ui_.TextureMessage, withoutFolder(material.TextureFile),
+        current
+            ? textureViewText(material, QFileInfo(materials_->model().FileName).path(),
+                              elidedText(*ui_.TextureMessage, withoutFolder(material.TextureFile),
                                          ui_.Image1->minimumWidth() - textMargin))
-                : QString();
+            : QString();
     ui_.TextureMessage->setText(message);
     ui_.TextureMessage->setVisible(!message.isEmpty());
     ui_.Image1->setVisible(!current || material.HasTexture);
@@ -211,14 +199,9 @@ void TTextureView::DrawTexTri() {
     colors_.background = dialog_.palette().color(QPalette::Dark).rgb();
     view_.draw(picture_, *texture_, materials_->mesh(), part, colors_);
     ui_.Image1->showPicture(imageOf(picture_));
-    if (part && materials_->mesh().HasTexCoords) {
-        const TexCoordTexts texts = view_.texts(materials_->mesh(), part->face);
-        statusPanels_[0]->setText(statusText(texts.x));
-        statusPanels_[1]->setText(statusText(texts.y));
-    } else {
-        statusPanels_[0]->setText(QStringLiteral("X:"));
-        statusPanels_[1]->setText(QStringLiteral("Y:"));
-    }
+    const TexCoordTexts texts = view_.texts(materials_->mesh(), part);
+    statusPanels_[0]->setText(QString::fromStdString(texts.x));
+    statusPanels_[1]->setText(QString::fromStdString(texts.y));
 }
 
 void TTextureView::FormMouseDown(const DragInput& input) {

@@ -33,6 +33,17 @@ std::optional<std::int32_t> scrollRange(std::int32_t texture, std::int32_t view,
     return rest > 0 ? std::optional(static_cast<std::int32_t>(rest / zoom)) : std::nullopt;
 }
 
+/// Nobody reads the corners of a face that has thousands, and its text has to fit into a status
+/// bar.
+void appendNumber(std::string& text, const char* separator, float pixels) {
+    constexpr std::size_t longest = 4096;
+    if (text.size() < longest) {
+        text += separator + std::to_string(whole(pixels));
+    } else if (text.back() != '.') {
+        text += ", ...";
+    }
+}
+
 } // namespace
 
 void TexCoordView::setViewSize(std::int32_t width, std::int32_t height) {
@@ -163,13 +174,17 @@ void TexCoordView::drawCorners(Bitmap& bitmap, const MeshRecord& mesh, std::size
     });
 }
 
-TexCoordTexts TexCoordView::texts(const MeshRecord& mesh, std::size_t face) const {
+TexCoordTexts TexCoordView::texts(const MeshRecord& mesh,
+                                  const std::optional<FacePart>& selected) const {
+    if (!selected || !mesh.HasTexCoords) {
+        return {"X:", "Y:"};
+    }
     TexCoordTexts texts = {"X: (", "Y: ("};
     const char* separator = "";
-    forEachTexCoord(mesh, face, [&](Vec2 coordinate) {
+    forEachTexCoord(mesh, selected->face, [&](Vec2 coordinate) {
         const Vec2 at = toTexture(coordinate);
-        texts.x += separator + std::to_string(whole(at.u));
-        texts.y += separator + std::to_string(whole(at.v));
+        appendNumber(texts.x, separator, at.u);
+        appendNumber(texts.y, separator, at.v);
         separator = ", ";
     });
     texts.x += ')';

@@ -28,7 +28,8 @@ struct ScrollRanges {
     bool operator==(const ScrollRanges&) const = default;
 };
 
-/// The texture coordinates of a face in pixels of the texture, as the status bar tells them.
+/// The texture coordinates of a face in pixels of the texture, as the status bar tells them in
+/// UTF-8.
 struct TexCoordTexts {
     std::string x;
     std::string y;
@@ -70,8 +71,10 @@ class TexCoordView {
     /// outlined as far as their corners have texture coordinates.
     void draw(Bitmap& bitmap, const TextureImage& texture, const MeshRecord& mesh,
               std::optional<FacePart> selected, const TexCoordColors& colors) const;
-    /// The texture coordinates of a face, those of corners that have none left out.
-    [[nodiscard]] TexCoordTexts texts(const MeshRecord& mesh, std::size_t face) const;
+    /// The texture coordinates of the selected face, without corners that have none. A face of very
+    /// many corners is cut short.
+    [[nodiscard]] TexCoordTexts texts(const MeshRecord& mesh,
+                                      const std::optional<FacePart>& selected) const;
 
   private:
     void drawTexture(Bitmap& bitmap, const TextureImage& texture, BitmapPixel background) const;

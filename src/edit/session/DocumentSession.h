@@ -102,6 +102,8 @@ class DocumentSession {
     MeshOutcome openMesh(const QString& fileName);
     /// Whether saving needs a name of the user's choice first.
     [[nodiscard]] bool needsName() const { return model_.NeverSaved; }
+    /// Whether there is anything for Save to do.
+    [[nodiscard]] bool canSave() const { return model_.Modified || model_.NeverSaved; }
     /// Saves under the model's name. It counts as saved whatever became of that, by design also
     /// under names of kinds that are never written.
     SaveOutcome save();

@@ -2,6 +2,8 @@
 
 #include "model/records/FramePath.h"
 
+#include <QString>
+
 #include <cstdint>
 #include <optional>
 
@@ -35,5 +37,21 @@ struct NodeData {
     }
     bool operator==(const NodeData&) const = default;
 };
+
+/// The caption of "Add" at the node; nothing where it stays as it was.
+inline std::optional<QString> addCaption(const NodeData& node) {
+    if (!node.AddByKind) {
+        return QStringLiteral("Add");
+    }
+    switch (node.NodeKind) {
+    case NodeKind::Mesh:
+    case NodeKind::MeshNormals:
+        return std::nullopt;
+    case NodeKind::Frame:
+        return QStringLiteral("Add Frame");
+    default:
+        return QStringLiteral("Add Material");
+    }
+}
 
 } // namespace korvane

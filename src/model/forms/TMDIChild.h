@@ -168,8 +168,6 @@ class TMDIChild : public QMdiSubWindow {
         return planeViews_[static_cast<std::size_t>(plane)];
     }
     void showToolCursor();
-    /// A drag has begun or ended.
-    void showDragCursor();
     void showPlaneColors();
     /// Brings the boxes of the "Tools" page in step with the selected frame.
     void fillVisibilityBoxes();

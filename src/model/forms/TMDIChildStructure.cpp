@@ -50,14 +50,10 @@ void TMDIChild::showSelectedButtons() {
     ui_->DeleteButton->setEnabled(node.CanDelete);
     ui_->RenameButton->setEnabled(node.Frame.has_value());
     fillVisibilityBoxes();
-    if (!node.AddByKind) {
-        ui_->AddButton->setText(QStringLiteral("Add"));
-    } else if (node.NodeKind == NodeKind::Frame) {
-        ui_->AddButton->setText(QStringLiteral("Add Frame"));
-    } else if (node.NodeKind != NodeKind::Mesh && node.NodeKind != NodeKind::MeshNormals) {
-        ui_->AddButton->setText(QStringLiteral("Add Material"));
+    if (const std::optional<QString> caption = addCaption(node)) {
+        ui_->AddButton->setText(*caption);
+        ui_->AddButton->setAccessibleName(*caption);
     }
-    ui_->AddButton->setAccessibleName(ui_->AddButton->text());
 }
 
 void TMDIChild::followSelection() {

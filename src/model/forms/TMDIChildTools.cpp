@@ -58,16 +58,10 @@ void TMDIChild::toolExecute(ViewTool tool) {
 }
 
 void TMDIChild::showToolCursor() {
-    const QCursor cursor = toolCursor(session_ ? document()->Tool : ViewTool::Zoom,
+    const QCursor cursor = toolCursor(session_ ? session_->model().Tool : ViewTool::Zoom,
                                       session_ && session_->draggingPlane());
     for (QWidget* image : {ui_->Image2, ui_->Image3, ui_->Image4}) {
         image->setCursor(cursor);
-    }
-}
-
-void TMDIChild::showDragCursor() {
-    if (document()->Tool == ViewTool::MoveView) {
-        showToolCursor(); // the others look the same
     }
 }
 

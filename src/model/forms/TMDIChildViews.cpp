@@ -170,7 +170,7 @@ void TMDIChild::planeInput(ViewPlane plane, const DragInput& input, PlaneOperati
     const bool dragging = session_->draggingPlane();
     apply(((*session_).*operation)(inputOf(plane, input)));
     if (session_->draggingPlane() != dragging) {
-        showDragCursor();
+        showToolCursor();
     }
 }
 
@@ -179,7 +179,7 @@ bool TMDIChild::cancelDrag() {
         return false;
     }
     apply(session_->cancelPlaneDrag());
-    showDragCursor();
+    showToolCursor();
     return true;
 }
 

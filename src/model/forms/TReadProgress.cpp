@@ -29,9 +29,8 @@ bool TReadProgress::goOn(std::size_t done, std::size_t size) {
         constexpr int widest = 400;
         dialog_ = std::make_unique<QProgressDialog>(QString(), QStringLiteral("Cancel"), 0, steps,
                                                     &parent_);
-        auto* label = new QLabel(
-            QStringLiteral("Reading %1")
-                .arg(parent_.fontMetrics().elidedText(fileName_, Qt::ElideMiddle, widest)));
+        auto* label =
+            new QLabel(QStringLiteral("Reading %1").arg(elidedText(parent_, fileName_, widest)));
         label->setTextFormat(Qt::PlainText);
         dialog_->setLabel(label);
         dialog_->setObjectName(QStringLiteral("ReadProgress"));

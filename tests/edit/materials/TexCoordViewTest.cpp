@@ -171,7 +171,8 @@ TEST(TexCoordView, TellsPixelsOfTheTexture) {
     const MeshRecord mesh = twoFaces();
     for (const std::int32_t zoom : {1, 4}) {
         const TexCoordView view = viewOf(301, 99, zoom, 40, 10);
-        const TexCoordTexts texts = view.texts(mesh, 1); // 75.25, 225.75 and 24.75, 74.25
+        const TexCoordTexts texts =
+            view.texts(mesh, FacePart{1, 0}); // 75.25, 225.75 and 24.75, 74.25
         EXPECT_EQ(texts.x, "X: (75, 225, 75)");
         EXPECT_EQ(texts.y, "Y: (24, 74, 74)");
     }
@@ -180,7 +181,7 @@ TEST(TexCoordView, TellsPixelsOfTheTexture) {
                       {1e30F, std::nanf("")},
                       {-1e30F, std::numeric_limits<float>::infinity()},
                       {}};
-    const TexCoordTexts texts = viewOf(301, 99).texts(wild, 0);
+    const TexCoordTexts texts = viewOf(301, 99).texts(wild, FacePart{0, 0});
     EXPECT_EQ(texts.x, "X: (-3, 2147483647, -2147483648)");
     EXPECT_EQ(texts.y, "Y: (0, 0, -2147483648)");
     Bitmap bitmap;
@@ -193,9 +194,9 @@ TEST(TexCoordView, ShortListsShowAsFarAsTheyGo) {
     addTexCoords(mesh, {0, 9});        // no third, and one that leads nowhere
     test::addFace(mesh, {0, 1, 2, 3}); // a face without any
     const TexCoordView view = viewOf(100, 100);
-    EXPECT_EQ(view.texts(mesh, 0).x, "X: (25)");
-    EXPECT_EQ(view.texts(mesh, 1).x, "X: ()");
-    EXPECT_EQ(view.texts(mesh, 7).y, "Y: ()");
+    EXPECT_EQ(view.texts(mesh, FacePart{0, 0}).x, "X: (25)");
+    EXPECT_EQ(view.texts(mesh, FacePart{1, 0}).x, "X: ()");
+    EXPECT_EQ(view.texts(mesh, FacePart{7, 0}).y, "Y: ()");
     Bitmap bitmap;
     view.draw(bitmap, mapTexture(100, 100), mesh, FacePart{1, 0}, colors);
     EXPECT_EQ(bitmap.at(25, 25), inactiveColor);
