@@ -9,6 +9,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvane::test {
@@ -56,43 +57,35 @@ auto roomOf(const std::string& file) {
                         [&](const Room& room) { return room.name == folder; });
 }
 
-struct Include {
-    std::string name;
-    bool angled;
-};
-
-/// The files that a source file, or a form made with the designer, includes.
-std::vector<Include> includesOf(const std::string& text) {
-    std::vector<Include> found;
-    const auto collect = [&](std::string_view keyword, char before, char behind) {
-        for (std::size_t at = text.find(keyword); at != std::string::npos;
-             at = text.find(keyword, at + 1)) {
-            const std::size_t line = std::min(text.find('\n', at), text.size());
-            const std::size_t open = text.find(before, at);
-            const std::size_t close = text.find(behind, open + 1);
-            if (open < line && close < line) {
-                found.push_back({text.substr(open + 1, close - open - 1), before == '<'});
-            }
-        }
-    };
-    collect("#include", '"', '"');
-    collect("#include", '<', '>');
-    collect("<header", '>', '<');
-    return found;
-}
-
-/// Where an include comes from. What stands in quotes is ours, unless the build makes it; what
-/// stands in angle brackets is if its first folder is one of the table's.
-enum class Origin { Ours, Generated, Other };
-Origin originOf(const Include& include) {
-    if (include.name.starts_with("ui_") || include.name.ends_with(".moc")) {
-        return Origin::Generated;
+/// Whether what is included comes from our source. What stands in quotes does, unless the build
+/// makes it; what stands in angle brackets does if its first folder is one of the table's.
+bool isOurs(const std::string& name, bool angled) {
+    if (name.starts_with("ui_") || name.ends_with(".moc")) {
+        return false;
     }
-    const std::string top = include.name.substr(0, include.name.find('/'));
-    const bool known = std::any_of(rooms.begin(), rooms.end(), [&](const Room& room) {
+    const std::string top = name.substr(0, name.find('/'));
+    return !angled || std::any_of(rooms.begin(), rooms.end(), [&](const Room& room) {
         return room.name.substr(0, room.name.find('/')) == top;
     });
-    return known || !include.angled ? Origin::Ours : Origin::Other;
+}
+
+/// Those that a source file, or a form made with the designer, includes of our own.
+std::vector<std::string> includesOf(const std::string& text) {
+    std::vector<std::string> found;
+    for (const auto& [keyword, marks] :
+         {std::pair("#include", "\"\""), {"#include", "<>"}, {"<header", "><"}}) {
+        for (std::size_t at = text.find(keyword); at < text.size();
+             at = text.find(keyword, at + 1)) {
+            const std::size_t open = text.find(marks[0], at);
+            const std::size_t close = text.find(marks[1], open + 1);
+            const std::string name = text.substr(open + 1, close - open - 1);
+            const bool onLine = open < close && close < text.find('\n', at);
+            if (onLine && isOurs(name, marks[0] == '<')) {
+                found.push_back(name);
+            }
+        }
+    }
+    return found;
 }
 
 /// What is wrong with the includes of a file, one line each.
@@ -102,12 +95,10 @@ std::vector<std::string> faultsOf(const std::string& file, const std::string& te
         return {file + " lies in no room"};
     }
     std::vector<std::string> faults;
-    for (const Include& include : includesOf(text)) {
-        const auto used = roomOf(include.name);
-        const bool allowed =
-            used <= room && room->notUsed.find(used->name) == std::string_view::npos;
-        if (originOf(include) == Origin::Ours && !allowed) {
-            faults.emplace_back(file).append(" must not include ").append(include.name);
+    for (const std::string& include : includesOf(text)) {
+        const auto used = roomOf(include);
+        if (used > room || room->notUsed.find(used->name) != std::string_view::npos) {
+            faults.emplace_back(file).append(" must not include ").append(include);
         }
     }
     return faults;

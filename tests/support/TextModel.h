@@ -25,8 +25,8 @@ inline ModelDocument readXsiBody(std::string_view body) {
 }
 
 /// Reads the lines of a mesh's body, the mesh standing in the top-level frame.
-inline ModelDocument readMeshBody(std::string_view body, std::string_view frame = "frame frm-a") {
-    return readXsiBody(std::string(frame) + " {\nmesh a {\n" + std::string(body) + "}\n}\n");
+inline ModelDocument readMeshBody(std::string_view body) {
+    return readXsiBody("frame frm-a {\nmesh a {\n" + std::string(body) + "}\n}\n");
 }
 
 } // namespace korvane::test

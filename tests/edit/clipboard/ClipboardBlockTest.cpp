@@ -11,6 +11,7 @@
 #include <bit>
 #include <fstream>
 #include <limits>
+#include <set>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -134,8 +135,8 @@ void tame(PolygonList& list, std::size_t limit) {
     list = tamed;
 }
 
-/// What the frame is after it went through a block.
-FrameRecord expectedCopy(FrameRecord top, const std::vector<std::int32_t>& places) {
+/// What the frame is after it went through a block, with the materials that are used.
+FrameRecord expectedCopy(FrameRecord top, const std::set<std::int32_t>& used) {
     for (FrameWalk walk(top); !walk.done(); walk.next()) {
         FrameRecord& frame = walk.frame();
         MeshRecord& mesh = frame.Mesh;
@@ -148,7 +149,7 @@ FrameRecord expectedCopy(FrameRecord top, const std::vector<std::int32_t>& place
             slot = slots == 0 || static_cast<std::size_t>(slot) < slots ? slot : -1;
         }
         for (std::int32_t& slot : mesh.MaterialSlotList) {
-            slot = places[static_cast<std::size_t>(slot)];
+            slot = static_cast<std::int32_t>(std::distance(used.begin(), used.find(slot)));
         }
         frame.Path = FramePath();
         frame.PathDepth = 0;
@@ -178,34 +179,35 @@ TEST(ClipboardBlock, RandomFramesComeBackWhole) {
                                         ? document.Root
                                         : document.Root.Children.back();
         CopiedFrame copied = decodedFrame(frameBlock(source, document.Materials));
-
-        // where each material stands among those that are copied
-        std::vector<std::int32_t> places(document.Materials.size(), -1);
+        std::set<std::int32_t> used;
         for (FrameWalk walk(source); !walk.done(); walk.next()) {
             ++frames;
-            for (const std::int32_t slot : walk.frame().Mesh.MaterialSlotList) {
-                places[static_cast<std::size_t>(slot)] = 0;
-            }
+            const std::vector<std::int32_t>& slots = walk.frame().Mesh.MaterialSlotList;
+            used.insert(slots.begin(), slots.end());
         }
-        std::vector<MaterialRecord> used;
-        for (std::size_t i = 0; i < places.size(); ++i) {
-            if (places[i] == 0) {
-                places[i] = static_cast<std::int32_t>(used.size());
-                used.push_back(document.Materials[i]);
-            }
+        std::vector<MaterialRecord> materials;
+        for (const std::int32_t number : used) {
+            materials.push_back(document.Materials[static_cast<std::size_t>(number)]);
         }
-        ASSERT_EQ(copied.materials.size(), used.size());
-        for (std::size_t i = 0; i < used.size(); ++i) {
-            EXPECT_EQ(*copied.materials[i].TextureImage, *used[i].TextureImage);
-            copied.materials[i].TextureImage = used[i].TextureImage;
+        for (MaterialRecord& material : copied.materials) {
+            EXPECT_EQ(*material.TextureImage, *blankTextureImage());
+            material.TextureImage = blankTextureImage();
         }
-        EXPECT_EQ(copied.materials, used);
-        FrameRecord expected = expectedCopy(source, places);
+        EXPECT_EQ(copied.materials, materials) << seed;
+        FrameRecord expected = expectedCopy(source, used);
         test::dropOddNormals(expected);
         test::dropOddNormals(copied.frame);
         ASSERT_EQ(copied.frame, expected) << "seed " << seed;
     }
     EXPECT_GT(frames, 1000U);
+}
+
+/// Whether the block is read. No count in it is trusted with more memory than its bytes can fill.
+bool accepts(const Bytes& block) {
+    const test::AllocationWatch watch;
+    const bool read = decodeBlock(block).has_value();
+    EXPECT_LT(watch.largest(), 16 * block.size());
+    return read;
 }
 
 /// A word of the block replaced.
@@ -219,21 +221,23 @@ TEST(ClipboardBlock, NumbersComeBackBitByBitAndHaveToBeFinite) {
     std::vector<MaterialRecord> table(1);
     FrameRecord frame;
     frame.Mesh.Vertices.resize(1);
+    frame.Mesh.Faces.push_back(std::vector<std::uint32_t>{0});
     frame.Mesh.Normals.resize(1);
     frame.Mesh.TexCoords.resize(1);
     frame.Mesh.VertexColors.resize(1);
     frame.AnimationKeys = {{7, {1, 2}}};
     frame.Mesh.MaterialSlotList = {0};
     const Bytes block = frameBlock(frame, table);
-    // what is read as a number wherever 1 is welcome and a number that is none is not
+    // what is read as a number wherever 1 is welcome and a number that is none is not; where a
+    // count is read instead, all of these are huge
     std::size_t numbers = 0;
-    for (std::size_t at = 12; at + 4 <= block.size(); ++at) {
-        const auto accepts = [&](float number) {
-            return decodeBlock(damaged(block, at, std::bit_cast<std::int32_t>(number))).has_value();
+    for (std::size_t at = 0; at + 4 <= block.size(); ++at) {
+        const auto takes = [&](float number) {
+            return accepts(damaged(block, at, std::bit_cast<std::int32_t>(number)));
         };
-        if (accepts(1) && !accepts(Limits::infinity())) {
+        if (takes(1) && !takes(Limits::infinity())) {
             ++numbers;
-            EXPECT_FALSE(accepts(-Limits::infinity()) || accepts(Limits::quiet_NaN())) << at;
+            EXPECT_FALSE(takes(-Limits::infinity()) || takes(Limits::quiet_NaN())) << at;
             for (const float kept : {Limits::max(), -0.0F, Limits::denorm_min()}) {
                 const Bytes given = damaged(block, at, std::bit_cast<std::int32_t>(kept));
                 const CopiedFrame read = decodedFrame(given);
@@ -263,23 +267,6 @@ TEST(ClipboardBlock, ABlockCutAnywhereIsRefused) {
         Bytes longer = block;
         longer.resize(block.size() + 100); // a clipboard may round up
         EXPECT_TRUE(decodeBlock(longer).has_value());
-    }
-}
-
-TEST(ClipboardBlock, EveryBitFlippedIsReadOrRefused) {
-    for (const char* name : {"materials.clipboard", "frame.clipboard"}) {
-        const Bytes block = test::seedFile(name);
-        std::size_t refused = 0;
-        for (std::size_t i = 0; i < block.size(); ++i) {
-            for (const unsigned flip : {1U, 2U, 4U, 8U, 16U, 32U, 64U, 128U, 255U}) {
-                Bytes flipped = block;
-                flipped[i] = static_cast<std::uint8_t>(flipped[i] ^ flip);
-                const test::AllocationWatch watch;
-                refused += decodeBlock(flipped) ? 0U : 1U;
-                ASSERT_LT(watch.largest(), 16 * block.size()) << name << " byte " << i;
-            }
-        }
-        EXPECT_GT(refused, block.size() / 4) << name;
     }
 }
 
@@ -336,8 +323,7 @@ TEST(ClipboardBlock, WhatDoesNotFitIsRefused) {
         {"end of the frame", children + 4 + 213, 1, true}, // may be beyond the payload size
     };
     for (const auto& row : rows) {
-        const auto item = decodeBlock(damaged(block, row.offset, row.value));
-        EXPECT_EQ(item.has_value(), row.accepted) << row.what;
+        EXPECT_EQ(accepts(damaged(block, row.offset, row.value)), row.accepted) << row.what;
     }
 }
 
@@ -345,17 +331,16 @@ TEST(ClipboardBlock, TexturesThatDoNotFitAreRefused) {
     const Bytes textured = test::seedFile("materials.clipboard");
     constexpr std::size_t fileName = 12 + 61 + 4;
     constexpr std::size_t image = 12 + 225 + 5;
-    EXPECT_TRUE(decodeBlock(damaged(textured, fileName, 0x67740a61)).has_value());
-    EXPECT_FALSE(decodeBlock(damaged(textured, fileName, 0x67740a22)).has_value())
+    EXPECT_FALSE(accepts(damaged(textured, 8, 1 << 30))) << "a huge count";
+    EXPECT_TRUE(accepts(damaged(textured, fileName, 0x67740a61)));
+    EXPECT_FALSE(accepts(damaged(textured, fileName, 0x67740a22)))
         << "a quote that ends the name, and a line behind it";
     ASSERT_EQ(test::wordAt(textured, image), 2);
-    const std::pair<std::int32_t, std::int32_t> sizes[] = {
-        {0, 1}, {2, 0}, {-1, -1}, {-2, 1}, {1 << 30, 1 << 30}, {3, 2}, {0x7fffffff, 2}};
-    for (const auto& [width, height] : sizes) {
-        const Bytes odd = damaged(damaged(textured, image, width), image + 4, height);
-        const test::AllocationWatch watch;
-        EXPECT_FALSE(decodeBlock(odd).has_value()) << width << " x " << height;
-        EXPECT_LT(watch.largest(), 10000U);
+    using Size = std::pair<std::int32_t, std::int32_t>;
+    for (const auto& [width, height] :
+         {Size{0, 1}, {2, 0}, {-1, -1}, {-2, 1}, {1 << 30, 1 << 30}, {3, 2}, {0x7fffffff, 2}}) {
+        EXPECT_FALSE(accepts(damaged(damaged(textured, image, width), image + 4, height)))
+            << width << " x " << height;
     }
 }
 
@@ -366,8 +351,8 @@ TEST(ClipboardBlock, DepthIsLimited) {
         return frameBlock(top, {});
     };
     // the copy stands below a root at the least
-    EXPECT_TRUE(decodeBlock(nested(maxFrameDepth - 1)).has_value());
-    EXPECT_FALSE(decodeBlock(nested(maxFrameDepth)).has_value());
+    EXPECT_TRUE(accepts(nested(maxFrameDepth - 1)));
+    EXPECT_FALSE(accepts(nested(maxFrameDepth)));
 }
 
 TEST(ClipboardBlock, CountsThatRepeatOnEveryLevelTakeNoMoreThanTheBytes) {

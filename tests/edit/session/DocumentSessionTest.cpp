@@ -5,7 +5,11 @@
 #include "support/TextModel.h"
 #include "support/Words.h"
 
+#include <functional>
+#include <map>
 #include <stdexcept>
+#include <tuple>
+#include <utility>
 
 namespace korvane::test {
 namespace {
@@ -88,49 +92,39 @@ class Session : public TestFiles {
     }
 
     Changes run(const std::string& line) {
-        const std::vector<std::string> said = words(line);
-        const std::string& command = said.at(0);
-        if (command == "select") {
-            return select(said.at(1));
-        }
-        if (command == "add") {
-            return session_.add();
-        }
-        if (command == "delete") {
-            return session_.remove();
-        }
-        if (command == "rename") {
-            return rename(said.at(1));
-        }
-        if (command == "options") {
-            return options({&FrameFlags::GFlag, &FrameFlags::HasNormals}, true);
-        }
-        const std::pair<const char*, ViewTool> tools[] = {{"move", ViewTool::MoveFrame},
-                                                          {"turn", ViewTool::RotateFrame},
-                                                          {"pan", ViewTool::MoveView},
-                                                          {"aim", ViewTool::MoveObjCoords},
-                                                          {"zoom", ViewTool::Zoom}};
-        for (const auto& [name, tool] : tools) {
-            if (command == name) {
-                return drag(tool, 9, -13);
-            }
-        }
-        if (command == "undo") {
-            return session_.undo();
-        }
-        if (command == "redo") {
-            return session_.redo();
-        }
-        if (command == "copy") {
-            clipboard_ = session_.copy();
-            return {};
-        }
-        if (command == "paste") {
-            const PasteOutcome outcome = session_.paste(clipboard_);
-            EXPECT_EQ(outcome.refusal.toStdString(), "");
-            return outcome.changes;
-        }
-        throw std::runtime_error("no command " + command);
+        const std::vector<std::string> said = words(line + " -");
+        const auto with = [this](ViewTool tool) {
+            return [=, this] { return drag(tool, 9, -13); };
+        };
+        const std::map<std::string, std::function<Changes()>> commands = {
+            {"select", [&] { return select(said[1]); }},
+            {"add", [&] { return session_.add(); }},
+            {"delete", [&] { return session_.remove(); }},
+            {"rename", [&] { return rename(said[1]); }},
+            {"options",
+             [&] {
+                 return options({&FrameFlags::GFlag, &FrameFlags::HasNormals}, true);
+             }},
+            {"move", with(ViewTool::MoveFrame)},
+            {"turn", with(ViewTool::RotateFrame)},
+            {"pan", with(ViewTool::MoveView)},
+            {"aim", with(ViewTool::MoveObjCoords)},
+            {"zoom", with(ViewTool::Zoom)},
+            {"undo", [&] { return session_.undo(); }},
+            {"redo", [&] { return session_.redo(); }},
+            {"copy",
+             [&] {
+                 clipboard_ = session_.copy();
+                 return Changes();
+             }},
+            {"paste", [&] { return paste(); }}};
+        return commands.at(said[0])();
+    }
+
+    Changes paste() {
+        const PasteOutcome outcome = session_.paste(clipboard_);
+        EXPECT_EQ(outcome.refusal.toStdString(), "");
+        return outcome.changes;
     }
 
     void open() {
@@ -145,8 +139,7 @@ class Session : public TestFiles {
 TEST_F(Session, StoriesAreTakenBackAndMadeAgainByteByByte) {
     open();
     std::vector<std::string> rungs = {bytes()};
-    for (const char* line : {"select Frame_frm-body",
-                             "add",
+    for (const char* line : {"add",
                              "select Frame_frm-body/Frame_frm-",
                              "rename Fin",
                              "move",
@@ -197,12 +190,7 @@ TEST_F(Session, TheSelectionFollowsWhatHappensToItsNode) {
     open();
     EXPECT_EQ(selected(), "Frame frm-body");
     const std::string slots = "Frame_frm-body/Mesh_body/MeshMaterialList";
-    struct Case {
-        std::string at;
-        const char* command;
-        const char* selected;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, const char*, const char*> cases[] = {
         {"Frame_frm-body/Frame_frm-wing/Frame_frm-tip", "delete", "Frame frm-wing"},
         {slots, "add", "MeshMaterialList"},
         {slots + "/Material_2", "delete", "Material 3"}, // the slot that has taken its place
@@ -210,10 +198,10 @@ TEST_F(Session, TheSelectionFollowsWhatHappensToItsNode) {
         {"Materials", "add", "Materials"},
         {"Frame_frm-body/Frame_frm-wing", "add", "Frame frm-wing"},
     };
-    for (const Case& row : cases) {
-        select(row.at);
-        EXPECT_TRUE(run(row.command).tree) << row.at;
-        EXPECT_EQ(selected(), row.selected) << row.at;
+    for (const auto& [node, command, expected] : cases) {
+        select(node);
+        EXPECT_TRUE(run(command).tree) << node;
+        EXPECT_EQ(selected(), expected) << node;
     }
     EXPECT_EQ(root().SelectState, SelectState::Other);
     select("Materials");
@@ -240,8 +228,7 @@ TEST_F(Session, EveryOperationTellsWhatItPutsOutOfDate) {
         {"undo", "tree geometry materials status "},
         {"options", "tree geometry "},
         {"select Frame_frm-body", "geometry "},
-        {"undo",
-         "tree geometry materials selection status "}, // the step's frame is the selection again
+        {"undo", "tree geometry materials selection status "},
         {"copy", ""},
         {"paste", "tree geometry "},
         {"select Frame_frm-body/Mesh_body/MeshMaterialList", "geometry "},
@@ -308,10 +295,12 @@ TEST_F(Session, ADragCancelledOrLeftOverIsNoEdit) {
 TEST_F(Session, TheMouseTurnsTheCameraOrPutsItBack) {
     open();
     const ViewGeometry geometry(200, 160);
-    session_.placeCamera(geometry);
-    session_.placePlanes(200, 160);
-    const float distance = session_.model().CameraDistance;
-    const float scale = session_.model().PlaneScale;
+    const auto placed = [&] {
+        session_.placeCamera(geometry);
+        session_.placePlanes(200, 160);
+        return std::pair(session_.model().CameraDistance, session_.model().PlaneScale);
+    };
+    const auto [distance, scale] = placed();
     EXPECT_NE(distance, ModelDocument().CameraDistance);
     EXPECT_NE(scale, ModelDocument().PlaneScale);
     const CameraAngles start = session_.view().angles;
@@ -327,21 +316,17 @@ TEST_F(Session, TheMouseTurnsTheCameraOrPutsItBack) {
         EXPECT_EQ(session_.view().angles == start, cancelled);
     }
     EXPECT_EQ(told(session_.wheelOrbit(-1)), "camera ");
+    session_.model().PlaneScale = 3;
     const float moved = session_.model().CameraDistance;
     EXPECT_GT(moved, distance);
-    session_.placeCamera(ViewGeometry(20, 10)); // a resize
-    session_.placePlanes(20, 10);
-    EXPECT_EQ(session_.model().CameraDistance, moved);
-    EXPECT_EQ(session_.model().PlaneScale, scale);
+    EXPECT_EQ(placed(), std::pair(moved, 3.0F)) << "only once";
     open();
-    session_.placeCamera(geometry);
-    session_.placePlanes(200, 160);
-    EXPECT_EQ(session_.model().CameraDistance, distance) << "another model";
-    EXPECT_EQ(session_.model().PlaneScale, scale);
+    EXPECT_EQ(placed(), std::pair(distance, scale)) << "another model";
 }
 
-TEST_F(Session, TheStatusBarTellsThePlaceAndHowFarTheDragGot) {
+TEST_F(Session, TheStatusBarTellsThePlaceAndTheDragThenTheCommandThenCounts) {
     open();
+    EXPECT_EQ(status(), "1 mesh, 2 faces");
     session_.model().PlaneScale = 20;
     session_.setTool(ViewTool::MoveFrame);
     const auto move = [&](ViewPlane plane, float x, float y) {
@@ -361,6 +346,14 @@ TEST_F(Session, TheStatusBarTellsThePlaceAndHowFarTheDragGot) {
     EXPECT_EQ(told(session_.releasePlane(at(ViewPlane::XY, 100, 30))), "status ");
     EXPECT_EQ(status(), "x 0.00  y 2.50");
     session_.leavePlane();
+    EXPECT_EQ(status(), "1 mesh, 2 faces");
+    EXPECT_TRUE(session_.undo().status);
+    EXPECT_EQ(status(), "Undone: move or rotate frame");
+    EXPECT_TRUE(session_.movePlane(at(ViewPlane::XY, 100, 80)).status);
+    EXPECT_EQ(status(), "x 0.00  y 0.00");
+    session_.leavePlane();
+    EXPECT_EQ(status(), "Undone: move or rotate frame");
+    EXPECT_TRUE(session_.clearMessage().status);
     EXPECT_EQ(status(), "1 mesh, 2 faces");
 }
 
@@ -431,20 +424,15 @@ TEST_F(Session, WhatADialogBringsBackTooLateIsDropped) {
 
 TEST_F(Session, SavingAsksForANameAndCountsWhateverBecameOfIt) {
     EXPECT_TRUE(session_.needsName() && session_.needsCloseQuestion());
-    struct Case {
-        const char* name;
-        SaveResult result;
-    };
-    const Case cases[] = {{"gone/m.xsi", SaveResult::Failed},
-                          {"m.x", SaveResult::NotWritten},
-                          {"m.xsi", SaveResult::Written}};
-    for (const Case& row : cases) {
+    for (const auto& [name, result] : {std::pair{"gone/m.xsi", SaveResult::Failed},
+                                       {"m.x", SaveResult::NotWritten},
+                                       {"m.xsi", SaveResult::Written}}) {
         session_.model().Modified = true;
-        const SaveOutcome outcome = session_.saveAs(path(row.name));
-        EXPECT_EQ(outcome.result, row.result) << row.name;
-        EXPECT_TRUE(outcome.changes.title && outcome.changes.status) << row.name;
-        EXPECT_FALSE(session_.needsName() || session_.needsCloseQuestion()) << row.name;
-        EXPECT_EQ(content(path(row.name)) == bytes(), row.result == SaveResult::Written);
+        const SaveOutcome outcome = session_.saveAs(path(name));
+        EXPECT_EQ(outcome.result, result) << name;
+        EXPECT_TRUE(outcome.changes.title && outcome.changes.status) << name;
+        EXPECT_FALSE(session_.needsName() || session_.needsCloseQuestion()) << name;
+        EXPECT_EQ(content(path(name)) == bytes(), result == SaveResult::Written);
     }
 }
 
@@ -457,20 +445,6 @@ TEST_F(Session, PastesThatFitNothingSayWhy) {
     EXPECT_FALSE(session_.canPaste(ClipboardContent::Frame));
     EXPECT_NE(session_.paste(clipboard_).refusal, QString());
     EXPECT_FALSE(session_.canUndo());
-}
-
-TEST_F(Session, TheStatusBarTellsPointerThenCommandThenCounts) {
-    open();
-    EXPECT_EQ(status(), "1 mesh, 2 faces");
-    session_.add();
-    EXPECT_TRUE(session_.undo().status);
-    EXPECT_EQ(status(), "Undone: add frame");
-    EXPECT_TRUE(session_.movePlane(at(ViewPlane::XY, 1, 1)).status);
-    EXPECT_NE(status(), "Undone: add frame");
-    session_.leavePlane();
-    EXPECT_EQ(status(), "Undone: add frame");
-    EXPECT_TRUE(session_.clearMessage().status);
-    EXPECT_EQ(status(), "1 mesh, 2 faces");
 }
 
 TEST_F(Session, AReadingThatIsCancelledOrFailsLeavesNoHalfModel) {

@@ -20,11 +20,9 @@ std::string directX(std::string_view face, std::string_view more = "") {
            std::string(more) + "}\n";
 }
 
-ModelDocument readMaterials(int count, const std::string& materials,
-                            std::string_view frame = "frame frm-a") {
+ModelDocument readMaterials(int count, const std::string& materials) {
     return readMeshBody(std::string(oneFace) + "MeshMaterialList {\n" + std::to_string(count) +
-                            ";\n1;\n0;\n" + materials + "}\nMeshNormals {\n1;\n0;0;1;;\n0;\n}\n",
-                        frame);
+                        ";\n1;\n0;\n" + materials + "}\nMeshNormals {\n1;\n0;0;1;;\n0;\n}\n");
 }
 
 /// That everything behind the material list was read, so that the list ended where it should.
@@ -107,15 +105,6 @@ TEST(Materials, WhatCountsForEquality) {
     a.HasTexture = true;
     a.TextureFile = "x";
     EXPECT_FALSE(same([](MaterialRecord& b) { b.HasTexture = true; }));
-}
-
-TEST(Materials, EmissiveFramesExchangeRedAndGreenOfColoursWithoutBlue) {
-    const ModelDocument document = readMaterials(1, dotXsi("0.2;0.6;0.0"), "frame frm-a__e");
-    ASSERT_EQ(document.Materials.size(), 1U);
-    const MaterialRecord& material = document.Materials[0];
-    EXPECT_EQ(material.FaceColor, (ColorRGBA{0.6F, 0.2F, 0, 1}));
-    EXPECT_EQ(material.Ambient, (ColorRGB{0.25F, 0.5F, 0}));
-    EXPECT_EQ(material.Specular, (ColorRGB{0.1F, 0.2F, 0.3F})); // has blue
 }
 
 } // namespace
