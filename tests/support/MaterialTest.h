@@ -2,9 +2,12 @@
 
 #include "edit/forms/TMaterial.h"
 #include "edit/forms/TOKBottomDlg.h"
+#include "render/forms/TImage.h"
 #include "support/GuiTest.h"
 #include "support/MaterialModel.h"
 
+#include <QComboBox>
+#include <QLabel>
 #include <QTest>
 
 #include <functional>
@@ -39,12 +42,19 @@ class MaterialTest : public GuiTest, protected MaterialModel {
     void check(int material, bool used);
     /// Selects a face (vertex 0) or one of its vertices in the tree.
     void select(FacePart part);
-    /// Presses, moves and releases the left button in the texture view.
+    // the left button of the mouse in the texture view
     void press(QPoint at) { QTest::mousePress(&view(), Qt::LeftButton, Qt::NoModifier, at); }
     void move(QPoint at) { moveHolding(view(), at); }
     void release(QPoint at) { QTest::mouseRelease(&view(), Qt::LeftButton, Qt::NoModifier, at); }
     [[nodiscard]] QWidget& view() { return control<QWidget>("Image1"); }
-    [[nodiscard]] QString text(const char* label);
+    [[nodiscard]] QImage picture() { return control<TImage>("Image1").picture().copy(); }
+    [[nodiscard]] QString text(const char* label) { return control<QLabel>(label).text(); }
+    /// The texture's name and size, and why it does not show.
+    [[nodiscard]] QString textureTexts();
+    [[nodiscard]] QString slotText() { return control<QComboBox>("ComboBox1").currentText(); }
+    /// An "x" for each material that the mesh uses, a point for the others, in brackets where the
+    /// user cannot change that.
+    [[nodiscard]] std::string usedMaterials();
 
     TMaterial editor{nullptr};
     TOKBottomDlg textureDialog{nullptr};

@@ -1,41 +1,34 @@
-#include "model/forms/TMDIChild.h"
+#include "support/ModelWindowTest.h"
+#include "support/TextModel.h"
 
-#include "support/GuiTest.h"
-
-#include <QApplication>
 #include <QCheckBox>
-#include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QMessageBox>
-#include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QTreeView>
+#include <QScrollBar>
+#include <QSlider>
+
+#include <functional>
 
 namespace korvane::test {
 namespace {
 
 const QString saveDialog = QStringLiteral("SaveDialog1");
+const QString untitled = QStringLiteral("Untitled 1");
 
-class TMDIChildTest : public GuiTest {
+class TMDIChildTest : public ModelWindowTest {
   protected:
-    TMDIChildTest() {
-        area_.resize(800, 600);
-        area_.show();
+    /// Opens another window.
+    TMDIChild& open(const QString& name) const {
+        Q_EMIT form().filesDropped({name});
+        settle();
+        return window();
     }
-
-    TMDIChild& open(const QString& name) {
-        auto* window = new TMDIChild(ViewColors());
-        area_.addSubWindow(window);
-        window->showMaximized();
-        window->create(name);
-        return *window;
-    }
-
     /// Closes the window as its close button does; whether it went.
     static bool closes(TMDIChild& window) {
         const QPointer<TMDIChild> alive(&window);
@@ -43,110 +36,115 @@ class TMDIChildTest : public GuiTest {
         settle();
         return alive.isNull();
     }
+    [[nodiscard]] std::string bytes() const { return writeText(document()); }
 
-    QMdiArea area_;
+    /// Lets the steps use the dialog that the button brings up, and ends it.
+    void use(const char* button, const char* title, bool accept,
+             const std::function<void(QWidget&)>& steps) {
+        answer([=](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QString::fromLatin1(title));
+            steps(dialog);
+            static_cast<QDialog&>(dialog).done(accept ? QDialog::Accepted : QDialog::Rejected);
+        });
+        click(button);
+    }
+    void rename(const char* typed, const QString& hint, bool accept = true) {
+        use("RenameButton", "Rename Frame", accept, [=](QWidget& dialog) {
+            child<QLineEdit>(dialog, "NameEdit").selectAll();
+            child<QLineEdit>(dialog, "NameEdit").insert(QString::fromLatin1(typed));
+            const QString text = child<QLabel>(dialog, "HintLabel").text();
+            EXPECT_TRUE(hint.isEmpty() ? text.isEmpty() : text.contains(hint));
+        });
+    }
+    /// Clicks boxes of the frame options, and looks at which are disabled then.
+    void options(const std::string& boxes, const std::string& disabled, bool accept) {
+        use("EditButton", "Frame Options", accept, [=](QWidget& dialog) {
+            for (const std::string& box : words(boxes)) {
+                child<QCheckBox>(dialog, box.c_str()).click();
+            }
+            std::string found;
+            for (const QCheckBox* box : dialog.findChildren<QCheckBox*>()) {
+                found += box->isEnabled() ? "" : box->objectName().toStdString() + " ";
+            }
+            EXPECT_EQ(found, disabled);
+        });
+    }
 };
 
-std::string enabledButtons(const TMDIChild& window) {
-    std::string enabled;
-    for (const char* name : {"EditButton", "RenameButton", "DeleteButton", "AddButton"}) {
-        const auto& button = child<QPushButton>(window, name);
-        if (button.isEnabled()) {
-            enabled += '[' + button.text().toStdString() + ']';
+TEST_F(TMDIChildTest, ControlsHaveNamesUnlessTheyAreReadAsWhatTheyShow) {
+    for (const QWidget* control : QApplication::allWidgets()) {
+        const QString name = control->objectName(); // the parts of the toolkit's own have none
+        const bool text = control->inherits("QLabel") && name != u"ProgramIcon";
+        const bool frame = control->isWindow() || name == u"texname" || name == u"CornerPanel";
+        if (!name.isEmpty() && !name.startsWith(u"qt_") && !frame) {
+            EXPECT_EQ(control->accessibleName().isEmpty(), text) << name.toStdString();
         }
     }
-    return enabled;
 }
 
 TEST_F(TMDIChildTest, ButtonsFollowTheModelAndItsSelection) {
-    TMDIChild& empty = open(QStringLiteral("Untitled 1"));
-    EXPECT_EQ(empty.windowTitle(), QStringLiteral("Untitled 1"));
-    EXPECT_EQ(enabledButtons(empty), "") << "nothing is selected";
-    // a label is read as the value that it shows, which a name would hide
-    for (const QWidget* control : empty.widget()->findChildren<QWidget*>()) {
-        if (!control->objectName().isEmpty() && !control->objectName().startsWith(u"qt_")) {
-            EXPECT_EQ(control->accessibleName().isEmpty(),
-                      qobject_cast<const QLabel*>(control) != nullptr)
-                << control->objectName().toStdString();
+    const auto enabled = [&] {
+        std::string buttons;
+        for (const char* name : {"EditButton", "RenameButton", "DeleteButton", "AddButton"}) {
+            const auto& button = child<QPushButton>(window(), name);
+            buttons += button.isEnabled() ? '[' + button.text().toStdString() + ']' : "";
         }
-    }
-
-    TMDIChild& window = open(write("a[*].xsi", smallModel()));
+        return buttons;
+    };
     // once would be the mark of a changed window, twice is the text
-    EXPECT_EQ(window.windowTitle(), path("a[*][*].xsi"));
-    EXPECT_EQ(window.statusText(), QStringLiteral("1 mesh, 2 faces"));
-    auto& tree = child<QTreeView>(window, "TreeView1");
-    EXPECT_EQ(tree.currentIndex(), tree.model()->index(0, 0));
-    EXPECT_TRUE(tree.selectionModel()->isSelected(tree.currentIndex()));
-    const std::pair<std::vector<int>, const char*> nodes[] = {
-        {{0}, "[Edit][Rename Frame][Add Frame]"},
-        {{0, 0}, "[Rename Frame]"},                                   // mesh
-        {{0, 0, 0, 1}, "[Edit][Rename Frame][Delete][Add Material]"}, // one of 2 slots
-        {{1}, "[Edit][Add Material]"},                                // table
-        {{0, 1}, "[Edit][Rename Frame][Delete][Add Frame]"},          // a child frame
-        {{}, ""}};
-    for (const auto& [rows, buttons] : nodes) {
-        QModelIndex node;
-        for (const int row : rows) {
-            node = tree.model()->index(row, 0, node);
-        }
-        tree.selectionModel()->setCurrentIndex(node, QItemSelectionModel::ClearAndSelect);
-        EXPECT_EQ(enabledButtons(window), buttons);
+    EXPECT_EQ(open(write("a[*].xsi", smallModel())).windowTitle(), path("a[*][*].xsi"));
+    EXPECT_EQ(enabled(), "[Edit][Rename Frame][Add Frame]");
+    const std::pair<std::string, const char*> nodes[] = {
+        {bodyMesh, "[Rename Frame]"},
+        {bodyMaterials + "/Material 2", "[Edit][Rename Frame][Delete][Add Material]"},
+        {"Materials", "[Edit][Add Material]"},
+        {bodyNode + "/Frame frm-wing", "[Edit][Rename Frame][Delete][Add Frame]"}};
+    for (const auto& [at, buttons] : nodes) {
+        select(at);
+        EXPECT_EQ(enabled(), buttons);
     }
-    EXPECT_EQ(window.document()->Selected, NodeData());
-    EXPECT_FALSE(window.document()->Modified) << "a selection is no edit";
+    tree().clearSelection();
+    EXPECT_EQ(enabled(), "");
+    open(untitled);
+    EXPECT_EQ(enabled(), "") << "nothing is selected";
 }
 
 TEST_F(TMDIChildTest, LayoutHalvesTheDrawingAreaAndDropsTheOddPixel) {
-    TMDIChild& window = open(QStringLiteral("Untitled 1"));
-    auto& area = child<QWidget>(window, "Panel3");
-    const auto geometry = [&](const char* name) { return child<QWidget>(window, name).geometry(); };
-    const auto halved = [&](int width, int height) {
-        EXPECT_EQ(geometry("Panel5"), QRect(0, 0, width, height));
-        EXPECT_EQ(geometry("Panel1"), QRect(width, 0, width, height));
-        EXPECT_EQ(geometry("Panel6"), QRect(0, height, width, height));
-        EXPECT_EQ(geometry("Panel7"), QRect(width, height, width, height));
-    };
-    auto& box = child<QCheckBox>(window, "TwoDVisibleBox");
-    area.resize(301, 203);
-    halved(150, 101);
-    box.click();
-    EXPECT_EQ(geometry("Panel1"), QRect(0, 0, 301, 203));
-    area.resize(400, 300);
-    EXPECT_EQ(geometry("Panel1"), QRect(0, 0, 400, 300));
-    for (const bool shown : {false, true}) {
-        for (const char* panel : {"Panel5", "Panel6", "Panel7"}) {
-            EXPECT_EQ(child<QWidget>(window, panel).isVisible(), shown);
+    using Places = QList<QRect>;
+    const Places odd = {
+        {0, 0, 150, 101}, {150, 0, 150, 101}, {0, 101, 150, 101}, {150, 101, 150, 101}};
+    const std::tuple<QSize, bool, Places> steps[] = {{{301, 203}, true, odd},
+                                                     {{301, 203}, false, {{0, 0, 301, 203}}},
+                                                     {{400, 300}, false, {{0, 0, 400, 300}}},
+                                                     {{301, 203}, true, odd}};
+    for (const auto& [size, planes, expected] : steps) {
+        child<QWidget>(window(), "Panel3").resize(size);
+        child<QCheckBox>(window(), "TwoDVisibleBox").setChecked(planes);
+        Places found;
+        for (const char* name : {"Panel5", "Panel1", "Panel6", "Panel7"}) {
+            const auto& panel = child<QWidget>(window(), name);
+            found += panel.isVisible() ? Places({panel.geometry()}) : Places();
         }
-        box.click();
+        EXPECT_EQ(found, expected);
     }
-    box.click();
-    halved(200, 150);
 }
 
 TEST_F(TMDIChildTest, FailuresAreToldAndFlagsClearedAllTheSame) {
-    const WorkingFolder here(path(""));
+    const WorkingFolder here(folder());
     const auto expect = [this](const char* name, const QString& file, const char* title) {
         answerBox(QString::fromLatin1(name), file, QString::fromLatin1(title), QMessageBox::Ok,
                   QMessageBox::Ok);
     };
-    for (const char* folder : {"folder.xsi", "folder.msh", "loaded.xsi"}) {
-        ASSERT_TRUE(QDir().mkdir(path(folder)));
-    }
-    const std::pair<QString, const char*> reads[] = {
-        {write("wrong.x", "xof 0303txt 0032\n"), "Not a valid .X file"},
-        {path("folder.xsi"), "Unable to open file"}};
-    for (const auto& [name, title] : reads) {
-        expect("ReadFailure", name, title);
-        TMDIChild& window = open(name);
-        EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled"));
-        EXPECT_EQ(window.statusText(), QStringLiteral("0 meshes, 0 faces"));
-    }
+    const QString wrong = write("wrong.x", "xof 0303txt 0032\n");
+    expect("ReadFailure", wrong, "Not a valid .X file");
+    EXPECT_EQ(open(wrong).windowTitle(), QStringLiteral("Untitled"));
+
     TMDIChild& mesh = open(path("a.msh"));
+    ASSERT_TRUE(QDir().mkdir(path("loaded.xsi")));
     expect("SaveFailure", QStringLiteral("loaded.xsi"), "Unable to save");
     mesh.FileOpenMSH(write("a.msh", "mesh"));
-    expect("ReadFailure", path("folder.msh"), "Unable to open file");
-    mesh.FileOpenMSH(path("folder.msh"));
+    expect("ReadFailure", folder(), "Unable to open file");
+    mesh.FileOpenMSH(folder());
     EXPECT_EQ(mesh.windowTitle(), QStringLiteral("Untitled"));
 
     const QString name = write("gone/small.xsi", smallModel());
@@ -160,15 +158,14 @@ TEST_F(TMDIChildTest, FailuresAreToldAndFlagsClearedAllTheSame) {
 
 TEST_F(TMDIChildTest, ACancelledReadingClosesItsWindowWithoutAQuestion) {
     leaveModalWindows();
-    const QString name = write("small.xsi", smallModel());
     for (const bool cancelled : {true, false}) {
-        auto* window = new TMDIChild(ViewColors());
-        area_.addSubWindow(window);
-        const QPointer<TMDIChild> alive(window);
-        window->showMaximized();
-        window->setProgressDelay(std::chrono::milliseconds(0));
+        auto* reading = new TMDIChild(ViewColors());
+        child<QMdiArea>(form(), "MDIArea").addSubWindow(reading);
+        const QPointer<TMDIChild> alive(reading);
+        reading->showMaximized();
+        reading->setProgressDelay(std::chrono::milliseconds(0));
         // the timer fires when the dialog lets events through
-        QTimer::singleShot(0, window, [cancelled] {
+        QTimer::singleShot(0, reading, [cancelled] {
             auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
             EXPECT_TRUE(dialog->isModal() && dialog->isVisible());
@@ -176,7 +173,7 @@ TEST_F(TMDIChildTest, ACancelledReadingClosesItsWindowWithoutAQuestion) {
                 dialog->findChild<QPushButton*>()->click();
             }
         });
-        window->create(name);
+        reading->create(path("m.xsi"));
         settle();
         EXPECT_EQ(alive.isNull(), cancelled);
     }
@@ -186,19 +183,17 @@ TEST_F(TMDIChildTest, SaveAsOffersAndCompletesANameAndAsksBeforeItReplaces) {
     TMDIChild& window = open(path("folder.msh"));
     answer([this](QWidget& shown) {
         auto& dialog = dynamic_cast<QFileDialog&>(shown);
-        EXPECT_EQ(dialog.directory().absolutePath(), QFileInfo(path("folder.msh")).path());
+        EXPECT_EQ(dialog.directory().absolutePath(), folder());
         EXPECT_EQ(child<QLineEdit>(dialog, "fileNameEdit").text(), QStringLiteral("folder.xsi"));
         EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
         dialog.reject();
     });
     window.FileSaveExecute(); // a model that was never saved asks for its name
-    EXPECT_EQ(window.windowTitle(), path("folder.msh")) << "cancelled: nothing changes";
-    EXPECT_TRUE(window.document()->NeverSaved && window.document()->Modified);
+    EXPECT_TRUE(window.needsCloseQuestion());
     const QString model = write("model.v2.xsi", "old");
-    const auto saveTo = [&](const char* name) { answerFileDialog(saveDialog, path(name)); };
     for (const int reply : {QMessageBox::No, QMessageBox::Yes}) {
         const bool replaced = reply == QMessageBox::Yes;
-        saveTo("model.v2");
+        answerFileDialog(saveDialog, path("model.v2"));
         answerBox(QStringLiteral("ReplaceQuestion"), model,
                   QStringLiteral("File exists.  Replace?"), QMessageBox::Yes | QMessageBox::No,
                   reply);
@@ -209,31 +204,22 @@ TEST_F(TMDIChildTest, SaveAsOffersAndCompletesANameAndAsksBeforeItReplaces) {
         EXPECT_EQ(content(model) == "old", !replaced);
         EXPECT_EQ(window.windowTitle(), replaced ? model : path("folder.msh"));
     }
-    EXPECT_FALSE(QFile::exists(path("model.v2")));
-    for (const char* name : {"b.x", "b"}) {
-        TMDIChild& fresh = open(QStringLiteral("Untitled 1"));
-        saveTo(name);
-        fresh.FileSaveExecute();
-        const bool isXsi = std::string(name) == "b"; // the default suffix
-        EXPECT_EQ(fresh.windowTitle(), path(isXsi ? "b.xsi" : "b.x"));
-        EXPECT_EQ(QFile::exists(path("b.xsi")) || QFile::exists(path("b.x")), isXsi);
-        EXPECT_TRUE(closes(fresh)) << "without a question";
-    }
+    answerFileDialog(saveDialog, path("b.x")); // which is complete
+    window.FileSaveAsExecute();
+    EXPECT_EQ(window.windowTitle(), path("b.x"));
 }
 
 TEST_F(TMDIChildTest, CloseQuestionAnswers) {
-    const QString name = write("small.xsi", smallModel());
-    const std::tuple<int, bool, std::size_t> replies[] = {
-        {QMessageBox::Cancel, false, 1}, {QMessageBox::No, true, 1}, {QMessageBox::Yes, true, 2}};
-    for (const auto& [reply, gone, saved] : replies) {
+    const QString name = path("m.xsi");
+    for (const int reply : {QMessageBox::Cancel, QMessageBox::No, QMessageBox::Yes}) {
         TMDIChild& window = open(name);
         window.session()->add();
         answerCloseQuestion(name, reply);
-        EXPECT_EQ(closes(window), gone);
-        EXPECT_EQ(open(name).document()->Root.Children.size(), saved);
+        EXPECT_EQ(closes(window), reply != QMessageBox::Cancel);
+        EXPECT_EQ(open(name).document()->Root.Children.size(), reply == QMessageBox::Yes ? 2U : 1U);
     }
-    TMDIChild& fresh = open(QStringLiteral("Untitled 1"));
-    answerCloseQuestion(QStringLiteral("Untitled 1"), QMessageBox::Yes);
+    TMDIChild& fresh = open(untitled);
+    answerCloseQuestion(untitled, QMessageBox::Yes);
     answerFileDialog(saveDialog, {}); // cancelled there, it closes all the same
     EXPECT_TRUE(closes(fresh));
     TMDIChild& closed = open(name);
@@ -241,6 +227,121 @@ TEST_F(TMDIChildTest, CloseQuestionAnswers) {
     ASSERT_EQ(closed.document(), nullptr);
     closed.FileSaveExecute();
     closed.FileSaveAsExecute(); // no dialog comes up
+}
+
+TEST_F(TMDIChildTest, EveryButtonIsTakenBackAndMadeAgain) {
+    const auto add = [&] { click("AddButton"); };
+    const auto remove = [&] { click("DeleteButton"); };
+    const std::string fin = bodyNode + "/Frame frm-fin 2";
+    const std::tuple<std::string, std::function<void()>, const char*> steps[] = {
+        {bodyNode, add, "Frame frm-body"},
+        {bodyNode + "/Frame frm-", [&] { rename("Fin\n 2", QStringLiteral("a blank")); },
+         "Frame frm-fin 2"},
+        {fin, [&] { options("MeshBox GFlagBox", "BasePoseBox TexCoordsBox ", true); },
+         "Frame frm-fin 2"},
+        {fin, remove, "Frame frm-body"},
+        {"Materials", add, "Materials"},
+        {bodyMaterials + "/Material 2", remove, "Material 1"}};
+    tree().expandAll();
+    std::vector<std::string> ends = {bytes()};
+    int count = 0;
+    for (const auto& [at, command, selects] : steps) {
+        select(at);
+        command();
+        EXPECT_EQ(tree().currentIndex().data().toString(), QString::fromLatin1(selects)) << count;
+        EXPECT_EQ(window().session()->history().position(), count++);
+    }
+    EXPECT_TRUE(tree().isExpanded(node(bodyMaterials)));
+    ends.push_back(bytes());
+    for (const auto& [way, end] : {std::pair("EditUndo1", 0U), std::pair("EditRedo1", 1U)}) {
+        for (int step = 0; step < count; ++step) {
+            run(way);
+        }
+        EXPECT_EQ(bytes(), ends.at(end));
+        EXPECT_FALSE(action(way).isEnabled());
+    }
+}
+
+TEST_F(TMDIChildTest, DialogsShowWhatTheyAskAboutAndCancel) {
+    const std::string before = bytes();
+    rename("", QStringLiteral("is empty"), false);
+    EXPECT_EQ(bytes(), before);
+    options("MeshBox",
+            "BasePoseBox BackwardsBox EmissiveBox MaterialBox NormalsBox TexCoordsBox "
+            "VertexColorsBox FlameBox GFlagBox AnimationBox ",
+            false);
+    EXPECT_FALSE(document().Root.HasMesh || window().canUndo()) << "what was clicked stays";
+    EXPECT_EQ(tree().model()->rowCount(node(bodyNode)), 1); // the tree tells of it all the same
+    options("MeshBox MaterialBox VertexColorsBox", "BasePoseBox TexCoordsBox ", true);
+    EXPECT_TRUE(document().Root.HasMesh && !document().Root.Mesh.HasMaterials);
+    EXPECT_FALSE(document().Root.Mesh.HasVertexColors) << "its box changes nothing";
+}
+
+TEST_F(TMDIChildTest, AQuickSecondPressDeletesNothingMoreAndTheTreeGetsTheFocusBack) {
+    select(bodyNode + "/Frame frm-wing/Frame frm-tip");
+    auto& button = child<QPushButton>(window(), "DeleteButton");
+    button.setFocus();
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::mouseDClick(&button, Qt::LeftButton); // how the second press comes
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    ASSERT_EQ(document().Root.Children.size(), 1U);
+    EXPECT_TRUE(tree().hasFocus());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(document().Root.Children.empty()) << "a click of its own";
+}
+
+TEST_F(TMDIChildTest, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
+    const auto frame = [](int i) { return bodyNode + "/Frame frm-" + std::to_string(i); };
+    const auto isOpen = [&](const std::string& path) { return tree().isExpanded(node(path)); };
+    for (int i = 0; i < 400; ++i) {
+        document().Root.Children.resize(static_cast<std::size_t>(i) + 1);
+        document().Root.Children.back().Name = std::to_string(i);
+        document().Root.Children.back().Children.resize(1);
+    }
+    document().computeDerivedData();
+    tree().collapseAll();
+    click("AddButton"); // shows what the test has made
+    EXPECT_TRUE(isOpen(bodyNode));
+    tree().expand(node(frame(1)));
+    select(frame(0));
+    click("DeleteButton");
+    EXPECT_TRUE(isOpen(frame(1)) && !isOpen(frame(2)));
+    run("EditUndo1");
+    EXPECT_TRUE(isOpen(frame(1)) && !isOpen(frame(0)));
+
+    // an edit of a frame that is out of sight leaves the view where it is; a new selection shows
+    select(bodyNode);
+    settle();
+    QScrollBar& bar = *tree().verticalScrollBar();
+    bar.setValue(20);
+    click("AddButton");
+    EXPECT_EQ(bar.value(), 20);
+    select(frame(398));
+    EXPECT_GT(bar.value(), 100);
+    // and so does the frame that undo selects
+    rename("end", {});
+    select("Materials");
+    tree().collapseAll();
+    run("EditUndo1");
+    EXPECT_EQ(tree().currentIndex(), node(frame(398)));
+    EXPECT_TRUE(tree().viewport()->rect().intersects(tree().visualRect(tree().currentIndex())));
+}
+
+TEST_F(TMDIChildTest, EditOpensTheMaterialEditorAndFollowsIt) {
+    drawBySoftware();
+    int opacity = 100;
+    for (const std::string& at : {std::string("Materials"), std::string("Materials/Material 2"),
+                                  bodyMaterials + "/Material 2", bodyMaterials}) {
+        select(at);
+        const QImage before = picture("Image1");
+        use("EditButton", "Material Editor", true, [&](QWidget& editor) {
+            child<QSlider>(editor, "opacitybar").setValue(opacity -= 20);
+            EXPECT_NE(picture("Image1"), before) << "live";
+            child<QListWidget>(editor, "CheckListBox1").item(0)->setCheckState(Qt::Unchecked);
+        });
+        EXPECT_EQ(tree().currentIndex(), node(at));
+    }
+    EXPECT_EQ(tree().model()->rowCount(node(bodyMaterials)), 1);
 }
 
 } // namespace
