@@ -4,7 +4,6 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QMouseEvent>
 
 namespace korvane::test {
@@ -43,11 +42,20 @@ void GuiTest::handleModalWindow() {
         modal->close();
         return;
     }
-    // queued: what it does may bring up another window, for which the timer has to go on
-    QMetaObject::invokeMethod(
-        modal, [modal, handler = std::move(answers_.front())] { handler(*modal); },
-        Qt::QueuedConnection);
+    const auto handle = [modal, handler = std::move(answers_.front())] {
+        try {
+            handler(*modal);
+        } catch (const std::exception& failure) {
+            ADD_FAILURE() << failure.what();
+        }
+        if (modal->isVisible()) {
+            ADD_FAILURE() << "left open: " << modal->windowTitle().toStdString();
+            modal->close();
+        }
+    };
     answers_.pop_front();
+    // queued: what it does may bring up another window, for which the timer has to go on
+    QMetaObject::invokeMethod(modal, handle, Qt::QueuedConnection);
 }
 
 void GuiTest::answer(std::function<void(QWidget&)> handler) {
@@ -56,18 +64,12 @@ void GuiTest::answer(std::function<void(QWidget&)> handler) {
 
 void GuiTest::answerBox(const QString& name, const QString& text, const QString& title, int buttons,
                         int reply) {
-    answer([=](QWidget& window) {
-        auto* box = qobject_cast<QMessageBox*>(&window);
-        if (box == nullptr) {
-            ADD_FAILURE() << "no message box but " << window.windowTitle().toStdString();
-            window.close();
-            return;
-        }
-        EXPECT_EQ(box->objectName(), name);
-        EXPECT_EQ(box->text(), text);
-        EXPECT_EQ(box->windowTitle(), title);
-        EXPECT_EQ(static_cast<int>(box->standardButtons()), buttons);
-        box->done(reply);
+    answer<QMessageBox>([=](QMessageBox& box) {
+        EXPECT_EQ(box.objectName(), name);
+        EXPECT_EQ(box.text(), text);
+        EXPECT_EQ(box.windowTitle(), title);
+        EXPECT_EQ(static_cast<int>(box.standardButtons()), buttons);
+        box.done(reply);
     });
 }
 
@@ -78,20 +80,11 @@ void GuiTest::answerCloseQuestion(const QString& fileName, int reply) {
 }
 
 void GuiTest::answerFileDialog(const QString& name, const QString& path) {
-    answer([=](QWidget& window) {
-        auto* dialog = qobject_cast<QFileDialog*>(&window);
-        if (dialog == nullptr) {
-            ADD_FAILURE() << "no file dialog but " << window.windowTitle().toStdString();
-            window.close();
-            return;
-        }
-        EXPECT_EQ(dialog->objectName(), name);
-        if (path.isEmpty()) {
-            dialog->reject();
-            return;
-        }
-        child<QLineEdit>(*dialog, "fileNameEdit").setText(path);
-        static_cast<QDialog*>(dialog)->accept();
+    answer<QFileDialog>([=](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.objectName(), name);
+        child<QLineEdit>(dialog, "fileNameEdit").setText(path);
+        auto& base = static_cast<QDialog&>(dialog); // whose accept() may be called
+        path.isEmpty() ? base.reject() : base.accept();
     });
 }
 

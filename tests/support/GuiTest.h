@@ -4,6 +4,7 @@
 #include "support/TestFiles.h"
 
 #include <QList>
+#include <QMessageBox>
 #include <QPointer>
 #include <QString>
 #include <QTimer>
@@ -49,8 +50,13 @@ class GuiTest : public TestFiles {
     ~GuiTest() override;
 
     /// The next modal window is given to the handler, which has to close it. Answers are used in
-    /// order; a window that comes up without one is a failure and is dismissed.
+    /// order; a window that comes up without one, or stays open, is a failure and is dismissed.
     void answer(std::function<void(QWidget&)> handler);
+    /// The same, for a window of that class.
+    template <class Window>
+    void answer(const std::function<void(Window&)>& handler) {
+        answer([handler](QWidget& shown) { handler(dynamic_cast<Window&>(shown)); });
+    }
     /// Answers the next message box, expecting its name, text, title and buttons.
     void answerBox(const QString& name, const QString& text, const QString& title, int buttons,
                    int answer);

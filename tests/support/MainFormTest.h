@@ -7,6 +7,9 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QTreeView>
 
@@ -41,6 +44,12 @@ class MainFormTest : public GuiTest {
     [[nodiscard]] TMDIChild& window() const { return *form().activeDocument(); }
     [[nodiscard]] ModelDocument& document() const { return window().session()->model(); }
     [[nodiscard]] QTreeView& tree() const { return child<QTreeView>(window(), "TreeView1"); }
+    [[nodiscard]] QPushButton& button(const char* name) const {
+        return child<QPushButton>(window(), name);
+    }
+    [[nodiscard]] std::string status() const {
+        return child<QLabel>(form(), "StatusPanel").text().toStdString();
+    }
 
     /// The node of the tree that texts with "/" between them lead to from the top level.
     [[nodiscard]] QModelIndex node(const std::string& path) const {
