@@ -1,10 +1,10 @@
 #pragma once
 
 #include "model/records/MaterialRecord.h"
+#include "render/math/Power.h"
 #include "render/math/VectorMath.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace korvane {
 
@@ -38,7 +38,7 @@ struct SurfaceColors {
     /// half vector.
     [[nodiscard]] LitColor lit(float normalLight, float normalHalf) const {
         float t = std::min(normalHalf, 1.0F);
-        t = t > noHighlight && power != 0 ? std::pow(t, power) : 0.0F;
+        t = t > noHighlight && power != 0 ? positivePower(t, power) : 0.0F;
         const float d = clampUnit(normalLight);
         return {{clampUnit(face.red * d + additive.red), clampUnit(face.green * d + additive.green),
                  clampUnit(face.blue * d + additive.blue)},
