@@ -8,6 +8,7 @@
 #include "app/widgets/PathTitleStyle.h"
 #include "app/widgets/WidgetText.h"
 #include "app/widgets/WindowFocus.h"
+#include "edit/session/HeapMemory.h"
 #include "formats/files/FileNames.h"
 #include "formats/xsi/XsiWriter.h"
 #include "model/forms/TReadProgress.h"
@@ -275,6 +276,7 @@ void TMDIChild::FormClose() {
     ChildDeactivate();
     structure_.reset();
     session_.reset();
+    trimHeap();
 }
 
 bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
