@@ -198,6 +198,24 @@ void placeCamera(RenderRequest& request, ModelDocument& document) {
     document.CameraCenter = request.centre.value_or(document.CameraCenter);
 }
 
+ExitStatus renderByOpenGl(RenderRequest& request, ModelDocument& document) {
+    GlOffscreen offscreen;
+    const auto draw = [&] {
+        return offscreen.redraw(document, request.state, request.width, request.height);
+    };
+    Bitmap picture;
+    if (draw() != GlStatus::Works || offscreen.read(picture) != GlStatus::Works) {
+        return refuse(request.in, QStringLiteral("no OpenGL here"));
+    }
+    return drawAndSave(
+        request, draw,
+        [&] {
+            offscreen.read(picture);
+            return imageOf(picture);
+        },
+        request.state.colors.background);
+}
+
 } // namespace
 
 ExitStatus render(const QStringList& words) {
@@ -218,13 +236,7 @@ ExitStatus render(const QStringList& words) {
         return renderPlane(request, document);
     }
     if (request.state.api == DrawApi::OpenGL) {
-        GlOffscreen offscreen(request.width, request.height);
-        if (offscreen.status() != GlProbe::Works) {
-            return refuse(request.in, QStringLiteral("no OpenGL here"));
-        }
-        return drawAndSave(
-            request, [&] { offscreen.redraw(document, request.state); },
-            [&] { return offscreen.picture(); }, request.state.colors.background);
+        return renderByOpenGl(request, document);
     }
     SoftwareView view;
     view.resize(request.width, request.height);

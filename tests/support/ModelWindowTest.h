@@ -19,7 +19,11 @@ class ModelWindowTest : public MainFormTest {
         settle();
     }
     [[nodiscard]] TImage& image(const char* name) const { return child<TImage>(window(), name); }
-    [[nodiscard]] QImage picture(const char* name) const { return image(name).picture().copy(); }
+    /// What the view shows once it has been painted.
+    [[nodiscard]] QImage picture(const char* name) const {
+        settle();
+        return image(name).picture().copy();
+    }
 
     /// Clicks a button as a user can: not while it is disabled.
     void click(const char* button) const {

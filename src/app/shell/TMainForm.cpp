@@ -10,7 +10,6 @@
 #include "formats/files/FileNames.h"
 #include "model/document/ModelDocument.h"
 #include "model/forms/TMDIChild.h"
-#include "render/gl/GlContext.h"
 #include "ui_TMainForm.h"
 
 #include <QAbstractEventDispatcher>
@@ -21,7 +20,6 @@
 #include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMimeData>
-#include <QOpenGLWidget>
 #include <QStatusTipEvent>
 #include <QWindow>
 
@@ -58,13 +56,6 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     ui_->StatusBar1->addWidget(statusPanel_, 1);
     ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
 
-    if (probeContext() == GlProbe::Works) {
-        // the first OpenGL widget in a window that shows would make it anew, which flickers
-        auto* panel = new QOpenGLWidget(this);
-        panel->setObjectName(QStringLiteral("HiddenGlPanel"));
-        panel->setAccessibleName(QStringLiteral("Hidden OpenGL panel"));
-        panel->hide();
-    }
     setIcons();
     setUpToolBar();
     setUpMenus();

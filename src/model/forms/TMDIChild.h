@@ -155,7 +155,6 @@ class TMDIChild : public QMdiSubWindow {
     /// Whether the event is a press that only activates the window, is made with Ctrl held or comes
     /// while a dialog is at work.
     [[nodiscard]] bool startsNothing(const QEvent& event) const;
-    void planeEvent(const PlaneImage& image, const QEvent& event);
     /// What an operation of the session makes of a mouse event in a 2D view.
     using PlaneOperation = Changes (DocumentSession::*)(const PlaneInput&);
     void planeInput(ViewPlane plane, const DragInput& input, PlaneOperation operation);
@@ -163,6 +162,9 @@ class TMDIChild : public QMdiSubWindow {
     /// Ends a running drag of a 2D view without a trace; whether there was one.
     bool cancelDrag();
     void drawPlanes();
+    /// Has the 2D views start with the whole model in sight once one of them has its size, also
+    /// where another window covers it.
+    void placePlanes(const QWidget& image);
     void drawPlane(const PlaneImage& image);
     [[nodiscard]] PlaneView& planeView(ViewPlane plane) {
         return planeViews_[static_cast<std::size_t>(plane)];

@@ -54,6 +54,7 @@ void TMDIChild::setUpViews() {
                             apply(session_->wheelPlane(inputOf(plane, place), notches));
                         }
                     }}));
+        image.image->setDrawing([this, image] { drawPlane(image); });
         // the filter installed last runs first: presses that start nothing never reach the drag
         image.image->installEventFilter(this);
         image.image->setEdged(true);
@@ -95,21 +96,26 @@ void TMDIChild::render3d() {
 
 void TMDIChild::drawPlanes() {
     for (const PlaneImage& image : planeImages()) {
-        drawPlane(image);
+        placePlanes(*image.image);
+        image.image->redraw();
+    }
+}
+
+void TMDIChild::placePlanes(const QWidget& image) {
+    const QSize size = sizeInPixels(image);
+    if (image.isVisible() && !size.isEmpty()) {
+        session_->placePlanes(size.width(), size.height());
     }
 }
 
 void TMDIChild::drawPlane(const PlaneImage& image) {
-    if (!session_ || !image.image->isVisible()) {
-        return; // drawn when shown
+    if (!session_) {
+        return;
     }
     const QSize size = sizeInPixels(*image.image);
     PlaneView& view = planeView(image.plane);
     if (size != QSize(view.bitmap().width(), view.bitmap().height())) {
         view.resize(size.width(), size.height());
-    }
-    if (!size.isEmpty()) {
-        session_->placePlanes(size.width(), size.height());
     }
     const bool dots = this->view().dots;
     view.setColors(session_->planeColors());
@@ -146,16 +152,12 @@ bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
     if (found == images.end() || !session_) {
         return false;
     }
-    planeEvent(*found, event);
-    return startsNothing(event);
-}
-
-void TMDIChild::planeEvent(const PlaneImage& image, const QEvent& event) {
     if (event.type() == QEvent::Leave) {
         apply(session_->leavePlane());
     } else if (event.type() == QEvent::Resize || event.type() == QEvent::Show) {
-        drawPlane(image);
+        placePlanes(*found->image);
     }
+    return startsNothing(event);
 }
 
 PlaneInput TMDIChild::inputOf(ViewPlane plane, const DragInput& input) {

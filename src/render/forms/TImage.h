@@ -3,14 +3,25 @@
 #include <QImage>
 #include <QWidget>
 
+#include <functional>
+#include <utility>
+
 namespace korvane {
 
 /// An image control: shows a picture pixel by pixel of the screen, whatever the scale factor. It
 /// handles no mouse event, so that its parent gets them.
+///
+/// A control with a drawing function asks for its picture when it is about to paint and the picture
+/// is stale: several wishes to redraw are one drawing, and a control that nobody sees costs none.
 class TImage : public QWidget {
     Q_OBJECT
   public:
     explicit TImage(QWidget* parent = nullptr);
+
+    /// The function draws a picture of the control's size by now and shows it, or draws nothing.
+    void setDrawing(std::function<void()> draw) { draw_ = std::move(draw); }
+    /// Has the picture drawn anew with the next paint.
+    void redraw();
 
     /// Shows a picture made for the control's size in device pixels, and over it another one of
     /// that size, if there is one, whose transparent parts let the first be seen. Their memory is
@@ -26,6 +37,11 @@ class TImage : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void drawIfStale();
+
+    std::function<void()> draw_;
+    bool stale_ = true; ///< the picture is not what it should show
+    bool drawing_ = false;
     QImage picture_;
     QImage overlay_;
     bool edged_ = false;

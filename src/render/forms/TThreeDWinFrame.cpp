@@ -4,28 +4,26 @@
 #include "app/widgets/DragFilter.h"
 #include "app/widgets/MessageBox.h"
 #include "app/widgets/PictureLabel.h"
-#include "render/forms/TGlPanel.h"
-#include "render/gl/GlContext.h"
+#include "render/gl/GlOffscreen.h"
 #include "render/scene/NothingShown.h"
 #include "ui_TThreeDWinFrame.h"
 
 #include <QApplication>
 
-#include <utility>
-
 namespace korvane {
 
 TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
-    : QWidget(parent), ui_(std::make_unique<Ui::TThreeDWinFrame>()) {
+    : QWidget(parent), ui_(std::make_unique<Ui::TThreeDWinFrame>()),
+      driver_(&GlDriver::standard()) {
     ui_->setupUi(this);
+    ui_->Image1->setDrawing([this] { draw(); });
     ui_->ReasonLabel->hide();
     // clicked or tabbed to: Escape has to arrive here while a drag runs
     setFocusPolicy(Qt::StrongFocus);
     setUpMouse();
-    // queued: whoever asked for the drawing cannot wait for the user
-    connect(
-        this, &TThreeDWinFrame::contextFailed, this, [this] { showFailure(GlProbe::NoContext); },
-        Qt::QueuedConnection);
+    // queued: a paint cannot wait for the user
+    connect(this, &TThreeDWinFrame::contextFailed, this, &TThreeDWinFrame::showFailure,
+            Qt::QueuedConnection);
 }
 
 void TThreeDWinFrame::setUpMouse() {
@@ -43,10 +41,10 @@ void TThreeDWinFrame::setUpMouse() {
                                  return session.pressOrbit(input);
                              }),
                              .move = with([this](Session& session, const DragInput& input) {
-                                 return session.moveOrbit(input, geometry_);
+                                 return session.moveOrbit(input, geometry());
                              }),
                              .release = with([this](Session& session, const DragInput& input) {
-                                 return session.releaseOrbit(input, geometry_);
+                                 return session.releaseOrbit(input, geometry());
                              }),
                              .cancel = [this] { return cancelDrag(); },
                              .wheel =
@@ -57,9 +55,7 @@ void TThreeDWinFrame::setUpMouse() {
                                  }});
 }
 
-TThreeDWinFrame::~TThreeDWinFrame() {
-    delete panel_; // it refers to the document
-}
+TThreeDWinFrame::~TThreeDWinFrame() = default;
 
 void TThreeDWinFrame::setSession(DocumentSession* session) {
     cancelDrag();
@@ -72,51 +68,73 @@ void TThreeDWinFrame::setUpView() {
     if (session_ == nullptr || session_->view().api != DrawApi::OpenGL) {
         return;
     }
-    if (const GlProbe probe = probeContext(); probe != GlProbe::Works) {
-        showFailure(probe);
-        return;
+    gl_ = std::make_unique<GlOffscreen>(*driver_);
+    if (const GlStatus status = gl_->status(); status != GlStatus::Works) {
+        releaseContext();
+        showFailure(status);
     }
-    panel_ = new TGlPanel(session_->model(), session_->view(), this);
-    ui_->Image1->hide();
-    ui_->ThreeDWinLayout->addWidget(panel_);
-    panel_->show();
 }
 
 void TThreeDWinFrame::releaseContext() {
-    if (panel_ != nullptr) {
-        delete std::exchange(panel_, nullptr);
-        ui_->Image1->show();
-    }
+    // the control shows the memory of one of both
+    ui_->Image1->showPicture({});
+    gl_.reset();
+    glPicture_ = Bitmap();
+    view_ = SoftwareView();
 }
 
-void TThreeDWinFrame::showFailure(GlProbe probe) {
+void TThreeDWinFrame::showFailure(GlStatus status) {
     showMessageBox(this, QStringLiteral("GlFailure"), QMessageBox::Critical,
                    QApplication::applicationName(),
-                   probe == GlProbe::NotCurrent ? QStringLiteral("Could not MakeCurrent")
-                                                : QStringLiteral(":-)~ hrc == NULL"));
+                   status == GlStatus::NoContext ? QStringLiteral(":-)~ hrc == NULL")
+                                                 : QStringLiteral("Could not MakeCurrent"));
+}
+
+ViewGeometry TThreeDWinFrame::geometry() const {
+    const QSize size = sizeInPixels(*ui_->Image1);
+    return {size.width(), size.height()};
 }
 
 void TThreeDWinFrame::redraw() {
-    if (session_ == nullptr || !isVisible()) {
-        return; // drawn when shown
-    }
-    const QSize size = sizeInPixels(*this);
-    geometry_ = ViewGeometry(size.width(), size.height());
-    if (!size.isEmpty()) {
-        session_->placeCamera(geometry_);
-    }
-    if (panel_ != nullptr && panel_->failed()) {
-        // the driver took back what the probe was promised
-        releaseContext();
-        Q_EMIT contextFailed();
-    }
-    showReason();
-    if (panel_ != nullptr) {
-        panel_->redraw();
+    if (session_ == nullptr) {
         return;
     }
-    if (size != QSize(view_.bitmap().width(), view_.bitmap().height())) {
-        view_.resize(size.width(), size.height());
+    // not left to the drawing: that waits for as long as another window covers the view
+    if (isVisible() && !size().isEmpty()) {
+        session_->placeCamera(geometry());
+    }
+    showReason();
+    ui_->Image1->redraw();
+}
+
+void TThreeDWinFrame::draw() {
+    if (session_ == nullptr) {
+        return;
+    }
+    const ViewGeometry size = geometry();
+    if (!gl_ || !drawByOpenGl(size)) {
+        drawBySoftware(size);
+    }
+}
+
+bool TThreeDWinFrame::drawByOpenGl(const ViewGeometry& geometry) {
+    GlStatus status =
+        gl_->redraw(session_->model(), session_->view(), geometry.width, geometry.height);
+    if (status == GlStatus::Works) {
+        status = gl_->read(glPicture_);
+    }
+    if (status == GlStatus::Works) {
+        ui_->Image1->showPicture(imageOf(glPicture_));
+        return true;
+    }
+    releaseContext();
+    Q_EMIT contextFailed(status);
+    return false;
+}
+
+void TThreeDWinFrame::drawBySoftware(const ViewGeometry& geometry) {
+    if (geometry.width != view_.bitmap().width() || geometry.height != view_.bitmap().height()) {
+        view_.resize(geometry.width, geometry.height);
     }
     view_.redraw(session_->model(), session_->view());
     ui_->Image1->showPicture(imageOf(view_.bitmap()));
@@ -132,7 +150,6 @@ void TThreeDWinFrame::showReason() {
     label.setText(reason);
     layOver(label);
     setInkFor(label, session_->view().colors.background);
-    label.raise(); // whatever has drawn the picture
 }
 
 void TThreeDWinFrame::FrameResize() {

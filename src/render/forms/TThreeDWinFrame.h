@@ -14,18 +14,22 @@ class TThreeDWinFrame;
 }
 
 class DragFilter;
-class TGlPanel;
+class GlDriver;
+class GlOffscreen;
 
-enum class GlProbe;
+enum class GlStatus;
 
-/// The 3D view of a document window: draws the model with OpenGL into a panel or by software into
-/// its image control. The left button turns the model, the right button and the wheel move the eye.
+/// The 3D view of a document window: draws the model with OpenGL or by software and shows the
+/// picture in its image control. The left button turns the model, the right button and the wheel
+/// move the eye.
 class TThreeDWinFrame : public QWidget {
     Q_OBJECT
   public:
     explicit TThreeDWinFrame(QWidget* parent = nullptr);
     ~TThreeDWinFrame() override;
 
+    /// Takes another OpenGL driver, which must outlive the view, from the next setUpView() on.
+    void setDriver(GlDriver& driver) { driver_ = &driver; }
     /// The session whose document to draw, which has to outlive its use here; null to draw nothing.
     /// Releases the context of the one before.
     void setSession(DocumentSession* session);
@@ -35,12 +39,14 @@ class TThreeDWinFrame : public QWidget {
     /// Frees all that is held in the context, and the context. Until setUpView() the model is drawn
     /// by software. The interface of the settings may change only while nothing is held.
     void releaseContext();
-    /// Draws the model anew, in the size that the view has by now.
+    /// Has the model drawn anew with the next paint, in the size that the view has by then.
     void redraw();
+    /// What draws with OpenGL; null while the model is drawn by software.
+    [[nodiscard]] const GlOffscreen* openGl() const { return gl_.get(); }
 
   Q_SIGNALS:
-    /// There was no context to be had after all; the model is drawn by software.
-    void contextFailed();
+    /// The driver took back what it had promised; the model is drawn by software from now on.
+    void contextFailed(GlStatus status);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -48,6 +54,12 @@ class TThreeDWinFrame : public QWidget {
 
   private:
     void FrameResize();
+    /// The sizes that the view has by now.
+    [[nodiscard]] ViewGeometry geometry() const;
+    void draw();
+    /// Whether there is a picture now.
+    bool drawByOpenGl(const ViewGeometry& geometry);
+    void drawBySoftware(const ViewGeometry& geometry);
     /// Says in the corner of the picture why there is nothing to be seen, or nothing.
     void showReason();
     void setUpMouse();
@@ -55,13 +67,14 @@ class TThreeDWinFrame : public QWidget {
     void apply(const Changes& changes);
     /// Ends a running drag without a trace; whether there was one.
     bool cancelDrag();
-    void showFailure(GlProbe probe);
+    void showFailure(GlStatus status);
 
     std::unique_ptr<Ui::TThreeDWinFrame> ui_;
     DocumentSession* session_ = nullptr;
-    ViewGeometry geometry_{0, 0};
     SoftwareView view_;
-    TGlPanel* panel_ = nullptr;         ///< a child; null unless drawing with OpenGL
+    GlDriver* driver_;
+    std::unique_ptr<GlOffscreen> gl_;
+    Bitmap glPicture_;
     std::unique_ptr<DragFilter> mouse_; ///< goes first: it calls back
 };
 

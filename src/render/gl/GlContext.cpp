@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
+#include <QSurfaceFormat>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -24,70 +25,64 @@ void keepFrameMemory() {
 #endif
 }
 
-} // namespace
-
 QSurfaceFormat glFormat() {
     QSurfaceFormat format;
     format.setRenderableType(QSurfaceFormat::OpenGL);
     format.setVersion(2, 1);
     format.setProfile(QSurfaceFormat::NoProfile);
+    format.setOption(QSurfaceFormat::ResetNotification);
     format.setDepthBufferSize(32);
     format.setAlphaBufferSize(0);
     format.setStencilBufferSize(0);
     return format;
 }
 
-GlCurrent::GlCurrent(QOpenGLContext& context, QSurface& surface)
-    : context_(context), before_(QOpenGLContext::currentContext()),
-      beforeSurface_(before_ != nullptr ? before_->surface() : nullptr),
-      works_(context.makeCurrent(&surface)) {}
+} // namespace
 
-GlCurrent::~GlCurrent() {
-    if (before_ != nullptr) {
-        before_->makeCurrent(beforeSurface_);
-    } else if (works_) {
-        context_.doneCurrent();
-    }
+bool GlDriver::create(QOpenGLContext& context) {
+    // these platforms crash instead of telling that they cannot
+    const QString platform = QGuiApplication::platformName();
+    return platform != QStringLiteral("offscreen") && platform != QStringLiteral("minimal") &&
+           !platform.isEmpty() && context.create();
 }
 
-GlProbe probeContext() {
-    static GlProbe known = GlProbe::NoContext;
-    if (known != GlProbe::Works) {
-        known = GlContext().status();
-    }
-    return known;
+bool GlDriver::makeCurrent(QOpenGLContext& context, QSurface& surface) {
+    return context.makeCurrent(&surface);
 }
 
-GlContext::GlContext() : status_(start()) {
-    if (status_ == GlProbe::Works) {
+GlDriver& GlDriver::standard() {
+    static GlDriver driver;
+    return driver;
+}
+
+GlContext::GlContext(GlDriver& driver) : driver_(driver), status_(start()) {
+    if (status_ == GlStatus::Works) {
         keepFrameMemory();
     }
 }
 
 GlContext::~GlContext() = default;
 
-QSurface& GlContext::surface() const {
-    return *surface_;
-}
-
-GlProbe GlContext::start() {
-    // these platforms crash instead of telling that they cannot
-    const QString platform = QGuiApplication::platformName();
-    if (platform == QStringLiteral("offscreen") || platform == QStringLiteral("minimal") ||
-        platform.isEmpty()) {
-        return GlProbe::NoContext;
-    }
+GlStatus GlContext::start() {
     context_ = std::make_unique<QOpenGLContext>();
     context_->setFormat(glFormat());
-    if (!context_->create() || context_->isOpenGLES() ||
+    if (!driver_.create(*context_) || context_->isOpenGLES() ||
         context_->format().profile() == QSurfaceFormat::CoreProfile) {
-        return GlProbe::NoContext;
+        return GlStatus::NoContext;
     }
     surface_ = std::make_unique<QOffscreenSurface>();
     surface_->setFormat(context_->format());
     surface_->create();
-    return surface_->isValid() && GlCurrent(*context_, *surface_).works() ? GlProbe::Works
-                                                                          : GlProbe::NotCurrent;
+    return surface_->isValid() && GlCurrent(*this).works() ? GlStatus::Works : GlStatus::NotCurrent;
+}
+
+GlCurrent::GlCurrent(const GlContext& gl)
+    : context_(*gl.context_), works_(gl.driver_.makeCurrent(context_, *gl.surface_)) {}
+
+GlCurrent::~GlCurrent() {
+    if (works_) {
+        context_.doneCurrent();
+    }
 }
 
 } // namespace korvane

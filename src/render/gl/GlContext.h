@@ -5,23 +5,56 @@
 class QOffscreenSurface;
 class QOpenGLContext;
 class QSurface;
-class QSurfaceFormat;
 
 namespace korvane {
 
-/// What a context has to be to draw with: fixed functions, 32 bits of depth if there are, no alpha.
-QSurfaceFormat glFormat();
+/// How far drawing with OpenGL got.
+enum class GlStatus {
+    Works,
+    NoContext,     ///< there is no context of the right kind
+    NotCurrent,    ///< the context cannot be made current
+    NoFramebuffer, ///< there is nothing of the size to draw into
+};
 
-/// How far making an OpenGL context got on this machine.
-enum class GlProbe { Works, NoContext, NotCurrent };
+/// How contexts are made and made current. Tests stand a driver in its place that fails.
+class GlDriver {
+  public:
+    virtual ~GlDriver() = default;
+    virtual bool create(QOpenGLContext& context);
+    virtual bool makeCurrent(QOpenGLContext& context, QSurface& surface);
 
-/// Finds out; what once worked is not tried again. Needs a QGuiApplication.
-GlProbe probeContext();
+    /// That of this machine.
+    static GlDriver& standard();
+};
 
-/// Makes a context current for as long as it lives; then the one that was current before is again.
+/// An OpenGL context to draw with off the screen: fixed functions, 32 bits of depth if there are,
+/// no alpha. Needs a QGuiApplication.
+class GlContext {
+  public:
+    /// Tries to make one; see status().
+    explicit GlContext(GlDriver& driver = GlDriver::standard());
+    ~GlContext();
+    GlContext(const GlContext&) = delete;
+    GlContext& operator=(const GlContext&) = delete;
+
+    /// The rest is for where it works.
+    [[nodiscard]] GlStatus status() const { return status_; }
+    [[nodiscard]] QOpenGLContext& context() const { return *context_; }
+
+  private:
+    friend class GlCurrent;
+    GlStatus start();
+
+    GlDriver& driver_;
+    std::unique_ptr<QOffscreenSurface> surface_;
+    std::unique_ptr<QOpenGLContext> context_;
+    GlStatus status_;
+};
+
+/// Makes a context current for as long as it lives.
 class GlCurrent {
   public:
-    GlCurrent(QOpenGLContext& context, QSurface& surface);
+    explicit GlCurrent(const GlContext& gl);
     ~GlCurrent();
     GlCurrent(const GlCurrent&) = delete;
     GlCurrent& operator=(const GlCurrent&) = delete;
@@ -31,31 +64,7 @@ class GlCurrent {
 
   private:
     QOpenGLContext& context_;
-    QOpenGLContext* before_;
-    QSurface* beforeSurface_;
     bool works_;
-};
-
-/// An OpenGL context of the kind that the 3D view draws with, off the screen. Needs a
-/// QGuiApplication.
-class GlContext {
-  public:
-    GlContext();
-    ~GlContext();
-    GlContext(const GlContext&) = delete;
-    GlContext& operator=(const GlContext&) = delete;
-
-    /// The rest is for where it works.
-    [[nodiscard]] GlProbe status() const { return status_; }
-    [[nodiscard]] QOpenGLContext& context() const { return *context_; }
-    [[nodiscard]] QSurface& surface() const;
-
-  private:
-    GlProbe start();
-
-    std::unique_ptr<QOffscreenSurface> surface_;
-    std::unique_ptr<QOpenGLContext> context_;
-    GlProbe status_;
 };
 
 } // namespace korvane

@@ -17,10 +17,13 @@ QString glText(QOpenGLFunctions& functions, GLenum name) {
 
 std::optional<GlInfo> probeGl() {
     const GlContext gl;
-    if (gl.status() != GlProbe::Works) {
+    if (gl.status() != GlStatus::Works) {
         return std::nullopt;
     }
-    const GlCurrent current(gl.context(), gl.surface());
+    const GlCurrent current(gl);
+    if (!current.works()) {
+        return std::nullopt;
+    }
     QOpenGLFunctions& functions = *gl.context().functions();
     return GlInfo{glText(functions, GL_VENDOR), glText(functions, GL_RENDERER),
                   glText(functions, GL_VERSION)};

@@ -14,7 +14,7 @@ struct GlInfo {
 };
 
 /// Asks the driver through a context of the kind that the 3D view draws with, off the screen.
-/// Nothing where there is no OpenGL. Leaves the context that was current current.
+/// Nothing where there is no OpenGL.
 std::optional<GlInfo> probeGl();
 
 } // namespace korvane

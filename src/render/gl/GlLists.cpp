@@ -1,36 +1,92 @@
 #include "render/gl/GlLists.h"
 
+#include "model/records/FrameRecord.h"
+#include "render/gl/GlMaterial.h"
+
 #include <GL/gl.h>
 #include <utility>
 
 namespace korvane {
 
-bool GlLists::draw(const FrameRecord& frame, const DrawCache& cache, GlShape shape,
-                   const DrawMaterials& slots, std::vector<GlMaterial> materials) {
+template <class AnyMesh, class Use>
+void GlLists::forEachRun(AnyMesh& mesh, const Use& use) {
+    for (auto& run : mesh.slots) {
+        use(run);
+    }
+    use(mesh.edges);
+    use(mesh.corners);
+}
+
+GlLists::Mesh& GlLists::meshOf(const FrameRecord& frame) {
     Mesh& mesh = meshes_[frame.Mesh.ListRevision.any()];
     mesh.used = true;
-    Shape& known = mesh.shapes[static_cast<std::size_t>(shape)];
-    if (known.materials != materials) {
-        freeShape(known);
-        known.materials = std::move(materials);
+    return mesh;
+}
+
+const FacesBySlot& GlLists::facesOf(Mesh& mesh, const MeshRecord& record,
+                                    const DrawMaterials& slots) {
+    if (!mesh.faces) {
+        mesh.faces.emplace(record, slots);
     }
-    if (known.list != 0) {
-        glCallList(known.list);
+    return *mesh.faces;
+}
+
+std::size_t GlLists::drawFaces(const FrameRecord& frame, const DrawCache& cache,
+                               const DrawMaterials& slots, const GlTextures& textures,
+                               bool translucent) {
+    Mesh& mesh = meshOf(frame);
+    if (mesh.slots.size() != slots.slotCount()) {
+        free(mesh);
+        mesh.slots.resize(slots.slotCount());
+        for (std::size_t slot = 0; slot < slots.slotCount(); ++slot) {
+            mesh.hasFaces.push_back(!facesOf(mesh, frame.Mesh, slots)[slot].empty());
+        }
+    }
+    std::size_t recorded = 0;
+    for (std::size_t slot = 0; slot < slots.slotCount(); ++slot) {
+        if (!mesh.hasFaces[slot] || slots[slot].translucent != translucent) {
+            continue;
+        }
+        const GlMaterial material(slots[slot], textures);
+        material.apply();
+        Run& run = mesh.slots[slot];
+        if (const bool textured = material.texture != 0; run.textured != textured) {
+            free(run);
+            run.textured = textured;
+        }
+        const bool isNew = draw(run, [&] {
+            emitFaces(frame.Mesh, cache, facesOf(mesh, frame.Mesh, slots)[slot], run.textured);
+        });
+        recorded += isNew ? 1 : 0;
+    }
+    return recorded;
+}
+
+std::size_t GlLists::drawWires(const FrameRecord& frame, bool cornersOnly) {
+    Mesh& mesh = meshOf(frame);
+    const bool isNew = cornersOnly ? draw(mesh.corners, [&] { emitCorners(frame.Mesh); })
+                                   : draw(mesh.edges, [&] { emitEdges(frame.Mesh); });
+    return isNew ? 1 : 0;
+}
+
+template <class Emit>
+bool GlLists::draw(Run& run, const Emit& emit) {
+    if (run.list != 0) {
+        glCallList(run.list);
         return false;
     }
-    const bool record = known.draws >= drawsBeforeRecording && !known.drawn;
-    if (record) {
-        known.list = glGenLists(1);
+    if (run.draws >= drawsBeforeRecording && !run.drawn) {
+        run.list = glGenLists(1);
     }
-    if (known.list == 0) {
-        known.draws += std::exchange(known.drawn, true) ? 0 : 1;
-        emitMesh(frame, cache, shape, slots, known.materials);
+    if (run.list == 0) {
+        run.draws += std::exchange(run.drawn, true) ? 0 : 1;
+        emit();
         return false;
     }
-    glNewList(known.list, GL_COMPILE);
-    emitMesh(frame, cache, shape, slots, known.materials);
+    glNewList(run.list, GL_COMPILE);
+    emit();
     glEndList();
-    glCallList(known.list);
+    glCallList(run.list);
     return true;
 }
 
@@ -44,24 +100,22 @@ void GlLists::sweep() {
     for (auto entry = meshes_.begin(); entry != meshes_.end();) {
         Mesh& mesh = entry->second;
         if (std::exchange(mesh.used, false)) {
-            for (Shape& shape : mesh.shapes) {
-                shape.drawn = false;
+            bool direct = false;
+            forEachRun(mesh, [&](Run& run) { direct = std::exchange(run.drawn, false) || direct; });
+            if (!direct) {
+                mesh.faces.reset();
             }
             ++entry;
             continue;
         }
-        for (Shape& shape : mesh.shapes) {
-            freeShape(shape);
-        }
+        free(mesh);
         entry = meshes_.erase(entry);
     }
 }
 
 void GlLists::release() {
     for (auto& [revision, mesh] : meshes_) {
-        for (Shape& shape : mesh.shapes) {
-            freeShape(shape);
-        }
+        free(mesh);
     }
     meshes_.clear();
 }
@@ -69,18 +123,21 @@ void GlLists::release() {
 std::size_t GlLists::count() const {
     std::size_t lists = 0;
     for (const auto& [revision, mesh] : meshes_) {
-        for (const Shape& shape : mesh.shapes) {
-            lists += shape.list != 0 ? 1 : 0;
-        }
+        forEachRun(mesh, [&](const Run& run) { lists += run.list != 0 ? 1 : 0; });
     }
     return lists;
 }
 
-void GlLists::freeShape(Shape& shape) {
-    if (shape.list != 0) {
-        glDeleteLists(shape.list, 1);
+void GlLists::free(Run& run) {
+    if (run.list != 0) {
+        glDeleteLists(run.list, 1);
     }
-    shape = Shape();
+    run = Run();
+}
+
+void GlLists::free(Mesh& mesh) {
+    forEachRun(mesh, [](Run& run) { free(run); });
+    mesh = {.used = mesh.used};
 }
 
 } // namespace korvane

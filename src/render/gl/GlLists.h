@@ -1,25 +1,31 @@
 #pragma once
 
 #include "render/gl/GlMesh.h"
+#include "render/gl/GlTextures.h"
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
 namespace korvane {
 
 /// The display lists of a document's meshes in one OpenGL context, which is current whenever this
-/// is called. Recording costs as much as several frames: a mesh is recorded once it has been drawn
+/// is called. A list holds geometry alone: moving a frame or changing a material leaves it as it
+/// is. Recording costs as much as several frames: a mesh is recorded once it has been drawn
 /// unchanged a few times.
 class GlLists {
   public:
     /// How often a mesh is drawn directly before it is recorded.
     static constexpr int drawsBeforeRecording = 3;
 
-    /// Draws the shape of a frame's mesh, see emitMesh. Returns true if this call recorded a list.
-    bool draw(const FrameRecord& frame, const DrawCache& cache, GlShape shape,
-              const DrawMaterials& slots, std::vector<GlMaterial> materials);
+    /// Draws the faces of the frame's mesh whose materials are translucent, or those whose are not,
+    /// slot by slot. Returns the number of lists that this call recorded.
+    std::size_t drawFaces(const FrameRecord& frame, const DrawCache& cache,
+                          const DrawMaterials& slots, const GlTextures& textures, bool translucent);
+    /// Draws the edges of the frame's mesh, or its corners, in the current colour.
+    std::size_t drawWires(const FrameRecord& frame, bool cornersOnly);
     /// Keeps what is recorded of a frame's mesh although it was not drawn.
     void keep(const FrameRecord& frame);
     /// Frees what was recorded of meshes neither drawn nor kept since the last sweep.
@@ -28,19 +34,31 @@ class GlLists {
     [[nodiscard]] std::size_t count() const;
 
   private:
-    /// One shape of a mesh and what it was recorded with.
-    struct Shape {
-        std::vector<GlMaterial> materials;
-        int draws = 0;      ///< unchanged ones so far, at most one counted between sweeps
-        bool drawn = false; ///< since the last sweep
+    /// What one list holds of a mesh, or would.
+    struct Run {
+        bool textured = false; ///< with texture coordinates
+        bool drawn = false;    ///< since the last sweep
+        int draws = 0;         ///< so far, at most one counted between sweeps
         std::uint32_t list = 0;
     };
     struct Mesh {
-        std::array<Shape, 4> shapes;
+        std::vector<Run> slots;
+        std::vector<bool> hasFaces; ///< by slot
+        Run edges;
+        Run corners;
+        std::optional<FacesBySlot> faces; ///< while they are drawn directly
         bool used = false;
     };
 
-    static void freeShape(Shape& shape);
+    template <class AnyMesh, class Use>
+    static void forEachRun(AnyMesh& mesh, const Use& use);
+    Mesh& meshOf(const FrameRecord& frame);
+    static const FacesBySlot& facesOf(Mesh& mesh, const MeshRecord& record,
+                                      const DrawMaterials& slots);
+    template <class Emit>
+    static bool draw(Run& run, const Emit& emit);
+    static void free(Run& run);
+    static void free(Mesh& mesh);
 
     std::unordered_map<std::uint64_t, Mesh> meshes_; ///< by the revision of the mesh
 };

@@ -1,6 +1,6 @@
 #include "render/gl/GlMesh.h"
 
-#include "render/scene/DrawCache.h"
+#include "model/records/MeshRecord.h"
 
 #include <GL/gl.h>
 #include <algorithm>
@@ -16,61 +16,66 @@ bool drawable(std::span<const std::uint32_t> corners, const std::vector<Vec3>& v
     });
 }
 
-void applyMaterial(const GlMaterial& material) {
-    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT, material.ambient.data());
-    glMaterialfv(GL_FRONT_AND_BACK, GL_DIFFUSE, material.diffuse.data());
-    glMaterialfv(GL_FRONT_AND_BACK, GL_EMISSION, material.emission.data());
-    glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, material.specular.data());
-    glMaterialf(GL_FRONT_AND_BACK, GL_SHININESS, material.shininess);
+void emitVertex(const Vec3& p) {
+    glVertex3f(p.x, p.y, p.z);
 }
 
-void bindTexture(std::uint32_t texture) {
-    if (texture != 0) {
-        glEnable(GL_TEXTURE_2D);
-        glBindTexture(GL_TEXTURE_2D, texture);
-    } else {
-        glDisable(GL_TEXTURE_2D);
-    }
-}
-
-/// Emits the faces of one mesh as triangle fans.
-class FanEmitter {
+/// Emits the triangles of faces, those of faces with texture coordinates apart from the others.
+class TriangleEmitter {
   public:
-    FanEmitter(const FrameRecord& frame, const DrawCache& cache)
-        : mesh_(frame.Mesh), cornersHaveNormals_(cache.WorldCache3.empty()) {}
+    TriangleEmitter(const MeshRecord& mesh, const DrawCache& cache, bool textured)
+        : mesh_(mesh), textured_(textured), cornersHaveNormals_(cache.WorldCache3.empty()) {}
 
-    void emit(std::size_t face, const GlMaterial& material, bool& textureOn) const {
-        const auto corners = mesh_.Faces[face];
-        const auto coordinates = material.texture != 0 ? texturePlaces(face, corners.size())
-                                                       : std::span<const std::uint32_t>();
-        if (material.texture != 0 && textureOn == coordinates.empty()) {
-            textureOn = !coordinates.empty();
-            bindTexture(textureOn ? material.texture : 0);
-        }
-        const auto normals = face < mesh_.NormalFaces.size() && mesh_.HasNormals
-                                 ? mesh_.NormalFaces[face]
-                                 : std::span<const std::uint32_t>();
-        const Vec3 faceNormal =
-            cornersHaveNormals_ ? Vec3() : polygonNormal(corners, mesh_.Vertices);
-        glBegin(GL_TRIANGLE_FAN);
-        for (std::size_t k = 0; k < corners.size(); ++k) {
-            const bool own = k < normals.size() && normals[k] < mesh_.Normals.size() &&
-                             usableNormal(mesh_.Normals[normals[k]]);
-            const Vec3& normal = own ? mesh_.Normals[normals[k]] : faceNormal;
-            const Vec2 at = coordinates.empty() ? Vec2() : mesh_.TexCoords[coordinates[k]];
-            const Vec3& p = mesh_.Vertices[corners[k]];
-            glNormal3f(normal.x, normal.y, normal.z);
-            glTexCoord2f(at.u, 1.0F - at.v); // row 0 of a texture is its top
-            glColor4f(material.specular[0], material.specular[1], material.specular[2], 1.0F);
-            glVertex3f(p.x, p.y, p.z);
+    void emit(std::span<const std::uint32_t> faces) {
+        glBegin(GL_TRIANGLES);
+        for (const std::uint32_t face : faces) {
+            emitFace(face);
         }
         glEnd();
+        useTexture(textured_);
     }
 
   private:
-    [[nodiscard]] std::span<const std::uint32_t> texturePlaces(std::size_t face,
-                                                               std::size_t corners) const {
-        const auto places = textureCorners(mesh_, face, corners);
+    void emitFace(std::size_t face) {
+        corners_ = mesh_.Faces[face];
+        coordinates_ = textured_ ? texturePlaces(face) : std::span<const std::uint32_t>();
+        if (textured_ && useTexture_ == coordinates_.empty()) {
+            glEnd();
+            useTexture(!coordinates_.empty());
+            glBegin(GL_TRIANGLES);
+        }
+        normals_ = face < mesh_.NormalFaces.size() && mesh_.HasNormals
+                       ? mesh_.NormalFaces[face]
+                       : std::span<const std::uint32_t>();
+        faceNormal_ = cornersHaveNormals_ ? Vec3() : polygonNormal(corners_, mesh_.Vertices);
+        for (std::size_t k = 2; k < corners_.size(); ++k) {
+            emitCorner(0);
+            emitCorner(k - 1);
+            emitCorner(k);
+        }
+    }
+
+    void emitCorner(std::size_t k) const {
+        const bool own = k < normals_.size() && normals_[k] < mesh_.Normals.size() &&
+                         usableNormal(mesh_.Normals[normals_[k]]);
+        const Vec3& normal = own ? mesh_.Normals[normals_[k]] : faceNormal_;
+        glNormal3f(normal.x, normal.y, normal.z);
+        if (!coordinates_.empty()) {
+            const Vec2 at = mesh_.TexCoords[coordinates_[k]];
+            glTexCoord2f(at.u, 1.0F - at.v); // row 0 of a texture is its top
+        }
+        emitVertex(mesh_.Vertices[corners_[k]]);
+    }
+
+    void useTexture(bool on) {
+        if (useTexture_ != on) {
+            useTexture_ = on;
+            on ? glEnable(GL_TEXTURE_2D) : glDisable(GL_TEXTURE_2D);
+        }
+    }
+
+    [[nodiscard]] std::span<const std::uint32_t> texturePlaces(std::size_t face) const {
+        const auto places = textureCorners(mesh_, face, corners_.size());
         const bool finite = std::all_of(places.begin(), places.end(), [this](std::uint32_t at) {
             const Vec2& place = mesh_.TexCoords[at];
             return std::isfinite(place.u) && std::isfinite(place.v);
@@ -79,93 +84,68 @@ class FanEmitter {
     }
 
     const MeshRecord& mesh_;
+    bool textured_;
+    bool useTexture_ = textured_;
     bool cornersHaveNormals_;
+    // of the face at hand
+    std::span<const std::uint32_t> corners_;
+    std::span<const std::uint32_t> coordinates_;
+    std::span<const std::uint32_t> normals_;
+    Vec3 faceNormal_;
 };
-
-void emitFaces(const FrameRecord& frame, const DrawCache& cache, bool translucent,
-               const DrawMaterials& slots, const std::vector<GlMaterial>& materials) {
-    const MeshRecord& mesh = frame.Mesh;
-    // the faces by slot, in their order within each
-    std::vector<std::vector<std::uint32_t>> facesOf(materials.size());
-    for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
-        const std::size_t slot = slots.slot(mesh, face);
-        if (materials[slot].translucent == translucent && mesh.Faces[face].size() >= 3 &&
-            drawable(mesh.Faces[face], mesh.Vertices)) {
-            facesOf[slot].push_back(static_cast<std::uint32_t>(face));
-        }
-    }
-    const FanEmitter emitter(frame, cache);
-    for (std::size_t slot = 0; slot < materials.size(); ++slot) {
-        if (facesOf[slot].empty()) {
-            continue;
-        }
-        const GlMaterial& material = materials[slot];
-        bindTexture(material.texture);
-        applyMaterial(material);
-        bool textureOn = material.texture != 0;
-        for (const std::uint32_t face : facesOf[slot]) {
-            emitter.emit(face, material, textureOn);
-        }
-    }
-}
-
-void emitLines(const MeshRecord& mesh, GLenum primitive) {
-    for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
-        const auto corners = mesh.Faces[face];
-        if (!drawable(corners, mesh.Vertices)) {
-            continue;
-        }
-        glBegin(primitive);
-        for (const std::uint32_t corner : corners) {
-            const Vec3& p = mesh.Vertices[corner];
-            glVertex3f(p.x, p.y, p.z);
-        }
-        glEnd();
-    }
-}
 
 } // namespace
 
-GlMaterial::GlMaterial(const DrawMaterial& material, const GlTextures& textures)
-    : ambient{material.colors.additive.red - material.colors.emissive.red,
-              material.colors.additive.green - material.colors.emissive.green,
-              material.colors.additive.blue - material.colors.emissive.blue, 1.0F},
-      diffuse{material.colors.face.red, material.colors.face.green, material.colors.face.blue,
-              material.opacity},
-      emission{material.colors.emissive.red, material.colors.emissive.green,
-               material.colors.emissive.blue, 1.0F},
-      specular{0.0F, 0.0F, 0.0F, 1.0F},
-      shininess(material.colors.power > 0 ? std::min(material.colors.power, 128.0F) : 0.0F),
-      texture(textures.name(material.image)), translucent(material.translucent) {
-    if (material.colors.power != 0) {
-        const ColorRGB& color = material.colors.specular;
-        specular = {color.red, color.green, color.blue, 1.0F};
+FacesBySlot::FacesBySlot(const MeshRecord& mesh, const DrawMaterials& slots)
+    : starts_(slots.slotCount() + 1) {
+    const auto forEachFace = [&](const auto& use) {
+        for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
+            if (mesh.Faces[face].size() >= 3 && drawable(mesh.Faces[face], mesh.Vertices)) {
+                use(slots.slot(mesh, face), static_cast<std::uint32_t>(face));
+            }
+        }
+    };
+    std::vector<std::size_t> next(slots.slotCount() + 1);
+    forEachFace([&](std::size_t slot, std::uint32_t /*face*/) { ++next[slot + 1]; });
+    for (std::size_t slot = 0; slot < slots.slotCount(); ++slot) {
+        next[slot + 1] += next[slot];
     }
+    starts_ = next;
+    faces_.resize(starts_.back());
+    forEachFace([&](std::size_t slot, std::uint32_t face) { faces_[next[slot]++] = face; });
 }
 
-std::vector<GlMaterial> glMaterials(const DrawMaterials& materials, const GlTextures& textures) {
-    std::vector<GlMaterial> slots;
-    slots.reserve(materials.slotCount());
-    for (std::size_t slot = 0; slot < materials.slotCount(); ++slot) {
-        slots.emplace_back(materials[slot], textures);
-    }
-    return slots;
+void emitFaces(const MeshRecord& mesh, const DrawCache& cache, std::span<const std::uint32_t> faces,
+               bool textured) {
+    TriangleEmitter(mesh, cache, textured).emit(faces);
 }
 
-void emitMesh(const FrameRecord& frame, const DrawCache& cache, GlShape shape,
-              const DrawMaterials& slots, const std::vector<GlMaterial>& materials) {
-    switch (shape) {
-    case GlShape::Opaque:
-    case GlShape::Translucent:
-        emitFaces(frame, cache, shape == GlShape::Translucent, slots, materials);
-        break;
-    case GlShape::Outlines:
-        emitLines(frame.Mesh, GL_LINE_LOOP);
-        break;
-    case GlShape::Points:
-        emitLines(frame.Mesh, GL_POINTS);
-        break;
+void emitEdges(const MeshRecord& mesh) {
+    glBegin(GL_LINES);
+    for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
+        const auto corners = mesh.Faces[face];
+        if (corners.size() < 2 || !drawable(corners, mesh.Vertices)) {
+            continue;
+        }
+        for (std::size_t k = 0; k < corners.size(); ++k) {
+            emitVertex(mesh.Vertices[corners[k]]);
+            emitVertex(mesh.Vertices[corners[k + 1 < corners.size() ? k + 1 : 0]]);
+        }
     }
+    glEnd();
+}
+
+void emitCorners(const MeshRecord& mesh) {
+    glBegin(GL_POINTS);
+    for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
+        const auto corners = mesh.Faces[face];
+        if (drawable(corners, mesh.Vertices)) {
+            for (const std::uint32_t corner : corners) {
+                emitVertex(mesh.Vertices[corner]);
+            }
+        }
+    }
+    glEnd();
 }
 
 } // namespace korvane

@@ -1,40 +1,40 @@
 #pragma once
 
-#include "model/records/FrameRecord.h"
-#include "render/gl/GlTextures.h"
 #include "render/scene/DrawCache.h"
 #include "render/scene/DrawMaterials.h"
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace korvane {
 
-/// The values of one material slot as OpenGL takes them.
-struct GlMaterial {
-    GlMaterial(const DrawMaterial& material, const GlTextures& textures);
+/// The faces of a mesh that can be drawn, by the slots of their materials, in the order of the mesh
+/// within each.
+class FacesBySlot {
+  public:
+    FacesBySlot(const MeshRecord& mesh, const DrawMaterials& slots);
 
-    std::array<float, 4> ambient;
-    std::array<float, 4> diffuse; ///< with the opacity
-    std::array<float, 4> emission;
-    std::array<float, 4> specular; ///< black where the material has no highlight
-    float shininess;
-    std::uint32_t texture; ///< 0 for none
-    bool translucent;
+    [[nodiscard]] std::span<const std::uint32_t> operator[](std::size_t slot) const {
+        return std::span(faces_).subspan(starts_[slot], starts_[slot + 1] - starts_[slot]);
+    }
 
-    bool operator==(const GlMaterial&) const = default;
+  private:
+    std::vector<std::size_t> starts_; ///< of each slot in `faces_`, with the end of the last
+    std::vector<std::uint32_t> faces_;
 };
 
-/// What a mesh is drawn as.
-enum class GlShape { Opaque, Translucent, Outlines, Points };
+// These hand a mesh to the current context, in the mesh's own space and with as few interruptions
+// as can be: a run of one kind costs a driver a fraction of one call a face.
 
-/// The materials of all slots of the mesh selected.
-std::vector<GlMaterial> glMaterials(const DrawMaterials& materials, const GlTextures& textures);
-
-/// Hands the faces of a frame's mesh to the current context in the mesh's own space: triangle fans
-/// slot by slot, or line loops or points in the current colour. The cache must be up to date.
-void emitMesh(const FrameRecord& frame, const DrawCache& cache, GlShape shape,
-              const DrawMaterials& slots, const std::vector<GlMaterial>& materials);
+/// Hands over faces as the triangles of their fans. The material is the current one; `textured`
+/// tells whether its texture is, which faces without coordinates for it turn off for themselves.
+/// The cache must be up to date.
+void emitFaces(const MeshRecord& mesh, const DrawCache& cache, std::span<const std::uint32_t> faces,
+               bool textured);
+/// Hands over the edges of all faces, or their corners, in the current colour.
+void emitEdges(const MeshRecord& mesh);
+void emitCorners(const MeshRecord& mesh);
 
 } // namespace korvane

@@ -1,52 +1,92 @@
 #include "render/gl/GlOffscreen.h"
 
+#include "render/picture/Bitmap.h"
+
 #include <QOpenGLFramebufferObject>
 
 #include <GL/gl.h>
+#include <GL/glext.h>
+#include <algorithm>
 
 namespace korvane {
 
-GlOffscreen::GlOffscreen(std::int32_t width, std::int32_t height) : status_(start(width, height)) {}
-
-GlProbe GlOffscreen::start(std::int32_t width, std::int32_t height) {
-    if (gl_.status() != GlProbe::Works) {
-        return gl_.status();
-    }
-    const GlCurrent current(gl_.context(), gl_.surface());
-    // without alpha: mixing would leave one of no meaning, which would scale the colours
-    framebuffer_ = std::make_unique<QOpenGLFramebufferObject>(
-        width, height, QOpenGLFramebufferObject::Depth, GL_TEXTURE_2D, GL_RGB8);
-    return framebuffer_->isValid() ? GlProbe::Works : GlProbe::NotCurrent;
-}
+GlOffscreen::GlOffscreen(GlDriver& driver)
+    : driver_(driver), gl_(std::in_place, driver), status_(gl_->status()) {}
 
 GlOffscreen::~GlOffscreen() {
-    if (framebuffer_) {
-        const GlCurrent current(gl_.context(), gl_.surface());
-        view_.release();
+    release();
+}
+
+void GlOffscreen::release() {
+    if (gl_->status() == GlStatus::Works) {
+        const GlCurrent current(*gl_);
+        if (current.works()) {
+            view_.release();
+        }
         framebuffer_.reset();
     }
+    view_ = GlView(); // what a lost context held went with it
+    setUp_ = false;
 }
 
-void GlOffscreen::redraw(ModelDocument& document, ViewState& state) {
-    if (status_ != GlProbe::Works) {
-        return;
+GlStatus GlOffscreen::redraw(ModelDocument& document, ViewState& state, std::int32_t width,
+                             std::int32_t height) {
+    status_ = draw(document, state, width, height);
+    if (status_ == GlStatus::NotCurrent) {
+        release();
+        gl_.emplace(driver_);
+        status_ = gl_->status();
+        if (status_ == GlStatus::Works) {
+            status_ = draw(document, state, width, height);
+        }
     }
-    const GlCurrent current(gl_.context(), gl_.surface());
-    framebuffer_->bind();
+    return status_;
+}
+
+GlStatus GlOffscreen::draw(ModelDocument& document, ViewState& state, std::int32_t width,
+                           std::int32_t height) {
+    if (gl_->status() != GlStatus::Works) {
+        return gl_->status();
+    }
+    const GlCurrent current(*gl_);
+    if (!current.works()) {
+        return GlStatus::NotCurrent;
+    }
+    const QSize size(std::max(width, 1), std::max(height, 1));
+    if (!framebuffer_ || framebuffer_->size() != size) {
+        framebuffer_.reset();
+        // without alpha: mixing would leave one of no meaning, which would scale the colours
+        framebuffer_ = std::make_unique<QOpenGLFramebufferObject>(
+            size, QOpenGLFramebufferObject::Depth, GL_TEXTURE_2D, GL_RGB8);
+    }
+    if (!framebuffer_->isValid() || !framebuffer_->bind()) {
+        return GlStatus::NoFramebuffer;
+    }
     if (!setUp_) {
         setUp_ = true;
-        view_.setUp(document, state, framebuffer_->width(), framebuffer_->height());
+        view_.setUp(document, state, width, height);
     }
+    view_.resize(width, height);
     view_.redraw(document, state);
     glFinish();
+    return GlStatus::Works;
 }
 
-QImage GlOffscreen::picture() const {
-    if (status_ != GlProbe::Works) {
-        return {};
+GlStatus GlOffscreen::read(Bitmap& picture) {
+    if (status_ != GlStatus::Works || !framebuffer_) {
+        return status_;
     }
-    const GlCurrent current(gl_.context(), gl_.surface());
-    return framebuffer_->toImage();
+    const GlCurrent current(*gl_);
+    if (!current.works() || !framebuffer_->bind()) {
+        status_ = GlStatus::NotCurrent;
+        return status_;
+    }
+    picture.resize(framebuffer_->width(), framebuffer_->height());
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    glReadPixels(0, 0, picture.width(), picture.height(), GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
+                 picture.pixels());
+    picture.turnOver(); // OpenGL's rows go upward
+    return status_;
 }
 
 } // namespace korvane

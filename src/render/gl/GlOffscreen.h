@@ -3,39 +3,48 @@
 #include "render/gl/GlContext.h"
 #include "render/gl/GlView.h"
 
-#include <QImage>
-
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 class QOpenGLFramebufferObject;
 
 namespace korvane {
 
-/// An OpenGL view that draws into a picture in memory. Needs a QGuiApplication.
+class Bitmap;
+
+/// An OpenGL view off the screen, with a context of its own. A driver that loses the context gets
+/// another try with a new one. Needs a QGuiApplication.
 class GlOffscreen {
   public:
-    /// Tries to make a context and a framebuffer of the size in pixels; see status().
-    GlOffscreen(std::int32_t width, std::int32_t height);
+    /// Tries to make the context; see status(). The driver must outlive the view.
+    explicit GlOffscreen(GlDriver& driver = GlDriver::standard());
     ~GlOffscreen();
     GlOffscreen(const GlOffscreen&) = delete;
     GlOffscreen& operator=(const GlOffscreen&) = delete;
 
-    /// Drawing is possible only where it works.
-    [[nodiscard]] GlProbe status() const { return status_; }
-    /// Draws and waits until it is done.
-    void redraw(ModelDocument& document, ViewState& state);
-    /// The last picture.
-    [[nodiscard]] QImage picture() const;
-    [[nodiscard]] GlView& view() { return view_; }
+    /// What became of the context, or of the last redraw.
+    [[nodiscard]] GlStatus status() const { return status_; }
+    /// Draws the model at the size in device pixels, of which a side of 0 counts as 1, and waits
+    /// until that is done. Returns the status.
+    GlStatus redraw(ModelDocument& document, ViewState& state, std::int32_t width,
+                    std::int32_t height);
+    /// Reads what was drawn last into the picture, which gets its size. Returns the status; only
+    /// where it works there is a picture.
+    GlStatus read(Bitmap& picture);
+    [[nodiscard]] const GlView& view() const { return view_; }
 
   private:
-    GlProbe start(std::int32_t width, std::int32_t height);
+    GlStatus draw(ModelDocument& document, ViewState& state, std::int32_t width,
+                  std::int32_t height);
+    void release();
 
-    GlContext gl_;
+    GlDriver& driver_;
+    std::optional<GlContext> gl_;
     std::unique_ptr<QOpenGLFramebufferObject> framebuffer_;
     GlView view_;
-    bool setUp_ = false;
-    GlProbe status_;
+    bool setUp_ = false; ///< the view in the context
+    GlStatus status_;
 };
 
 } // namespace korvane

@@ -104,13 +104,6 @@ void drawBox(const DrawContext& context, const DrawItem& item) {
     glEnable(GL_LIGHTING);
 }
 
-/// A read buffer is named after the window only where the window is what is drawn into.
-void nameReadBuffer() {
-    GLint framebuffer = 0;
-    glGetIntegerv(GL_FRAMEBUFFER_BINDING, &framebuffer);
-    glReadBuffer(framebuffer == 0 ? GL_FRONT : GL_COLOR_ATTACHMENT0);
-}
-
 } // namespace
 
 void GlView::setUp(const ModelDocument& document, ViewState& state, std::int32_t width,
@@ -137,7 +130,7 @@ void GlView::setUp(const ModelDocument& document, ViewState& state, std::int32_t
     resize(width, height);
     setProjection(state.scaleFactor);
     counts_.uploads += textures_.update(document.Materials);
-    nameReadBuffer();
+    glReadBuffer(GL_COLOR_ATTACHMENT0);
     applyMode(state);
 }
 
@@ -155,7 +148,7 @@ void GlView::setProjection(float scale) const {
 }
 
 void GlView::redraw(ModelDocument& document, ViewState& state) {
-    setProjection(state.scaleFactor); // another view may have drawn in between
+    setProjection(state.scaleFactor);
     if (state.lastDrawnMode != state.mode) {
         applyMode(state);
     }
@@ -240,9 +233,10 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
     glDepthMask(GL_TRUE);
     if (wires) {
         setColor(wireColor(state.colors, item.frame->SelectState));
-        drawShape(item, state.dots ? GlShape::Points : GlShape::Outlines);
+        ++counts_.meshes;
+        counts_.recorded += lists_.drawWires(*item.frame, state.dots);
     } else if (!translucentPass && materials_.any(false)) {
-        drawShape(item, GlShape::Opaque);
+        drawFaces(*item.frame, false);
     }
     glDepthMask(GL_FALSE);
     if (translucentPass && materials_.any(true)) {
@@ -251,10 +245,10 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
         if (state.showHiddenTransparent || item.frame->RenderBackwards) {
             // the far sides first: they are not mixed over the near ones
             glCullFace(GL_FRONT);
-            drawShape(item, GlShape::Translucent);
+            drawFaces(*item.frame, true);
         }
         glCullFace(GL_BACK);
-        drawShape(item, GlShape::Translucent);
+        drawFaces(*item.frame, true);
         glDisable(GL_CULL_FACE);
     }
     glDepthMask(GL_TRUE);
@@ -263,13 +257,10 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
     }
 }
 
-void GlView::drawShape(const DrawItem& item, GlShape shape) {
+void GlView::drawFaces(FrameRecord& frame, bool translucent) {
     ++counts_.meshes;
-    const bool faces = shape == GlShape::Opaque || shape == GlShape::Translucent;
-    const bool recorded =
-        lists_.draw(*item.frame, drawCache(*item.frame), shape, materials_,
-                    faces ? glMaterials(materials_, textures_) : std::vector<GlMaterial>());
-    counts_.recorded += recorded ? 1 : 0;
+    counts_.recorded +=
+        lists_.drawFaces(frame, drawCache(frame), materials_, textures_, translucent);
 }
 
 void GlView::release() {

@@ -13,14 +13,14 @@ namespace korvane {
 
 /// What the OpenGL view has done so far.
 struct GlCounts {
-    std::size_t meshes = 0;   ///< shapes of meshes drawn
+    std::size_t meshes = 0;   ///< meshes drawn, each time anew
     std::size_t recorded = 0; ///< display lists recorded
     std::size_t uploads = 0;  ///< textures uploaded
     std::size_t errors = 0;   ///< OpenGL errors that redraws left; debug builds look for them
 };
 
-/// Draws a model with OpenGL into the framebuffer that is bound. A view belongs to one context, a
-/// compatibility one, which is current at every call; release() before that goes.
+/// Draws a model with OpenGL into the framebuffer object that is bound. A view belongs to one
+/// context, a compatibility one, which is current at every call; release() before that goes.
 class GlView {
   public:
     /// Sets the context up for the state, with the size in device pixels and the document's
@@ -47,7 +47,7 @@ class GlView {
     void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
     /// Outlines the box of the selected frame over what it would otherwise be hidden by later on.
     void drawSelection(const DrawContext& context, const ModelDocument& document);
-    void drawShape(const DrawItem& item, GlShape shape);
+    void drawFaces(FrameRecord& frame, bool translucent);
 
     ViewGeometry geometry_{1, 1};
     DrawList list_;

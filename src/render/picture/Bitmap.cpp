@@ -14,6 +14,15 @@ void Bitmap::fill(BitmapPixel color) {
     std::fill(pixels_.begin(), pixels_.end(), color);
 }
 
+void Bitmap::turnOver() {
+    const auto width = static_cast<std::ptrdiff_t>(width_);
+    auto upper = pixels_.begin();
+    auto lower = upper + width * (height_ - 1);
+    for (; upper < lower; upper += width, lower -= width) {
+        std::swap_ranges(upper, upper + width, lower);
+    }
+}
+
 namespace {
 
 QImage wrapped(const Bitmap& bitmap, QImage::Format format) {

@@ -22,6 +22,8 @@ class Bitmap {
     /// Changes the size, each side taken as at least 1; the content is unspecified afterwards.
     void resize(std::int32_t width, std::int32_t height);
     void fill(BitmapPixel color);
+    /// Puts the rows into the opposite order.
+    void turnOver();
 
     [[nodiscard]] std::int32_t width() const { return width_; }
     [[nodiscard]] std::int32_t height() const { return height_; }

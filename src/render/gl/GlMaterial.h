@@ -1,0 +1,26 @@
+#pragma once
+
+#include "render/gl/GlTextures.h"
+#include "render/scene/DrawMaterials.h"
+
+#include <array>
+#include <cstdint>
+
+namespace korvane {
+
+/// The values of one material slot as OpenGL takes them.
+struct GlMaterial {
+    GlMaterial(const DrawMaterial& material, const GlTextures& textures);
+
+    /// Makes the material, its texture and its colour those of the current context.
+    void apply() const;
+
+    std::array<float, 4> ambient;
+    std::array<float, 4> diffuse; ///< with the opacity
+    std::array<float, 4> emission;
+    std::array<float, 4> specular; ///< black where the material has no highlight
+    float shininess;
+    std::uint32_t texture; ///< 0 for none
+};
+
+} // namespace korvane

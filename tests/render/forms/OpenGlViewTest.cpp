@@ -1,0 +1,212 @@
+#include "render/forms/TImage.h"
+#include "render/forms/TThreeDWinFrame.h"
+#include "render/gl/GlOffscreen.h"
+#include "support/MainFormTest.h"
+#include "support/Skip.h"
+
+#include <QMessageBox>
+
+namespace korvane::test {
+namespace {
+
+const QString skiff = QStringLiteral(KORVANE_SAMPLES "/skiff.xsi");
+const QString windmill = QStringLiteral(KORVANE_SAMPLES "/windmill.xsi");
+
+/// A driver that fails as often as asked.
+class FailingDriver : public GlDriver {
+  public:
+    bool create(QOpenGLContext& context) override {
+        return std::exchange(failingCreates, std::max(failingCreates - 1, 0)) == 0 &&
+               GlDriver::create(context);
+    }
+    bool makeCurrent(QOpenGLContext& context, QSurface& surface) override {
+        return std::exchange(failingCurrents, std::max(failingCurrents - 1, 0)) == 0 &&
+               GlDriver::makeCurrent(context, surface);
+    }
+
+    int failingCreates = 0;
+    int failingCurrents = 0;
+};
+
+TThreeDWinFrame& viewOf(TMDIChild& window) {
+    return child<TThreeDWinFrame>(window, "ThreeDWin");
+}
+
+QImage pictureOf(TMDIChild& window) {
+    settle();
+    return child<TImage>(viewOf(window), "Image1").picture().copy();
+}
+
+/// Draws until all that rests is recorded.
+void drawOften(TMDIChild& window) {
+    for (int round = 0; round <= GlLists::drawsBeforeRecording; ++round) {
+        window.render3d();
+        settle();
+    }
+}
+
+/// The 3D view through OpenGL. Skips clearly where a machine has none.
+class OpenGlViewTest : public MainFormTest {
+  protected:
+    void SetUp() override {
+        if (GlContext().status() != GlStatus::Works) {
+            KORVANE_SKIP("no OpenGL here");
+        }
+    }
+    void TearDown() override {
+        for (TMDIChild* open : forms_ ? form().documents() : QList<TMDIChild*>()) {
+            if (const GlOffscreen* gl = viewOf(*open).openGl()) {
+                EXPECT_EQ(gl->view().counts().errors, 0U);
+            }
+        }
+    }
+    [[nodiscard]] const GlCounts& counts() const {
+        return viewOf(window()).openGl()->view().counts();
+    }
+};
+
+TEST_F(OpenGlViewTest, InterfacesShowTheSameAndADragRecordsNothing) {
+    start({windmill});
+    run("Rflat");
+    drawOften(window());
+    const std::size_t recorded = counts().recorded;
+    EXPECT_GT(recorded, 0U);
+    const QImage before = pictureOf(window());
+    TThreeDWinFrame& view = viewOf(window());
+    QTest::mousePress(&view, Qt::LeftButton, Qt::NoModifier, {50, 50});
+    for (int x = 60; x <= 100; x += 10) {
+        moveHolding(view, {x, 50});
+        settle();
+    }
+    QTest::mouseRelease(&view, Qt::LeftButton, Qt::NoModifier, {100, 50});
+    const QImage turned = pictureOf(window());
+    EXPECT_NE(turned, before);
+    EXPECT_EQ(counts().recorded, recorded);
+    const std::size_t drawn = counts().meshes;
+    child<TImage>(view, "Image1").update();
+    settle();
+    EXPECT_EQ(counts().meshes, drawn) << "a picture that is up to date is not drawn again";
+
+    run("SoftwareAction");
+    EXPECT_EQ(view.openGl(), nullptr);
+    const QImage bySoftware = pictureOf(window());
+    EXPECT_EQ(bySoftware.size(), turned.size());
+    const auto pixels = static_cast<double>(countOtherThan(bySoftware, 0xff000000U));
+    EXPECT_GT(pixels, 1000);
+    EXPECT_NEAR(static_cast<double>(countOtherThan(turned, 0xff000000U)), pixels, pixels * 0.05);
+    for (int round = 0; round < 24; ++round) {
+        window().setDrawingInterface(round % 2 == 0 ? DrawApi::OpenGL : DrawApi::Software);
+        EXPECT_EQ(pictureOf(window()), round % 2 == 0 ? turned : bySoftware) << round;
+    }
+}
+
+TEST_F(OpenGlViewTest, AModelThatOpensIsDrawnOnce) {
+    start({windmill});
+    settle();
+    const std::size_t drawn = counts().meshes;
+    const QImage picture = pictureOf(window());
+    window().render3d();
+    window().render3d();
+    settle();
+    EXPECT_EQ(counts().meshes, 2 * drawn) << "several wishes are one drawing";
+    EXPECT_EQ(pictureOf(window()), picture);
+}
+
+TEST_F(OpenGlViewTest, WindowsWithDifferentModesKeepApart) {
+    start({windmill, windmill});
+    TMDIChild& wires = window();
+    TMDIChild& smooth = *form().documents().at(0);
+    run("Rwire");
+    run("WindowTileVertical1");
+    const QImage wirePicture = pictureOf(wires);
+    const QImage smoothPicture = pictureOf(smooth);
+    EXPECT_NE(wirePicture, smoothPicture);
+    for (int round = 0; round < 6; ++round) {
+        wires.render3d();
+        smooth.render3d();
+        EXPECT_EQ(pictureOf(wires), wirePicture);
+        EXPECT_EQ(pictureOf(smooth), smoothPicture);
+    }
+    // back and forth: textures come back as well
+    smooth.setFocus();
+    run("Rwire");
+    EXPECT_EQ(pictureOf(smooth), wirePicture);
+    run("Rfull");
+    EXPECT_EQ(pictureOf(smooth), smoothPicture);
+}
+
+TEST_F(OpenGlViewTest, ADriverThatFailsGetsAnotherTryAndIsThenDoneWithout) {
+    start({skiff});
+    const QImage picture = pictureOf(window());
+    FailingDriver driver;
+    viewOf(window()).setDriver(driver);
+    run("SoftwareAction");
+    const QImage bySoftware = pictureOf(window());
+    run("OpenGLAction");
+    EXPECT_EQ(pictureOf(window()), picture);
+    const auto expectMessage = [this](const char* text) {
+        answerBox(QStringLiteral("GlFailure"), QString::fromLatin1(text),
+                  QStringLiteral("Korvane II Model Editor"), QMessageBox::Ok, QMessageBox::Ok);
+    };
+    const auto redrawn = [this] {
+        window().render3d();
+        const QImage shown = pictureOf(window());
+        settle();
+        EXPECT_TRUE(allAnswered());
+        return shown;
+    };
+    // the driver was reset: the context is lost, and all that it held
+    driver.failingCurrents = 1;
+    EXPECT_EQ(redrawn(), picture);
+    // for good
+    driver.failingCurrents = 1000;
+    expectMessage("Could not MakeCurrent");
+    EXPECT_EQ(redrawn(), bySoftware);
+    EXPECT_EQ(redrawn(), bySoftware) << "told once";
+    EXPECT_TRUE(action("OpenGLAction").isChecked());
+    // and back, from the first step on
+    run("SoftwareAction");
+    driver.failingCurrents = 0;
+    driver.failingCreates = 1;
+    expectMessage(":-)~ hrc == NULL");
+    run("OpenGLAction");
+    EXPECT_EQ(redrawn(), bySoftware);
+    run("SoftwareAction");
+    run("OpenGLAction");
+    EXPECT_EQ(redrawn(), picture);
+    forms_.reset(); // the window's context goes with its driver
+}
+
+/// For a platform without OpenGL.
+class WithoutGl : public MainFormTest {
+  protected:
+    void SetUp() override {
+        if (GlContext().status() == GlStatus::Works) {
+            KORVANE_SKIP("there is OpenGL here");
+        }
+    }
+};
+
+TEST_F(WithoutGl, TheUserIsToldAndStillSeesTheModel) {
+    const auto expectMessage = [this] {
+        answerBox(QStringLiteral("GlFailure"), QStringLiteral(":-)~ hrc == NULL"),
+                  QStringLiteral("Korvane II Model Editor"), QMessageBox::Ok, QMessageBox::Ok);
+    };
+    expectMessage();
+    start({skiff});
+    settle();
+    ASSERT_TRUE(allAnswered());
+    const QImage shown = pictureOf(window());
+    EXPECT_GT(countOtherThan(shown, 0xff000000U), 1000U);
+    run("SoftwareAction");
+    EXPECT_EQ(pictureOf(window()), shown);
+    expectMessage();
+    run("OpenGLAction");
+    EXPECT_TRUE(action("OpenGLAction").isChecked());
+    EXPECT_EQ(pictureOf(window()), shown);
+    run("Rwire");
+    EXPECT_NE(pictureOf(window()), shown);
+}
+
+} // namespace
+} // namespace korvane::test
