@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QMessageBox>
 
 #include <utility>
 
@@ -61,8 +62,9 @@ bool isCovered(const QObject* object, const QDialog& dialog) {
 class ModalCall::InputGate : public QObject {
   public:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (innermost->dialog_.isVisible()) {
-            return isInput(event->type()) && isCovered(watched, innermost->dialog_);
+        const QDialog& dialog = innermost->top();
+        if (dialog.isVisible()) {
+            return isInput(event->type()) && isCovered(watched, dialog);
         }
         const bool close = event->type() == QEvent::Close && event->spontaneous();
         if (!close && !isInput(event->type())) {
@@ -85,12 +87,17 @@ ModalCall::~ModalCall() {
     innermost = outer_;
 }
 
+const QDialog& ModalCall::top() const {
+    const auto* own = dialog_.findChild<QMessageBox*>();
+    return own != nullptr ? *own : dialog_;
+}
+
 bool ModalCall::running() {
     return innermost != nullptr;
 }
 
 bool ModalCall::returning() {
-    return innermost != nullptr && !innermost->dialog_.isVisible();
+    return innermost != nullptr && !innermost->top().isVisible();
 }
 
 int execModal(QDialog& dialog) {

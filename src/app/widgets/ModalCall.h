@@ -30,6 +30,10 @@ class ModalCall {
   private:
     class InputGate;
 
+    /// The dialog, or the box that it shows by itself: a file dialog asks so whether to replace a
+    /// file.
+    [[nodiscard]] const QDialog& top() const;
+
     const QDialog& dialog_;
     const ModalCall* outer_;        ///< the call during which this one was made
     std::unique_ptr<QObject> gate_; ///< the outermost call's
