@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFileDialog>
 #include <QMessageBox>
 
 #include <utility>
@@ -88,8 +89,11 @@ ModalCall::~ModalCall() {
 }
 
 const QDialog& ModalCall::top() const {
-    const auto* own = dialog_.findChild<QMessageBox*>();
-    return own != nullptr ? *own : dialog_;
+    if (qobject_cast<const QFileDialog*>(&dialog_) == nullptr) {
+        return dialog_; // our own boxes have calls of theirs
+    }
+    const auto* box = dialog_.findChild<QMessageBox*>({}, Qt::FindDirectChildrenOnly);
+    return box != nullptr ? *box : dialog_;
 }
 
 bool ModalCall::running() {

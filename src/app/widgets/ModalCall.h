@@ -30,8 +30,8 @@ class ModalCall {
   private:
     class InputGate;
 
-    /// The dialog, or the box that it shows by itself: a file dialog asks so whether to replace a
-    /// file.
+    /// The dialog, or the box that it shows by itself, as a file dialog does to ask whether to
+    /// replace a file.
     [[nodiscard]] const QDialog& top() const;
 
     const QDialog& dialog_;
