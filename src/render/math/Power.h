@@ -6,9 +6,10 @@
 namespace korvane {
 
 /// base to the power of `exponent` as the nearest float or one beside it, for a base above 0. The
-/// library's function also keeps track of exceptions, and where wide vector registers are in use
-/// around it a call costs up to thirty times as much: this runs for every highlight. What is beyond
-/// 2^126 or below 2^-126 comes out as that, and where the exponent is no number as 2^-126.
+/// library's function also keeps track of floating-point exceptions, and where wide vector
+/// registers are in use around it a call costs up to thirty times as much: this runs for every
+/// highlight. What is beyond 2^126 or below 2^-126 comes out as that, and where the exponent is no
+/// number as 2^-126.
 inline float positivePower(float base, float exponent) {
     // base = mantissa * 2^whole, with a mantissa from the root of 1/2 to the root of 2
     constexpr std::uint64_t rootOfHalf = 0x3fe6a09e667f3bcdU;
@@ -21,8 +22,8 @@ inline float positivePower(float base, float exponent) {
     constexpr double logarithmOf2 = 0.6931471805599453;
     const double s = (mantissa - 1.0) / (mantissa + 1.0);
     const double t = s * s;
-    const double series =
-        1.0 + t * (1.0 / 3 + t * (1.0 / 5 + t * (1.0 / 7 + t * (1.0 / 9 + t * (1.0 / 11)))));
+    const double series = 1.0 + t * (1.0 / 3) + t * t * (1.0 / 5 + t * (1.0 / 7)) +
+                          t * t * (t * t) * (1.0 / 9 + t * (1.0 / 11));
     double y = (whole + s * series * (2.0 / logarithmOf2)) * exponent;
 
     // 2^y = 2^n * e^x, with x at most 0.347
@@ -33,13 +34,11 @@ inline float positivePower(float base, float exponent) {
         6755399441055744.0; // 1.5 * 2^52: numbers of its size have no fraction
     const double n = (y + toWhole) - toWhole;
     const double x = (y - n) * logarithmOf2;
-    const double power =
-        1.0 +
-        x * (1.0 + x * (1.0 / 2 +
-                        x * (1.0 / 6 +
-                             x * (1.0 / 24 +
-                                  x * (1.0 / 120 +
-                                       x * (1.0 / 720 + x * (1.0 / 5040 + x * (1.0 / 40320))))))));
+    const double x2 = x * x;
+    const double x4 = x2 * x2;
+    const double power = 1.0 + x + x2 * (1.0 / 2 + x * (1.0 / 6)) +
+                         x4 * (1.0 / 24 + x * (1.0 / 120) + x2 * (1.0 / 720 + x * (1.0 / 5040)) +
+                               x4 * (1.0 / 40320));
     constexpr int bias = 1023;
     const auto scale = std::bit_cast<double>(
         static_cast<std::uint64_t>(static_cast<std::int64_t>(n) + bias) << 52U);

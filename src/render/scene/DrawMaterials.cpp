@@ -26,15 +26,6 @@ float shownOpacity(const MaterialRecord& material, const ViewState& state) {
     return isTranslucent(material, state) ? clampUnit(material.FaceColor.alpha) : 1.0F;
 }
 
-std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
-    if (!mesh.HasMaterials) {
-        return -1;
-    }
-    return face < mesh.FaceSlotIndex.size()
-               ? std::int64_t{mesh.FaceSlotIndex[face]}
-               : static_cast<std::int64_t>(mesh.MaterialSlotList.size()) - 1;
-}
-
 const MaterialRecord* materialOfFace(const MeshRecord& mesh, std::size_t face,
                                      std::span<const MaterialRecord> table) {
     const auto at = [](std::int64_t index, const auto& list) {

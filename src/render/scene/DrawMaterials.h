@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/records/MaterialRecord.h"
+#include "model/records/MeshRecord.h"
 #include "render/scene/Lighting.h"
 #include "render/scene/ViewState.h"
 
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace korvane {
-
-struct MeshRecord;
 
 /// Whether the material has a picture that can be looked up: the single white pixel that stands for
 /// one that could not be loaded would change nothing.
@@ -24,7 +23,14 @@ float shownOpacity(const MaterialRecord& material, const ViewState& state);
 
 /// The slot of a face in its mesh, which may lead nowhere: the last slot for faces without an
 /// entry, -1 in a mesh without materials.
-std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face);
+inline std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
+    if (!mesh.HasMaterials) {
+        return -1;
+    }
+    return face < mesh.FaceSlotIndex.size()
+               ? std::int64_t{mesh.FaceSlotIndex[face]}
+               : static_cast<std::int64_t>(mesh.MaterialSlotList.size()) - 1;
+}
 
 /// The material of a face in the document's table, or null if its slot leads nowhere.
 const MaterialRecord* materialOfFace(const MeshRecord& mesh, std::size_t face,
