@@ -115,21 +115,16 @@ class Bench {
     }
 
     void tree() {
-        auto* tree = window().findChild<QTreeView*>(QStringLiteral("TreeView1"));
-        tree->expandToDepth(1);
-        const QModelIndexList frames = tree->model()->match(
-            tree->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("Frame"), 6,
-            Qt::MatchStartsWith | Qt::MatchRecursive);
-        const auto select = [&](int i) { tree->setCurrentIndex(frames[(i + 5) % frames.size()]); };
+        treeView().expandToDepth(1);
+        const QModelIndexList frames = nodes("Frame", 6);
+        const auto select = [&](int i) {
+            treeView().setCurrentIndex(frames[(i + 5) % frames.size()]);
+        };
         tell("tree", stepMs(31, select), "ms");
     }
 
     void opacity() {
-        auto* tree = window().findChild<QTreeView*>(QStringLiteral("TreeView1"));
-        const QModelIndexList tables = tree->model()->match(
-            tree->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("Material"), 1,
-            Qt::MatchStartsWith | Qt::MatchRecursive);
-        tree->setCurrentIndex(tables.value(0));
+        treeView().setCurrentIndex(nodes("Material", 1).value(0));
         settle(50);
         QTimer::singleShot(300, [this] {
             auto* bar = forms_.material.findChild<QSlider*>(QStringLiteral("opacitybar"));
@@ -144,13 +139,9 @@ class Bench {
 
     void copyAndClose() {
         tell("open", memoryMiB(), "MiB");
-        window()
-            .findChild<QTreeView*>(QStringLiteral("TreeView1"))
-            ->setCurrentIndex(
-                window().findChild<QTreeView*>(QStringLiteral("TreeView1"))->model()->index(0, 0));
+        treeView().setCurrentIndex(nodes("Frame", 1).value(0));
         settle(50);
         trigger("EditCopy");
-        settle(50);
         trigger("EditPaste");
         settle(200);
         tell("pasted", memoryMiB(), "MiB");
@@ -163,6 +154,15 @@ class Bench {
 
   private:
     [[nodiscard]] TMDIChild& window() const { return *forms_.mainForm.documents().at(0); }
+    [[nodiscard]] QTreeView& treeView() const {
+        return *window().findChild<QTreeView*>(QStringLiteral("TreeView1"));
+    }
+    /// The first rows of the tree whose text starts so.
+    [[nodiscard]] QModelIndexList nodes(const char* start, int count) const {
+        const QAbstractItemModel& model = *treeView().model();
+        return model.match(model.index(0, 0), Qt::DisplayRole, QString::fromLatin1(start), count,
+                           Qt::MatchStartsWith | Qt::MatchRecursive);
+    }
     void trigger(const char* name) {
         forms_.mainForm.findChild<QAction*>(QString::fromLatin1(name))->trigger();
         settle(50);
