@@ -82,6 +82,7 @@ void GuiTest::answerCloseQuestion(const QString& fileName, int reply) {
 void GuiTest::answerFileDialog(const QString& name, const QString& path) {
     answer<QFileDialog>([=](QFileDialog& dialog) {
         EXPECT_EQ(dialog.objectName(), name);
+        settle(); // the listing of the folder sets the name as well
         child<QLineEdit>(dialog, "fileNameEdit").setText(path);
         auto& base = static_cast<QDialog&>(dialog); // whose accept() may be called
         path.isEmpty() ? base.reject() : base.accept();
