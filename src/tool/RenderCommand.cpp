@@ -159,12 +159,15 @@ class RenderOptions {
     QString wrong_; ///< the first option with a value that makes no sense
 };
 
-/// Draws the document as asked for and saves the picture. `redraw` draws once, `picture` gives what
-/// was drawn over the background.
+/// Draws the document as asked for and saves the picture. `redraw` draws once and tells whether it
+/// could, `picture` gives what was drawn over the background, or a null image.
 template <class Redraw, class Picture>
 ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const Picture& picture,
                        BitmapPixel background) {
-    redraw();
+    const QString failure = QStringLiteral("no OpenGL here");
+    if (!redraw()) {
+        return refuse(request.in, failure);
+    }
     std::vector<double> times;
     for (int round = 0; round < request.repeat.value_or(0); ++round) {
         const Clock::time_point start = Clock::now();
@@ -172,6 +175,9 @@ ExitStatus drawAndSave(const RenderRequest& request, const Redraw& redraw, const
         times.push_back(millisecondsSince(start));
     }
     const QImage image = picture();
+    if (image.isNull()) {
+        return refuse(request.in, failure);
+    }
     if (request.repeat) {
         printMedian("frame", std::move(times));
         std::printf("pixels %zu\n", countOtherThan(image, background));
@@ -184,8 +190,12 @@ ExitStatus renderPlane(const RenderRequest& request, ModelDocument& document) {
     view.resize(request.width, request.height);
     startPlanes(document, request.width, request.height);
     return drawAndSave(
-        request, [&] { view.draw(document); }, [&] { return imageOf(view.bitmap()); },
-        view.colors().frames.background);
+        request,
+        [&] {
+            view.draw(document);
+            return true;
+        },
+        [&] { return imageOf(view.bitmap()); }, view.colors().frames.background);
 }
 
 /// What is given of the camera is in units of the model, and so is then all of it.
@@ -200,19 +210,14 @@ void placeCamera(RenderRequest& request, ModelDocument& document) {
 
 ExitStatus renderByOpenGl(RenderRequest& request, ModelDocument& document) {
     GlOffscreen offscreen;
-    const auto draw = [&] {
-        return offscreen.redraw(document, request.state, request.width, request.height);
-    };
     Bitmap picture;
-    if (draw() != GlStatus::Works || offscreen.read(picture) != GlStatus::Works) {
-        return refuse(request.in, QStringLiteral("no OpenGL here"));
-    }
     return drawAndSave(
-        request, draw,
+        request,
         [&] {
-            offscreen.read(picture);
-            return imageOf(picture);
+            return offscreen.redraw(document, request.state, request.width, request.height) ==
+                   GlStatus::Works;
         },
+        [&] { return offscreen.read(picture) == GlStatus::Works ? imageOf(picture) : QImage(); },
         request.state.colors.background);
 }
 
@@ -241,7 +246,11 @@ ExitStatus render(const QStringList& words) {
     SoftwareView view;
     view.resize(request.width, request.height);
     return drawAndSave(
-        request, [&] { view.redraw(document, request.state); },
+        request,
+        [&] {
+            view.redraw(document, request.state);
+            return true;
+        },
         [&] { return imageOf(view.bitmap()); }, request.state.colors.background);
 }
 

@@ -161,8 +161,8 @@ bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {
 }
 
 PlaneInput TMDIChild::inputOf(ViewPlane plane, const DragInput& input) {
-    const Bitmap& picture = planeView(plane).bitmap();
-    return {plane, picture.width(), picture.height(), input};
+    const QSize size = sizeInPixels(*planeImages()[static_cast<std::size_t>(plane)].image);
+    return {plane, size.width(), size.height(), input};
 }
 
 void TMDIChild::planeInput(ViewPlane plane, const DragInput& input, PlaneOperation operation) {

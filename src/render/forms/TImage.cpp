@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 
+#include <exception>
+
 namespace korvane {
 
 TImage::TImage(QWidget* parent) : QWidget(parent) {}
@@ -24,10 +26,22 @@ void TImage::redraw() {
 
 void TImage::drawIfStale() {
     // the scale of the screen may have changed without a change of the control's size
-    if (draw_ && (stale_ || picture_.size() != sizeInPixels(*this))) {
-        stale_ = false;
-        const QScopedValueRollback<bool> drawing(drawing_, true);
+    const QSize size = sizeInPixels(*this);
+    if (!draw_ || (!stale_ && size == drawnSize_)) {
+        return;
+    }
+    stale_ = false;
+    drawnSize_ = size;
+    picture_ = overlay_ = QImage(); // drawing may free the memory that they show
+    const QScopedValueRollback<bool> drawing(drawing_, true);
+    try {
         draw_();
+    } catch (...) {
+        // a paint cannot wait for the user to be told
+        picture_ = overlay_ = QImage();
+        QMetaObject::invokeMethod(
+            this, [error = std::current_exception()] { std::rethrow_exception(error); },
+            Qt::QueuedConnection);
     }
 }
 

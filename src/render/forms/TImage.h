@@ -18,7 +18,8 @@ class TImage : public QWidget {
   public:
     explicit TImage(QWidget* parent = nullptr);
 
-    /// The function draws a picture of the control's size by now and shows it, or draws nothing.
+    /// The function draws a picture of the control's size at that moment and shows it, or draws
+    /// nothing. What it throws is thrown again once the paint is over.
     void setDrawing(std::function<void()> draw) { draw_ = std::move(draw); }
     /// Has the picture drawn anew with the next paint.
     void redraw();
@@ -42,6 +43,7 @@ class TImage : public QWidget {
     std::function<void()> draw_;
     bool stale_ = true; ///< the picture is not what it should show
     bool drawing_ = false;
+    QSize drawnSize_; ///< of the control, when it was last drawn
     QImage picture_;
     QImage overlay_;
     bool edged_ = false;

@@ -76,7 +76,7 @@ void TThreeDWinFrame::setUpView() {
 }
 
 void TThreeDWinFrame::releaseContext() {
-    // the control shows the memory of one of both
+    // the control shows the memory of one of the two
     ui_->Image1->showPicture({});
     gl_.reset();
     glPicture_ = Bitmap();
@@ -84,6 +84,9 @@ void TThreeDWinFrame::releaseContext() {
 }
 
 void TThreeDWinFrame::showFailure(GlStatus status) {
+    if (session_ == nullptr) {
+        return; // closed before it could be told
+    }
     showMessageBox(this, QStringLiteral("GlFailure"), QMessageBox::Critical,
                    QApplication::applicationName(),
                    status == GlStatus::NoContext ? QStringLiteral(":-)~ hrc == NULL")
@@ -118,11 +121,8 @@ void TThreeDWinFrame::draw() {
 }
 
 bool TThreeDWinFrame::drawByOpenGl(const ViewGeometry& geometry) {
-    GlStatus status =
-        gl_->redraw(session_->model(), session_->view(), geometry.width, geometry.height);
-    if (status == GlStatus::Works) {
-        status = gl_->read(glPicture_);
-    }
+    const GlStatus status = gl_->redraw(session_->model(), session_->view(), geometry.width,
+                                        geometry.height, glPicture_);
     if (status == GlStatus::Works) {
         ui_->Image1->showPicture(imageOf(glPicture_));
         return true;

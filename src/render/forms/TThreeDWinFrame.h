@@ -54,7 +54,7 @@ class TThreeDWinFrame : public QWidget {
 
   private:
     void FrameResize();
-    /// The sizes that the view has by now.
+    /// The sizes that the view has at the moment.
     [[nodiscard]] ViewGeometry geometry() const;
     void draw();
     /// Whether there is a picture now.

@@ -13,10 +13,10 @@ enum class GlStatus {
     Works,
     NoContext,     ///< there is no context of the right kind
     NotCurrent,    ///< the context cannot be made current
-    NoFramebuffer, ///< there is nothing of the size to draw into
+    NoFramebuffer, ///< no framebuffer of the size can be had
 };
 
-/// How contexts are made and made current. Tests stand a driver in its place that fails.
+/// How contexts are made and made current. Tests put one in its place that fails.
 class GlDriver {
   public:
     virtual ~GlDriver() = default;
@@ -37,8 +37,8 @@ class GlContext {
     GlContext(const GlContext&) = delete;
     GlContext& operator=(const GlContext&) = delete;
 
-    /// The rest is for where it works.
     [[nodiscard]] GlStatus status() const { return status_; }
+    /// Only where it works.
     [[nodiscard]] QOpenGLContext& context() const { return *context_; }
 
   private:

@@ -36,8 +36,12 @@ std::size_t GlLists::drawFaces(const FrameRecord& frame, const DrawCache& cache,
                                bool translucent) {
     Mesh& mesh = meshOf(frame);
     if (mesh.slots.size() != slots.slotCount()) {
-        free(mesh);
+        for (Run& run : mesh.slots) {
+            free(run);
+        }
         mesh.slots.resize(slots.slotCount());
+        mesh.hasFaces.clear();
+        mesh.faces.reset();
         for (std::size_t slot = 0; slot < slots.slotCount(); ++slot) {
             mesh.hasFaces.push_back(!facesOf(mesh, frame.Mesh, slots)[slot].empty());
         }
@@ -86,6 +90,11 @@ bool GlLists::draw(Run& run, const Emit& emit) {
     glNewList(run.list, GL_COMPILE);
     emit();
     glEndList();
+    if (glGetError() == GL_OUT_OF_MEMORY) {
+        free(run);
+        emit();
+        return false;
+    }
     glCallList(run.list);
     return true;
 }
@@ -111,13 +120,6 @@ void GlLists::sweep() {
         free(mesh);
         entry = meshes_.erase(entry);
     }
-}
-
-void GlLists::release() {
-    for (auto& [revision, mesh] : meshes_) {
-        free(mesh);
-    }
-    meshes_.clear();
 }
 
 std::size_t GlLists::count() const {

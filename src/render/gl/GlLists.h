@@ -30,7 +30,6 @@ class GlLists {
     void keep(const FrameRecord& frame);
     /// Frees what was recorded of meshes neither drawn nor kept since the last sweep.
     void sweep();
-    void release();
     [[nodiscard]] std::size_t count() const;
 
   private:

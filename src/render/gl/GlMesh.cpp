@@ -20,7 +20,8 @@ void emitVertex(const Vec3& p) {
     glVertex3f(p.x, p.y, p.z);
 }
 
-/// Emits the triangles of faces, those of faces with texture coordinates apart from the others.
+/// Emits the triangles of faces in the order given, with the texture off for faces that have no
+/// coordinates.
 class TriangleEmitter {
   public:
     TriangleEmitter(const MeshRecord& mesh, const DrawCache& cache, bool textured)
@@ -96,8 +97,7 @@ class TriangleEmitter {
 
 } // namespace
 
-FacesBySlot::FacesBySlot(const MeshRecord& mesh, const DrawMaterials& slots)
-    : starts_(slots.slotCount() + 1) {
+FacesBySlot::FacesBySlot(const MeshRecord& mesh, const DrawMaterials& slots) {
     const auto forEachFace = [&](const auto& use) {
         for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
             if (mesh.Faces[face].size() >= 3 && drawable(mesh.Faces[face], mesh.Vertices)) {

@@ -26,7 +26,7 @@ class FacesBySlot {
 };
 
 // These hand a mesh to the current context, in the mesh's own space and with as few interruptions
-// as can be: a run of one kind costs a driver a fraction of one call a face.
+// as can be: a run of one kind costs a driver a fraction of what one call a face costs.
 
 /// Hands over faces as the triangles of their fans. The material is the current one; `textured`
 /// tells whether its texture is, which faces without coordinates for it turn off for themselves.

@@ -17,34 +17,45 @@ GlOffscreen::~GlOffscreen() {
     release();
 }
 
+/// What the context holds goes with it.
 void GlOffscreen::release() {
-    if (gl_->status() == GlStatus::Works) {
-        const GlCurrent current(*gl_);
-        if (current.works()) {
-            view_.release();
-        }
-        framebuffer_.reset();
-    }
-    view_ = GlView(); // what a lost context held went with it
+    view_ = GlView();
     setUp_ = false;
+    framebuffer_.reset();
+    gl_.reset();
 }
 
 GlStatus GlOffscreen::redraw(ModelDocument& document, ViewState& state, std::int32_t width,
                              std::int32_t height) {
-    status_ = draw(document, state, width, height);
-    if (status_ == GlStatus::NotCurrent) {
-        release();
-        gl_.emplace(driver_);
-        status_ = gl_->status();
-        if (status_ == GlStatus::Works) {
+    try {
+        status_ = draw(document, state, width, height);
+        if (status_ == GlStatus::NotCurrent) {
+            release();
             status_ = draw(document, state, width, height);
         }
+    } catch (...) {
+        release(); // commands that break off in the middle leave the context in any state
+        throw;
+    }
+    return status_;
+}
+
+GlStatus GlOffscreen::redraw(ModelDocument& document, ViewState& state, std::int32_t width,
+                             std::int32_t height, Bitmap& picture) {
+    redraw(document, state, width, height);
+    // a driver that was reset while it drew tells so only now
+    if (status_ == GlStatus::Works && read(picture) != GlStatus::Works) {
+        redraw(document, state, width, height);
+        read(picture);
     }
     return status_;
 }
 
 GlStatus GlOffscreen::draw(ModelDocument& document, ViewState& state, std::int32_t width,
                            std::int32_t height) {
+    if (!gl_) {
+        gl_.emplace(driver_);
+    }
     if (gl_->status() != GlStatus::Works) {
         return gl_->status();
     }
@@ -63,8 +74,8 @@ GlStatus GlOffscreen::draw(ModelDocument& document, ViewState& state, std::int32
         return GlStatus::NoFramebuffer;
     }
     if (!setUp_) {
+        view_.setUp(document, state);
         setUp_ = true;
-        view_.setUp(document, state, width, height);
     }
     view_.resize(width, height);
     view_.redraw(document, state);

@@ -29,6 +29,9 @@ class GlOffscreen {
     /// until that is done. Returns the status.
     GlStatus redraw(ModelDocument& document, ViewState& state, std::int32_t width,
                     std::int32_t height);
+    /// Draws likewise, and reads the picture.
+    GlStatus redraw(ModelDocument& document, ViewState& state, std::int32_t width,
+                    std::int32_t height, Bitmap& picture);
     /// Reads what was drawn last into the picture, which gets its size. Returns the status; only
     /// where it works there is a picture.
     GlStatus read(Bitmap& picture);
@@ -40,7 +43,7 @@ class GlOffscreen {
     void release();
 
     GlDriver& driver_;
-    std::optional<GlContext> gl_;
+    std::optional<GlContext> gl_; ///< made with the next redraw where there is none
     std::unique_ptr<QOpenGLFramebufferObject> framebuffer_;
     GlView view_;
     bool setUp_ = false; ///< the view in the context

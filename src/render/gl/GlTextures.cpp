@@ -72,11 +72,4 @@ std::uint32_t GlTextures::name(const TextureImage* image) const {
     return found != entries_.end() ? found->second.name : 0;
 }
 
-void GlTextures::release() {
-    for (const auto& [image, entry] : entries_) {
-        glDeleteTextures(1, &entry.name);
-    }
-    entries_.clear();
-}
-
 } // namespace korvane

@@ -17,7 +17,6 @@ class GlTextures {
     std::size_t update(std::span<const MaterialRecord> materials);
     /// The texture's name; 0 for an image that no material showed at the last update.
     [[nodiscard]] std::uint32_t name(const TextureImage* image) const;
-    void release();
     [[nodiscard]] std::size_t count() const { return entries_.size(); }
 
   private:

@@ -106,8 +106,7 @@ void drawBox(const DrawContext& context, const DrawItem& item) {
 
 } // namespace
 
-void GlView::setUp(const ModelDocument& document, ViewState& state, std::int32_t width,
-                   std::int32_t height) {
+void GlView::setUp(const ModelDocument& document, ViewState& state) {
     glEnable(GL_DEPTH_TEST);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -127,8 +126,6 @@ void GlView::setUp(const ModelDocument& document, ViewState& state, std::int32_t
     glEnable(GL_NORMALIZE); // frames may scale
     glEnable(GL_TEXTURE_2D);
     glTexEnvf(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
-    resize(width, height);
-    setProjection(state.scaleFactor);
     counts_.uploads += textures_.update(document.Materials);
     glReadBuffer(GL_COLOR_ATTACHMENT0);
     applyMode(state);
@@ -261,11 +258,6 @@ void GlView::drawFaces(FrameRecord& frame, bool translucent) {
     ++counts_.meshes;
     counts_.recorded +=
         lists_.drawFaces(frame, drawCache(frame), materials_, textures_, translucent);
-}
-
-void GlView::release() {
-    lists_.release();
-    textures_.release();
 }
 
 } // namespace korvane

@@ -20,22 +20,17 @@ struct GlCounts {
 };
 
 /// Draws a model with OpenGL into the framebuffer object that is bound. A view belongs to one
-/// context, a compatibility one, which is current at every call; release() before that goes.
+/// context, a compatibility one, which is current at every call; textures and lists go with it.
 class GlView {
   public:
-    /// Sets the context up for the state, with the size in device pixels and the document's
-    /// textures.
-    void setUp(const ModelDocument& document, ViewState& state, std::int32_t width,
-               std::int32_t height);
+    /// Sets the context up for the state, with the document's textures.
+    void setUp(const ModelDocument& document, ViewState& state);
     /// Sets the size in device pixels; a side of 0 gives one pixel.
     void resize(std::int32_t width, std::int32_t height);
     /// Draws the document's frames as its camera sees them, and brings their drawing caches up to
     /// date. Remembers the mode drawn in the state. Showing the picture is the caller's.
     void redraw(ModelDocument& document, ViewState& state);
-    /// Frees textures and lists.
-    void release();
 
-    [[nodiscard]] const ViewGeometry& geometry() const { return geometry_; }
     [[nodiscard]] const GlCounts& counts() const { return counts_; }
     [[nodiscard]] std::size_t listCount() const { return lists_.count(); }
     [[nodiscard]] std::size_t textureCount() const { return textures_.count(); }

@@ -5,9 +5,11 @@
 namespace korvane {
 
 void Bitmap::resize(std::int32_t width, std::int32_t height) {
-    width_ = std::max(width, 1);
-    height_ = std::max(height, 1);
-    pixels_.resize(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_) + slack);
+    width = std::max(width, 1);
+    height = std::max(height, 1);
+    pixels_.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) + slack);
+    width_ = width;
+    height_ = height;
 }
 
 void Bitmap::fill(BitmapPixel color) {

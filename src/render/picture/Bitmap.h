@@ -20,6 +20,7 @@ class Bitmap {
     static constexpr std::size_t slack = 16;
 
     /// Changes the size, each side taken as at least 1; the content is unspecified afterwards.
+    /// Where memory runs out the bitmap stays as it was.
     void resize(std::int32_t width, std::int32_t height);
     void fill(BitmapPixel color);
     /// Puts the rows into the opposite order.

@@ -5,9 +5,14 @@
 namespace korvane {
 
 void SoftwareView::resize(std::int32_t width, std::int32_t height) {
-    geometry_ = ViewGeometry(width, height);
-    bitmap_.resize(geometry_.width, geometry_.height);
-    depths_.resize(bitmap_.pixelCount() + Bitmap::slack);
+    // whole or not at all: memory may run out at any step
+    const ViewGeometry geometry(width, height);
+    std::vector<float> depths(static_cast<std::size_t>(geometry.width) *
+                                  static_cast<std::size_t>(geometry.height) +
+                              Bitmap::slack);
+    bitmap_.resize(geometry.width, geometry.height);
+    depths_.swap(depths);
+    geometry_ = geometry;
 }
 
 void SoftwareView::redraw(ModelDocument& document, ViewState& state) {

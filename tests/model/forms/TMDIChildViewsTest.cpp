@@ -151,6 +151,8 @@ TEST_F(TMDIChildViews, VisibilityTogglesShowAtTheNextMouseEvent) {
     EXPECT_TRUE(reason.isVisible() && reason.width() >= reason.sizeHint().width());
     QWidget& spaceView = child<QWidget>(window(), "ThreeDWin");
     EXPECT_EQ(spaceView.childAt(reason.geometry().center()), &image("Image1")) << "lets clicks by";
+    const QImage seen = spaceView.grab(reason.geometry()).toImage();
+    EXPECT_GT(countOtherThan(seen.convertToFormat(QImage::Format_RGB32), 0xff000000U), 20U);
     const std::pair<std::string, const char*> nodes[] = {
         {bodyNode + "/Frame frm-wing", "on on "}, // children keep their own
         {"Materials", "-on -on "},

@@ -5,6 +5,10 @@
 #include "support/Skip.h"
 
 #include <QMessageBox>
+#include <QOpenGLContext>
+
+#include <algorithm>
+#include <utility>
 
 namespace korvane::test {
 namespace {
@@ -16,16 +20,23 @@ const QString windmill = QStringLiteral(KORVANE_SAMPLES "/windmill.xsi");
 class FailingDriver : public GlDriver {
   public:
     bool create(QOpenGLContext& context) override {
+        QObject::connect(&context, &QObject::destroyed, [this] { --contexts; });
+        ++contexts;
         return std::exchange(failingCreates, std::max(failingCreates - 1, 0)) == 0 &&
                GlDriver::create(context);
     }
     bool makeCurrent(QOpenGLContext& context, QSurface& surface) override {
+        if (failsAfter >= 0 && failsAfter-- == 0) {
+            return false;
+        }
         return std::exchange(failingCurrents, std::max(failingCurrents - 1, 0)) == 0 &&
                GlDriver::makeCurrent(context, surface);
     }
 
     int failingCreates = 0;
     int failingCurrents = 0;
+    int failsAfter = -1; ///< so many that do not
+    int contexts = 0;    ///< alive
 };
 
 TThreeDWinFrame& viewOf(TMDIChild& window) {
@@ -104,6 +115,7 @@ TEST_F(OpenGlViewTest, AModelThatOpensIsDrawnOnce) {
     start({windmill});
     settle();
     const std::size_t drawn = counts().meshes;
+    EXPECT_GT(drawn, 0U);
     const QImage picture = pictureOf(window());
     window().render3d();
     window().render3d();
@@ -158,6 +170,9 @@ TEST_F(OpenGlViewTest, ADriverThatFailsGetsAnotherTryAndIsThenDoneWithout) {
     // the driver was reset: the context is lost, and all that it held
     driver.failingCurrents = 1;
     EXPECT_EQ(redrawn(), picture);
+    driver.failsAfter = 1; // while it drew
+    EXPECT_EQ(redrawn(), picture);
+    EXPECT_EQ(driver.failsAfter, -1);
     // for good
     driver.failingCurrents = 1000;
     expectMessage("Could not MakeCurrent");
@@ -174,7 +189,10 @@ TEST_F(OpenGlViewTest, ADriverThatFailsGetsAnotherTryAndIsThenDoneWithout) {
     run("SoftwareAction");
     run("OpenGLAction");
     EXPECT_EQ(redrawn(), picture);
-    forms_.reset(); // the window's context goes with its driver
+    EXPECT_EQ(driver.contexts, 1);
+    window().closeUnasked();
+    settle();
+    EXPECT_EQ(driver.contexts, 0);
 }
 
 /// For a platform without OpenGL.

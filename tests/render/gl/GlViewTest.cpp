@@ -162,6 +162,43 @@ TEST_F(GlViewTest, EditsOfARecordedMeshShowAtOnce) {
     EXPECT_EQ(drawn(), 0xffffffffU);
 }
 
+TEST_F(GlViewTest, ListsShowWhatDirectDrawingDoes) {
+    // the middle one of three textured squares has no coordinates; the last slot has no texture
+    setTexture(document_.Materials[1], 2, {{0, 255, 0, 255}, {0, 0, 255, 255}});
+    MeshRecord& mesh = scene_.mesh();
+    for (const float z : {0.0F, 0.5F, 1.0F, 1.5F}) {
+        addSquare(mesh, 4 - 2 * z, z);
+    }
+    mesh.HasTexCoords = true;
+    mesh.TexCoords = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    for (const bool textured : {true, false, true, true}) {
+        textured ? mesh.TexCoordFaces.push_back(std::vector<std::uint32_t>{0, 1, 2, 3})
+                 : mesh.TexCoordFaces.push_back(std::vector<std::uint32_t>{});
+    }
+    mesh.FaceSlotIndex = {1, 1, 1, 0};
+    for (const RenderMode mode :
+         {RenderMode::SmoothShading, RenderMode::Wireframe, RenderMode::FlatShading}) {
+        state_.mode = mode;
+        const QImage direct = scene_.draw(document_, state_);
+        EXPECT_GT(countOtherThan(direct, 0xff000000U), 500U);
+        const std::size_t recorded = gl_->view().counts().recorded;
+        for (int round = 0; round < GlLists::drawsBeforeRecording + 2; ++round) {
+            EXPECT_EQ(scene_.draw(document_, state_), direct) << round;
+        }
+        EXPECT_EQ(gl_->view().counts().recorded > recorded, mode != RenderMode::FlatShading)
+            << "faces are recorded once for both ways of shading";
+    }
+}
+
+TEST_F(GlViewTest, ASizeThatCannotBeHadIsAStatus) {
+    EXPECT_EQ(gl_->redraw(document_, state_, 1 << 20, 1), GlStatus::NoFramebuffer);
+    Bitmap picture;
+    EXPECT_EQ(gl_->read(picture), GlStatus::NoFramebuffer);
+    EXPECT_EQ(gl_->redraw(document_, state_, 0, 0), GlStatus::Works);
+    EXPECT_EQ(gl_->read(picture), GlStatus::Works);
+    EXPECT_EQ(picture.pixelCount(), 1U);
+}
+
 } // namespace
 } // namespace korvane::test
 

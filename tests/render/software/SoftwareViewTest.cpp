@@ -1,8 +1,10 @@
 #include "render/software/SoftwareView.h"
 
+#include "support/AllocationWatch.h"
 #include "support/DrawnScenes.h"
 
 #include <limits>
+#include <new>
 
 namespace korvane::test {
 namespace {
@@ -90,6 +92,22 @@ TEST(SoftwareView, DenseMeshesKeepTheirSmallFaces) {
     EXPECT_EQ(scene.shown(2.27F, 0.02F), black);
     scene.state.backFaceThreshold = 0;
     EXPECT_EQ(scene.shown(2.27F, 0.02F), green) << "the threshold decides";
+}
+
+TEST(SoftwareView, AFailedResizeLeavesASizeThatCanBeDrawn) {
+    Scene scene({plain(1, 0, 0)});
+    addSquare(scene.mesh(), 2, 0);
+    SoftwareView view;
+    view.resize(8, 8);
+    for (const std::size_t failing : {1U, 2U}) {
+        const AllocationWatch watch(failing);
+        EXPECT_THROW(view.resize(400, 300), std::bad_alloc);
+        EXPECT_EQ(view.bitmap().width(), 8);
+        view.redraw(scene.document, scene.state);
+    }
+    view.resize(400, 300);
+    view.redraw(scene.document, scene.state);
+    EXPECT_GT(countOtherThan(imageOf(view.bitmap()), black), 100U);
 }
 
 } // namespace
