@@ -12,13 +12,15 @@ void PendingShininess::commit(EditHistory& history, ModelDocument& document, std
     if (!pending_ || material >= document.Materials.size()) {
         return;
     }
-    const float current = document.Materials[material].Power;
+    float& power = document.Materials[material].Power;
     const float before = powerOf(remembered_).value_or(power_);
     std::string shown = text;
-    if (remembered_ != text && before != current) {
-        recordPower(history, document, material, before, current);
+    if (before == power) {
+        power = power_; // "-0" is the same number, but saved as other bytes
+    } else if (remembered_ != text) {
+        recordPower(history, document, material, before, power);
     }
-    start(std::move(shown), current); // only now: a record that fails is tried again
+    start(std::move(shown), power); // only now: a record that fails is tried again
 }
 
 } // namespace korvane

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <functional>
 #include <initializer_list>
@@ -194,6 +195,17 @@ TEST(MaterialEditing, SlotsComeAndGoAndTheCurrentOneFollows) {
     user.mesh().MaterialSlotList = {2, 2};
     EXPECT_EQ(user.materials->onlyMaterial(), 2);
     EXPECT_EQ(user.materials->usedMaterials(), (std::vector<bool>{false, false, true}));
+}
+
+TEST(MaterialEditing, MinusZeroIsNoOtherShininess) {
+    for (const float power : {0.0F, -0.0F}) {
+        Editing user;
+        user.document.Materials[0].Power = user.document.Materials[2].Power = power;
+        const bool negative = std::signbit(power);
+        user.work({"slot 1", "slot 0", negative ? "shininess 0" : "shininess -0", "commit"});
+        EXPECT_FALSE(user.history.canUndo());
+        EXPECT_EQ(std::signbit(user.material().Power), negative) << "saved as it was";
+    }
 }
 
 TEST(MaterialEditing, EachSlotHasItsOwnValues) {
