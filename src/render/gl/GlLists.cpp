@@ -91,8 +91,8 @@ bool GlLists::draw(Run& run, const Emit& emit) {
     emit();
     glEndList();
     if (glGetError() == GL_OUT_OF_MEMORY) {
-        free(run);
         emit();
+        free(run); // only now: it tells whether the faces are textured
         return false;
     }
     glCallList(run.list);
