@@ -27,6 +27,8 @@ void TMDIChild::setUpButtons() {
             if (mayEdit()) {
                 (this->*handler)();
             }
+            // a view that loses the keyboard in an inactive window is not told
+            cancelDrag();
             // on a button the next Space, meant for the tree, would press it again
             focus_->give(*ui_->TreeView1);
         });
