@@ -20,6 +20,9 @@ void ColorSwatch::setColor(const QColor& color) {
 }
 
 bool ColorSwatch::choose() {
+    if (ModalCall::covers(*this)) {
+        return false;
+    }
     QColorDialog dialog(color_, this);
     dialog.setObjectName(QStringLiteral("ColorDialog1"));
     dialog.setWindowTitle(accessibleName());

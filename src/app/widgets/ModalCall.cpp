@@ -104,6 +104,10 @@ bool ModalCall::returning() {
     return innermost != nullptr && !innermost->top().isVisible();
 }
 
+bool ModalCall::covers(const QWidget& widget) {
+    return innermost != nullptr && (returning() || isCovered(&widget, innermost->top()));
+}
+
 int execModal(QDialog& dialog) {
     if (ModalCall::returning()) {
         return QDialog::Rejected;

@@ -26,6 +26,9 @@ class ModalCall {
     [[nodiscard]] static bool running();
     /// True while the innermost dialog is hidden but its call has not returned.
     [[nodiscard]] static bool returning();
+    /// True while an open dialog covers the widget's window, or a call is returning. What assistive
+    /// programs ask of such a widget then shows no dialog over the open one.
+    [[nodiscard]] static bool covers(const QWidget& widget);
 
   private:
     class InputGate;

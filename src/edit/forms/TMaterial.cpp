@@ -321,7 +321,7 @@ void TMaterial::TextureStatusChange() {
 void TMaterial::mopen1execute() {
     commitPending();
     const auto question = materials_ != nullptr ? materials_->ask() : std::nullopt;
-    if (!question || textureDialog_ == nullptr) {
+    if (!question || textureDialog_ == nullptr || ModalCall::covers(*this)) {
         return;
     }
     textureDialog_->reset(QFileInfo(materials_->model().FileName).path());

@@ -91,6 +91,7 @@ TEST_F(ModalCalls, TheMaterialEditorAndItsDialogsKeepTheRestOut) {
         answer<QDialog>([&](QDialog& chooser) {
             press(close);
             EXPECT_TRUE(editor.isVisible()) << "it is covered";
+            child<QAction>(editor, "mopen").trigger(); // no other dialog over this one
             chooser.accept();
             child<QAction>(editor, "ambientchng").trigger(); // no second chooser
             press(close);
@@ -103,7 +104,6 @@ TEST_F(ModalCalls, TheMaterialEditorAndItsDialogsKeepTheRestOut) {
     });
     use("EditButton");
     EXPECT_EQ(document().Materials.size(), 2U);
-    EXPECT_TRUE(window().canUndo());
 }
 
 } // namespace
