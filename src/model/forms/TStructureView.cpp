@@ -34,6 +34,15 @@ TStructureView::TStructureView(QTreeView& view, StructureTreeModel& model)
     : view_(view), model_(model) {
     view_.setModel(&model_);
     view_.setItemDelegate(new HiddenRows(&view_));
+    // A release over another row than the press selects that row and leaves the keyboard where it
+    // was.
+    connect(view_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& selected) {
+                if (!selected.isEmpty()) {
+                    view_.selectionModel()->setCurrentIndex(selected.indexes().first(),
+                                                            QItemSelectionModel::NoUpdate);
+                }
+            });
     // 0: only the rows in sight are measured
     view_.header()->setResizeContentsPrecision(0);
     // behind those of the view, which have forgotten all when the other tree is there
