@@ -121,6 +121,13 @@ class Bench {
             treeView().setCurrentIndex(frames[(i + 5) % frames.size()]);
         };
         tell("tree", stepMs(31, select), "ms");
+        treeView().expandToDepth(3);
+        treeView().setCurrentIndex(frames.first());
+        settle(50);
+        const auto down = [&](int i) {
+            QTest::keyClick(&treeView(), i < 0 || i % 24 < 12 ? Qt::Key_Down : Qt::Key_Up);
+        };
+        tell("row", stepMs(31, down), "ms");
     }
 
     void opacity() {
