@@ -3,6 +3,7 @@
 #include "render/picture/Bitmap.h"
 
 #include <QOpenGLFramebufferObject>
+#include <QScopeGuard>
 
 #include <GL/gl.h>
 #include <GL/glext.h>
@@ -78,6 +79,9 @@ GlStatus GlOffscreen::draw(ModelDocument& document, ViewState& state, std::int32
         setUp_ = true;
     }
     view_.resize(width, height);
+    // whatever colour is drawn, every bit of the pixel is set
+    glLogicOp(GL_SET);
+    covering_ ? glEnable(GL_COLOR_LOGIC_OP) : glDisable(GL_COLOR_LOGIC_OP);
     view_.redraw(document, state);
     glFinish();
     return GlStatus::Works;
@@ -97,6 +101,27 @@ GlStatus GlOffscreen::read(Bitmap& picture) {
     glReadPixels(0, 0, picture.width(), picture.height(), GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
                  picture.pixels());
     picture.turnOver(); // OpenGL's rows go upward
+    return status_;
+}
+
+GlStatus GlOffscreen::readCovered(ModelDocument& document, ViewState& state, Bitmap& picture) {
+    constexpr BitmapPixel black = 0xff000000U;
+    if (read(picture) != GlStatus::Works) {
+        return status_;
+    }
+    ViewState over = state;
+    over.colors.background = black;
+    // the background is part of what is set up with the mode, for this drawing and the next
+    over.lastDrawnMode.reset();
+    state.lastDrawnMode.reset();
+    covering_ = true;
+    const auto done = qScopeGuard([this] { covering_ = false; });
+    Bitmap cover;
+    if (redraw(document, over, picture.width(), picture.height(), cover) == GlStatus::Works) {
+        for (std::size_t i = 0; i < picture.pixelCount(); ++i) {
+            picture.pixels()[i] = cover.pixels()[i] == black ? 0 : picture.pixels()[i];
+        }
+    }
     return status_;
 }
 

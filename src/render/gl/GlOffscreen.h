@@ -35,6 +35,9 @@ class GlOffscreen {
     /// Reads what was drawn last into the picture, which gets its size. Returns the status; only
     /// where it works there is a picture.
     GlStatus read(Bitmap& picture);
+    /// The same of what was drawn last with that state, with pixels of value 0 where nothing covers
+    /// the background. That takes another drawing.
+    GlStatus readCovered(ModelDocument& document, ViewState& state, Bitmap& picture);
     [[nodiscard]] const GlView& view() const { return view_; }
 
   private:
@@ -46,7 +49,8 @@ class GlOffscreen {
     std::optional<GlContext> gl_; ///< made with the next redraw where there is none
     std::unique_ptr<QOpenGLFramebufferObject> framebuffer_;
     GlView view_;
-    bool setUp_ = false; ///< the view in the context
+    bool setUp_ = false;    ///< the view in the context
+    bool covering_ = false; ///< draw where something is, in white, instead of what
     GlStatus status_;
 };
 

@@ -190,6 +190,43 @@ TEST_F(GlViewTest, ListsShowWhatDirectDrawingDoes) {
     }
 }
 
+TEST_F(GlViewTest, ReadsWhatCoversTheBackground) {
+    const auto over = [&](BitmapPixel background) {
+        state_.colors.background = background;
+        state_.lastDrawnMode.reset(); // has the background set up
+        return scene_.draw(document_, state_);
+    };
+    Bitmap covered;
+    state_.allowTransparent = false; // what is opaque tells it apart from any background
+    for (const RenderMode mode :
+         {RenderMode::SmoothShading, RenderMode::FlatShading, RenderMode::Wireframe}) {
+        scene_.open("windmill.xsi", {side, side});
+        state_.mode = mode;
+        const QImage onWhite = over(0xffffffffU);
+        const QImage onBlack = over(0xff000000U);
+        ASSERT_EQ(gl_->readCovered(document_, state_, covered), GlStatus::Works);
+        int wrong = 0;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                const bool open =
+                    onWhite.pixel(x, y) == 0xffffffffU && onBlack.pixel(x, y) == 0xff000000U;
+                wrong += covered.at(x, y) != (open ? 0 : onBlack.pixel(x, y)) ? 1 : 0;
+            }
+        }
+        EXPECT_EQ(wrong, 0);
+        EXPECT_LT(countOtherThan(overlayOf(covered), 0), covered.pixelCount() * 9 / 10);
+    }
+    EXPECT_EQ(over(0xffff0000U).pixel(0, 0), 0xffff0000U) << "the next drawing has its own colour";
+    // what is translucent covers even where it does not show
+    document_ = Scene({plain(1, 0, 0, 0)}).document;
+    addSquare(scene_.mesh(), 1, 0);
+    state_ = ViewState();
+    over(0xff000000U);
+    ASSERT_EQ(gl_->readCovered(document_, state_, covered), GlStatus::Works);
+    EXPECT_EQ(covered.at(side / 2, side / 2), 0xff000000U);
+    EXPECT_EQ(covered.at(0, 0), 0U);
+}
+
 TEST_F(GlViewTest, ASizeThatCannotBeHadIsAStatus) {
     EXPECT_EQ(gl_->redraw(document_, state_, 1 << 20, 1), GlStatus::NoFramebuffer);
     Bitmap picture;
