@@ -1,36 +1,117 @@
+#include "formats/files/ByteReader.h"
+#include "formats/files/FileNames.h"
+#include "formats/textures/PicDecoder.h"
+#include "formats/textures/QtDecoder.h"
 #include "formats/textures/TextureLoader.h"
 #include "formats/textures/TexturePicture.h"
+#include "formats/textures/TgaDecoder.h"
+#include "tool/Commands.h"
+#include "tool/FileName.h"
+#include "tool/InputFile.h"
 #include "tool/PictureOutput.h"
 
-#include <QFileInfo>
+#include <QFile>
 
 namespace korvane::tool {
 
-ExitStatus texture(const QStringList& words) {
-    QCommandLineParser parser;
-    addFormatOption(parser);
-    if (!parser.parse(QStringList(QStringLiteral("texture")) + words)) {
-        return wrongCall(parser.errorText());
+namespace {
+
+/// Decodes bytes by the extension of their kind. Throws Refusal for `file` where that cannot be
+/// done: the white pixel that stands for them in a view is no picture.
+TextureImage decoded(const QByteArray& bytes, const QString& extension, const QString& file) {
+    TextureImage image;
+    if (extension == QLatin1String(".TGA")) {
+        image = decodeTga(bytesOf(bytes));
+    } else if (extension == QLatin1String(".PIC")) {
+        image = decodePic(bytesOf(bytes));
+    } else if (extension == QLatin1String(".BMP")) {
+        image = decodeWithQt(bytesOf(bytes), "BMP");
+    } else if (extension == QLatin1String(".ICO")) {
+        image = decodeWithQt(bytesOf(bytes), "ICO");
+    } else {
+        throw Refusal(inputLabel(file), QStringLiteral("Not a texture (.pic, .tga, .bmp or .ico)"));
     }
-    const QStringList files = parser.positionalArguments();
-    if (files.size() != 2) {
-        return wrongCall(QStringLiteral("texture needs IN and OUT.png"));
+    if (image == *blankTextureImage()) {
+        throw Refusal(inputLabel(file), QStringLiteral("Cannot be decoded"));
     }
-    const QString& in = files[0];
-    const QString& out = files[1];
-    if (const QString fault = pictureOutputFault(parser, out); !fault.isEmpty()) {
-        return wrongCall(fault);
-    }
-    TextureLoader loader{QFileInfo(in).path()};
-    const auto file = loader.find(in);
-    if (!file) {
-        return refuse(in, QStringLiteral("No such file"));
-    }
-    if (isSameFile(*file, out)) {
-        return refuseInput(out);
-    }
-    const TextureImage image = loadTextureFile(*file);
-    return savePng(imageOf(image), out);
+    return image;
 }
+
+/// The file that a name leads to, as the textures of models are found; the name itself if there is
+/// none.
+QString foundFile(const QString& name) {
+    const FolderAlias folder(parentFolder(name));
+    const QString last = name.mid(name.lastIndexOf(u'/') + 1);
+    if (isStandardStream(name) || !last.isValidUtf16()) {
+        return name;
+    }
+    const std::optional<QString> found =
+        TextureLoader(folder.path()).find(isPlainName(name) ? name : folder.path() + u'/' + last);
+    return found ? folder.realName(*found) : name;
+}
+
+/// The picture of a file, or of standard input, whose kind is told as an extension.
+TextureImage readTexture(const QString& file, const QString& type) {
+    if (isStandardStream(file)) {
+        const std::string bytes = readStandardInput();
+        return decoded(QByteArray::fromStdString(bytes), type, file);
+    }
+    QFile input;
+    if (const InputState state = openInput(input, file); state != InputState::Opened) {
+        throw Refusal(file, state == InputState::Missing ? QStringLiteral("No such file")
+                                                         : QStringLiteral("Unable to open file"));
+    }
+    return decoded(input.readAll(), upperExtension(file), file);
+}
+
+void addOptions(CommandLine& line) {
+    addFolderOption(line);
+    line.addValue("type", "TYPE", "pic, tga, bmp or ico: what standard input holds.");
+    addFormatOption(line);
+}
+
+/// The kind of what comes from standard input, as an extension.
+QString pipedType(const CommandLine& line, const QString& in) {
+    const QStringList types = {QStringLiteral("pic"), QStringLiteral("tga"), QStringLiteral("bmp"),
+                               QStringLiteral("ico")};
+    if (!isStandardStream(in)) {
+        line.forbid({"type"}, QStringLiteral("is for a texture from standard input, \"-\""));
+        return {};
+    }
+    const auto type = line.choice("type", types);
+    if (!type) {
+        throw WrongCall(QStringLiteral("a texture from standard input needs --type"));
+    }
+    return u'.' + types[static_cast<qsizetype>(*type)].toUpper();
+}
+
+ExitStatus texture(const CommandLine& line) {
+    std::vector<Job> jobs = jobsOf(line, ".png");
+    const QString type = pipedType(line, jobs.front().in);
+    checkPictureOutput(line, jobs.front().out);
+    QStringList files;
+    for (Job& job : jobs) {
+        files += job.in = foundFile(job.in);
+    }
+    const InputFiles inputs(files);
+    return doJobs(jobs, [&](const Job& job) {
+        inputs.keepFrom(job.out);
+        const TextureImage image = readTexture(job.in, type);
+        savePng(imageOf(image), job.out);
+    });
+}
+
+} // namespace
+
+const Command textureCommand = {
+    "texture",
+    "save textures as the editor decodes them",
+    "Usage: korvane-tool texture [OPTION...] IN OUT.png\n"
+    "       korvane-tool texture [OPTION...] --out-dir DIR IN...",
+    "Saves textures (.pic, .tga, .bmp, .ico) as the editor decodes them. They are found\n"
+    "as those of a model are: in any case, and without an extension as .pic, .tga or .bmp.\n"
+    "\"-\" is standard input or output.",
+    addOptions,
+    texture};
 
 } // namespace korvane::tool

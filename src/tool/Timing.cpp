@@ -1,9 +1,10 @@
 #include "tool/Timing.h"
 
+#include "tool/FileName.h"
+
 #include <QString>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace korvane::tool {
 
@@ -15,7 +16,22 @@ void printMedian(const char* name, std::vector<double> milliseconds) {
     const auto middle = milliseconds.begin() + static_cast<std::ptrdiff_t>(milliseconds.size() / 2);
     std::nth_element(milliseconds.begin(), middle, milliseconds.end());
     // not by printf, which would write the point of the locale
-    std::printf("%s median %s ms\n", name, qPrintable(QString::number(*middle, 'f', 3)));
+    print(std::string(name) + " median " + QString::number(*middle, 'f', 3).toStdString() +
+          " ms\n");
+}
+
+void addRepeatOption(CommandLine& line, const char* description) {
+    line.addValue("repeat", "N", description);
+}
+
+std::optional<int> repeatCount(const CommandLine& line, const Job& job) {
+    if (isStandardStream(job.in) || isStandardStream(job.out)) {
+        line.forbid({"repeat"}, QStringLiteral("does not go with \"-\""));
+    }
+    if (line.isSet("out-dir")) {
+        line.forbid({"repeat"}, QStringLiteral("times one model, without --out-dir"));
+    }
+    return line.count("repeat");
 }
 
 } // namespace korvane::tool

@@ -1,64 +1,81 @@
-#include "formats/files/FileNames.h"
 #include "formats/xsi/XsiWriter.h"
 #include "tool/Commands.h"
+#include "tool/FileName.h"
 
 #include <QGuiApplication>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <exception>
 #include <memory>
+#include <new>
 #include <string>
-#include <string_view>
-#include <utility>
 
 namespace {
 
 using namespace korvane::tool;
 
-constexpr std::array<std::pair<std::string_view, Command>, 4> commands = {{
-    {"info", info},
-    {"convert", convert},
-    {"render", render},
-    {"texture", texture},
-}};
+QStringList wordsOf(int argc, char** argv) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i) {
+        words.push_back(nameFromBytes(argv[i]));
+    }
+    return words;
+}
 
-/// Says what is wrong with the command, and how the commands are called.
-ExitStatus showUsage(const QString& reason) {
-    std::fprintf(
-        stderr,
-        "korvane-tool: %s\n"
-        "usage: korvane-tool info FILE...            what the models hold\n"
-        "       korvane-tool convert IN OUT.xsi [--repeat N]\n"
-        "                                            save a model as dotXSI; N times, with the\n"
-        "                                            median times of loading and saving\n"
-        "       korvane-tool render IN OUT.png [--mode wireframe|flat|smooth] [--view "
-        "3d|xy|xz|zy]\n"
-        "                    [--api software|opengl] [--size WxH] [--pitch R] [--yaw R]\n"
-        "                    [--distance D] [--center X,Y,Z] [--no-transparent]\n"
-        "                    [--no-hidden-transparent] [--repeat N] [--format png]\n"
-        "                                            a picture of the model; N times, with the\n"
-        "                                            median time and the pixels drawn\n"
-        "       korvane-tool texture IN OUT.png [--format png]\n"
-        "                                            a texture as the editor decodes it\n"
-        "A picture needs a name that ends in .png, or any name with --format png; \"-\" is\n"
-        "standard output.\n",
-        printable(reason).c_str());
+std::string aboutProgram() {
+    std::string text = "Reads, saves and draws models as the editor does, without a window."
+                       "\n\nCommands:\n";
+    for (const Command* command : commands) {
+        text += std::string("  ") + command->name;
+        text.append(10 - std::string(command->name).size(), ' ').append(command->summary) += '\n';
+    }
+    return text + "\n\"korvane-tool COMMAND --help\" tells more of a command. The exit status is 0 "
+                  "when\nall was done, 1 when an input was refused or an output failed, 2 when "
+                  "the call\nmakes no sense.";
+}
+
+ExitStatus runCommand(const Command& command, const QStringList& words) {
+    CommandLine line(command.usage, command.about);
+    command.addOptions(line);
+    line.parse(words);
+    return line.answered() ? ExitStatus::Done : command.run(line);
+}
+
+/// A wrong call is told with the place where help is found.
+ExitStatus tellWrongCall(const WrongCall& fault, const char* command) {
+    std::fprintf(stderr, "korvane-tool: %s. Try 'korvane-tool %s%s--help'.\n",
+                 printable(fault.reason).c_str(), command, *command == '\0' ? "" : " ");
     return ExitStatus::Usage;
 }
 
 ExitStatus run(const QStringList& words) {
-    if (words.isEmpty()) {
-        return showUsage(QStringLiteral("no command given"));
-    }
-    const std::string name = words.first().toStdString();
-    for (const auto& [known, command] : commands) {
-        if (known == name) {
-            return command(words.mid(1));
+    const char* command = "";
+    try {
+        CommandLine program("Usage: korvane-tool [OPTION...] COMMAND ...", aboutProgram().c_str(),
+                            true);
+        program.parse(words);
+        if (program.answered()) {
+            return ExitStatus::Done;
         }
+        const QStringList operands = program.operands();
+        if (operands.isEmpty()) {
+            throw WrongCall(QStringLiteral("no command given"));
+        }
+        const std::string name = nameBytes(operands.first());
+        const auto known = std::find_if(commands.begin(), commands.end(),
+                                        [&](const Command* row) { return row->name == name; });
+        if (known == commands.end()) {
+            throw WrongCall(QStringLiteral("there is no command \"%1\"").arg(operands.first()));
+        }
+        command = (*known)->name;
+        return runCommand(**known, operands.mid(1));
+    } catch (const WrongCall& fault) {
+        return tellWrongCall(fault, command);
+    } catch (const Refusal& refusal) {
+        complain(refusal.file, refusal.reason);
+        return ExitStatus::Refused;
     }
-    return showUsage(QStringLiteral("unknown command \"%1\"").arg(words.first()));
 }
 
 /// Drawing with OpenGL needs the connection to the display, nothing else does. Where there is no
@@ -79,30 +96,35 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
         platforms = "wayland";
     }
     qputenv("QT_QPA_PLATFORM", platforms.isEmpty() ? "offscreen" : platforms + ";offscreen");
-    // what Qt has to say about a display that is not there is no news
-    const QtMessageHandler usual =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    auto application = std::make_unique<QGuiApplication>(argc, argv);
-    qInstallMessageHandler(usual);
-    return application;
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
+ExitStatus runAndFinish(const QStringList& words) {
+    try {
+        const ExitStatus status = run(words);
+        finishOutput();
+        return status;
+    } catch (const OutputFailure& failure) {
+        if (!failure.closed) {
+            complain(QStringLiteral("standard output"),
+                     QString::fromLatin1(korvane::saveFailureCaption));
+        }
+    } catch (const std::bad_alloc&) {
+        complain(QStringLiteral("korvane-tool"), QStringLiteral("Not enough memory"));
+    } catch (const std::exception& error) {
+        complain(QStringLiteral("korvane-tool"), QString::fromLocal8Bit(error.what()));
+    }
+    return ExitStatus::Refused;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    try {
-        const QStringList words = korvane::commandLineWords(argc, argv);
-        argc = std::min(argc, 1); // the toolkit would take a file's name for one of its options
-        const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv, words);
-        ExitStatus status = run(words);
-        // an earlier failure need not show again when the rest is flushed
-        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-            status = refuse(QStringLiteral("standard output"),
-                            QString::fromLatin1(korvane::saveFailureCaption));
-        }
-        return static_cast<int>(status);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "korvane-tool: %s\n", error.what());
-        return static_cast<int>(ExitStatus::Refused);
-    }
+    guardStandardStreams();
+    // What the toolkit and its decoders have to say is no news: a refusal tells all.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const QStringList words = wordsOf(argc, argv);
+    argc = std::min(argc, 1); // the toolkit would take a file's name for one of its options
+    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv, words);
+    return static_cast<int>(runAndFinish(words));
 }

@@ -1,0 +1,112 @@
+#include "tool/FileName.h"
+
+#include "formats/files/FileNames.h"
+#include "model/records/ModelText.h"
+
+#include <QUtf8StringView>
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <filesystem>
+#include <system_error>
+
+namespace korvane::tool {
+
+namespace {
+
+constexpr unsigned strayByte = 0xdc00; ///< what is added to a byte that is no UTF-8
+
+bool isControl(QChar c) {
+    return c.category() == QChar::Other_Control;
+}
+
+/// How many bytes from the beginning are one character in UTF-8; 0 if they are none.
+std::size_t characterLength(std::string_view bytes) {
+    const auto ones =
+        static_cast<std::size_t>(std::countl_one(static_cast<unsigned char>(bytes.front())));
+    const std::size_t length = std::max<std::size_t>(ones, 1);
+    const QUtf8StringView character(bytes.data(),
+                                    static_cast<qsizetype>(std::min(length, bytes.size())));
+    return length <= bytes.size() && character.isValidUtf8() ? length : 0;
+}
+
+/// The number of a character in UTF-8.
+char32_t codePoint(std::string_view character) {
+    const auto lead = static_cast<unsigned char>(character.front());
+    char32_t code = character.size() == 1 ? lead : lead & (0x7fU >> character.size());
+    for (const char c : character.substr(1)) {
+        code = code << 6U | (static_cast<unsigned char>(c) & 0x3fU);
+    }
+    return code;
+}
+
+} // namespace
+
+QString nameFromBytes(std::string_view bytes) {
+    QString name;
+    while (!bytes.empty()) {
+        const std::size_t length = characterLength(bytes);
+        if (length == 0) {
+            name += QChar(static_cast<char16_t>(strayByte + static_cast<unsigned char>(bytes[0])));
+        } else {
+            // a character at a time: whole texts lose a byte order mark at their beginning
+            for (const char16_t unit : QChar::fromUcs4(codePoint(bytes.substr(0, length)))) {
+                name += QChar(unit);
+            }
+        }
+        bytes.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return name;
+}
+
+std::string nameBytes(const QString& name) {
+    std::string bytes;
+    for (qsizetype i = 0; i < name.size(); ++i) {
+        const bool pair = name[i].isHighSurrogate() && i + 1 < name.size();
+        if (name[i].isLowSurrogate()) {
+            bytes += static_cast<char>(name[i].unicode() - strayByte);
+        } else {
+            bytes += name.mid(i, pair ? 2 : 1).toStdString();
+            i += pair ? 1 : 0;
+        }
+    }
+    return bytes;
+}
+
+bool isPlainName(const QString& name) {
+    if (name.startsWith(u'/')) {
+        return name.isValidUtf16();
+    }
+    std::error_code unknown;
+    const std::string current = std::filesystem::current_path(unknown).string();
+    return name.isValidUtf16() && nameFromBytes(current).isValidUtf16();
+}
+
+bool isStandardStream(const QString& name) {
+    return name == QLatin1String("-");
+}
+
+QString baseName(const QString& name) {
+    const QString file = name.mid(name.lastIndexOf(u'/') + 1);
+    return file.chopped(upperExtension(file).isEmpty() ? 0 : file.size() - file.lastIndexOf(u'.'));
+}
+
+std::string printable(std::string_view text) {
+    const QString shown = shownText(text);
+    if (std::none_of(shown.begin(), shown.end(), isControl)) {
+        return std::string(text);
+    }
+    QString escaped;
+    for (const QChar c : shown) {
+        escaped += isControl(c) ? QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'))
+                                : QString(c);
+    }
+    return escaped.toStdString();
+}
+
+std::string printable(const QString& text) {
+    return printable(nameBytes(text));
+}
+
+} // namespace korvane::tool

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "formats/textures/TextureLoader.h"
+#include "formats/xsi/XsiReader.h"
+#include "model/document/ModelDocument.h"
+#include "tool/CommandLine.h"
+#include "tool/InputFile.h"
+
+#include <QString>
+
+#include <optional>
+#include <string>
+
+namespace korvane::tool {
+
+/// Adds the option that tells where the textures of a model from standard input are.
+void addBaseOption(CommandLine& line);
+/// Throws WrongCall where the inputs cannot all be read: standard input serves once, and "--base"
+/// is for that alone.
+void checkModelInputs(const CommandLine& line, const QStringList& inputs);
+
+/// A model read as the editor's Open does. A file counts by its extension, what comes from standard
+/// input by its header.
+class ModelInput {
+  public:
+    /// Reads a file, or standard input with its textures in the folder `base` ("" is the current
+    /// one). Throws Refusal.
+    explicit ModelInput(const QString& file, const QString& base = {});
+
+    ModelDocument document;
+
+    /// The file that a texture was read from, or nothing if there is none.
+    [[nodiscard]] std::optional<QString> textureFile(const std::string& texture);
+
+  private:
+    ReadStatus readFile(const QString& file);
+
+    FolderAlias folder_;
+    TextureLoader textures_;
+};
+
+} // namespace korvane::tool

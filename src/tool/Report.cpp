@@ -1,0 +1,93 @@
+#include "tool/Report.h"
+
+#include "tool/FileName.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
+#include <new>
+#include <string>
+#include <unistd.h>
+
+namespace korvane::tool {
+
+namespace {
+
+/// Tells on standard error how far the work is, on one line that it takes away again.
+class Counter {
+  public:
+    explicit Counter(bool wanted) : shows_(wanted && isatty(STDERR_FILENO) != 0) {}
+    ~Counter() { clear(); }
+    Counter(const Counter&) = delete;
+    Counter& operator=(const Counter&) = delete;
+
+    void show(qsizetype number, qsizetype count) {
+        if (shows_) {
+            text_ = std::to_string(number) + " of " + std::to_string(count);
+            std::fprintf(stderr, "\r%s", text_.c_str());
+        }
+    }
+    void clear() {
+        if (!text_.empty()) {
+            std::fprintf(stderr, "\r%s\r", std::string(text_.size(), ' ').c_str());
+            text_.clear();
+        }
+    }
+
+  private:
+    bool shows_;
+    std::string text_;
+};
+
+} // namespace
+
+void guardStandardStreams() {
+    std::signal(SIGPIPE, SIG_IGN);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) < 0) {
+            // the wrong way round, so that using it is an error still
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+        }
+    }
+}
+
+void print(std::string_view text) {
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
+        throw OutputFailure(errno == EPIPE);
+    }
+}
+
+void finishOutput() {
+    if (std::fflush(stdout) != 0) {
+        throw OutputFailure(errno == EPIPE);
+    }
+}
+
+void complain(const QString& file, const QString& reason) {
+    std::fprintf(stderr, "%s: %s\n", printable(file).c_str(), printable(reason).c_str());
+}
+
+ExitStatus forEachInput(const QStringList& inputs, bool count,
+                        const std::function<void(qsizetype)>& work) {
+    Counter counter(count);
+    ExitStatus worst = ExitStatus::Done;
+    const auto refuse = [&](const QString& file, const QString& reason) {
+        counter.clear();
+        complain(file, reason);
+        worst = ExitStatus::Refused;
+    };
+    for (qsizetype i = 0; i < inputs.size(); ++i) {
+        counter.show(i + 1, inputs.size());
+        try {
+            work(i);
+        } catch (const Refusal& refusal) {
+            refuse(refusal.file, refusal.reason);
+        } catch (const std::bad_alloc&) {
+            refuse(inputs[i], QStringLiteral("Not enough memory"));
+        }
+    }
+    return worst;
+}
+
+} // namespace korvane::tool
