@@ -1,12 +1,37 @@
 #include "tool/Commands.h"
+#include "tool/FileName.h"
+#include "tool/InfoJson.h"
 #include "tool/InfoText.h"
 #include "tool/InputFile.h"
+#include "tool/Json.h"
 
 namespace korvane::tool {
 
 namespace {
 
+/// Every file is told as soon as it is read; one that is refused as well, with its reason.
+ExitStatus printDocument(const QStringList& files, const QString& base) {
+    JsonFiles json(infoVersion);
+    const ExitStatus status = forEachInput(files, false, [&](qsizetype i) {
+        QJsonObject object;
+        try {
+            ModelInput model(files[i], base);
+            object = modelJson(model.document, ModelFacts(model));
+            addFileName(object, QStringLiteral("file"), files[i]);
+        } catch (const Refusal& refusal) {
+            addFileName(object, QStringLiteral("file"), files[i]);
+            object.insert(QStringLiteral("error"), refusal.reason);
+            json.add(object);
+            throw;
+        }
+        json.add(object);
+    });
+    json.finish();
+    return status;
+}
+
 void addOptions(CommandLine& line) {
+    line.addFlag("json", "Print one JSON document for all files.");
     addBaseOption(line);
 }
 
@@ -17,6 +42,9 @@ ExitStatus info(const CommandLine& line) {
     }
     checkModelInputs(line, files);
     const QString base = line.value("base");
+    if (line.isSet("json")) {
+        return printDocument(files, base);
+    }
     return forEachInput(files, false, [&](qsizetype i) {
         ModelInput model(files[i], base);
         printModel(inputLabel(files[i]), model);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "tool/ModelFacts.h"
+
+#include <QJsonObject>
+
+namespace korvane::tool {
+
+/// The version of the document that `info --json` prints. It grows when a member goes or changes
+/// its meaning; new members may come at any time.
+inline constexpr int infoVersion = 1;
+
+/// What a model holds, as docs/tool.md tells.
+QJsonObject modelJson(const ModelDocument& document, const ModelFacts& facts);
+
+} // namespace korvane::tool
