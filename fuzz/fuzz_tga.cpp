@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const korvane::TextureImage image = korvane::decodeTga({data, size});
+    const korvane::TextureImage image = korvane::decodeTga({data, size}).image;
     const auto pixels =
         static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
     if (pixels == 0 || image.pixels.size() != pixels) {

@@ -37,13 +37,15 @@ class TextureRefusal : public std::runtime_error {
     bool tooLarge_;
 };
 
+inline constexpr char tooManyPixels[] = "it has too many pixels";
+
 /// Refuses a picture of no pixels, or of more than are allowed.
 inline void checkPixels(std::size_t pixels, std::size_t mostPixels) {
     if (pixels == 0) {
         throw TextureRefusal("it has no pixels");
     }
     if (pixels > mostPixels) {
-        throw TextureRefusal("it has too many pixels", true);
+        throw TextureRefusal(tooManyPixels, true);
     }
 }
 

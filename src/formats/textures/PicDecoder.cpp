@@ -40,10 +40,13 @@ class PicDecoder {
 TextureImage PicDecoder::decode(std::size_t mostPixels) {
     // No byte stands for more than 128 pixels of a row.
     constexpr std::size_t mostPixelsPerByte = 128;
-    if (!readHeader() || width_ * height_ == 0 || packets_.empty() ||
-        width_ * height_ > std::min(mostPixels, mostPackedPixels) ||
+    if (!readHeader()) {
+        throw TextureRefusal("it is no Softimage picture");
+    }
+    checkPixels(width_ * height_, std::min(mostPixels, mostPackedPixels));
+    if (packets_.empty() ||
         height_ * packets_.size() * ((width_ - 1) / mostPixelsPerByte + 1) > in_.remaining()) {
-        return {};
+        throw TextureRefusal("it is cut short");
     }
     TextureImage image;
     image.width = static_cast<std::int32_t>(width_);
@@ -124,8 +127,8 @@ void PicDecoder::readPixel(Rgba8& pixel, ChannelMask mask) {
 
 } // namespace
 
-TextureImage decodePic(std::span<const std::uint8_t> bytes, std::size_t mostPixels) {
-    return decodedOrBlank([&] { return PicDecoder(bytes).decode(mostPixels); });
+DecodedTexture decodePic(std::span<const std::uint8_t> bytes, std::size_t mostPixels) {
+    return decodedOrRefused([&] { return PicDecoder(bytes).decode(mostPixels); });
 }
 
 } // namespace korvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "formats/textures/Decoding.h"
-#include "model/records/TextureImage.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -11,7 +10,7 @@ namespace korvane {
 
 /// A Softimage PIC picture. Where its data breaks off, the rest stays opaque white, unless so much
 /// is missing that the longest runs could not make up for it.
-TextureImage decodePic(std::span<const std::uint8_t> bytes,
-                       std::size_t mostPixels = mostPicturePixels);
+DecodedTexture decodePic(std::span<const std::uint8_t> bytes,
+                         std::size_t mostPixels = mostPicturePixels);
 
 } // namespace korvane

@@ -67,14 +67,22 @@ TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> by
     // the height of a picture stored from the top down is negative
     const std::int64_t width = std::abs(std::int64_t{reader.size().width()});
     const std::int64_t height = std::abs(std::int64_t{reader.size().height()});
-    if (static_cast<std::size_t>(width * height) > std::min(crediblePixels(bytes), mostPixels)) {
-        return {};
+    if (reader.size() == QSize()) {
+        throw TextureRefusal("it is no bitmap");
+    }
+    const auto pixels = static_cast<std::size_t>(width * height);
+    checkPixels(pixels, mostPixels);
+    if (pixels > crediblePixels(bytes)) {
+        throw TextureRefusal("it has more pixels than its bytes can tell");
     }
     // decoded into memory of ours, which unlike that of the reader is no left-over where the file
     // sets no pixels, and is not limited in size
     QImage picture(static_cast<int>(width), static_cast<int>(height), reader.imageFormat());
     picture.fill(0);
-    return reader.read(&picture) ? copyOf(picture) : TextureImage();
+    if (!reader.read(&picture)) {
+        throw TextureRefusal("it is damaged, or a bitmap of an unknown kind");
+    }
+    return copyOf(picture);
 }
 
 TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format,
@@ -91,15 +99,19 @@ TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format
     // a picture in an icon may be compressed, and larger than the icon says
     const IconSizeLimit limit;
     const QImage picture = reader.read();
-    const auto pixels = static_cast<std::size_t>(std::int64_t{picture.width()} * picture.height());
-    return picture.isNull() || pixels > mostPixels ? TextureImage() : copyOf(picture);
+    if (picture.isNull()) {
+        throw TextureRefusal("it is no icon, or a damaged one");
+    }
+    checkPixels(static_cast<std::size_t>(std::int64_t{picture.width()} * picture.height()),
+                mostPixels);
+    return copyOf(picture);
 }
 
 } // namespace
 
-TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* format,
-                          std::size_t mostPixels) {
-    return decodedOrBlank([&] { return decode(bytes, format, mostPixels); });
+DecodedTexture decodeWithQt(std::span<const std::uint8_t> bytes, const char* format,
+                            std::size_t mostPixels) {
+    return decodedOrRefused([&] { return decode(bytes, format, mostPixels); });
 }
 
 } // namespace korvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "formats/textures/Decoding.h"
-#include "model/records/TextureImage.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +9,7 @@
 namespace korvane {
 
 /// A picture that Qt reads: `format` is "BMP" or "ICO" and is not guessed. Alpha is 255.
-TextureImage decodeWithQt(std::span<const std::uint8_t> bytes, const char* format,
-                          std::size_t mostPixels = mostPicturePixels);
+DecodedTexture decodeWithQt(std::span<const std::uint8_t> bytes, const char* format,
+                            std::size_t mostPixels = mostPicturePixels);
 
 } // namespace korvane

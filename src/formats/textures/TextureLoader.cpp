@@ -1,14 +1,10 @@
 #include "formats/textures/TextureLoader.h"
 
-#include "formats/files/ByteReader.h"
 #include "formats/files/FileNames.h"
-#include "formats/textures/PicDecoder.h"
-#include "formats/textures/QtDecoder.h"
-#include "formats/textures/TgaDecoder.h"
+#include "formats/textures/TextureDecoding.h"
 #include "model/records/ModelText.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <utility>
@@ -22,71 +18,97 @@ bool isFile(const QString& name) {
     return QFileInfo(name).isFile();
 }
 
+TextureFile fileOf(const FoundTexture& found) {
+    return {found.file, QFileInfo(found.file).canonicalFilePath()};
+}
+
 } // namespace
 
-TextureLoader::TextureLoader(QString modelFolder, std::size_t mostPixels)
-    : folder_(std::move(modelFolder)), pixelsLeft_(mostPixels) {}
+TextureLoader::TextureLoader(QString modelFolder, std::size_t mostPixels,
+                             std::shared_ptr<TextureStore> store)
+    : folder_(std::move(modelFolder)), pixelsLeft_(mostPixels),
+      store_(store ? std::move(store) : std::make_shared<TextureStore>()) {}
 
 std::shared_ptr<const TextureImage> TextureLoader::load(const std::string& name) {
     const auto [entry, isNew] = byName_.try_emplace(name, blankTextureImage());
     if (isNew) {
-        const auto file = find(shownText(name));
-        if (file) {
-            entry->second = loadOnce(*file);
+        const auto found = locate(shownText(name));
+        if (found) {
+            const TextureFile file = fileOf(*found);
+            entry->second = store_->image(file, allowedFor(file));
+            count(file, entry->second == blankTextureImage() ? 0 : entry->second->pixels.size());
         }
         if (entry->second == blankTextureImage() && !name.empty()) {
-            (file ? unseen_.notShown : unseen_.notFound).push_back(name);
+            (found ? unseen_.notShown : unseen_.notFound).push_back(name);
         }
     }
     return entry->second;
 }
 
-std::shared_ptr<const TextureImage> TextureLoader::loadOnce(const QString& file) {
-    const QString path = QFileInfo(file).canonicalFilePath();
-    const auto known = byFile_.constFind(path);
-    if (known != byFile_.constEnd()) {
-        return *known;
+TextureOutcome TextureLoader::outcome(const FoundTexture& found) {
+    const TextureFile file = fileOf(found);
+    TextureOutcome outcome = store_->outcome(file, allowedFor(file));
+    count(file, outcome.pixels);
+    return outcome;
+}
+
+/// The pixels of a file count once, whatever names lead to it.
+std::size_t TextureLoader::allowedFor(const TextureFile& file) const {
+    return counted_.contains(file.path) ? mostPicturePixels : pixelsLeft_;
+}
+
+void TextureLoader::count(const TextureFile& file, std::size_t pixels) {
+    if (pixels > 0 && !counted_.contains(file.path)) {
+        counted_.insert(file.path);
+        pixelsLeft_ -= pixels;
     }
-    std::shared_ptr<const TextureImage> image = loadSharedTexture(file, pixelsLeft_);
-    if (image != blankTextureImage()) {
-        pixelsLeft_ -= image->pixels.size();
-    }
-    return *byFile_.insert(path, image);
 }
 
 std::optional<QString> TextureLoader::find(const QString& name) {
+    auto found = locate(name);
+    return found ? std::optional(std::move(found->file)) : std::nullopt;
+}
+
+std::optional<FoundTexture> TextureLoader::locate(const QString& name) {
     if (!upperExtension(name).isEmpty()) {
         return findFile(name);
     }
     for (const char* extension : {".PIC", ".TGA", ".BMP"}) {
-        if (auto file = findFile(name + QLatin1String(extension))) {
-            return file;
+        if (auto found = findFile(name + QLatin1String(extension))) {
+            return found;
         }
     }
     return std::nullopt;
 }
 
-std::optional<QString> TextureLoader::findFile(const QString& name) {
+std::optional<FoundTexture> TextureLoader::findFile(const QString& name) {
     QString separated = name;
     separated.replace(u'\\', u'/');
     for (const QString& form : {name, separated}) {
+        const auto spelling =
+            form == name ? TextureSpelling::AsNamed : TextureSpelling::Backslashes;
         for (const QString& file : {form, QDir(folder_).filePath(form)}) {
             if (isFile(file)) {
-                return file;
+                return FoundTexture{file, spelling};
             }
         }
     }
     if (auto file = findInAnyCase(separated)) {
-        return file;
+        return FoundTexture{*file, TextureSpelling::OtherCase};
     }
     const qsizetype folder = separated.lastIndexOf(u'/');
-    return folder < 0 ? std::nullopt : findInAnyCase(separated.mid(folder + 1));
+    if (folder >= 0) {
+        if (auto file = findInAnyCase(separated.mid(folder + 1))) {
+            return FoundTexture{*file, TextureSpelling::PlainName};
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<QString> TextureLoader::findInAnyCase(const QString& name) {
     QString path = name.startsWith(u'/') ? QStringLiteral("/") : folder_;
     for (const QString& part : name.split(u'/', Qt::SkipEmptyParts)) {
-        const QHash<QString, QString>& names = entries(path);
+        const QHash<QString, QString>& names = store_->entries(path);
         const auto entry = names.constFind(part.toCaseFolded());
         if (entry == names.constEnd()) {
             return std::nullopt;
@@ -96,39 +118,8 @@ std::optional<QString> TextureLoader::findInAnyCase(const QString& name) {
     return isFile(path) ? std::optional(path) : std::nullopt;
 }
 
-const QHash<QString, QString>& TextureLoader::entries(const QString& folder) {
-    const auto known = entries_.constFind(folder);
-    if (known != entries_.constEnd()) {
-        return *known;
-    }
-    QHash<QString, QString> names;
-    for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::AllDirs)) {
-        names.insert(name.toCaseFolded(), name);
-    }
-    return *entries_.insert(folder, names);
-}
-
 TextureImage loadTextureFile(const QString& fileName, std::size_t mostPixels) {
-    return decodedOrBlank([&]() -> TextureImage {
-        const QString extension = upperExtension(fileName);
-        QFile file(fileName);
-        if (!isFile(fileName) || !file.open(QIODevice::ReadOnly)) {
-            return {};
-        }
-        if (extension == QLatin1String(".TGA")) {
-            return decodeTga(bytesOf(file.readAll()), mostPixels);
-        }
-        if (extension == QLatin1String(".PIC")) {
-            return decodePic(bytesOf(file.readAll()), mostPixels);
-        }
-        if (extension == QLatin1String(".BMP")) {
-            return decodeWithQt(bytesOf(file.readAll()), "BMP", mostPixels);
-        }
-        if (extension == QLatin1String(".ICO")) {
-            return decodeWithQt(bytesOf(file.readAll()), "ICO", mostPixels);
-        }
-        return {};
-    });
+    return decodeTextureFile(fileName, mostPixels).image;
 }
 
 std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName,

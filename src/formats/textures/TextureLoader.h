@@ -1,9 +1,9 @@
 #pragma once
 
-#include "formats/textures/Decoding.h"
+#include "formats/textures/TextureStore.h"
 #include "model/records/TextureImage.h"
 
-#include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <cstddef>
@@ -21,13 +21,29 @@ struct UnseenTextures {
     std::vector<std::string> notShown; ///< there is a file, but no picture was made of it
 };
 
+/// Which spelling of a texture's name leads to its file. Only the first is sure to do so
+/// everywhere.
+enum class TextureSpelling {
+    AsNamed,     ///< the name itself
+    Backslashes, ///< with backslashes as separators
+    OtherCase,   ///< with other capitals, and backslashes as separators
+    PlainName,   ///< what follows the last separator
+};
+
+struct FoundTexture {
+    QString file;
+    TextureSpelling spelling = TextureSpelling::AsNamed;
+};
+
 /// Finds and decodes the textures that a model names. Each name is looked up once, each file
 /// decoded once and its image shared, whatever names lead to it. Use one for each reading: the
 /// pictures that it makes have together no more than so many pixels.
 class TextureLoader {
   public:
-    /// `modelFolder` is where the model file stands; it may be empty.
-    explicit TextureLoader(QString modelFolder, std::size_t mostPixels = mostPicturePixels);
+    /// `modelFolder` is where the model file stands; it may be empty. Without a store, which
+    /// readings of several models can share, the loader has its own.
+    explicit TextureLoader(QString modelFolder, std::size_t mostPixels = mostPicturePixels,
+                           std::shared_ptr<TextureStore> store = nullptr);
 
     /// The image of a texture as the model names it; the 1 x 1 image where there is no such file
     /// or none that can be decoded.
@@ -40,20 +56,22 @@ class TextureLoader {
     /// ways with backslashes as separators, then beside the model in any case, at last there by
     /// what follows the last separator. A name without extension stands for the first of .PIC, .TGA
     /// and .BMP that exists.
+    std::optional<FoundTexture> locate(const QString& name);
     std::optional<QString> find(const QString& name);
+    /// What loading the file comes to, without its picture.
+    TextureOutcome outcome(const FoundTexture& found);
 
   private:
-    std::shared_ptr<const TextureImage> loadOnce(const QString& file);
-    std::optional<QString> findFile(const QString& name);
+    std::optional<FoundTexture> findFile(const QString& name);
     std::optional<QString> findInAnyCase(const QString& name);
-    const QHash<QString, QString>& entries(const QString& folder);
+    [[nodiscard]] std::size_t allowedFor(const TextureFile& file) const;
+    void count(const TextureFile& file, std::size_t pixels);
 
     QString folder_;
     std::size_t pixelsLeft_;
     std::unordered_map<std::string, std::shared_ptr<const TextureImage>> byName_;
-    QHash<QString, std::shared_ptr<const TextureImage>> byFile_;
-    /// For each folder looked into, the names in it by their case-folded form.
-    QHash<QString, QHash<QString, QString>> entries_;
+    QSet<QString> counted_; ///< the files whose pixels are counted, by canonical path
+    std::shared_ptr<TextureStore> store_;
     UnseenTextures unseen_;
 };
 

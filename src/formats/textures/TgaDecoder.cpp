@@ -2,10 +2,10 @@
 
 #include "formats/files/ByteReader.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace korvane {
 
@@ -33,6 +33,9 @@ Rgba8 readPixel(ByteReader& in, unsigned depth) {
 TextureImage decode(ByteReader in, std::size_t mostPixels) {
     constexpr unsigned trueColor = 2;
     constexpr unsigned topDown = 0x20;
+    if (in.remaining() < 18) {
+        throw TextureRefusal("it is cut short");
+    }
     const std::size_t idLength = in.byte();
     const unsigned mapType = in.byte();
     const unsigned imageType = in.byte();
@@ -48,11 +51,19 @@ TextureImage decode(ByteReader in, std::size_t mostPixels) {
     if (mapType != 0) {
         in.skip(mapEntryBits / 8 * mapLength);
     }
-    const bool known = imageType == trueColor && (depth == 16 || depth == 24 || depth == 32);
-    const std::size_t pixels = width * height;
-    if (!known || pixels == 0 || pixels > std::min(in.remaining() / (depth / 8), mostPixels)) {
-        return {};
+    if (imageType != trueColor) {
+        throw TextureRefusal("it is a TGA of type " + std::to_string(imageType) +
+                             ", and only type 2 is read (true colour, uncompressed)");
     }
+    if (depth != 16 && depth != 24 && depth != 32) {
+        throw TextureRefusal("it is a TGA of " + std::to_string(depth) +
+                             " bits a pixel, and only 16, 24 and 32 are read");
+    }
+    const std::size_t pixels = width * height;
+    if (pixels > in.remaining() / (depth / 8)) {
+        throw TextureRefusal("it is cut short");
+    }
+    checkPixels(pixels, mostPixels);
     TextureImage image;
     image.width = static_cast<std::int32_t>(width);
     image.height = static_cast<std::int32_t>(height);
@@ -68,8 +79,8 @@ TextureImage decode(ByteReader in, std::size_t mostPixels) {
 
 } // namespace
 
-TextureImage decodeTga(std::span<const std::uint8_t> bytes, std::size_t mostPixels) {
-    return decodedOrBlank([&] { return decode(ByteReader(bytes), mostPixels); });
+DecodedTexture decodeTga(std::span<const std::uint8_t> bytes, std::size_t mostPixels) {
+    return decodedOrRefused([&] { return decode(ByteReader(bytes), mostPixels); });
 }
 
 } // namespace korvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "formats/textures/Decoding.h"
-#include "model/records/TextureImage.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -11,7 +10,7 @@ namespace korvane {
 
 /// A Truevision TGA picture, uncompressed, with 16, 24 or 32 bits a pixel. The fourth byte of a
 /// pixel is ignored: alpha is 255.
-TextureImage decodeTga(std::span<const std::uint8_t> bytes,
-                       std::size_t mostPixels = mostPicturePixels);
+DecodedTexture decodeTga(std::span<const std::uint8_t> bytes,
+                         std::size_t mostPixels = mostPicturePixels);
 
 } // namespace korvane

@@ -44,11 +44,12 @@ TEST(Tga, RowsFromBottomOrTop) {
     const Bytes turned = {7, 8, 9, 10, 11, 12, 1, 2, 3, 4, 5, 6};
     const TextureImage expected = {
         2, 2, {{9, 8, 7, 255}, {12, 11, 10, 255}, {3, 2, 1, 255}, {6, 5, 4, 255}}, false};
-    EXPECT_EQ(decodeTga(tga(2, 2, rows)), expected);
-    EXPECT_EQ(decodeTga(tga(2, 2, turned, {.descriptor = 0x20})), expected);
+    EXPECT_EQ(decodeTga(tga(2, 2, rows)).image, expected);
+    EXPECT_EQ(decodeTga(tga(2, 2, turned, {.descriptor = 0x20})).image, expected);
     // the bit for right to left is not looked at; the identification and the colour map are skipped
-    EXPECT_EQ(decodeTga(tga(2, 2, rows, {.descriptor = 0x10})), expected);
-    EXPECT_EQ(decodeTga(tga(2, 2, rows, {.idLength = 7, .mapType = 1, .mapLength = 5})), expected);
+    EXPECT_EQ(decodeTga(tga(2, 2, rows, {.descriptor = 0x10})).image, expected);
+    EXPECT_EQ(decodeTga(tga(2, 2, rows, {.idLength = 7, .mapType = 1, .mapLength = 5})).image,
+              expected);
 }
 
 TEST(Tga, DepthsAndTheirExtremes) {
@@ -63,7 +64,8 @@ TEST(Tga, DepthsAndTheirExtremes) {
         {32, {1, 2, 3, 77}, {3, 2, 1, 255}},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(decodeTga(tga(1, 1, row.pixel, {.depth = row.depth})).pixels.at(0), row.expected);
+        EXPECT_EQ(decodeTga(tga(1, 1, row.pixel, {.depth = row.depth})).image.pixels.at(0),
+                  row.expected);
     }
 }
 
@@ -79,7 +81,7 @@ TEST(Tga, WhatCannotBeDecodedIsBlank) {
         bad.push_back(tga(1, 1, Bytes(100), {.depth = depth}));
     }
     for (const Bytes& bytes : bad) {
-        EXPECT_TRUE(isBlank(decodeTga(bytes))) << testing::PrintToString(bytes);
+        EXPECT_TRUE(isBlank(decodeTga(bytes).image)) << testing::PrintToString(bytes);
     }
 }
 
@@ -118,36 +120,38 @@ TEST(Pic, RunsAndLiterals) {
     };
     for (const auto& row : rows) {
         Bytes reds;
-        for (const Rgba8& pixel : decodePic(pic(4, 1, {red}, row.data)).pixels) {
+        for (const Rgba8& pixel : decodePic(pic(4, 1, {red}, row.data)).image.pixels) {
             reds.push_back(pixel.red);
         }
         EXPECT_EQ(reds, row.expected);
     }
-    const TextureImage wide = decodePic(pic(50, 1, {red}, {128, 0x01, 0x2C, 7, 133, 8}));
+    const TextureImage wide = decodePic(pic(50, 1, {red}, {128, 0x01, 0x2C, 7, 133, 8})).image;
     EXPECT_EQ(std::count(wide.pixels.begin(), wide.pixels.end(), Rgba8{7, 255, 255, 255}), 44);
 }
 
 TEST(Pic, PacketsFillTheirChannelsRowByRow) {
-    const TextureImage image = decodePic(
-        pic(2, 2, {rgb, alpha}, {1, 1, 2, 3, 4, 5, 6, 129, 100, 129, 7, 8, 9, 1, 255, 200}));
+    const TextureImage image =
+        decodePic(
+            pic(2, 2, {rgb, alpha}, {1, 1, 2, 3, 4, 5, 6, 129, 100, 129, 7, 8, 9, 1, 255, 200}))
+            .image;
     EXPECT_EQ(image.pixels,
               (std::vector<Rgba8>{{1, 2, 3, 100}, {4, 5, 6, 100}, {7, 8, 9, 255}, {7, 8, 9, 200}}));
     EXPECT_TRUE(image.HasAlpha);
-    EXPECT_FALSE(decodePic(pic(2, 1, {rgb, alpha}, {129, 1, 2, 3, 129, 255})).HasAlpha);
+    EXPECT_FALSE(decodePic(pic(2, 1, {rgb, alpha}, {129, 1, 2, 3, 129, 255})).image.HasAlpha);
 }
 
 TEST(Pic, WhatCannotBeDecodedIsBlank) {
     const Bytes good = pic(1, 1, {red}, {0, 1});
-    EXPECT_FALSE(isBlank(decodePic(good)));
+    EXPECT_FALSE(isBlank(decodePic(good).image));
     for (const std::size_t at : {0U, 88U, 92U}) { // the marks, and far too many columns
         Bytes bad = good;
         bad[at] ^= 0xFF;
-        EXPECT_TRUE(isBlank(decodePic(bad))) << at;
+        EXPECT_TRUE(isBlank(decodePic(bad).image)) << at;
     }
     for (std::size_t size = 0; size < 105; ++size) {
-        EXPECT_TRUE(isBlank(decodePic({good.data(), size})));
+        EXPECT_TRUE(isBlank(decodePic({good.data(), size}).image));
     }
-    EXPECT_TRUE(isBlank(decodePic(pic(0, 5, {red}, {0, 1}))));
+    EXPECT_TRUE(isBlank(decodePic(pic(0, 5, {red}, {0, 1})).image));
 }
 
 class Textures : public test::TestFiles {
@@ -287,14 +291,14 @@ TEST_F(Textures, PackedPicturesHaveALimitOfTheirOwn) {
     bmp[46] = 2; // colours
     bmp += runs;
     const test::AllocationWatch watch;
-    EXPECT_TRUE(isBlank(decodePic(packed)));
-    EXPECT_TRUE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP")));
+    EXPECT_TRUE(isBlank(decodePic(packed).image));
+    EXPECT_TRUE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP").image));
     EXPECT_LT(watch.largest(), std::size_t{1} << 20U);
     packed[92] = 0; // 1 column
     bmp[19] = 0;    // 1 row
     packed[93] = 1;
-    EXPECT_EQ(decodePic(packed).height, 8193);
-    EXPECT_FALSE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP")));
+    EXPECT_EQ(decodePic(packed).image.height, 8193);
+    EXPECT_FALSE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP").image));
 }
 
 TEST_F(Textures, OfOneReadingHaveALimitTogether) {

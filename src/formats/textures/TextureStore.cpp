@@ -1,0 +1,82 @@
+#include "formats/textures/TextureStore.h"
+
+#include "formats/textures/TextureDecoding.h"
+
+#include <QDir>
+
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+/// A picture that is known to have more pixels than are allowed counts as one that cannot be had.
+TextureOutcome limited(const TextureOutcome& outcome, std::size_t mostPixels) {
+    return outcome.pixels <= mostPixels ? outcome : TextureOutcome{0, tooManyPixels, true};
+}
+
+} // namespace
+
+TextureOutcome TextureStore::outcome(const TextureFile& file, std::size_t mostPixels) {
+    if (known(file.path, mostPixels) == nullptr) {
+        decode(file, mostPixels);
+    }
+    return limited(byFile_[file.path].outcome, mostPixels);
+}
+
+std::shared_ptr<const TextureImage> TextureStore::image(const TextureFile& file,
+                                                        std::size_t mostPixels) {
+    if (const Entry* entry = known(file.path, mostPixels)) {
+        if (!limited(entry->outcome, mostPixels).refusal.empty()) {
+            return blankTextureImage();
+        }
+        if (auto image = entry->image.lock()) {
+            return image;
+        }
+    }
+    return decode(file, mostPixels);
+}
+
+const TextureStore::Entry* TextureStore::known(const QString& path, std::size_t mostPixels) const {
+    const auto found = byFile_.constFind(path);
+    if (found == byFile_.constEnd() || (found->outcome.tooLarge && found->allowed < mostPixels)) {
+        return nullptr;
+    }
+    return &*found;
+}
+
+std::shared_ptr<const TextureImage> TextureStore::decode(const TextureFile& file,
+                                                         std::size_t mostPixels) {
+    DecodedTexture decoded = decodeTextureFile(file.name, mostPixels);
+    Entry entry;
+    entry.allowed = mostPixels;
+    entry.outcome = {0, std::move(decoded.refusal), decoded.tooLarge};
+    std::shared_ptr<const TextureImage> image = blankTextureImage();
+    if (entry.outcome.refusal.empty()) {
+        entry.outcome.pixels = decoded.image.pixels.size();
+        if (!(decoded.image == *image)) {
+            image = std::make_shared<const TextureImage>(std::move(decoded.image));
+        }
+        if (entry.outcome.pixels <= keptPixelsLeft_) {
+            keptPixelsLeft_ -= entry.outcome.pixels;
+            kept_.push_back(image);
+        }
+    }
+    entry.image = image;
+    byFile_.insert(file.path, entry);
+    return image;
+}
+
+const QHash<QString, QString>& TextureStore::entries(const QString& folder) {
+    const auto known = entries_.constFind(folder);
+    if (known != entries_.constEnd()) {
+        return *known;
+    }
+    QHash<QString, QString> names;
+    for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::AllDirs)) {
+        names.insert(name.toCaseFolded(), name);
+    }
+    return *entries_.insert(folder, names);
+}
+
+} // namespace korvane
