@@ -36,6 +36,13 @@ void LineReader::skipToClosingBrace() {
     }
 }
 
+void LineReader::noteFailure() {
+    if (notes_ != nullptr && scanner_.failure()) {
+        notes_->push_back(
+            {NoteKind::EndedEarly, scanner_.failure()->left, scanner_.failure()->wanted});
+    }
+}
+
 void LineReader::count(std::string_view line, int& depth) {
     depth -= line.find('}') != std::string_view::npos ? 1 : 0;
     depth += line.find('{') != std::string_view::npos ? 1 : 0;

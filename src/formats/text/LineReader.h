@@ -1,5 +1,6 @@
 #pragma once
 
+#include "formats/text/ReadNotes.h"
 #include "formats/text/TextScanner.h"
 
 #include <algorithm>
@@ -18,9 +19,22 @@ void foldCase(std::string& text);
 /// scanner, right behind the current line. At the end of the text the buffer is empty.
 class LineReader {
   public:
-    explicit LineReader(const TextScanner& text) : scanner_(text) {}
+    /// `notes`, if given, is told what the readers note; it must outlive the reader.
+    explicit LineReader(const TextScanner& text, ReadNotes* notes = nullptr)
+        : scanner_(text), notes_(notes) {}
 
     [[nodiscard]] TextScanner& numbers() { return scanner_; }
+
+    /// Whether somebody wants to know what is noted.
+    [[nodiscard]] bool noting() const { return notes_ != nullptr; }
+    /// Notes something about the current line.
+    void note(NoteKind kind, std::int32_t value = 0) {
+        if (notes_ != nullptr) {
+            notes_->push_back({kind, scanner_.remaining(), value});
+        }
+    }
+    /// Notes where an extraction failed, if one did.
+    void noteFailure();
 
     /// Reads the next line into the buffer; false at the end of the text.
     bool next();
@@ -36,6 +50,14 @@ class LineReader {
 
     /// Counts the buffer's braces: a closing one, then an opening one, at most one of each.
     void count(int& depth) const { count(line_, depth); }
+    /// The same within a block that is read: at its own depth, 1, an opening brace begins a block
+    /// of which nothing is read, and is noted.
+    void countUnread(int& depth) {
+        if (depth == 1 && noting() && holds('{')) {
+            note(NoteKind::LeftOut);
+        }
+        count(depth);
+    }
     /// Reads on until the block that the current line opened is closed.
     void skipBlock();
     /// Reads on until a line holds a closing brace.
@@ -46,6 +68,7 @@ class LineReader {
     void fold(std::string_view line);
 
     TextScanner scanner_;
+    ReadNotes* notes_;
     std::string line_;
 };
 

@@ -96,7 +96,7 @@ std::optional<std::string_view> TextScanner::line() {
 std::optional<std::string_view> TextScanner::until(char mark) {
     const auto text = find(mark);
     if (!text) {
-        fail();
+        fail(mark);
     }
     return text;
 }
@@ -184,7 +184,10 @@ bool TextScanner::more() {
     return inSight() > before;
 }
 
-void TextScanner::fail() {
+void TextScanner::fail(char wanted) {
+    if (!failure_) {
+        failure_ = {remaining(), wanted};
+    }
     next_ = end_;
     if (window_ != nullptr) {
         window_->close();

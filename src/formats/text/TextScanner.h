@@ -27,6 +27,13 @@ class TextScanner {
 
     /// Whether nothing is left, or an extraction failed.
     [[nodiscard]] bool ended() { return next_ == end_ && !more(); }
+    /// The extraction that failed, if one did: how many bytes were left, of which the first could
+    /// not be used, and the character looked for, 0 for a number.
+    struct Failure {
+        std::size_t left = 0;
+        char wanted = 0;
+    };
+    [[nodiscard]] const std::optional<Failure>& failure() const { return failure_; }
     /// How many bytes are left: no list that follows can have more elements.
     [[nodiscard]] std::size_t remaining() const {
         return inSight() + (window_ != nullptr ? window_->unread() : 0);
@@ -110,7 +117,7 @@ class TextScanner {
     /// Goes on behind a number, or to the end of the text where there was none.
     bool goOn(const char* stop) {
         if (stop == nullptr) {
-            fail();
+            fail(0);
             return false;
         }
         next_ = stop;
@@ -123,11 +130,12 @@ class TextScanner {
     void showWholeNumber();
     /// Brings more of the text into sight; false at its end.
     bool more();
-    void fail();
+    void fail(char wanted);
 
     const char* next_ = nullptr;
     const char* end_ = nullptr;
     TextWindow* window_ = nullptr;
+    std::optional<Failure> failure_;
 };
 
 } // namespace korvane

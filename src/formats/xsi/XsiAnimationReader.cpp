@@ -23,9 +23,9 @@ std::string_view referencedName(std::string_view line) {
 } // namespace
 
 void XsiAnimationReader::forgetFrames() {
-    target_ = &root_;
+    target_ = {&root_};
     framesByName_ = {}; // clearing would keep, and walk over, all the buckets it ever had
-    lastFrame_ = nullptr;
+    lastFrame_ = {};
 }
 
 void XsiAnimationReader::readSection() {
@@ -38,17 +38,20 @@ void XsiAnimationReader::readSection() {
             return;
         }
     }
+    lines_.note(NoteKind::Unclosed);
 }
 
 /// Skips the block that the current line opens, if it does, and goes on to the line behind it.
 void XsiAnimationReader::skipUnknownBlock() {
     if (lines_.holds('{')) {
+        lines_.note(NoteKind::LeftOut, 1);
         lines_.skipBlock();
         lines_.next();
     }
 }
 
 void XsiAnimationReader::readAnimation() {
+    lines_.note(NoteKind::Animation);
     while (lines_.next()) {
         if (lines_.holds(framePrefix)) {
             chooseTarget();
@@ -68,32 +71,36 @@ void XsiAnimationReader::readAnimation() {
 /// Makes the frame that the current line names the target; an unknown name makes it the last frame
 /// of the tree, deliberately.
 void XsiAnimationReader::chooseTarget() {
-    if (lastFrame_ == nullptr) {
+    if (lastFrame_.frame == nullptr) {
         for (FrameWalk walk(root_); !walk.done(); walk.next()) {
-            lastFrame_ = &walk.frame();
-            framesByName_.try_emplace(lastFrame_->Name, lastFrame_);
+            lastFrame_ = {&walk.frame(), lastFrame_.frame == nullptr ? 0 : lastFrame_.number + 1};
+            framesByName_.try_emplace(lastFrame_.frame->Name, lastFrame_);
         }
     }
     const auto found = framesByName_.find(referencedName(lines_.line()));
-    target_ = found == framesByName_.end() ? lastFrame_ : found->second;
+    const bool known = found != framesByName_.end();
+    target_ = known ? found->second : lastFrame_;
+    lines_.note(NoteKind::AnimationName, known ? 1 : 0);
 }
 
 void XsiAnimationReader::readKeys() {
     TextScanner& in = lines_.numbers();
-    target_->HasAnimation = true;
+    FrameRecord& target = *target_.frame;
+    target.HasAnimation = true;
+    lines_.note(NoteKind::Keys, target_.number);
     std::int32_t type = 0;
     if (in.integer(type)) {
-        target_->AnimationKeyType = type;
+        target.AnimationKeyType = type;
     }
     std::int32_t count = 0;
     if (in.separator() && in.integer(count) && in.separator()) {
-        reserveMore(target_->AnimationKeys, credible(count, in.remaining() / 6));
+        reserveMore(target.AnimationKeys, credible(count, in.remaining() / 6));
         for (std::int32_t i = 0; i < count; ++i) {
             AnimationKeyRecord key;
             if (!readKey(key)) {
                 break;
             }
-            target_->AnimationKeys.push_back(std::move(key));
+            target.AnimationKeys.push_back(std::move(key));
             in.separator();
             in.separator();
         }

@@ -3,6 +3,7 @@
 #include "formats/text/LineReader.h"
 #include "model/records/FrameRecord.h"
 
+#include <cstdint>
 #include <string_view>
 #include <unordered_map>
 
@@ -12,7 +13,7 @@ namespace korvane {
 class XsiAnimationReader {
   public:
     XsiAnimationReader(LineReader& lines, FrameRecord& root)
-        : lines_(lines), root_(root), target_(&root) {}
+        : lines_(lines), root_(root), target_{&root} {}
 
     /// Tells that the frames were replaced: nothing of the old tree may be looked at any more.
     void forgetFrames();
@@ -26,13 +27,18 @@ class XsiAnimationReader {
     void readKeys();
     bool readKey(AnimationKeyRecord& key);
 
+    struct Target {
+        FrameRecord* frame = nullptr;
+        std::int32_t number = 0; ///< in pre-order
+    };
+
     LineReader& lines_;
     FrameRecord& root_;
     /// The frame that receives keys. It stays the target until another animation names one.
-    FrameRecord* target_;
+    Target target_;
     /// For each name the first frame in pre-order; empty until the first look-up.
-    std::unordered_map<std::string_view, FrameRecord*> framesByName_;
-    FrameRecord* lastFrame_ = nullptr; ///< the last in pre-order, once framesByName_ is filled
+    std::unordered_map<std::string_view, Target> framesByName_;
+    Target lastFrame_; ///< the last in pre-order, once framesByName_ is filled
 };
 
 } // namespace korvane

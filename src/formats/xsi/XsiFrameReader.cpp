@@ -44,6 +44,7 @@ XsiFrameReader::XsiFrameReader(LineReader& lines, std::vector<MaterialRecord>& t
 void XsiFrameReader::readTopLevel(FrameRecord& root) {
     FrameDeclaration declaration = parseFrameDeclaration(lines_.line());
     root.Name = declaration.name;
+    lines_.note(NoteKind::TopFrame);
     readBody(root, declaration, 0);
 }
 
@@ -72,6 +73,7 @@ void XsiFrameReader::readBody(FrameRecord& frame, const FrameDeclaration& declar
             readChild(frame, depth);
             consumed = true;
         } else if (lines_.holds("frame") && lines_.holds('{')) {
+            lines_.note(NoteKind::TooDeep);
             lines_.skipBlock();
             consumed = true;
         }
@@ -80,19 +82,24 @@ void XsiFrameReader::readBody(FrameRecord& frame, const FrameDeclaration& declar
             consumed = true;
         }
         if (lines_.holds('{')) {
+            lines_.note(NoteKind::LeftOut, 1);
             lines_.skipBlock();
             consumed = true;
         }
         if (lines_.holds('}') && !consumed) {
+            lines_.note(NoteKind::FrameEnd);
             return;
         }
     }
+    lines_.note(NoteKind::Unclosed);
+    lines_.note(NoteKind::FrameEnd);
 }
 
 void XsiFrameReader::readChild(FrameRecord& parent, std::size_t depth) {
     const FrameDeclaration declaration = parseFrameDeclaration(lines_.line());
     FrameRecord& child = parent.Children.emplace_back();
     child.Name = declaration.name;
+    lines_.note(NoteKind::Frame);
     readBody(child, declaration, depth + 1);
 }
 

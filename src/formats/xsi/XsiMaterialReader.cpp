@@ -34,6 +34,7 @@ XsiMaterialReader::XsiMaterialReader(LineReader& lines, std::vector<MaterialReco
 void XsiMaterialReader::readList(FrameRecord& frame) {
     TextScanner& in = lines_.numbers();
     frame.Mesh.HasMaterials = true;
+    lines_.note(NoteKind::MaterialList);
     std::int32_t materials = 0;
     std::int32_t faces = 0;
     if (!(in.integer(materials) && in.separator() && in.integer(faces) && in.separator())) {
@@ -59,6 +60,7 @@ void XsiMaterialReader::readListEntry(FrameRecord& frame) {
     int depth = 1;
     while (depth > 0 && lines_.next()) {
         if (depth == 1 && isReference(lines_.line())) {
+            lines_.note(NoteKind::MaterialName);
             return;
         }
         // Each material leaves the closing line of its block as the current one, where it closes
@@ -69,13 +71,14 @@ void XsiMaterialReader::readListEntry(FrameRecord& frame) {
         if (lines_.holds("material")) {
             readDirectXMaterial(frame);
         }
-        lines_.count(depth);
+        lines_.countUnread(depth);
     }
 }
 
 void XsiMaterialReader::readDotXsiMaterial(FrameRecord& frame) {
     TextScanner& in = lines_.numbers();
     MaterialRecord material;
+    lines_.note(NoteKind::Material);
     if (readSurface(material, frame.Emissive) && in.integer(material.ShadingModel) &&
         in.separator()) {
         readColor(material.Ambient, frame.Emissive);
@@ -85,20 +88,21 @@ void XsiMaterialReader::readDotXsiMaterial(FrameRecord& frame) {
         if (lines_.holds("si_texture2d") || lines_.holds("texturefilename")) {
             readTextureReference(material);
         }
-        lines_.count(depth);
+        lines_.countUnread(depth);
     }
     addToTable(std::move(material), frame.Mesh);
 }
 
 void XsiMaterialReader::readDirectXMaterial(FrameRecord& frame) {
     MaterialRecord material;
+    lines_.note(NoteKind::Material);
     readSurface(material, frame.Emissive);
     int depth = 1;
     while (depth > 0 && lines_.next()) {
         if (lines_.holds("texturefilename")) {
             readTextureReference(material);
         }
-        lines_.count(depth);
+        lines_.countUnread(depth);
     }
     addToTable(std::move(material), frame.Mesh);
 }
@@ -135,6 +139,7 @@ bool XsiMaterialReader::readColor(Color& color, bool emissiveFrame) {
 
 void XsiMaterialReader::readTextureReference(MaterialRecord& material) {
     TextScanner& in = lines_.numbers();
+    lines_.note(NoteKind::Texture);
     in.until('"');
     if (const auto name = in.until('"')) {
         material.HasTexture = true;
@@ -153,6 +158,7 @@ void XsiMaterialReader::addToTable(MaterialRecord material, MeshRecord& mesh) {
         table_.back().TextureImage = textures_(table_.back().TextureFile);
     }
     mesh.MaterialSlotList.push_back(*entry);
+    lines_.note(NoteKind::MaterialEnd, *entry);
 }
 
 } // namespace korvane

@@ -136,6 +136,7 @@ XsiMeshReader::XsiMeshReader(LineReader& lines, std::vector<MaterialRecord>& tab
 
 void XsiMeshReader::read(FrameRecord& frame) {
     frame.HasMesh = true;
+    lines_.note(NoteKind::Mesh);
     MeshRecord& mesh = frame.Mesh;
     const bool complete = readWithCopy(lines_.numbers(), [&mesh](TextScanner& in) {
         return readElements(in, mesh.Vertices) && readFaces(in, mesh.Faces);
@@ -147,18 +148,22 @@ void XsiMeshReader::read(FrameRecord& frame) {
             materials_.readList(frame);
         } else if (lines_.holds("meshnormals")) {
             mesh.HasNormals = true;
+            lines_.note(NoteKind::Normals);
             readParallelList(mesh.Normals, mesh.NormalFaces);
         } else if (lines_.holds("si_meshtexturecoords")) {
             mesh.HasTexCoords = true;
+            lines_.note(NoteKind::TexCoords);
             readParallelList(mesh.TexCoords, mesh.TexCoordFaces);
         } else if (lines_.holds("meshtexturecoords")) {
             mesh.HasTexCoords = true;
+            lines_.note(NoteKind::TexCoords);
             readDirectXTexCoords(mesh);
         } else if (lines_.holds("si_meshvertexcolors")) {
             mesh.HasVertexColors = true;
+            lines_.note(NoteKind::VertexColors);
             readParallelList(mesh.VertexColors, mesh.VertexColorFaces);
         } else {
-            lines_.count(depth);
+            lines_.countUnread(depth);
         }
     }
 }

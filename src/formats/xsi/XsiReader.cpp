@@ -73,15 +73,20 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
     return status;
 }
 
-ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureSource& textures) {
+ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureSource& textures,
+                       ReadNotes* notes) {
     if (!readHeader(text)) {
         return ReadStatus::NotValid;
     }
-    LineReader lines(text);
+    LineReader lines(text, notes);
     XsiFrameReader frames(lines, document.Materials, textures);
     XsiAnimationReader animations(lines, document.Root);
     while (lines.next()) {
         const bool isTemplate = lines.holds("template");
+        if (!isTemplate && lines.noting() && lines.holds('{') && !lines.holds("frame") &&
+            !lines.holds("animationset")) {
+            lines.note(NoteKind::LooseBlock);
+        }
         if (!isTemplate && lines.holds("frame")) {
             animations.forgetFrames();
             frames.readTopLevel(document.Root);
@@ -90,6 +95,7 @@ ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureS
             animations.readSection();
         }
     }
+    lines.noteFailure();
     document.computeDerivedData();
     document.NeverSaved = false;
     document.Modified = false;
@@ -113,8 +119,9 @@ ReadStatus wholeOrNothing(ModelDocument& document, Read read) {
 
 } // namespace
 
-ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures) {
-    return wholeOrNothing(document, [&] { return readOrThrow(text, document, textures); });
+ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures,
+                   ReadNotes* notes) {
+    return wholeOrNothing(document, [&] { return readOrThrow(text, document, textures, notes); });
 }
 
 ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,

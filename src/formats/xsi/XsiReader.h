@@ -1,5 +1,6 @@
 #pragma once
 
+#include "formats/text/ReadNotes.h"
 #include "formats/text/TextScanner.h"
 #include "formats/textures/TextureLoader.h"
 #include "model/document/ModelDocument.h"
@@ -29,8 +30,10 @@ using ReadProgress = std::function<bool(std::size_t done, std::size_t size)>;
 /// follows the header never fails: reading ends where a number cannot be extracted, and everything
 /// completed by then is kept. Without a source of textures every image is the 1 x 1 one. Gives
 /// Done, NotValid, or CannotOpen with an empty document when the bytes cannot be read to their end
-/// or the model does not fit into memory; nothing is thrown.
-ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures = {});
+/// or the model does not fit into memory; nothing is thrown. `notes`, if given, is told what the
+/// reading left out, and where the parts of the model began.
+ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures = {},
+                   ReadNotes* notes = nullptr);
 
 /// Opens and reads the file into a new document, gives it the flags and the FileName that follow
 /// from the outcome, and selects the root. A missing file gives an empty document of that name that

@@ -233,6 +233,10 @@ bool writeXsi(const ModelDocument& document, const TextSink& sink) {
     return out.finish();
 }
 
+std::string_view savedPreamble() {
+    return preamble;
+}
+
 bool SaveFileXSI(const ModelDocument& document, const QString& fileName) {
     return replaceFile(fileName, [&](const TextSink& sink) { return writeXsi(document, sink); });
 }

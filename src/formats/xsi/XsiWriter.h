@@ -5,11 +5,16 @@
 
 #include <QString>
 
+#include <string_view>
+
 namespace korvane {
 
 /// Writes the whole model as dotXSI text, piece by piece; false when the sink stopped it. A slot
 /// that leads to no material is written as a new material.
 bool writeXsi(const ModelDocument& document, const TextSink& sink);
+
+/// What every saved file begins with: the header and the blocks that tell nothing of the model.
+std::string_view savedPreamble();
 
 /// Saves the model as a dotXSI file. After a failure, at opening or later, the old file is as it
 /// was. Symbolic links are followed, the rights to the file kept. False on failure.
