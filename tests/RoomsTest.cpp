@@ -33,6 +33,7 @@ constexpr std::array rooms = {
     Room{"formats/files"},
     Room{"formats/textures"},
     Room{"formats/xsi"},
+    Room{"formats/check"},
     Room{"edit/history"},
     Room{"edit/clipboard"},
     Room{"render/scene"},

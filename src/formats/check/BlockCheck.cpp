@@ -1,0 +1,83 @@
+#include "formats/check/BlockCheck.h"
+
+#include "formats/xsi/XsiWriter.h"
+
+namespace korvane {
+
+void BlockCheck::takeLeftOut(const TextLine& line, bool closingLost) {
+    const bool closed = line.text.find('}') != std::string_view::npos;
+    std::string_view word = firstWord(line.text);
+    if (word.empty() && !closed) {
+        const TextLine above = lineAbove(bytes_, line);
+        word = firstWord(above.text);
+        const std::string keyword = folded(word);
+        if (keyword == "frame" || keyword == "animation" || keyword == "animationset") {
+            findings_.add(FindingId::BraceOnNextLine, line.place,
+                          "The brace stands in the line below " + quoted(trimmed(above.text)) +
+                              ", and all of the block is left out");
+            return;
+        }
+    }
+    if (closingLost && closed) {
+        findings_.add(FindingId::ClosedOnOneLine, line.place,
+                      quoted(trimmed(line.text)) +
+                          " leaves out what follows up to the next closing brace");
+        return;
+    }
+    leaveOut(word, line.place);
+}
+
+void BlockCheck::leaveOut(std::string_view name, TextPlace place) {
+    if (!name.empty()) {
+        leftOut_[folded(name)].meet(place, name);
+    }
+}
+
+void BlockCheck::takeLoose(const TextLine& line) {
+    if (line.place < looseEnd_) {
+        return; // within one that is told
+    }
+    const TextLine told = firstWord(line.text).empty() ? lineAbove(bytes_, line) : line;
+    const std::string word = folded(firstWord(told.text));
+    if (word.empty() || word == "header" || word == "template") {
+        return;
+    }
+    looseEnd_ = blockEnd(bytes_, line);
+    if (word == "mesh") {
+        findings_.add(FindingId::MeshOutsideFrame, told.place,
+                      "A mesh stands outside of all frames, and is left out");
+        return;
+    }
+    // what is always the same in saved files is not lost
+    const std::string_view written = bytes_.substr(told.place, looseEnd_ - told.place);
+    std::string block(written.substr(0, 2 * savedPreamble().size()));
+    std::erase(block, '\r');
+    if (savedPreamble().find(block) == std::string_view::npos) {
+        leaveOut(firstWord(told.text), told.place);
+    }
+}
+
+void BlockCheck::takeFalseFrame(const TextLine& line, std::string_view frameName) {
+    const std::string_view word = firstWord(line.text);
+    FalseFrames& met = falseFrames_[folded(word)];
+    if (met.lines.count == 0) {
+        met.frameName = frameName;
+    }
+    met.lines.meet(line.place, word);
+}
+
+void BlockCheck::finish() {
+    for (const auto& [word, met] : falseFrames_) {
+        const bool basePose = word.find("framebaseposematrix") != std::string::npos;
+        findings_.add(basePose ? FindingId::BasePoseAsFrame : FindingId::BlockAsFrame,
+                      met.lines.first,
+                      quoted(met.lines.name) + met.lines.more() + " is read as a frame, " +
+                          quoted(met.frameName));
+    }
+    for (const auto& [word, met] : leftOut_) {
+        findings_.add(FindingId::BlockLeftOut, met.first,
+                      "Block " + quoted(met.name) + met.more() + " is left out");
+    }
+}
+
+} // namespace korvane

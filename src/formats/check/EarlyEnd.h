@@ -1,0 +1,13 @@
+#pragma once
+
+#include "formats/check/FindingList.h"
+
+#include <string_view>
+
+namespace korvane {
+
+/// Tells why a reading ended at a place where it expected a number, or the character `wanted` if
+/// that is not 0.
+void tellEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingList& findings);
+
+} // namespace korvane

@@ -1,0 +1,145 @@
+#include "formats/check/Finding.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace korvane {
+
+namespace {
+
+using enum FindingId;
+constexpr FindingKind inReading = FindingKind::LostInReading;
+constexpr FindingKind bySave = FindingKind::LostBySave;
+constexpr FindingKind hazard = FindingKind::Hazard;
+
+constexpr FindingRow rows[] = {
+    {EndedEarly, "ended-early", inReading,
+     "A number, a quotation mark or a brace that must follow does not. Reading ends there,\n"
+     "and the rest of the file is left out. Look at the count in front of the list first:\n"
+     "where it is wrong, reading goes astray behind the list."},
+    {NotFinite, "not-finite", inReading,
+     "A number is infinite, no number at all (nan), or too large to be kept. Reading ends\n"
+     "there, and the rest of the file is left out. Look for a division by zero in the\n"
+     "program that wrote the file."},
+    {FileEnds, "file-ends", inReading,
+     "The file ends within a frame or an animation. It may be cut short, or lack closing\n"
+     "braces. What was read so far is kept."},
+    {BraceOnNextLine, "brace-on-next-line", inReading,
+     "A keyword and its opening brace must share a line. Otherwise a frame or an animation\n"
+     "is left out, and a list ends the reading. Move the brace up."},
+    {ClosedOnOneLine, "closed-on-one-line", inReading,
+     "This block is closed in the line that opens it, where the closing brace does not count:\n"
+     "all lines up to the next closing brace belong to the block, and the name of a texture\n"
+     "is looked for below. Put each brace and each name on a line of its own. Animations\n"
+     "name frames as {frm-NAME}."},
+    {MeshOutsideFrame, "mesh-outside-frame", inReading,
+     "Meshes are read within frames only. Put a frame around the mesh."},
+    {SecondRoot, "second-root", inReading,
+     "A model has one outermost frame. A further one replaces the children, vertices and\n"
+     "faces of the one before. Put one frame around all of them."},
+    {BasePoseAsFrame, "base-pose-as-frame", inReading,
+     "Base poses are not read. The block becomes an empty frame of a strange name instead.\n"
+     "Delete that frame, or remove the block from the file."},
+    {BlockAsFrame, "block-as-frame", inReading,
+     "A line that holds \"frame\" declares a frame, even in a remark or in the name of\n"
+     "another block. Reword the line, or delete the frame that it became."},
+    {FrameTooDeep, "frame-too-deep", inReading,
+     "Frames nest at most 1000 deep below the outermost. Those further down are left out."},
+    {BlockLeftOut, "block-left-out", inReading,
+     "Nothing is read of blocks of this kind, and saving does not write them. Saved files\n"
+     "have a camera, a light and a fog of their own, always the same."},
+    {NameCase, "name-case", inReading,
+     "Names of frames are kept in small letters, and saved so. Whoever looks up a frame by\n"
+     "its name should not tell capitals from small letters."},
+    {NameCut, "name-cut", inReading,
+     "A frame's name ends at a blank, a brace or \"__\", behind which stand the letters of\n"
+     "flags (e, 2, h and g). The rest is left out. Rename the frame."},
+    {SecondMesh, "second-mesh", inReading,
+     "A frame has one mesh. The lists of a further one are appended to those of the first,\n"
+     "so that its faces lead to the wrong vertices. Give each mesh a frame."},
+    {MaterialByName, "material-by-name", inReading,
+     "A list of materials must hold the materials themselves. A name in braces, of a\n"
+     "material that stands elsewhere, adds no slot, and the slots behind it move up."},
+    {TextureFolder, "texture-folder", inReading,
+     "Only what follows the last \"/\" of a texture's name is kept. Put the file beside the\n"
+     "model."},
+    {TextureParameters, "texture-parameters", inReading,
+     "Of a texture only its name is read. Cropping, repeats, scaling, projection and\n"
+     "blending are left out, and saving writes standard values in their place."},
+    {UnknownFrame, "unknown-frame", inReading,
+     "An animation must name a frame of the model as {frm-NAME}, on a line of its own.\n"
+     "Otherwise its keys go to the frame of the animation before, or where the name is\n"
+     "unknown to the last frame of the model."},
+    {KeysJoined, "keys-joined", inReading,
+     "A frame has one list of keys of one type. The keys of further lists are appended, and\n"
+     "the type of the last holds for all. Give a frame keys of one type: whole matrices\n"
+     "tell rotation, scale and position at once."},
+    {NameNotSaved, "name-not-saved", bySave,
+     "A file saved with this name would not give the frame back. Rename the frame."},
+    {KeysNotSaved, "keys-not-saved", bySave,
+     "Saving leaves out the keys of frames without a mesh. Give the frame a mesh (one\n"
+     "vertex will do), or keep the original file."},
+    {FlagsNotSaved, "flags-not-saved", bySave,
+     "Saving leaves out the flags (e, 2, h and g) of frames without a mesh. They have no\n"
+     "effect there."},
+    {IndexOutOfRange, "index-out-of-range", hazard,
+     "An index leads past the end of its list (both are counted from 0). A face with a bad\n"
+     "vertex is not drawn, a bad normal or texture coordinate is not used. Saving keeps\n"
+     "the index as it is."},
+    {ListsDiffer, "lists-differ", hazard,
+     "Normals, texture coordinates and vertex colours must be told for every face, in the\n"
+     "order of the faces. Faces without them are drawn flat or without texture."},
+    {FewCorners, "few-corners", hazard,
+     "A face needs three corners. One with fewer is not seen in shaded views."},
+    {NoArea, "no-area", hazard,
+     "The corners of a face lie in one point or on one line. It is not seen, and has no\n"
+     "direction for the light. Remove it."},
+    {NoNormals, "no-normals", hazard,
+     "A mesh without normals is drawn with one direction a face, and never looks smooth.\n"
+     "Have normals exported."},
+    {OpacityZero, "opacity-zero", hazard,
+     "A material of opacity 0 is not seen where transparency is shown. Some programs write\n"
+     "0 for 1. Set the opacity in the material editor."},
+    {TextureMissing, "texture-missing", hazard,
+     "There is no file for a texture, neither as named nor beside the model. The material\n"
+     "shows its plain colours."},
+    {TextureSpelling, "texture-spelling", hazard,
+     "The file of a texture is found by another spelling than that in the model: other\n"
+     "capitals, backslashes, or without its folder. Other programs may not find it. Rename\n"
+     "the file or the texture."},
+    {TextureNotDecoded, "texture-not-decoded", hazard,
+     "There is a file for a texture, but no picture can be made of it. The material shows\n"
+     "its plain colours. Save the picture as a TGA (true colour, uncompressed), PIC or BMP\n"
+     "file."},
+    {TextureTooLarge, "texture-too-large", hazard,
+     "A picture is larger than what is shown, or the pictures of the model are together.\n"
+     "The material shows its plain colours. Make the picture smaller."},
+};
+
+constexpr bool inOrder() {
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        if (rows[i].id != static_cast<FindingId>(i)) {
+            return false;
+        }
+    }
+    return std::size(rows) == findingKinds;
+}
+static_assert(inOrder(), "each id finds its row by its number");
+
+} // namespace
+
+std::span<const FindingRow> findingRows() {
+    return rows;
+}
+
+const FindingRow& findingRow(FindingId id) {
+    return rows[static_cast<std::size_t>(id)];
+}
+
+const FindingRow* findingRow(std::string_view name) {
+    const auto* found = std::find_if(std::begin(rows), std::end(rows),
+                                     [&](const FindingRow& row) { return row.name == name; });
+    return found == std::end(rows) ? nullptr : found;
+}
+
+} // namespace korvane

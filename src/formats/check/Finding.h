@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+/// What a finding tells of.
+enum class FindingKind : std::uint8_t {
+    LostInReading, ///< the model lacks something that the file has
+    LostBySave,    ///< the model has it, a file saved from it would not
+    Hazard,        ///< nothing is lost, but the model may not look or work as meant
+};
+
+enum class FindingId : std::uint8_t {
+    EndedEarly,
+    NotFinite,
+    FileEnds,
+    BraceOnNextLine,
+    ClosedOnOneLine,
+    MeshOutsideFrame,
+    SecondRoot,
+    BasePoseAsFrame,
+    BlockAsFrame,
+    FrameTooDeep,
+    BlockLeftOut,
+    NameCase,
+    NameCut,
+    SecondMesh,
+    MaterialByName,
+    TextureFolder,
+    TextureParameters,
+    UnknownFrame,
+    KeysJoined,
+    NameNotSaved,
+    KeysNotSaved,
+    FlagsNotSaved,
+    IndexOutOfRange,
+    ListsDiffer,
+    FewCorners,
+    NoArea,
+    NoNormals,
+    OpacityZero,
+    TextureMissing,
+    TextureSpelling,
+    TextureNotDecoded,
+    TextureTooLarge,
+};
+
+inline constexpr std::size_t findingKinds =
+    static_cast<std::size_t>(FindingId::TextureTooLarge) + 1;
+
+/// What is known of all findings of one kind.
+struct FindingRow {
+    FindingId id;
+    std::string_view name; ///< for the user: small letters and hyphens
+    FindingKind kind;
+    std::string_view explanation; ///< what it means and what to do, in a few lines
+};
+
+/// Something about a model that its maker may want to know.
+struct Finding {
+    FindingId id = FindingId::EndedEarly;
+    std::size_t line = 0; ///< counted from 1; 0 where it is about no line
+    std::string text;     ///< short sentences, with names as the file has them
+
+    bool operator==(const Finding&) const = default;
+};
+
+/// All rows, in the order of the ids.
+[[nodiscard]] std::span<const FindingRow> findingRows();
+[[nodiscard]] const FindingRow& findingRow(FindingId id);
+/// The row of that name, or null.
+[[nodiscard]] const FindingRow* findingRow(std::string_view name);
+
+/// Whether the finding tells of something that a converted file does not have.
+[[nodiscard]] inline bool isLoss(const Finding& finding) {
+    return findingRow(finding.id).kind != FindingKind::Hazard;
+}
+
+} // namespace korvane

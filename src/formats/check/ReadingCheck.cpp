@@ -1,0 +1,336 @@
+#include "formats/check/ReadingCheck.h"
+
+#include "formats/check/BlockCheck.h"
+#include "formats/check/EarlyEnd.h"
+#include "formats/check/TextLines.h"
+#include "formats/check/TextureBlock.h"
+#include "formats/xsi/XsiFrameReader.h"
+#include "model/records/FrameWalk.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+class ReadingCheck {
+  public:
+    ReadingCheck(std::string_view bytes, const ModelDocument& document, FindingList& findings);
+
+    ReadPlaces check(const ReadNotes& notes);
+
+  private:
+    void take(const ReadNote& note);
+    void takeLine(const ReadNote& note, const TextLine& line);
+    void takeFrame(const ReadNote& note, const TextLine& line);
+    void takeDeclaration(const TextLine& line, const std::string& text);
+    void takeMesh(const TextLine& line);
+    void takeMaterial(const ReadNote& note, const TextLine& line);
+    void takeTexture(TextPlace behind, const TextLine& line);
+    void takeAnimation(const ReadNote& note, const TextLine& line);
+    void takeKeys(const ReadNote& note, const TextLine& line);
+    void tellMaterialNames();
+    void tellRepeated();
+
+    /// The places of the frame that the next list belongs to.
+    FramePlaces& current() { return places_.frames[open_.empty() ? 0 : open_.back()]; }
+    [[nodiscard]] std::string frameName(std::size_t number) const;
+
+    std::string_view bytes_;
+    FindingList& findings_;
+    ReadPlaces places_;
+    std::vector<const FrameRecord*> frames_; ///< those of the document, in pre-order
+    std::vector<std::size_t> open_;          ///< the frames that have not ended, by number
+    bool lastTree_ = false;                  ///< the frames met are those of the document
+    std::size_t topFrames_ = 0;
+    std::size_t topFramesMet_ = 0;
+    std::vector<TextPlace> roots_; ///< the outermost frames, without false ones that others replace
+    TextPlace material_ = nowhere;
+    TextPlace animation_ = nowhere;
+    bool animationTold_ = false;
+    bool animationKnown_ = false; ///< it names a frame that is there
+    std::string_view animationName_;
+    Repeated tooDeep_, nameCase_, materialNames_, textureParameters_, unclosed_;
+    BlockCheck blocks_;
+};
+
+ReadingCheck::ReadingCheck(std::string_view bytes, const ModelDocument& document,
+                           FindingList& findings)
+    : bytes_(bytes), findings_(findings), blocks_(bytes, findings) {
+    for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+        frames_.push_back(&walk.frame());
+    }
+    places_.frames.resize(1);
+    places_.materials.resize(document.Materials.size(), nowhere);
+}
+
+ReadPlaces ReadingCheck::check(const ReadNotes& notes) {
+    topFrames_ = static_cast<std::size_t>(
+        std::count_if(notes.begin(), notes.end(),
+                      [](const ReadNote& note) { return note.kind == NoteKind::TopFrame; }));
+    lastTree_ = topFrames_ == 0;
+    for (const ReadNote& note : notes) {
+        take(note);
+    }
+    tellMaterialNames();
+    tellRepeated();
+    return std::move(places_);
+}
+
+void ReadingCheck::take(const ReadNote& note) {
+    const TextPlace behind = bytes_.size() - std::min(note.left, bytes_.size());
+    switch (note.kind) {
+    case NoteKind::FrameEnd:
+        if (!open_.empty()) {
+            open_.pop_back();
+        }
+        break;
+    case NoteKind::MaterialEnd:
+        places_.materials.at(static_cast<std::size_t>(note.value)) =
+            std::min(places_.materials.at(static_cast<std::size_t>(note.value)), material_);
+        break;
+    case NoteKind::Unclosed:
+        unclosed_.meet(open_.empty() ? animation_ : current().frame,
+                       open_.empty() ? "" : frameName(open_.back()));
+        break;
+    case NoteKind::EndedEarly:
+        places_.endedEarly = true;
+        tellEarlyEnd(bytes_, behind, static_cast<char>(note.value), findings_);
+        break;
+    case NoteKind::Texture:
+        takeTexture(behind, lineBefore(bytes_, behind));
+        break;
+    default:
+        takeLine(note, lineBefore(bytes_, behind));
+        break;
+    }
+}
+
+/// Takes a note that is about a line.
+void ReadingCheck::takeLine(const ReadNote& note, const TextLine& line) {
+    switch (note.kind) {
+    case NoteKind::TopFrame:
+    case NoteKind::Frame:
+        takeFrame(note, line);
+        break;
+    case NoteKind::TooDeep:
+        tooDeep_.meet(line.place, "");
+        break;
+    case NoteKind::Mesh:
+        takeMesh(line);
+        break;
+    case NoteKind::Normals:
+        current().normals = line.place;
+        break;
+    case NoteKind::TexCoords:
+        current().texCoords = line.place;
+        break;
+    case NoteKind::VertexColors:
+        current().vertexColors = line.place;
+        break;
+    case NoteKind::Animation:
+    case NoteKind::AnimationName:
+        takeAnimation(note, line);
+        break;
+    case NoteKind::Keys:
+        takeKeys(note, line);
+        break;
+    case NoteKind::LeftOut:
+        if (note.left > 0) { // or it leaves out nothing
+            blocks_.takeLeftOut(line, note.value != 0);
+        }
+        break;
+    case NoteKind::LooseBlock:
+        blocks_.takeLoose(line);
+        break;
+    default:
+        takeMaterial(note, line);
+        break;
+    }
+}
+
+std::string ReadingCheck::frameName(std::size_t number) const {
+    return lastTree_ && number < frames_.size() ? frames_[number]->Name : std::string();
+}
+
+void ReadingCheck::takeFrame(const ReadNote& note, const TextLine& line) {
+    const std::string text = folded(line.text);
+    const bool declared = firstWord(text) == "frame";
+    if (note.kind == NoteKind::TopFrame) {
+        lastTree_ = ++topFramesMet_ == topFrames_;
+        if (declared || lastTree_) {
+            roots_.push_back(line.place); // what replaces a false one takes nothing away
+        }
+        places_.frames.clear();
+        open_.clear();
+    }
+    open_.push_back(places_.frames.size());
+    places_.frames.emplace_back().frame = line.place;
+    if (declared) {
+        takeDeclaration(line, text);
+        return;
+    }
+    blocks_.takeFalseFrame(line, parseFrameDeclaration(text).name);
+}
+
+/// `text` is the line in small letters.
+void ReadingCheck::takeDeclaration(const TextLine& line, const std::string& text) {
+    const FrameDeclaration declaration = parseFrameDeclaration(text);
+    const std::string& name = declaration.name;
+    const std::size_t begin =
+        text.find("frame") + (text.find("frm-") != std::string::npos ? 10 : 6);
+    const std::size_t end = std::min(begin + name.size(), text.size());
+    if (begin < end && line.text.substr(begin, end - begin) != name) {
+        nameCase_.meet(line.place, line.text.substr(begin, end - begin));
+    }
+    std::string_view rest = std::string_view(text).substr(end);
+    rest = rest.substr(0, rest.find('{'));
+    const bool flags = rest.starts_with("__");
+    const bool cut = rest.find_first_not_of(flags ? "_e2hg \t" : " \t") != std::string_view::npos;
+    const std::size_t open = text.find('{', end);
+    if (cut && rest.find('}') == std::string_view::npos &&
+        rest.find("//") == std::string_view::npos) {
+        findings_.add(FindingId::NameCut, line.place,
+                      "The name of frame " + quoted(name) + " is cut: " + quoted(trimmed(rest)) +
+                          " is left out");
+    }
+    if (open != std::string::npos && text.find('}', open) != std::string::npos) {
+        findings_.add(FindingId::ClosedOnOneLine, line.place,
+                      "Frame " + quoted(name) +
+                          " is closed in the line that opens it, but goes on to the next closing "
+                          "brace");
+    }
+}
+
+void ReadingCheck::takeMesh(const TextLine& line) {
+    FramePlaces& frame = current();
+    if (frame.mesh == nowhere) {
+        frame.mesh = line.place;
+    } else {
+        findings_.add(FindingId::SecondMesh, line.place,
+                      "A further mesh in frame " + quoted(frameName(open_.back())) +
+                          ": its faces lead to the vertices of the first");
+    }
+}
+
+void ReadingCheck::takeMaterial(const ReadNote& note, const TextLine& line) {
+    if (note.kind == NoteKind::MaterialList) {
+        tellMaterialNames();
+        current().materials = line.place;
+    } else if (note.kind == NoteKind::Material) {
+        material_ = line.place;
+    } else {
+        const std::string_view text = line.text;
+        const std::size_t open = text.find('{');
+        const std::string_view inside = text.substr(std::min(open, text.size() - 1) + 1);
+        materialNames_.meet(line.place, firstWord(inside.substr(0, inside.find('}'))));
+        current().namedMaterials = true;
+    }
+}
+
+/// The names of one list are told together.
+void ReadingCheck::tellMaterialNames() {
+    if (materialNames_.count > 0) {
+        findings_.add(FindingId::MaterialByName, materialNames_.first,
+                      "Material " + quoted(materialNames_.name) + materialNames_.more() +
+                          " is only named here, and adds no slot");
+    }
+    materialNames_ = {};
+}
+
+void ReadingCheck::takeTexture(TextPlace behind, const TextLine& line) {
+    if (line.text.find('"') != std::string_view::npos) {
+        findings_.add(FindingId::ClosedOnOneLine, line.place,
+                      quoted(trimmed(line.text)) +
+                          " is not read: the name is looked for in the lines below");
+    }
+    const TextureBlock block = readTextureBlock(bytes_.substr(behind));
+    if (!block.named) {
+        return; // the reading ended there
+    }
+    const std::size_t folder = block.name.rfind('/');
+    const std::string_view kept = block.name.substr(folder + 1);
+    places_.textures.try_emplace(std::string(kept), line.place);
+    if (folder != std::string_view::npos) {
+        findings_.add(FindingId::TextureFolder, line.place,
+                      "Of texture " + quoted(block.name) + " only " + quoted(kept) + " is kept");
+    }
+    if (folded(line.text).find("si_texture2d") != std::string::npos && !block.standardValues) {
+        textureParameters_.meet(line.place, kept);
+    }
+}
+
+void ReadingCheck::takeAnimation(const ReadNote& note, const TextLine& line) {
+    animation_ = line.place;
+    if (note.kind == NoteKind::Animation) {
+        animationKnown_ = animationTold_ = false;
+        animationName_ = {};
+    } else {
+        const std::size_t prefix = folded(line.text).find("frm-");
+        const std::string_view name = line.text.substr(std::min(prefix, line.text.size() - 4) + 4);
+        animationName_ = name.substr(0, std::min(name.find_first_of(" \t}"), name.find("__")));
+        animationKnown_ = note.value != 0;
+    }
+}
+
+void ReadingCheck::takeKeys(const ReadNote& note, const TextLine& line) {
+    if (!lastTree_) {
+        return; // they went with the frames
+    }
+    const auto number = static_cast<std::size_t>(note.value);
+    if (!animationKnown_ && !animationTold_) {
+        animationTold_ = true;
+        findings_.add(FindingId::UnknownFrame, animation_,
+                      (animationName_.empty() ? "An animation names no frame as {frm-NAME}"
+                                              : "No frame is named " + quoted(animationName_)) +
+                          ": the keys go to " + quoted(frameName(number)));
+    }
+    if (number >= places_.frames.size()) {
+        return;
+    }
+    FramePlaces& frame = places_.frames[number];
+    frame.keys = std::min(frame.keys, line.place);
+    if (++frame.keyLists == 2) {
+        findings_.add(FindingId::KeysJoined, line.place,
+                      "A further list of keys for frame " + quoted(frameName(number)) +
+                          " is joined to the first, and its type holds for both");
+    }
+}
+
+void ReadingCheck::tellRepeated() {
+    const auto tell = [this](FindingId id, const Repeated& met, const std::string& text) {
+        if (met.count > 0) {
+            findings_.add(id, met.first, text);
+        }
+    };
+    if (roots_.size() > 1) {
+        findings_.add(FindingId::SecondRoot, roots_[1],
+                      "Only the last of " + std::to_string(roots_.size()) +
+                          " outermost frames is kept, " + quoted(frameName(0)));
+    }
+    tell(FindingId::FrameTooDeep, tooDeep_,
+         counted(tooDeep_.count, "frame", "frames") + " nested too deep, and left out");
+    tell(FindingId::NameCase, nameCase_,
+         "Frame " + quoted(nameCase_.name) + nameCase_.more() + " loses its capitals");
+    tell(FindingId::TextureParameters, textureParameters_,
+         "Of texture " + quoted(textureParameters_.name) + textureParameters_.more() +
+             " only the name is read");
+    blocks_.finish();
+    const bool told = places_.endedEarly || findings_.has(FindingId::BraceOnNextLine) ||
+                      findings_.has(FindingId::ClosedOnOneLine);
+    if (!told) {
+        tell(FindingId::FileEnds, unclosed_,
+             unclosed_.name.empty() ? std::string("The file ends within a frame or an animation")
+                                    : "The file ends within frame " + quoted(unclosed_.name));
+    }
+}
+
+} // namespace
+
+ReadPlaces checkReading(std::string_view bytes, const ReadNotes& notes,
+                        const ModelDocument& document, FindingList& findings) {
+    return ReadingCheck(bytes, document, findings).check(notes);
+}
+
+} // namespace korvane

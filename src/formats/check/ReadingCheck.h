@@ -1,0 +1,17 @@
+#pragma once
+
+#include "formats/check/FindingList.h"
+#include "formats/check/ReadPlaces.h"
+#include "formats/text/ReadNotes.h"
+#include "model/document/ModelDocument.h"
+
+#include <string_view>
+
+namespace korvane {
+
+/// Tells what a reading of the bytes has left out, by its notes and the document that it made.
+/// Returns where the parts of the model stand.
+ReadPlaces checkReading(std::string_view bytes, const ReadNotes& notes,
+                        const ModelDocument& document, FindingList& findings);
+
+} // namespace korvane

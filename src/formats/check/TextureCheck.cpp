@@ -1,0 +1,60 @@
+#include "formats/check/TextureCheck.h"
+
+#include "model/records/ModelText.h"
+
+#include <string>
+#include <unordered_set>
+
+namespace korvane {
+
+namespace {
+
+const char* spelled(TextureSpelling spelling) {
+    switch (spelling) {
+    case TextureSpelling::AsNamed:
+        break;
+    case TextureSpelling::Backslashes:
+        return " is found only with backslashes taken as separators: ";
+    case TextureSpelling::OtherCase:
+        return " is found only with other capitals: ";
+    case TextureSpelling::PlainName:
+        return " is found only without its folder: ";
+    }
+    return "";
+}
+
+void checkTexture(const std::string& name, TextPlace place, TextureLoader& loader,
+                  FindingList& findings) {
+    const std::string texture = "Texture " + quoted(name);
+    const auto found = loader.locate(shownText(name));
+    if (!found) {
+        findings.add(FindingId::TextureMissing, place, texture + " is not there");
+        return;
+    }
+    if (found->spelling != TextureSpelling::AsNamed) {
+        findings.add(FindingId::TextureSpelling, place,
+                     texture + spelled(found->spelling) + quoted(modelText(found->file)));
+    }
+    const TextureOutcome outcome = loader.outcome(*found);
+    if (!outcome.refusal.empty()) {
+        findings.add(outcome.tooLarge ? FindingId::TextureTooLarge : FindingId::TextureNotDecoded,
+                     place, texture + " cannot be shown: " + outcome.refusal);
+    }
+}
+
+} // namespace
+
+void checkTextures(const ModelDocument& document, const ReadPlaces& places, TextureLoader& loader,
+                   FindingList& findings) {
+    std::unordered_set<std::string_view> told;
+    for (const MaterialRecord& material : document.Materials) {
+        if (material.HasTexture && told.insert(material.TextureFile).second) {
+            const auto place = places.textures.find(material.TextureFile);
+            checkTexture(material.TextureFile,
+                         place == places.textures.end() ? nowhere : place->second, loader,
+                         findings);
+        }
+    }
+}
+
+} // namespace korvane
