@@ -1,9 +1,11 @@
 #pragma once
 
-#include "formats/xsi/XsiReader.h"
+#include "formats/check/ModelCheck.h"
 #include "model/document/StructureTree.h"
 #include "support/WriteText.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <span>
@@ -13,14 +15,20 @@
 namespace korvane::fuzz {
 
 /// Reads a text under the given header, at once and through a small window, which must give the
-/// same model; shows it and saves it.
+/// same model; checks it, shows it and saves it.
 inline void readModel(std::string_view header, const std::uint8_t* data, std::size_t size) {
     std::string text(header);
     text.append(reinterpret_cast<const char*>(data), size);
 
-    ModelDocument document;
-    readXsi(TextScanner(text), document);
+    ModelCheck check = checkModel(text);
+    ModelDocument& document = check.document;
     const StructureTree tree(document);
+    const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+    for (const Finding& finding : check.findings) {
+        if (finding.line > lines || finding.text.empty()) {
+            std::abort();
+        }
+    }
 
     std::string_view left = text;
     const ByteSource source = [&left](std::span<char> space) {

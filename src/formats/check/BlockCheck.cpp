@@ -6,14 +6,13 @@ namespace korvane {
 
 void BlockCheck::takeLeftOut(const TextLine& line, bool closingLost) {
     const bool closed = line.text.find('}') != std::string_view::npos;
-    std::string_view word = firstWord(line.text);
-    if (word.empty() && !closed) {
-        const TextLine above = lineAbove(bytes_, line);
-        word = firstWord(above.text);
-        const std::string keyword = folded(word);
+    TextLine named = line;
+    if (firstWord(line.text).empty() && !closed) {
+        named = lineAbove(bytes_, line);
+        const std::string keyword = folded(firstWord(named.text));
         if (keyword == "frame" || keyword == "animation" || keyword == "animationset") {
             findings_.add(FindingId::BraceOnNextLine, line.place,
-                          "The brace stands in the line below " + quoted(trimmed(above.text)) +
+                          "The brace stands in the line below " + quoted(trimmed(named.text)) +
                               ", and all of the block is left out");
             return;
         }
@@ -24,7 +23,7 @@ void BlockCheck::takeLeftOut(const TextLine& line, bool closingLost) {
                           " leaves out what follows up to the next closing brace");
         return;
     }
-    leaveOut(word, line.place);
+    leaveOut(firstWord(named.text), named.place);
 }
 
 void BlockCheck::leaveOut(std::string_view name, TextPlace place) {

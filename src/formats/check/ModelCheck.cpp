@@ -24,8 +24,9 @@ QString refusalOf(const QString& header) {
     }
     const bool xsi = header.startsWith(QLatin1String("dotXSI"));
     const QString version = xsi ? QStringLiteral("0101") : QStringLiteral("0302");
-    const QString read = header.endsWith(QLatin1String(" text")) ? version
-                         : header.contains(QLatin1String(" text "))
+    const bool isText = !header.contains(QLatin1String("compressed"));
+    const QString read = isText && header.endsWith(QLatin1String(" text")) ? version
+                         : isText && header.contains(QLatin1String(" text "))
                              ? version + QLatin1String(xsi ? " text 0032" : " text 0032 or 0064")
                              : version + QLatin1String(" text");
     return QStringLiteral("%1: only %2 is read").arg(header, read);

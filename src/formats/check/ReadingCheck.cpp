@@ -92,7 +92,7 @@ void ReadingCheck::take(const ReadNote& note) {
         break;
     case NoteKind::Unclosed:
         unclosed_.meet(open_.empty() ? animation_ : current().frame,
-                       open_.empty() ? "" : frameName(open_.back()));
+                       open_.empty() ? "an animation" : "frame " + quoted(frameName(open_.back())));
         break;
     case NoteKind::EndedEarly:
         places_.endedEarly = true;
@@ -320,9 +320,7 @@ void ReadingCheck::tellRepeated() {
     const bool told = places_.endedEarly || findings_.has(FindingId::BraceOnNextLine) ||
                       findings_.has(FindingId::ClosedOnOneLine);
     if (!told) {
-        tell(FindingId::FileEnds, unclosed_,
-             unclosed_.name.empty() ? std::string("The file ends within a frame or an animation")
-                                    : "The file ends within frame " + quoted(unclosed_.name));
+        tell(FindingId::FileEnds, unclosed_, "The file ends within " + unclosed_.name);
     }
 }
 

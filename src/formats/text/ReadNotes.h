@@ -21,7 +21,7 @@ enum class NoteKind : std::uint8_t {
     MaterialEnd,   ///< `value` is its place in the material table
     MaterialName,  ///< a slot that only names a material, and is left out
     Texture,       ///< a texture block begins
-    Animation,
+    Animation,     ///< an animation begins, or a section of them
     AnimationName, ///< an animation names a frame; `value` is 0 if there is none of that name
     Keys,          ///< a list of keys begins; `value` is the frame that gets them, in pre-order
     LeftOut,       ///< a block that nothing is read of begins within what is read; `value` is 1 if

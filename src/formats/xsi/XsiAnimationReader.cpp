@@ -29,6 +29,7 @@ void XsiAnimationReader::forgetFrames() {
 }
 
 void XsiAnimationReader::readSection() {
+    lines_.note(NoteKind::Animation);
     while (lines_.next()) {
         if (lines_.holds("animation")) {
             readAnimation();

@@ -1,5 +1,6 @@
 #include "formats/textures/PicDecoder.h"
 #include "formats/textures/QtDecoder.h"
+#include "formats/textures/TextureDecoding.h"
 #include "formats/textures/TextureLoader.h"
 #include "formats/textures/TgaDecoder.h"
 #include "formats/xsi/MshOpener.h"
@@ -208,6 +209,62 @@ TEST_F(Textures, AreDecodedOnceAndShared) {
         EXPECT_EQ(loader.load(alias), other) << alias;
     }
     EXPECT_EQ(loader.load("c.tga"), blankTextureImage());
+}
+
+TEST_F(Textures, AreDecodedOnceForAllThatShareAStore) {
+    for (const std::size_t kept : {0U, 9U}) { // pixels
+        picture("a.tga", 1);
+        const auto store = std::make_shared<TextureStore>(kept);
+        {
+            TextureLoader first(folder(), 9, store);
+            TextureLoader second(folder(), 9, store);
+            EXPECT_EQ(second.load("A.tga"), first.load("a.tga"));
+            EXPECT_EQ(TextureLoader(folder(), 0, store).load("a.tga"), blankTextureImage());
+        }
+        write("a.tga", "gone");
+        TextureLoader later(folder(), 9, store);
+        const auto found = later.locate(QStringLiteral("a.tga"));
+        ASSERT_TRUE(found);
+        EXPECT_EQ(later.outcome(*found).pixels, 1U); // known whether kept or not
+        EXPECT_EQ(later.load("a.tga") == blankTextureImage(), kept == 0);
+    }
+}
+
+TEST_F(Textures, WhatWasTooLargeForOneIsDecodedForAnother) {
+    picture("a.tga", 1);
+    const auto store = std::make_shared<TextureStore>();
+    const auto outcome = [&](std::size_t mostPixels) {
+        TextureLoader loader(folder(), mostPixels, store);
+        return loader.outcome(*loader.locate(QStringLiteral("a.tga")));
+    };
+    EXPECT_TRUE(outcome(0).tooLarge);
+    EXPECT_EQ(outcome(1).refusal, "");
+    EXPECT_EQ(outcome(0).refusal, tooManyPixels);
+}
+
+TEST_F(Textures, RefusalsTellWhy) {
+    const std::string bytes(18, '\0');
+    const std::pair<const char*, const char*> rows[] = {
+        {"a.tga", "it is a TGA of type 0, and only type 2 is read (true colour, uncompressed)"},
+        {"a.pic", "it is no Softimage picture"},
+        {"a.bmp", "it is no bitmap"},
+        {"a.ico", "it is no icon, or a damaged one"},
+        {"a.PNG", ".png files are not read"},
+        {"a", "its name has no extension"},
+    };
+    for (const auto& [name, reason] : rows) {
+        EXPECT_EQ(decodeTextureFile(write(name, bytes)).refusal, reason);
+    }
+    EXPECT_EQ(decodeTextureFile(path("gone.tga")).refusal, "the file cannot be read");
+    const Bytes pixel = {1, 2, 3};
+    const auto refusal = [](const Bytes& tga) {
+        return decodeTexture(tga, QStringLiteral(".Tga")).refusal;
+    };
+    EXPECT_EQ(refusal(tga(1, 1, pixel)), "");
+    EXPECT_EQ(refusal(tga(1, 1, pixel, {.depth = 8})),
+              "it is a TGA of 8 bits a pixel, and only 16, 24 and 32 are read");
+    EXPECT_EQ(refusal(tga(1, 2, pixel)), "it is cut short");
+    EXPECT_EQ(refusal(tga(0, 1, pixel)), "it has no pixels");
 }
 
 TEST_F(Textures, BitmapsAndIconsGoByTheirExtensionAlone) {

@@ -1,0 +1,332 @@
+#include "formats/check/ModelCheck.h"
+
+#include "model/records/FrameWalk.h"
+#include "support/RandomModel.h"
+#include "support/TestFiles.h"
+#include "support/TextModel.h"
+
+#include <algorithm>
+#include <chrono>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+/// The findings, one a line: "LINE ID: text".
+std::string told(const std::vector<Finding>& findings) {
+    std::string text;
+    for (const Finding& finding : findings) {
+        text += std::to_string(finding.line) + ' ' + std::string(findingRow(finding.id).name) +
+                ": " + finding.text + '\n';
+    }
+    return text;
+}
+
+/// What is told of the text of a dotXSI file, of which the header is line 1.
+std::string checked(std::string_view body, bool hazards = true) {
+    const std::string text = std::string(test::xsiHeader) + std::string(body);
+    ModelCheck check = checkModel(text, {.hazards = hazards});
+    EXPECT_EQ(check.status, ReadStatus::Done);
+    return told(check.findings);
+}
+
+struct Row {
+    std::string body;
+    const char* expected;
+};
+
+TEST(ModelCheck, TellsWhatReadingLeavesOut) {
+    const std::string mesh = "frame a {\nmesh a {\n1;\n0;0;0;;\n0;\n";
+    const std::string keys = "animationset {\n animation m {\n  {frm-a}\n  SI_AnimationKey {\n"
+                             "   0;\n   1;\n   0; 1; 1;;;\n  }\n }\n}\n";
+    const Row rows[] = {
+        {"frame a {\n}\n", ""},
+        {"", ""},
+        {"frame a {\n mesh a {\n  2;\n  1;2;x;;\n",
+         "5 ended-early: Reading ends here: \"x\" is no number, and the rest of the file is left "
+         "out\n"},
+        {"frame a {\n mesh a {\n  2;\n  1;2;\n\n",
+         "5 ended-early: The file ends where a number is expected\n"},
+        {"frame a {\n mesh a {\n  1;\n  1;-1.#IND00;2;;\n",
+         "5 not-finite: Reading ends here: \"IND00\" is not finite, and the rest of the file is "
+         "left out\n"},
+        {"frame a {\n mesh a {\n  1;\n  1;2;-nan;\n",
+         "5 not-finite: Reading ends here: \"-nan\" is not finite, and the rest of the file is "
+         "left out\n"},
+        {"frame a {\n mesh a {\n  1;\n  1;2;1e39;\n",
+         "5 not-finite: Reading ends here: \"1e39\" is too large, and the rest of the file is left "
+         "out\n"},
+        {"frame a {\n mesh a\n {\n",
+         "4 brace-on-next-line: Reading ends here: the brace stands in the line below its "
+         "keyword, and the rest of the file is left out\n"},
+        {"frame a {\n frame b\n {\n  x {\n  }\n }\n}\n",
+         "4 brace-on-next-line: The brace stands in the line below \"frame b\", and all of the "
+         "block is left out\n"},
+        {"frame a {\n}\nanimationset x\n\n{\n  animation a {\n  }\n}\n",
+         "6 brace-on-next-line: The brace stands in the line below \"animationset x\", and all of "
+         "the block is left out\n"},
+        {"frame a {\n frame b {\n }\n", "2 file-ends: The file ends within frame \"a\"\n"},
+        {"frame a {\n}\nanimationset {\n", "4 file-ends: The file ends within an animation\n"},
+        {"frame a {\n frame b { }\n}\n",
+         "3 closed-on-one-line: Frame \"b\" is closed in the line that opens it, but goes on to "
+         "the next closing brace\n"},
+        {"frame a {\n {ref}\n x {\n }\n}\n",
+         "3 closed-on-one-line: \"{ref}\" leaves out what follows up to the next closing brace\n"},
+        {"mesh {\n 1;\n normals {\n }\n}\nframe a {\n}\n",
+         "2 mesh-outside-frame: A mesh stands outside of all frames, and is left out\n"},
+        {"template mesh {\n x;\n}\ntemplate mesh\n{\n}\nheader {\n}\nframe a {\n}\n", ""},
+        {"frame a {\n}\nframe b {\n}\nframe c {\n}\n",
+         "4 second-root: Only the last of 3 outermost frames is kept, \"c\"\n"},
+        {"Matrix4x4 frameMatrix;\n}\nframe c {\n}\n",
+         "2 block-as-frame: \"Matrix4x4\" is read as a frame, \"atrix;\"\n"},
+        {"frame a {\n SI_FrameBasePoseMatrix {\n 1;\n }\n}\n",
+         "3 base-pose-as-frame: \"SI_FrameBasePoseMatrix\" is read as a frame, "
+         "\"aseposematrix\"\n"},
+        {"frame a {\n // a frame x {\n }\n // frame y {\n }\n}\n",
+         "3 block-as-frame: \"//\" (and 1 more) is read as a frame, \"x\"\n"},
+        {"frame a {\n SkinWeights {\n }\n x\n {\n }\n skinweights {\n }\n}\nSI_Camera c {\n "
+         "1;\n}\n",
+         "3 block-left-out: Block \"SkinWeights\" (and 1 more) is left out\n"
+         "5 block-left-out: Block \"x\" is left out\n"
+         "11 block-left-out: Block \"SI_Camera\" is left out\n"},
+        {"Frame frm-Body__e2 {\n Frame B {\n }\n mesh b {\n0;\n0;\n}\n}\n",
+         "2 name-case: Frame \"Body\" (and 1 more) loses its capitals\n"},
+        {"frame a {\n frame left hand {\n }\n frame b__L1 {\n }\n}\n",
+         "3 name-cut: The name of frame \"left\" is cut: \"hand\" is left out\n"
+         "5 name-cut: The name of frame \"b\" is cut: \"__l1\" is left out\n"},
+        {mesh + "}\nmesh b {\n0;\n0;\n}\n}\n",
+         "8 second-mesh: A further mesh in frame \"a\": its faces lead to the vertices of the "
+         "first\n"},
+        {mesh + "MeshMaterialList {\n2;\n0;\n{Red}\n{ blue }\n}\n}\n}\n",
+         "10 material-by-name: Material \"Red\" (and 1 more) is only named here, and adds no "
+         "slot\n"},
+        {mesh + "MeshMaterialList {\n1;\n0;\nMaterial {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n"
+                "TextureFilename {\n\"maps/a.tga\";\n}\n}\n}\n}\n}\n",
+         "15 texture-folder: Of texture \"maps/a.tga\" only \"a.tga\" is kept\n"},
+        {mesh + "MeshMaterialList {\n1;\n0;\nMaterial {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n"
+                "TextureFilename { \"a.tga\"; }\n}\n}\n}\n}\n",
+         "15 closed-on-one-line: \"TextureFilename { \"a.tga\"; }\" is not read: the name is "
+         "looked "
+         "for in the lines below\n"
+         "16 ended-early: Reading ends here: no quotation mark follows\n"},
+        {mesh + "MeshMaterialList {\n1;\n0;\nSI_Material {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n2;\n"
+                "0;0;0;;\nSI_Texture2D {\n\"a.tga\";\n4;\n256;256;\n}\n}\n}\n}\n}\n",
+         "17 texture-parameters: Of texture \"a.tga\" only the name is read\n"},
+        {mesh + "}\n}\n" + keys, ""},
+        {mesh + "}\n}\nanimationset {\n animation m {\n  {frm-b}\n  AnimationKey {\n 0;\n 0;\n }\n"
+                " }\n}\n",
+         "11 unknown-frame: No frame is named \"b\": the keys go to \"a\"\n"},
+        {mesh + "}\n}\nanimationset {\n animation m {\n  AnimationKey {\n 0;\n 0;\n }\n  "
+                "AnimationKey {\n 0;\n 0;\n }\n }\n}\n",
+         "10 unknown-frame: An animation names no frame as {frm-NAME}: the keys go to \"a\"\n"
+         "15 keys-joined: A further list of keys for frame \"a\" is joined to the first, and its "
+         "type holds for both\n"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(checked(row.body), row.expected) << row.body;
+    }
+}
+
+TEST(ModelCheck, TellsWhatASaveDrops) {
+    const std::string keys = "AnimationKey {\n 0;\n 2;\n 0;1;1;;;\n 1;1;1;;;\n }\n }\n}\n";
+    const Row rows[] = {
+        {"frame a {\n}\nanimationset {\n animation m {\n  {frm-a}\n" + keys,
+         "7 keys-not-saved: Frame \"a\" has no mesh: a saved file lacks its 2 keys\n"},
+        {"frame a__e {\n}\n", "2 flags-not-saved: Frame \"a\" has no mesh: a saved file lacks its "
+                              "flags\n"},
+        {"frame a {\n frame frameb {\n mesh {\n1;\n0;0;0;;\n0;\n}\n }\n}\n",
+         "3 name-not-saved: Frame \"frameb\" does not come back from a saved file: its name holds "
+         "\"frame\" and the frame has a mesh (lost: mesh)\n"},
+        {"frame a {\n frame\n }\n}\n",
+         "3 name-not-saved: Frame \"\" does not come back from a saved file: its name is empty "
+         "(lost: name)\n"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(checked(row.body, false), row.expected) << row.body;
+    }
+}
+
+TEST(ModelCheck, TellsWhatMayNotLookAsMeant) {
+    const std::string head = "frame a {\nmesh a {\n4;\n0;0;0;,\n1;0;0;,\n0;1;0;,\n2;0;0;;\n";
+    const std::string face = "1;\n3;0,1,2;;\n";
+    const std::string normals = "SI_MeshNormals {\n1;\n0;0;1;;\n1;\n0;3;0,0,0;;\n}\n";
+    const std::string material = "Material {\n1;1;1;0;;\n1;\n1;1;1;;\n1;1;1;;\n}\n}\n";
+    const Row rows[] = {
+        {head + face + normals, ""},
+        {head + face, "3 no-normals: The mesh of frame \"a\" has no normals\n"},
+        {head + "3;\n3;0,1,2;,\n3;0,9,2;,\n3;0,1,-1;;\n",
+         "3 index-out-of-range: Face 1 of frame \"a\" leads to vertex 9 of 4 (and 1 more index "
+         "out of range)\n3 no-normals: The mesh of frame \"a\" has no normals\n"},
+        {head + "4;\n3;0,1,3;,\n2;0,1;,\n3;0,0,1;,\n1;0;;\n",
+         "3 no-normals: The mesh of frame \"a\" has no normals\n"
+         "3 few-corners: Face 1 (and 1 more) of frame \"a\" has fewer than three corners\n"
+         "3 no-area: Face 0 (and 1 more) of frame \"a\" has no area\n"},
+        {head + face + "SI_MeshNormals {\n1;\n0;0;1;;\n2;\n0;3;0,1,0;,\n1;3;0,0,0;;\n}\n",
+         "11 index-out-of-range: Face 0 of frame \"a\" leads to normal 1 of 1\n"
+         "11 lists-differ: The normals of frame \"a\" are told for 2 faces, not for 1\n"},
+        {head + face + normals +
+             "MeshTextureCoords {\n1;\n0;0;;\n}\nSI_MeshVertexColors {\n1;\n"
+             "1;1;1;1;;\n1;\n0;3;0,0,4;;\n}\n",
+         "17 index-out-of-range: Face 0 of frame \"a\" leads to texture coordinate 1 of 1 (and 1 "
+         "more index out of range)\n"
+         "21 index-out-of-range: Face 0 of frame \"a\" leads to vertex colour 4 of 1\n"},
+        {head + face + normals + "MeshMaterialList {\n1;\n3;\n0,\n1,\n-1;\n" + material,
+         "17 index-out-of-range: Face 1 (and 1 more) of frame \"a\" leads to material 1 of 1\n"
+         "23 opacity-zero: A material has opacity 0\n"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(checked(row.body + "}\n}\n"), row.expected) << row.body;
+        EXPECT_EQ(checked(row.body + "}\n}\n", false), "") << row.body;
+    }
+}
+
+TEST(ModelCheck, TellsOtherHeadersByName) {
+    const std::pair<std::string, const char*> rows[] = {
+        {"xof 0303txt 0032", "DirectX 0303 text: only 0302 is read"},
+        {"XOF 0303TXT 0032", "DirectX 0303 text: only 0302 is read"},
+        {"xof 0302bin 0064", "DirectX 0302 binary: only 0302 text is read"},
+        {"xof 0303bzip0032", "DirectX 0303 compressed binary: only 0302 text is read"},
+        {"xof 0302tzip0032", "DirectX 0302 compressed text: only 0302 text is read"},
+        {"xsi 0300txt 0032", "dotXSI 0300 text: only 0101 is read"},
+        {"xsi 0101txt 0064", "dotXSI 0101 text 0064: only 0101 text 0032 is read"},
+        {"xof 0302txt 0128", "DirectX 0302 text 0128: only 0302 text 0032 or 0064 is read"},
+        {"xof 0302odd 0032", ""},
+        {"xof 03x2txt 0032", ""},
+        {"solid cube of 16", ""},
+        {"xof 0303txt", ""},
+        {"", ""},
+    };
+    for (const auto& [bytes, refusal] : rows) {
+        const ModelCheck check = checkModel(bytes);
+        EXPECT_EQ(check.status, ReadStatus::NotValid) << bytes;
+        EXPECT_EQ(check.refusal, QLatin1String(refusal)) << bytes;
+        EXPECT_TRUE(check.findings.empty());
+    }
+}
+
+TEST(ModelCheck, WhereNothingIsLostSavingGivesTheSameFile) {
+    int whole = 0;
+    for (std::uint32_t seed = 1; seed <= 60; ++seed) {
+        const std::string saved = test::writeText(test::RandomModel(seed).make());
+        const ModelCheck check = checkModel(saved, {.hazards = false});
+        if (std::none_of(check.findings.begin(), check.findings.end(), isLoss)) {
+            ++whole;
+            EXPECT_EQ(test::writeText(check.document), saved) << "seed " << seed;
+        }
+    }
+    EXPECT_GT(whole, 10);
+}
+
+TEST(ModelCheck, LongAndDeepFilesTakeLinearTime) {
+    const auto repeated = [](const std::string& text, std::size_t count) {
+        std::string all;
+        for (std::size_t i = 0; i < count; ++i) {
+            all += text;
+        }
+        return all;
+    };
+    const std::string last(4000000, ' ');
+    for (const std::string& body :
+         {repeated("frame b {\n", 200000), repeated("frame {\n}\n", 200000),
+          "frame a {\n" + repeated("{x}\n}\n", 200000), repeated("x {\n", 200000),
+          repeated("{\n", 200000), "frame a {\n" + repeated("\n\n\n\n{\n", 100000),
+          "frame a {\n" + repeated("frame b {\n", 1000) + last + 'x',
+          "frame a {\n" + repeated("frame b__e {\n}\nx y {\n}\n", 100000),
+          "frame a {\nmesh {\n0;\n0;\nmeshmateriallist {\n100000;\n0;\n" +
+              repeated("material {\n1;1;1;0;;\n1;\n1;1;1;;\n1;1;1;;\nsi_texture2d {\n\"/a\";\n1;\n"
+                       "}\n}\n{b}\n",
+                       50000),
+          "frame a {\n}\nanimationset {\n" +
+              repeated("animation {\n{frm-x}\nanimationkey {\n0;\n0;\n}\n}\n", 100000)}) {
+        const auto start = std::chrono::steady_clock::now();
+        const ModelCheck check = checkModel(std::string(test::xsiHeader) + body);
+        const auto time = std::chrono::steady_clock::now() - start;
+        EXPECT_LT(time, std::chrono::seconds(20)) << body.substr(0, 60);
+        EXPECT_LT(check.findings.size(), 100U);
+        EXPECT_TRUE(std::is_sorted(check.findings.begin(), check.findings.end(),
+                                   [](const Finding& a, const Finding& b) {
+                                       return a.line - 1 < b.line - 1; // 0, no line, comes last
+                                   }))
+            << told(check.findings);
+    }
+}
+
+TEST(ModelCheck, ManyOfAKindAreCounted) {
+    std::string body = "frame a {\n";
+    for (int i = 0; i < 40; ++i) {
+        body += "frame b__e {\n}\n";
+    }
+    const std::string text = checked(body + "}\n");
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 11);
+    EXPECT_NE(text.find("23 flags-not-saved: 30 more of the same\n"), std::string::npos) << text;
+    const std::string name(100, 'x');
+    EXPECT_NE(checked("frame " + name + " y {\n}\n").find('"' + name.substr(20) + "...\""),
+              std::string::npos);
+}
+
+TEST(Findings, HaveNamesAndExplanations) {
+    std::set<std::string_view> names;
+    for (const FindingRow& row : findingRows()) {
+        EXPECT_TRUE(names.insert(row.name).second) << row.name;
+        EXPECT_EQ(findingRow(row.name), &row);
+        EXPECT_TRUE(row.explanation.ends_with('.')) << row.name;
+        std::string_view rest = row.explanation;
+        while (!rest.empty()) {
+            const std::size_t end = std::min(rest.find('\n'), rest.size());
+            EXPECT_LE(end, 90U) << row.name;
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
+    }
+    EXPECT_EQ(findingRow("no-such-finding"), nullptr);
+}
+
+class TextureFindings : public test::TestFiles {
+  protected:
+    /// What is told of the textures of a model that names them all.
+    std::string checkedTextures(const std::vector<std::string>& names, TextureLoader& loader) {
+        std::string text = std::string(test::xsiHeader) +
+                           "frame a {\nmesh a {\n0;\n0;\nMeshMaterialList {\n" +
+                           std::to_string(names.size()) + ";\n0;\n";
+        for (const std::string& name : names) {
+            text += "Material {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\nTextureFilename {\n\"" + name +
+                    "\";\n}\n}\n";
+        }
+        return told(
+            checkModel(text + "}\n}\n}\n", {.hazards = false, .textures = &loader}).findings);
+    }
+};
+
+TEST_F(TextureFindings, TellWhyATextureIsNotSeen) {
+    using namespace std::string_literals;
+    const std::string header = "\0\0\2\0\0\0\0\0\0\0\0\0\4\0\4\0\x18\0"s; // 4 x 4 pixels
+    write("good.tga", header + std::string(48, 'x'));
+    write("Sub/Deep.TGA", header + std::string(48, 'x'));
+    write("cut.tga", header);
+    write("photo.jpg", "x");
+    TextureLoader loader(folder(), 30);
+    EXPECT_EQ(checkedTextures({"good.tga", "gone.tga", "GOOD.tga", "c:\\x\\good.tga",
+                               "Sub\\Deep.TGA", "cut.tga", "photo.jpg"},
+                              loader),
+              "23 texture-missing: Texture \"gone.tga\" is not there\n"
+              "32 texture-spelling: Texture \"GOOD.tga\" is found only with other capitals: \"" +
+                  path("good.tga").toStdString() +
+                  "\"\n"
+                  "41 texture-spelling: Texture \"c:\\x\\good.tga\" is found only without its "
+                  "folder: \"" +
+                  path("good.tga").toStdString() +
+                  "\"\n"
+                  "50 texture-spelling: Texture \"Sub\\Deep.TGA\" is found only with backslashes "
+                  "taken as separators: \"" +
+                  path("Sub/Deep.TGA").toStdString() +
+                  "\"\n"
+                  "50 texture-too-large: Texture \"Sub\\Deep.TGA\" cannot be shown: it has too "
+                  "many pixels\n"
+                  "59 texture-not-decoded: Texture \"cut.tga\" cannot be shown: it is cut short\n"
+                  "68 texture-not-decoded: Texture \"photo.jpg\" cannot be shown: .jpg files are "
+                  "not read\n");
+}
+
+} // namespace
+} // namespace korvane
