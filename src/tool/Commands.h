@@ -18,12 +18,13 @@ struct Command {
 };
 
 extern const Command infoCommand;
+extern const Command checkCommand;
 extern const Command convertCommand;
 extern const Command renderCommand;
 extern const Command textureCommand;
 
 /// All of them, in the order of the help.
-inline constexpr std::array commands = {&infoCommand, &convertCommand, &renderCommand,
-                                        &textureCommand};
+inline constexpr std::array commands = {&infoCommand, &checkCommand, &convertCommand,
+                                        &renderCommand, &textureCommand};
 
 } // namespace korvane::tool

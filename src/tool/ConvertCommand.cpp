@@ -1,18 +1,16 @@
 #include "formats/files/FileNames.h"
-#include "formats/xsi/FrameNames.h"
 #include "formats/xsi/XsiWriter.h"
-#include "model/records/FrameWalk.h"
-#include "model/records/ModelText.h"
 #include "tool/Commands.h"
 #include "tool/FileName.h"
 #include "tool/InputFile.h"
 #include "tool/ModelInput.h"
+#include "tool/ModelWarnings.h"
 #include "tool/OutputFile.h"
 #include "tool/Timing.h"
 
+#include <cstdio>
 #include <limits>
 #include <optional>
-#include <set>
 #include <utility>
 #include <vector>
 
@@ -25,7 +23,6 @@ namespace korvane::tool {
 namespace {
 
 struct ConvertRequest {
-    QString base;
     bool strict = false;
     std::optional<int> repeat;
 };
@@ -40,45 +37,34 @@ void keepFreedMemory() {
 #endif
 }
 
-/// What a reading of the saved file would not give back, one sentence each.
-QStringList lossesOf(const ModelDocument& document) {
-    QStringList losses;
-    std::set<QString> told;
-    for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
-        const FrameRecord& frame = walk.frame();
-        const QString reason = lostNameReason(frame.Name, nameUse(frame, walk.depth() == 0));
-        const QString loss = QStringLiteral("The name \"%1\" will not come back: it %2")
-                                 .arg(shownText(frame.Name), reason);
-        if (!reason.isEmpty() && told.insert(loss).second) {
-            losses += loss;
-        }
-    }
-    return losses;
-}
-
 /// Tells what is lost on the way; with "--strict" nothing may be.
-void tellLosses(const ModelDocument& document, const ConvertRequest& request, const Job& job) {
-    const QStringList losses = lossesOf(document);
-    for (const QString& loss : losses) {
-        complain(inputLabel(job.in), QStringLiteral("warning: ") + loss);
+void tellLosses(const ModelCheck& check, const ConvertRequest& request, const Job& job) {
+    for (const Finding& finding : check.findings) {
+        std::fputs(warningLine(job.in, finding).c_str(), stderr);
     }
-    if (request.strict && !losses.isEmpty()) {
+    if (request.strict && !check.findings.empty()) {
         throw Refusal(job.out, QStringLiteral("Not written, as something would be lost"));
     }
 }
 
-/// Open, and then Save As: the reader and the writer are those of the editor.
-void convertOnce(const ConvertRequest& request, const Job& job, bool first, double& load,
-                 double& save) {
-    const Clock::time_point start = Clock::now();
-    const ModelInput model(job.in, request.base);
-    load = millisecondsSince(start);
-    if (first) {
-        tellLosses(model.document, request, job);
+void save(const ModelDocument& document, const QString& out) {
+    writeOutput(out, [&document](const TextSink& sink) { return writeXsi(document, sink); });
+}
+
+/// Open and then Save As, as the editor does them, over and over.
+void convertRepeatedly(const Job& job, int rounds) {
+    std::vector<double> loads;
+    std::vector<double> saves;
+    for (int round = 0; round < rounds; ++round) {
+        const Clock::time_point start = Clock::now();
+        const ModelInput model(job.in, {});
+        loads.push_back(millisecondsSince(start));
+        const Clock::time_point loaded = Clock::now();
+        save(model.document, job.out);
+        saves.push_back(millisecondsSince(loaded));
     }
-    const Clock::time_point loaded = Clock::now();
-    writeOutput(job.out, [&model](const TextSink& sink) { return writeXsi(model.document, sink); });
-    save = millisecondsSince(loaded);
+    printMedian("load", std::move(loads));
+    printMedian("save", std::move(saves));
 }
 
 void convertFile(const ConvertRequest& request, const InputFiles& inputs, const Job& job) {
@@ -87,15 +73,13 @@ void convertFile(const ConvertRequest& request, const InputFiles& inputs, const 
     } else {
         inputs.keepFrom(job.out);
     }
-    const int rounds = request.repeat.value_or(1);
-    std::vector<double> loads;
-    std::vector<double> saves;
-    for (int round = 0; round < rounds; ++round) {
-        convertOnce(request, job, round == 0, loads.emplace_back(), saves.emplace_back());
-    }
+    ModelCheck check = checkInput(job.in, {.hazards = false});
+    std::erase_if(check.findings, [](const Finding& finding) { return !isLoss(finding); });
+    tellLosses(check, request, job);
     if (request.repeat) {
-        printMedian("load", std::move(loads));
-        printMedian("save", std::move(saves));
+        convertRepeatedly(job, *request.repeat);
+    } else {
+        save(check.document, job.out);
     }
 }
 
@@ -113,8 +97,7 @@ ExitStatus convert(const CommandLine& line) {
     if (!isStandardStream(out) && modelFileKind(out) != ModelFileKind::Xsi) {
         throw WrongCall(QStringLiteral("the name of the output must end in .xsi"));
     }
-    const ConvertRequest request = {line.value("base"), line.isSet("strict"),
-                                    repeatCount(line, jobs.front())};
+    const ConvertRequest request = {line.isSet("strict"), repeatCount(line, jobs.front())};
     if (request.repeat.value_or(1) > 1) {
         keepFreedMemory();
     }

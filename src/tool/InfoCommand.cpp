@@ -5,17 +5,20 @@
 #include "tool/InputFile.h"
 #include "tool/Json.h"
 
+#include <memory>
+
 namespace korvane::tool {
 
 namespace {
 
 /// Every file is told as soon as it is read; one that is refused as well, with its reason.
-ExitStatus printDocument(const QStringList& files, const QString& base) {
+ExitStatus printDocument(const QStringList& files, const QString& base,
+                         const std::shared_ptr<TextureStore>& store) {
     JsonFiles json(infoVersion);
     const ExitStatus status = forEachInput(files, false, [&](qsizetype i) {
         QJsonObject object;
         try {
-            ModelInput model(files[i], base);
+            ModelInput model(files[i], base, store);
             object = modelJson(model.document, ModelFacts(model));
             addFileName(object, QStringLiteral("file"), files[i]);
         } catch (const Refusal& refusal) {
@@ -42,11 +45,12 @@ ExitStatus info(const CommandLine& line) {
     }
     checkModelInputs(line, files);
     const QString base = line.value("base");
+    const auto store = std::make_shared<TextureStore>();
     if (line.isSet("json")) {
-        return printDocument(files, base);
+        return printDocument(files, base, store);
     }
     return forEachInput(files, false, [&](qsizetype i) {
-        ModelInput model(files[i], base);
+        ModelInput model(files[i], base, store);
         printModel(inputLabel(files[i]), model);
     });
 }

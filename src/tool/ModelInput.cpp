@@ -8,6 +8,7 @@
 #include <QFile>
 
 #include <stdexcept>
+#include <utility>
 
 namespace korvane::tool {
 
@@ -15,9 +16,8 @@ namespace {
 
 constexpr char notAModel[] = "Not a model file (.xsi or .x)";
 
-QString refusalOf(ReadStatus status, const QString& file) {
-    return status == ReadStatus::Missing ? QStringLiteral("No such file")
-                                         : failureCaption(status, file);
+ReadStatus statusOf(InputState state) {
+    return state == InputState::Missing ? ReadStatus::Missing : ReadStatus::CannotOpen;
 }
 
 /// What a text from standard input would be called as a file; empty where its first letters are
@@ -47,25 +47,53 @@ void checkModelInputs(const CommandLine& line, const QStringList& inputs) {
     }
 }
 
-ModelInput::ModelInput(const QString& file, const QString& base)
-    : folder_(isStandardStream(file) ? base : parentFolder(file)), textures_(folder_.path()) {
-    const auto load = [this](const std::string& name) { return textures_.load(name); };
-    ReadStatus status = ReadStatus::CannotOpen;
-    QString name = file;
+ModelText::ModelText(const QString& file) : name(file) {
     if (isStandardStream(file)) {
-        const std::string text = readStandardInput();
-        name = nameByHeader(text);
-        status = name.isEmpty() ? ReadStatus::NotValid : readXsi(TextScanner(text), document, load);
-    } else if (isTextModel(modelFileKind(file))) {
-        status = readFile(file);
-    } else {
+        bytes = readStandardInput();
+        name = nameByHeader(bytes);
+    } else if (!isTextModel(modelFileKind(file))) {
         name.clear();
     }
     if (name.isEmpty()) {
         throw Refusal(inputLabel(file), QString::fromLatin1(notAModel));
     }
+    if (!isStandardStream(file)) {
+        QFile input;
+        if (const InputState state = openInput(input, file); state != InputState::Opened) {
+            refuseModel(statusOf(state), file, name);
+        }
+        bytes = input.readAll().toStdString();
+        if (input.error() != QFileDevice::NoError) {
+            refuseModel(ReadStatus::CannotOpen, file, name);
+        }
+    }
+}
+
+void refuseModel(ReadStatus status, const QString& file, const QString& name) {
+    throw Refusal(inputLabel(file), status == ReadStatus::Missing ? QStringLiteral("No such file")
+                                                                  : failureCaption(status, name));
+}
+
+QString textureFolder(const QString& file, const QString& base) {
+    return isStandardStream(file) ? base : parentFolder(file);
+}
+
+ModelInput::ModelInput(const QString& file, const QString& base,
+                       std::shared_ptr<TextureStore> store)
+    : folder_(textureFolder(file, base)),
+      textures_(folder_.path(), mostPicturePixels, std::move(store)) {
+    ReadStatus status = ReadStatus::CannotOpen;
+    QString name = file;
+    if (!isStandardStream(file) && isTextModel(modelFileKind(file))) {
+        status = readFile(file);
+    } else {
+        const ModelText text(file);
+        name = text.name;
+        status = readXsi(TextScanner(text.bytes), document,
+                         [this](const std::string& texture) { return textures_.load(texture); });
+    }
     if (status != ReadStatus::Done) {
-        throw Refusal(inputLabel(file), refusalOf(status, name));
+        refuseModel(status, file, name);
     }
     document.FileName = file;
     document.markSelection(FramePath());
@@ -74,7 +102,7 @@ ModelInput::ModelInput(const QString& file, const QString& base)
 ReadStatus ModelInput::readFile(const QString& name) {
     QFile file;
     if (const InputState state = openInput(file, name); state != InputState::Opened) {
-        return state == InputState::Missing ? ReadStatus::Missing : ReadStatus::CannotOpen;
+        return statusOf(state);
     }
     const ByteSource source = [&file](std::span<char> space) {
         const qint64 got = file.read(space.data(), static_cast<qint64>(space.size()));

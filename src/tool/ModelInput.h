@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -19,13 +20,28 @@ void addBaseOption(CommandLine& line);
 /// is for that alone.
 void checkModelInputs(const CommandLine& line, const QStringList& inputs);
 
+/// All of a model's text, from a file or from standard input.
+struct ModelText {
+    explicit ModelText(const QString& file);
+
+    std::string bytes;
+    QString name; ///< what tells the kind: that of the file, or "-.xsi" or "-.x" by the header
+};
+
+/// Refuses a model that could not be read.
+[[noreturn]] void refuseModel(ReadStatus status, const QString& file, const QString& name);
+
+/// The folder where the textures of a model are looked for, by its file and the value of "--base".
+QString textureFolder(const QString& file, const QString& base);
+
 /// A model read as the editor's Open does. A file counts by its extension, what comes from standard
 /// input by its header.
 class ModelInput {
   public:
     /// Reads a file, or standard input with its textures in the folder `base` ("" is the current
-    /// one). Throws Refusal.
-    explicit ModelInput(const QString& file, const QString& base = {});
+    /// one). Inputs of one call share a store of textures. Throws Refusal.
+    ModelInput(const QString& file, const QString& base,
+               std::shared_ptr<TextureStore> store = nullptr);
 
     ModelDocument document;
 

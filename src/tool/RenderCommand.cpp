@@ -10,6 +10,7 @@
 #include "tool/Timing.h"
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace korvane::tool {
@@ -106,8 +107,9 @@ void placeCamera(RenderRequest& request, ModelDocument& document) {
 }
 
 /// Each model gets its own copy of the request, in which the camera is placed.
-void renderModel(RenderRequest request, const Job& job) {
-    ModelInput model(job.in, request.base);
+void renderModel(RenderRequest request, const Job& job,
+                 const std::shared_ptr<TextureStore>& store) {
+    ModelInput model(job.in, request.base, store);
     placeCamera(request, model.document);
     if (request.plane) {
         renderPlane(request, job, model.document);
@@ -135,9 +137,11 @@ ExitStatus render(const CommandLine& line) {
     request.base = line.value("base");
     request.repeat = repeatCount(line, jobs.front());
     const InputFiles inputs(inputsOf(jobs));
+    constexpr std::size_t keptPixels = std::size_t{64} << 20U;
+    const auto store = std::make_shared<TextureStore>(keptPixels);
     return doJobs(jobs, [&](const Job& job) {
         inputs.keepFrom(job.out);
-        renderModel(request, job);
+        renderModel(request, job, store);
     });
 }
 

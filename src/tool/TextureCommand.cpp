@@ -1,16 +1,17 @@
 #include "formats/files/ByteReader.h"
 #include "formats/files/FileNames.h"
-#include "formats/textures/PicDecoder.h"
-#include "formats/textures/QtDecoder.h"
+#include "formats/textures/TextureDecoding.h"
 #include "formats/textures/TextureLoader.h"
 #include "formats/textures/TexturePicture.h"
-#include "formats/textures/TgaDecoder.h"
+#include "model/records/ModelText.h"
 #include "tool/Commands.h"
 #include "tool/FileName.h"
 #include "tool/InputFile.h"
 #include "tool/PictureOutput.h"
 
 #include <QFile>
+
+#include <utility>
 
 namespace korvane::tool {
 
@@ -19,22 +20,12 @@ namespace {
 /// Decodes bytes by the extension of their kind. Throws Refusal for `file` where that cannot be
 /// done: the white pixel that stands for them in a view is no picture.
 TextureImage decoded(const QByteArray& bytes, const QString& extension, const QString& file) {
-    TextureImage image;
-    if (extension == QLatin1String(".TGA")) {
-        image = decodeTga(bytesOf(bytes));
-    } else if (extension == QLatin1String(".PIC")) {
-        image = decodePic(bytesOf(bytes));
-    } else if (extension == QLatin1String(".BMP")) {
-        image = decodeWithQt(bytesOf(bytes), "BMP");
-    } else if (extension == QLatin1String(".ICO")) {
-        image = decodeWithQt(bytesOf(bytes), "ICO");
-    } else {
-        throw Refusal(inputLabel(file), QStringLiteral("Not a texture (.pic, .tga, .bmp or .ico)"));
+    DecodedTexture texture = decodeTexture(bytesOf(bytes), extension);
+    if (!texture.refusal.empty()) {
+        throw Refusal(inputLabel(file),
+                      QStringLiteral("Cannot be decoded: ") + shownText(texture.refusal));
     }
-    if (image == *blankTextureImage()) {
-        throw Refusal(inputLabel(file), QStringLiteral("Cannot be decoded"));
-    }
-    return image;
+    return std::move(texture.image);
 }
 
 /// The file that a name leads to, as the textures of models are found; the name itself if there is

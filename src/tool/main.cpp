@@ -24,7 +24,7 @@ QStringList wordsOf(int argc, char** argv) {
 }
 
 std::string aboutProgram() {
-    std::string text = "Reads, saves and draws models as the editor does, without a window."
+    std::string text = "Reads, checks, saves and draws models as the editor does, without a window."
                        "\n\nCommands:\n";
     for (const Command* command : commands) {
         text += std::string("  ") + command->name;

@@ -30,8 +30,8 @@ TEST_F(ToolCalls, SayInOneLineWhyTheyAreRefused) {
         {"render good.x o.png --api opengl", "good.x: no OpenGL here\n"},
         {"render bad.x - --format png", "bad.x: Not a valid .X file\n"},
         {"texture none.tga o.png", "none.tga: No such file\n"},
-        {"texture broken.bmp o.png", "broken.bmp: Cannot be decoded\n"},
-        {"texture bad.x o.png", "bad.x: Not a texture (.pic, .tga, .bmp or .ico)\n"}};
+        {"texture broken.bmp o.png", "broken.bmp: Cannot be decoded: it is no bitmap\n"},
+        {"texture bad.x o.png", "bad.x: Cannot be decoded: .x files are not read\n"}};
     const qsizetype files = filesInFolder();
     for (const auto& [words, errors] : refused) {
         const Outcome outcome = run(words);
@@ -110,7 +110,8 @@ TEST_F(ToolCalls, ReadAndWritePipes) {
         {"echo XSI | $T info -", 1, "", "standard input: Not a valid .XSI file\n"},
         {"$T info - < .", 1, "", "standard input: Unable to open file\n"},
         {"$T info - <&-", 1, "", "standard input: Unable to open file\n"},
-        {"echo x | $T texture - - --type pic", 1, "", "standard input: Cannot be decoded\n"},
+        {"echo x | $T texture - - --type pic", 1, "",
+         "standard input: Cannot be decoded: it is no Softimage picture\n"},
         {"$T info good.x > /dev/full", 1, "", "standard output: Unable to save\n"},
         {"$T --help > /dev/full", 1, "", "standard output: Unable to save\n"},
         {"$T convert good.x - > /dev/full", 1, "", "standard output: Unable to save\n"},
@@ -192,7 +193,7 @@ TEST_F(ToolCalls, SeveralInputsGoIntoAFolder) {
         {"convert none.x good.x bad.x sub/two.X",
          "none.x: No such file\nbad.x: Not a valid .X file\n", "good.xsi\ntwo.xsi\n"},
         {"render bad.x --size 9x9 good.x", "bad.x: Not a valid .X file\n", "good.png\n"},
-        {"texture bad.x a", "bad.x: Not a texture (.pic, .tga, .bmp or .ico)\n", "a.png\n"},
+        {"texture bad.x a", "bad.x: Cannot be decoded: .x files are not read\n", "a.png\n"},
     };
     for (const auto& row : rows) {
         const Outcome outcome =

@@ -31,7 +31,7 @@ class Tool : public ToolRun {
 };
 
 TEST_F(Tool, ToldHowItIsCalledItEndsWell) {
-    for (const std::string command : {"", "info ", "convert ", "render ", "texture "}) {
+    for (const std::string command : {"", "info ", "check ", "convert ", "render ", "texture "}) {
         for (const char* help : {"--help", "-h"}) {
             const Outcome outcome = run(command + help);
             EXPECT_EQ(outcome.status, 0) << command;
@@ -55,8 +55,9 @@ TEST_F(Tool, ConvertTellsWhatIsLost) {
     write("lost.x", "xof 0302txt 0032\nframe frm-myframe {\nmesh {\n1;\n1;2;3;;\n0;\n}\n}\n");
     const Outcome told = run("convert lost.x o.xsi");
     EXPECT_EQ(told.status, 0);
-    EXPECT_EQ(told.errors, "lost.x: warning: The name \"myframe\" will not come back: it holds "
-                           "\"frame\" and the frame has a mesh\n");
+    EXPECT_EQ(told.errors, "lost.x:2: warning: Frame \"myframe\" does not come back from a saved "
+                           "file: its name holds \"frame\" and the frame has a mesh (lost: mesh) "
+                           "[name-not-saved]\n");
     const Outcome strict = run("convert --strict lost.x p.xsi");
     EXPECT_EQ(strict.status, 1);
     EXPECT_EQ(strict.errors, told.errors + "p.xsi: Not written, as something would be lost\n");

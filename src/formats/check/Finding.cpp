@@ -48,7 +48,7 @@ constexpr FindingRow rows[] = {
     {BlockLeftOut, "block-left-out", inReading,
      "Nothing is read of blocks of this kind, and saving does not write them. Saved files\n"
      "have a camera, a light and a fog of their own, always the same."},
-    {NameCase, "name-case", inReading,
+    {NameCase, "name-case", hazard,
      "Names of frames are kept in small letters, and saved so. Whoever looks up a frame by\n"
      "its name should not tell capitals from small letters."},
     {NameCut, "name-cut", inReading,

@@ -1,0 +1,141 @@
+#include "tool/Commands.h"
+#include "tool/FileName.h"
+#include "tool/InputFile.h"
+#include "tool/Json.h"
+#include "tool/ModelInput.h"
+#include "tool/ModelWarnings.h"
+
+#include <memory>
+#include <string>
+
+namespace korvane::tool {
+
+namespace {
+
+/// Grows when a member of the document goes or changes its meaning.
+constexpr int checkVersion = 1;
+
+const char* kindName(FindingKind kind) {
+    switch (kind) {
+    case FindingKind::LostInReading:
+        return "lost in reading";
+    case FindingKind::LostBySave:
+        return "lost by a save";
+    case FindingKind::Hazard:
+        break;
+    }
+    return "hazard";
+}
+
+QJsonObject findingJson(const Finding& finding) {
+    const FindingRow& row = findingRow(finding.id);
+    QJsonObject object;
+    addName(object, QStringLiteral("id"), row.name);
+    object.insert(QStringLiteral("kind"), QString::fromLatin1(kindName(row.kind)));
+    object.insert(QStringLiteral("line"),
+                  finding.line == 0 ? QJsonValue() : QJsonValue(static_cast<qint64>(finding.line)));
+    addName(object, QStringLiteral("text"), finding.text);
+    return object;
+}
+
+/// Checks the files of one call, which share what is known of textures.
+class Checker {
+  public:
+    explicit Checker(QString base) : base_(std::move(base)) {}
+
+    std::vector<Finding> check(const QString& file) {
+        const FolderAlias folder(textureFolder(file, base_));
+        TextureLoader textures(folder.path(), mostPicturePixels, store_);
+        std::vector<Finding> findings = checkInput(file, {.textures = &textures}).findings;
+        found_ = found_ || !findings.empty();
+        return findings;
+    }
+    /// Whether there was anything to tell of some file.
+    [[nodiscard]] bool found() const { return found_; }
+
+  private:
+    QString base_;
+    std::shared_ptr<TextureStore> store_ = std::make_shared<TextureStore>();
+    bool found_ = false;
+};
+
+ExitStatus printWarnings(const QStringList& files, Checker& checker) {
+    return forEachInput(files, false, [&](qsizetype i) {
+        for (const Finding& finding : checker.check(files[i])) {
+            print(warningLine(files[i], finding));
+        }
+    });
+}
+
+/// Every file is told as soon as it is checked; one that is refused as well, with its reason.
+ExitStatus printDocument(const QStringList& files, Checker& checker) {
+    JsonFiles json(checkVersion);
+    const ExitStatus status = forEachInput(files, false, [&](qsizetype i) {
+        QJsonObject object;
+        addFileName(object, QStringLiteral("file"), files[i]);
+        try {
+            QJsonArray findings;
+            for (const Finding& finding : checker.check(files[i])) {
+                findings.append(findingJson(finding));
+            }
+            object.insert(QStringLiteral("findings"), findings);
+        } catch (const Refusal& refusal) {
+            object.insert(QStringLiteral("error"), refusal.reason);
+            json.add(object);
+            throw;
+        }
+        json.add(object);
+    });
+    json.finish();
+    return status;
+}
+
+ExitStatus explain(const CommandLine& line) {
+    const QString name = line.value("explain");
+    const FindingRow* row = findingRow(name.toStdString());
+    if (row == nullptr || !line.operands().isEmpty()) {
+        throw WrongCall(row == nullptr ? QStringLiteral("no warning has the id \"%1\"").arg(name)
+                                       : QStringLiteral("--explain takes no files"));
+    }
+    print(std::string(row->name) + " (" + kindName(row->kind) + ")\n");
+    print(std::string(row->explanation) + '\n');
+    return ExitStatus::Done;
+}
+
+void addOptions(CommandLine& line) {
+    line.addFlag("json", "Print one JSON document for all files.");
+    line.addFlag("strict", "Make warnings the exit status 1.");
+    line.addValue("explain", "ID", "Tell what a warning with this id means and what to do.");
+    addBaseOption(line);
+}
+
+ExitStatus check(const CommandLine& line) {
+    if (line.isSet("explain")) {
+        line.forbid({"json", "strict", "base"}, QStringLiteral("makes no sense with --explain"));
+        return explain(line);
+    }
+    const QStringList files = line.operands();
+    if (files.isEmpty()) {
+        throw WrongCall(QStringLiteral("a file is needed"));
+    }
+    checkModelInputs(line, files);
+    Checker checker(line.value("base"));
+    const ExitStatus status =
+        line.isSet("json") ? printDocument(files, checker) : printWarnings(files, checker);
+    return checker.found() && line.isSet("strict") ? ExitStatus::Refused : status;
+}
+
+} // namespace
+
+const Command checkCommand = {
+    "check",
+    "tell what models lose, and what may hurt later",
+    "Usage: korvane-tool check [OPTION...] FILE...\n"
+    "       korvane-tool check --explain ID",
+    "Tells what the editor leaves out when it reads the models (.xsi, .x), what a save\n"
+    "would drop, and what may hurt later, as \"FILE:LINE: warning: text [id]\" on standard\n"
+    "output. \"-\" is standard input.",
+    addOptions,
+    check};
+
+} // namespace korvane::tool
