@@ -1,7 +1,6 @@
 #include "tool/CommandLine.h"
 
 #include <cmath>
-#include <limits>
 #include <numbers>
 
 namespace korvane::tool {
@@ -24,9 +23,9 @@ CommandLine::CommandLine(const char* usage, const char* about, bool leading)
     }
     parser_.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser_.setApplicationDescription(QString::fromLatin1(about));
-    parser_.addOption({{QStringLiteral("h"), QStringLiteral("help")},
-                       QStringLiteral("Tell how it is called, and end.")});
-    addFlag("version", "Tell the version, and end.");
+    parser_.addOption(
+        {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
+    addFlag("version", "Show the version.");
 }
 
 void CommandLine::addFlag(const char* name, const char* description) {

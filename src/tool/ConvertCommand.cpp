@@ -40,7 +40,7 @@ void keepFreedMemory() {
 /// Tells what is lost on the way; with "--strict" nothing may be.
 void tellLosses(const ModelCheck& check, const ConvertRequest& request, const Job& job) {
     for (const Finding& finding : check.findings) {
-        std::fputs(warningLine(job.in, finding).c_str(), stderr);
+        tell(warningLine(job.in, finding));
     }
     if (request.strict && !check.findings.empty()) {
         throw Refusal(job.out, QStringLiteral("Not written, as something would be lost"));
@@ -86,13 +86,12 @@ void convertFile(const ConvertRequest& request, const InputFiles& inputs, const 
 void addOptions(CommandLine& line) {
     addFolderOption(line);
     line.addFlag("strict", "Write nothing where something of the model would be lost.");
-    addBaseOption(line);
-    addRepeatOption(line, "Load and save so often and print the median times in milliseconds.");
+    addRepeatOption(line, "Load and save N times, and print the median times in milliseconds.");
 }
 
 ExitStatus convert(const CommandLine& line) {
     const std::vector<Job> jobs = jobsOf(line, ".xsi");
-    checkModelInputs(line, inputsOf(jobs));
+    checkStandardInput(inputsOf(jobs));
     const QString& out = jobs.front().out;
     if (!isStandardStream(out) && modelFileKind(out) != ModelFileKind::Xsi) {
         throw WrongCall(QStringLiteral("the name of the output must end in .xsi"));

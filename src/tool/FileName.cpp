@@ -21,6 +21,22 @@ bool isControl(QChar c) {
     return c.category() == QChar::Other_Control;
 }
 
+bool hasControl(const QString& text) {
+    return std::any_of(text.begin(), text.end(), isControl);
+}
+
+QString escaped(const QString& text) {
+    if (!hasControl(text)) {
+        return text;
+    }
+    QString safe;
+    for (const QChar c : text) {
+        safe += isControl(c) ? QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'))
+                             : QString(c);
+    }
+    return safe;
+}
+
 /// How many bytes from the beginning are one character in UTF-8; 0 if they are none.
 std::size_t characterLength(std::string_view bytes) {
     const auto ones =
@@ -94,19 +110,11 @@ QString baseName(const QString& name) {
 
 std::string printable(std::string_view text) {
     const QString shown = shownText(text);
-    if (std::none_of(shown.begin(), shown.end(), isControl)) {
-        return std::string(text);
-    }
-    QString escaped;
-    for (const QChar c : shown) {
-        escaped += isControl(c) ? QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'))
-                                : QString(c);
-    }
-    return escaped.toStdString();
+    return hasControl(shown) ? escaped(shown).toStdString() : std::string(text);
 }
 
-std::string printable(const QString& text) {
-    return printable(nameBytes(text));
+std::string printable(const QString& name) {
+    return nameBytes(escaped(name));
 }
 
 } // namespace korvane::tool

@@ -29,6 +29,7 @@ QString baseName(const QString& name);
 /// A text of unknown origin as it may go to a terminal. Control characters, which could steer the
 /// terminal, are shown as "\x1b"; a text without any stays as it is, byte by byte.
 std::string printable(std::string_view text);
-std::string printable(const QString& text);
+/// A name, whose bytes stay as they are but for control characters.
+std::string printable(const QString& name);
 
 } // namespace korvane::tool

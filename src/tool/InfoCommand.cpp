@@ -18,7 +18,7 @@ ExitStatus printDocument(const QStringList& files, const QString& base,
     const ExitStatus status = forEachInput(files, false, [&](qsizetype i) {
         QJsonObject object;
         try {
-            ModelInput model(files[i], base, store);
+            ModelInput model(files[i], base, store, false);
             object = modelJson(model.document, ModelFacts(model));
             addFileName(object, QStringLiteral("file"), files[i]);
         } catch (const Refusal& refusal) {
@@ -50,7 +50,7 @@ ExitStatus info(const CommandLine& line) {
         return printDocument(files, base, store);
     }
     return forEachInput(files, false, [&](qsizetype i) {
-        ModelInput model(files[i], base, store);
+        ModelInput model(files[i], base, store, false);
         printModel(inputLabel(files[i]), model);
     });
 }

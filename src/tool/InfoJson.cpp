@@ -87,24 +87,24 @@ QJsonObject frameJson(const FrameFacts& facts) {
     return object;
 }
 
-QJsonValue textureJson(const MaterialRecord& material, const std::optional<QString>& file) {
+QJsonValue textureJson(const MaterialRecord& material, const std::optional<TextureFacts>& facts) {
     if (!material.HasTexture) {
         return {};
     }
-    const bool decoded = isDecoded(material);
-    QJsonObject object = {{QStringLiteral("width"),
-                           decoded ? QJsonValue(material.TextureImage->width) : QJsonValue()},
-                          {QStringLiteral("height"),
-                           decoded ? QJsonValue(material.TextureImage->height) : QJsonValue()},
-                          {QStringLiteral("file"), QJsonValue()}};
+    const bool decoded = facts && facts->outcome.refusal.empty();
+    QJsonObject object = {
+        {QStringLiteral("width"), decoded ? QJsonValue(facts->outcome.width) : QJsonValue()},
+        {QStringLiteral("height"), decoded ? QJsonValue(facts->outcome.height) : QJsonValue()},
+        {QStringLiteral("file"), QJsonValue()}};
     addName(object, QStringLiteral("name"), material.TextureFile);
-    if (file) {
-        addFileName(object, QStringLiteral("file"), *file);
+    if (facts) {
+        addFileName(object, QStringLiteral("file"), facts->file);
     }
     return object;
 }
 
-QJsonObject materialJson(const MaterialRecord& material, const std::optional<QString>& file) {
+QJsonObject materialJson(const MaterialRecord& material,
+                         const std::optional<TextureFacts>& texture) {
     const ColorRGBA& face = material.FaceColor;
     return {{QStringLiteral("color"), jsonNumbers({face.red, face.green, face.blue})},
             {QStringLiteral("opacity"), jsonNumber(face.alpha)},
@@ -113,7 +113,7 @@ QJsonObject materialJson(const MaterialRecord& material, const std::optional<QSt
             {QStringLiteral("emissive"), json(material.Emissive)},
             {QStringLiteral("ambient"), json(material.Ambient)},
             {QStringLiteral("shadingModel"), material.ShadingModel},
-            {QStringLiteral("texture"), textureJson(material, file)}};
+            {QStringLiteral("texture"), textureJson(material, texture)}};
 }
 
 } // namespace
@@ -125,7 +125,7 @@ QJsonObject modelJson(const ModelDocument& document, const ModelFacts& facts) {
     }
     QJsonArray materials;
     for (std::size_t i = 0; i < document.Materials.size(); ++i) {
-        materials.append(materialJson(document.Materials[i], facts.textureFiles[i]));
+        materials.append(materialJson(document.Materials[i], facts.textures[i]));
     }
     return {{QStringLiteral("counts"), countsJson(document, facts)},
             {QStringLiteral("bounds"), json(facts.bounds)},

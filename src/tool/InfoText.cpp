@@ -86,7 +86,7 @@ void printBounds(const std::string& what, const Bounds& bounds) {
 }
 
 void printMaterial(std::size_t number, const MaterialRecord& material,
-                   const std::optional<QString>& file) {
+                   const std::optional<TextureFacts>& texture) {
     const ColorRGBA& face = material.FaceColor;
     print("Material " + std::to_string(number) + ": color " +
           text({face.red, face.green, face.blue}) + ", opacity " + text({face.alpha}) + ", power " +
@@ -96,14 +96,16 @@ void printMaterial(std::size_t number, const MaterialRecord& material,
     if (!material.HasTexture) {
         return;
     }
-    const TextureImage& image = *material.TextureImage;
-    print("   Texture " + printable(material.TextureFile) + ": " +
-          (!file ? std::string("not found")
-                 : printable(*file) + (isDecoded(material)
-                                           ? ", " + std::to_string(image.width) + " x " +
-                                                 std::to_string(image.height) + " pixels"
-                                           : std::string(", cannot be decoded"))) +
-          "\n");
+    std::string line = "   Texture " + printable(material.TextureFile) + ": ";
+    if (!texture) {
+        line += "not found";
+    } else if (const TextureOutcome& outcome = texture->outcome; outcome.refusal.empty()) {
+        line += printable(texture->file) + ", " + std::to_string(outcome.width) + " x " +
+                std::to_string(outcome.height) + " pixels";
+    } else {
+        line += printable(texture->file) + ", cannot be decoded: " + outcome.refusal;
+    }
+    print(line + "\n");
 }
 
 void printAnimation(const FrameRecord& frame) {
@@ -131,8 +133,8 @@ void printModel(const QString& name, ModelInput& model) {
     for (const FrameFacts& row : facts.frames) {
         printBounds("frm-" + printable(row.frame->Name) + " in its own space", row.bounds);
     }
-    for (std::size_t i = 0; i < facts.textureFiles.size(); ++i) {
-        printMaterial(i + 1, model.document.Materials[i], facts.textureFiles[i]);
+    for (std::size_t i = 0; i < facts.textures.size(); ++i) {
+        printMaterial(i + 1, model.document.Materials[i], facts.textures[i]);
     }
     for (const FrameFacts& row : facts.frames) {
         if (row.frame->HasAnimation) {

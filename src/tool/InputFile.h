@@ -38,6 +38,8 @@ class FolderAlias {
     FolderAlias& operator=(const FolderAlias&) = delete;
 
     [[nodiscard]] const QString& path() const { return path_; }
+    /// Whether that is the folder's own name.
+    [[nodiscard]] bool isReal() const { return descriptor_ < 0; }
     /// The name of a file under its real folder.
     [[nodiscard]] QString realName(const QString& file) const;
 

@@ -25,13 +25,13 @@ ModelFacts::ModelFacts(ModelInput& model) : counts(countModel(model.document.Roo
             }
         }
     }
-    std::map<std::string, std::optional<QString>> found;
+    std::map<std::string, std::optional<TextureFacts>> found;
     for (const MaterialRecord& material : model.document.Materials) {
         const std::string& name = material.TextureFile;
         if (material.HasTexture && !name.empty() && !found.contains(name)) {
-            found[name] = model.textureFile(name);
+            found[name] = model.texture(name);
         }
-        textureFiles.push_back(material.HasTexture ? found[name] : std::nullopt);
+        textures.push_back(material.HasTexture ? found[name] : std::nullopt);
     }
 }
 

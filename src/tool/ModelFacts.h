@@ -26,13 +26,8 @@ struct ModelFacts {
     ModelCounts counts;
     std::vector<FrameFacts> frames; ///< in the order of the structure, the root first
     Bounds bounds;                  ///< of all vertices, in world space
-    /// For each material, the file that its texture was read from, if it names one that is there.
-    std::vector<std::optional<QString>> textureFiles;
+    /// For each material its texture, if it names one that is there.
+    std::vector<std::optional<TextureFacts>> textures;
 };
-
-/// Whether a texture was read: what is missing or cannot be decoded is shown as one white pixel.
-inline bool isDecoded(const MaterialRecord& material) {
-    return material.TextureImage != blankTextureImage();
-}
 
 } // namespace korvane::tool

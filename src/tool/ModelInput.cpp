@@ -4,9 +4,9 @@
 #include "model/records/ModelText.h"
 #include "tool/FileName.h"
 
-#include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -37,12 +37,15 @@ void addBaseOption(CommandLine& line) {
                   "the current folder.");
 }
 
-void checkModelInputs(const CommandLine& line, const QStringList& inputs) {
-    const qsizetype piped = inputs.count(QStringLiteral("-"));
-    if (piped > 1) {
+void checkStandardInput(const QStringList& inputs) {
+    if (inputs.count(QStringLiteral("-")) > 1) {
         throw WrongCall(QStringLiteral("standard input can be read only once"));
     }
-    if (piped == 0) {
+}
+
+void checkModelInputs(const CommandLine& line, const QStringList& inputs) {
+    checkStandardInput(inputs);
+    if (!inputs.contains(QStringLiteral("-"))) {
         line.forbid({"base"}, QStringLiteral("is for a model from standard input, \"-\""));
     }
 }
@@ -78,10 +81,18 @@ QString textureFolder(const QString& file, const QString& base) {
     return isStandardStream(file) ? base : parentFolder(file);
 }
 
+std::shared_ptr<TextureStore> storeFor(const FolderAlias& folder,
+                                       const std::shared_ptr<TextureStore>& shared) {
+    return folder.isReal() ? shared : nullptr;
+}
+
 ModelInput::ModelInput(const QString& file, const QString& base,
-                       std::shared_ptr<TextureStore> store)
+                       const std::shared_ptr<TextureStore>& store, bool pictures)
     : folder_(textureFolder(file, base)),
-      textures_(folder_.path(), mostPicturePixels, std::move(store)) {
+      textures_(folder_.path(), mostPicturePixels, storeFor(folder_, store)) {
+    if (pictures) {
+        source_ = [this](const std::string& name) { return textures_.load(name); };
+    }
     ReadStatus status = ReadStatus::CannotOpen;
     QString name = file;
     if (!isStandardStream(file) && isTextModel(modelFileKind(file))) {
@@ -89,8 +100,7 @@ ModelInput::ModelInput(const QString& file, const QString& base,
     } else {
         const ModelText text(file);
         name = text.name;
-        status = readXsi(TextScanner(text.bytes), document,
-                         [this](const std::string& texture) { return textures_.load(texture); });
+        status = readXsi(TextScanner(text.bytes), document, source_);
     }
     if (status != ReadStatus::Done) {
         refuseModel(status, file, name);
@@ -112,13 +122,14 @@ ReadStatus ModelInput::readFile(const QString& name) {
         return static_cast<std::size_t>(got);
     };
     TextWindow window(source, static_cast<std::size_t>(std::max<qint64>(file.size(), 0)));
-    return readXsi(TextScanner(window), document,
-                   [this](const std::string& texture) { return textures_.load(texture); });
+    return readXsi(TextScanner(window), document, source_);
 }
 
-std::optional<QString> ModelInput::textureFile(const std::string& texture) {
-    const std::optional<QString> found = textures_.find(shownText(texture));
-    return found ? std::optional(folder_.realName(*found)) : std::nullopt;
+std::optional<TextureFacts> ModelInput::texture(const std::string& name) {
+    const std::optional<FoundTexture> found = textures_.locate(shownText(name));
+    return found ? std::optional(
+                       TextureFacts{folder_.realName(found->file), textures_.outcome(*found)})
+                 : std::nullopt;
 }
 
 } // namespace korvane::tool

@@ -16,8 +16,9 @@ namespace korvane::tool {
 
 /// Adds the option that tells where the textures of a model from standard input are.
 void addBaseOption(CommandLine& line);
-/// Throws WrongCall where the inputs cannot all be read: standard input serves once, and "--base"
-/// is for that alone.
+/// Throws WrongCall where the inputs cannot all be read: standard input serves once.
+void checkStandardInput(const QStringList& inputs);
+/// The same, and "--base" is for standard input alone.
 void checkModelInputs(const CommandLine& line, const QStringList& inputs);
 
 /// All of a model's text, from a file or from standard input.
@@ -34,25 +35,38 @@ struct ModelText {
 /// The folder where the textures of a model are looked for, by its file and the value of "--base".
 QString textureFolder(const QString& file, const QString& base);
 
+/// What the textures of inputs share; those of a folder whose alias may come to stand for another
+/// one share nothing.
+std::shared_ptr<TextureStore> storeFor(const FolderAlias& folder,
+                                       const std::shared_ptr<TextureStore>& shared);
+
+/// A texture that a model names.
+struct TextureFacts {
+    QString file; ///< where it was found
+    TextureOutcome outcome;
+};
+
 /// A model read as the editor's Open does. A file counts by its extension, what comes from standard
 /// input by its header.
 class ModelInput {
   public:
     /// Reads a file, or standard input with its textures in the folder `base` ("" is the current
-    /// one). Inputs of one call share a store of textures. Throws Refusal.
+    /// one). Inputs of one call share a store of textures. Without `pictures` all images are the
+    /// 1 x 1 one. Throws Refusal.
     ModelInput(const QString& file, const QString& base,
-               std::shared_ptr<TextureStore> store = nullptr);
+               const std::shared_ptr<TextureStore>& store = nullptr, bool pictures = true);
 
     ModelDocument document;
 
-    /// The file that a texture was read from, or nothing if there is none.
-    [[nodiscard]] std::optional<QString> textureFile(const std::string& texture);
+    /// What there is of a texture, or nothing if no file is found.
+    [[nodiscard]] std::optional<TextureFacts> texture(const std::string& name);
 
   private:
     ReadStatus readFile(const QString& file);
 
     FolderAlias folder_;
     TextureLoader textures_;
+    TextureSource source_;
 };
 
 } // namespace korvane::tool

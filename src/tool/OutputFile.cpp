@@ -7,8 +7,6 @@
 
 #include <QSet>
 
-#include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>

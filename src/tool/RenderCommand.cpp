@@ -125,7 +125,7 @@ void addOptions(CommandLine& line) {
     addRenderOptions(line);
     addFormatOption(line);
     addBaseOption(line);
-    addRepeatOption(line, "Draw so often and print the median time in milliseconds and the number "
+    addRepeatOption(line, "Draw N times, and print the median time in milliseconds and the number "
                           "of pixels that differ from the background.");
 }
 

@@ -77,7 +77,8 @@ void addRenderOptions(CommandLine& line) {
     line.addValue("pitch", "ANGLE",
                   "How the camera is tilted, in radians or with the unit, as 30deg or 0.5rad; 3D "
                   "only.");
-    line.addValue("yaw", "ANGLE", "How it is turned about the model, likewise; 3D only.");
+    line.addValue("yaw", "ANGLE",
+                  "How the camera is turned about the model, as for --pitch; 3D only.");
     line.addValue("distance", "D",
                   "How far it is from the point it looks at, in units of the model; 3D only.");
     line.addValue("center", "X,Y,Z",

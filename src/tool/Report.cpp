@@ -9,6 +9,7 @@
 #include <new>
 #include <string>
 #include <unistd.h>
+#include <utility>
 
 namespace korvane::tool {
 
@@ -17,8 +18,12 @@ namespace {
 /// Tells on standard error how far the work is, on one line that it takes away again.
 class Counter {
   public:
-    explicit Counter(bool wanted) : shows_(wanted && isatty(STDERR_FILENO) != 0) {}
-    ~Counter() { clear(); }
+    explicit Counter(bool wanted)
+        : shows_(wanted && isatty(STDERR_FILENO) != 0), outer_(std::exchange(current, this)) {}
+    ~Counter() {
+        clear();
+        current = outer_;
+    }
     Counter(const Counter&) = delete;
     Counter& operator=(const Counter&) = delete;
 
@@ -35,10 +40,15 @@ class Counter {
         }
     }
 
+    static Counter* current; ///< what stands on standard error, if anything does
+
   private:
     bool shows_;
     std::string text_;
+    Counter* outer_;
 };
+
+Counter* Counter::current = nullptr;
 
 } // namespace
 
@@ -64,8 +74,15 @@ void finishOutput() {
     }
 }
 
+void tell(std::string_view line) {
+    if (Counter::current != nullptr) {
+        Counter::current->clear();
+    }
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
 void complain(const QString& file, const QString& reason) {
-    std::fprintf(stderr, "%s: %s\n", printable(file).c_str(), printable(reason).c_str());
+    tell(printable(file) + ": " + printable(reason) + "\n");
 }
 
 ExitStatus forEachInput(const QStringList& inputs, bool count,
@@ -73,7 +90,6 @@ ExitStatus forEachInput(const QStringList& inputs, bool count,
     Counter counter(count);
     ExitStatus worst = ExitStatus::Done;
     const auto refuse = [&](const QString& file, const QString& reason) {
-        counter.clear();
         complain(file, reason);
         worst = ExitStatus::Refused;
     };

@@ -45,6 +45,8 @@ void print(std::string_view text);
 /// Hands on what standard output holds back; its failures show now at the latest.
 void finishOutput();
 
+/// Prints a line, with its end, on standard error.
+void tell(std::string_view line);
 /// Prints "FILE: reason" on standard error.
 void complain(const QString& file, const QString& reason);
 

@@ -150,10 +150,9 @@ TEST_F(ToolCalls, TakeNamesOfAnyBytes) {
         {"-x.xsi", "-x.xsi"},
         {"--help.xsi", "--help.xsi"},
         {"\xff.xsi", "\xff.xsi"},
-        {"\xed\xa0\x80.xsi", "\xc3\xad\xc2\xa0\\x80.xsi"}, // half of a surrogate pair
-        {"\xef\xbb\xbf.xsi", "\xef\xbb\xbf.xsi"},          // a byte order mark
-        {"g\xc3\xbc\xf0\x9f\x98\x80\xe9.xsi",
-         "g\xc3\x83\xc2\xbc\xc3\xb0\\x9f\\x98\\x80\xc3\xa9.xsi"},
+        {"\xed\xa0\x80.xsi", "\xed\xa0\x80.xsi"}, // half of a surrogate pair
+        {"\xef\xbb\xbf.xsi", "\xef\xbb\xbf.xsi"}, // a byte order mark
+        {"g\xc3\xbc\xf0\x9f\x98\x80\xe9.xsi", "g\xc3\xbc\xf0\x9f\x98\x80\xe9.xsi"},
         {"%1 *.xsi", "%1 *.xsi"}};
     for (const auto& [name, shown] : names) {
         for (const std::string folder : {"", "sub\xfe/"}) {

@@ -12,7 +12,7 @@ namespace {
 
 /// A picture that is known to have more pixels than are allowed counts as one that cannot be had.
 TextureOutcome limited(const TextureOutcome& outcome, std::size_t mostPixels) {
-    return outcome.pixels <= mostPixels ? outcome : TextureOutcome{0, tooManyPixels, true};
+    return outcome.pixels <= mostPixels ? outcome : TextureOutcome{.refusal = tooManyPixels, .tooLarge = true};
 }
 
 } // namespace
@@ -50,10 +50,12 @@ std::shared_ptr<const TextureImage> TextureStore::decode(const TextureFile& file
     DecodedTexture decoded = decodeTextureFile(file.name, mostPixels);
     Entry entry;
     entry.allowed = mostPixels;
-    entry.outcome = {0, std::move(decoded.refusal), decoded.tooLarge};
+    entry.outcome = {.refusal = std::move(decoded.refusal), .tooLarge = decoded.tooLarge};
     std::shared_ptr<const TextureImage> image = blankTextureImage();
     if (entry.outcome.refusal.empty()) {
         entry.outcome.pixels = decoded.image.pixels.size();
+        entry.outcome.width = decoded.image.width;
+        entry.outcome.height = decoded.image.height;
         if (!(decoded.image == *image)) {
             image = std::make_shared<const TextureImage>(std::move(decoded.image));
         }

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,8 +16,10 @@ namespace korvane {
 
 /// What became of a texture file.
 struct TextureOutcome {
-    std::size_t pixels = 0; ///< of its picture
-    std::string refusal;    ///< why there is no picture, as DecodedTexture has it; else empty
+    std::size_t pixels = 0;  ///< of its picture
+    std::int32_t width = 0;  ///< likewise
+    std::int32_t height = 0; ///< likewise
+    std::string refusal;     ///< why there is no picture, as DecodedTexture has it; else empty
     bool tooLarge = false;
 };
 
@@ -26,8 +29,9 @@ struct TextureFile {
     QString path; ///< the canonical one, which tells it from others
 };
 
-/// What readings of many models in one run share: each texture file is decoded once, each folder
-/// listed once. Files that change meanwhile go unnoticed.
+/// What readings of many models in one run share: what became of each texture file, and the names
+/// in each folder, which is listed once. Files that change meanwhile go unnoticed, and so does a
+/// folder whose name comes to stand for another one.
 class TextureStore {
   public:
     /// Keeps pictures of so many pixels for models to come; beyond that only what came of a file.

@@ -7,7 +7,13 @@ namespace korvane {
 QString shownText(std::string_view bytes) {
     const auto size = static_cast<qsizetype>(bytes.size());
     const QUtf8StringView text(bytes.data(), size);
-    return text.isValidUtf8() ? text.toString() : QString::fromLatin1(bytes.data(), size);
+    if (!text.isValidUtf8()) {
+        return QString::fromLatin1(bytes.data(), size);
+    }
+    // the conversion takes a byte order mark at the beginning away, but it is part of a name
+    constexpr std::string_view mark = "\xef\xbb\xbf";
+    return bytes.starts_with(mark) ? QChar(QChar::ByteOrderMark) + text.toString()
+                                   : text.toString();
 }
 
 std::string modelText(const QString& text) {
