@@ -75,10 +75,24 @@ std::optional<FoundTexture> TextureLoader::locate(const QString& name) {
     }
     for (const char* extension : {".PIC", ".TGA", ".BMP"}) {
         if (auto found = findFile(name + QLatin1String(extension))) {
-            return found;
+            return withSmallExtension(*found, name + QString(QLatin1String(extension)).toLower());
         }
     }
     return std::nullopt;
+}
+
+/// The model names no extension: that the file has it in small letters is no other spelling.
+FoundTexture TextureLoader::withSmallExtension(FoundTexture found, const QString& name) const {
+    if (found.spelling == TextureSpelling::OtherCase) {
+        QString separated = name;
+        separated.replace(u'\\', u'/');
+        const QString file = QDir::cleanPath(found.file);
+        if (file == QDir::cleanPath(QDir(folder_).filePath(separated))) {
+            found.spelling =
+                separated == name ? TextureSpelling::AsNamed : TextureSpelling::Backslashes;
+        }
+    }
+    return found;
 }
 
 std::optional<FoundTexture> TextureLoader::findFile(const QString& name) {

@@ -63,6 +63,7 @@ class TextureLoader {
 
   private:
     std::optional<FoundTexture> findFile(const QString& name);
+    [[nodiscard]] FoundTexture withSmallExtension(FoundTexture found, const QString& name) const;
     std::optional<QString> findInAnyCase(const QString& name);
     [[nodiscard]] std::size_t allowedFor(const TextureFile& file) const;
     void count(const TextureFile& file, std::size_t pixels);
