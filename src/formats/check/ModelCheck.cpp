@@ -32,8 +32,8 @@ QString refusalOf(const QString& header) {
     return QStringLiteral("%1: only %2 is read").arg(header, read);
 }
 
-} // namespace
-
+/// What is known of the bytes of a model by their header, for people: "DirectX 0303 text". Empty
+/// where they are of no kind known.
 QString headerText(std::string_view bytes) {
     const std::string header = folded(bytes.substr(0, 16));
     const std::string_view all = header;
@@ -64,6 +64,8 @@ QString headerText(std::string_view bytes) {
     const bool read = kind == std::begin(kinds) && version == (xsi ? "0101" : "0302");
     return read ? text + u' ' + shownText(all.substr(12, 4)) : text;
 }
+
+} // namespace
 
 ModelCheck checkModel(std::string_view bytes, const CheckRequest& request) {
     ModelCheck check;

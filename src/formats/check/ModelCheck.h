@@ -32,8 +32,4 @@ struct ModelCheck {
 /// is thrown.
 ModelCheck checkModel(std::string_view bytes, const CheckRequest& request = {});
 
-/// What is known of the bytes of a model by their header, for people: "DirectX 0303 text". Empty
-/// where they are of no kind known.
-QString headerText(std::string_view bytes);
-
 } // namespace korvane
