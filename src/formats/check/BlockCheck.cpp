@@ -4,41 +4,52 @@
 
 namespace korvane {
 
-void BlockCheck::takeLeftOut(const TextLine& line, bool closingLost) {
+bool BlockCheck::takeLeftOut(const TextLine& line, bool closingLost) {
     const bool closed = line.text.find('}') != std::string_view::npos;
-    TextLine named = line;
-    if (firstWord(line.text).empty() && !closed) {
-        named = lineAbove(bytes_, line);
+    const TextLine named = closed ? line : naming(line);
+    if (named.place != line.place) {
         const std::string keyword = folded(firstWord(named.text));
         if (keyword == "frame" || keyword == "animation" || keyword == "animationset") {
             findings_.add(FindingId::BraceOnNextLine, line.place,
                           "The brace stands in the line below " + quoted(trimmed(named.text)) +
                               ", and all of the block is left out");
-            return;
+            return true;
         }
     }
     if (closingLost && closed) {
         findings_.add(FindingId::ClosedOnOneLine, line.place,
                       quoted(trimmed(line.text)) +
                           " leaves out what follows up to the next closing brace");
-        return;
+        return true;
     }
-    leaveOut(firstWord(named.text), named.place);
+    if (!closed || !firstWord(named.text).empty()) {
+        leaveOut(firstWord(named.text), named.place);
+    }
+    return false;
 }
 
 void BlockCheck::leaveOut(std::string_view name, TextPlace place) {
-    if (!name.empty()) {
-        leftOut_[folded(name)].meet(place, name);
+    leftOut_[folded(name)].meet(place, name);
+}
+
+/// The line that names the block: the one above where the line itself holds but a brace. Where
+/// that is the header, or has braces of its own, the block has no name.
+TextLine BlockCheck::naming(const TextLine& line) const {
+    if (!firstWord(line.text).empty()) {
+        return line;
     }
+    const TextLine above = lineAbove(bytes_, line);
+    const bool named = above.place > 0 && above.text.find_first_of("{}") == std::string_view::npos;
+    return named ? above : line;
 }
 
 void BlockCheck::takeLoose(const TextLine& line) {
     if (line.place < looseEnd_) {
         return; // within one that is told
     }
-    const TextLine told = firstWord(line.text).empty() ? lineAbove(bytes_, line) : line;
+    const TextLine told = naming(line);
     const std::string word = folded(firstWord(told.text));
-    if (word.empty() || word == "header" || word == "template") {
+    if (word == "header" || word == "template") {
         return;
     }
     looseEnd_ = blockEnd(bytes_, line);
@@ -70,12 +81,13 @@ void BlockCheck::finish() {
         const bool basePose = word.find("framebaseposematrix") != std::string::npos;
         findings_.add(basePose ? FindingId::BasePoseAsFrame : FindingId::BlockAsFrame,
                       met.lines.first,
-                      quoted(met.lines.name) + met.lines.more() + " is read as a frame, " +
-                          quoted(met.frameName));
+                      met.lines.names() + " is read as a frame, " + quoted(met.frameName));
     }
     for (const auto& [word, met] : leftOut_) {
         findings_.add(FindingId::BlockLeftOut, met.first,
-                      "Block " + quoted(met.name) + met.more() + " is left out");
+                      (word.empty() ? "A block without a name" + andMore(met.count)
+                                    : "Block " + met.names()) +
+                          " is left out");
     }
 }
 

@@ -17,8 +17,9 @@ class BlockCheck {
         : bytes_(bytes), findings_(findings) {}
 
     /// A block begins in the line, of which nothing is read. `closingLost` tells that a closing
-    /// brace in the same line does not count.
-    void takeLeftOut(const TextLine& line, bool closingLost);
+    /// brace in the same line does not count. Returns whether the block ends elsewhere than it
+    /// seems.
+    bool takeLeftOut(const TextLine& line, bool closingLost);
     /// The same at the top level, where the lines of a block are looked at one by one.
     void takeLoose(const TextLine& line);
     /// The line is read as the declaration of a frame of that name, though it declares none.
@@ -27,6 +28,7 @@ class BlockCheck {
     void finish();
 
   private:
+    [[nodiscard]] TextLine naming(const TextLine& line) const;
     void leaveOut(std::string_view name, TextPlace place);
 
     struct FalseFrames {

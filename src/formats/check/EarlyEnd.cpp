@@ -45,7 +45,8 @@ void tellEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingL
                      "The file ends where a number is expected");
     } else {
         const std::string_view near = bytes.substr(first, 40);
-        const std::string word = quoted(near.substr(0, near.find_first_of(" \t\v\f\r\n;,")));
+        const std::size_t end = near.find_first_of(" \t\v\f\r\n;,");
+        const std::string word = quoted(near.substr(0, std::max<std::size_t>(end, 1)));
         const std::string begin = "Reading ends here: " + word;
         if (isNotFinite(bytes, first)) {
             findings.add(FindingId::NotFinite, first, begin + " is not finite" + rest);

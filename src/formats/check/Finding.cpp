@@ -24,6 +24,17 @@ constexpr FindingRow rows[] = {
     {FileEnds, "file-ends", inReading,
      "The file ends within a frame or an animation. It may be cut short, or lack closing\n"
      "braces. What was read so far is kept."},
+    {NoFrame, "no-frame", inReading,
+     "A model is what the outermost frame holds, and there is none in the file. Put a frame\n"
+     "around everything."},
+    {CountWrong, "count-wrong", inReading,
+     "The count in front of a list must tell how many elements follow. Those beyond it are\n"
+     "left out, as are numbers of a matrix beyond the sixteenth. Where elements are missing,\n"
+     "reading takes what stands behind the list for them. Correct the count."},
+    {NumbersBehindBrace, "numbers-behind-brace", inReading,
+     "The numbers of a block are read from the line below its keyword on. What stands in\n"
+     "the keyword's own line is left out, and all lists of the block go astray. Break the\n"
+     "line behind the brace."},
     {BraceOnNextLine, "brace-on-next-line", inReading,
      "A keyword and its opening brace must share a line. Otherwise a frame or an animation\n"
      "is left out, and a list ends the reading. Move the brace up."},
@@ -43,20 +54,31 @@ constexpr FindingRow rows[] = {
     {BlockAsFrame, "block-as-frame", inReading,
      "A line that holds \"frame\" declares a frame, even in a remark or in the name of\n"
      "another block. Reword the line, or delete the frame that it became."},
+    {BlockAsMesh, "block-as-mesh", inReading,
+     "A line in a frame that holds \"mesh\" begins a mesh, even in a remark or in the name of\n"
+     "another block. What follows is read as its numbers. Reword the line."},
     {FrameTooDeep, "frame-too-deep", inReading,
      "Frames nest at most 1000 deep below the outermost. Those further down are left out."},
     {BlockLeftOut, "block-left-out", inReading,
-     "Nothing is read of blocks of this kind, and saving does not write them. Saved files\n"
-     "have a camera, a light and a fog of their own, always the same."},
+     "Nothing is read of blocks of this kind, or of this kind in this place, and saving does\n"
+     "not write them. Saved files have a camera, a light and a fog of their own, always the\n"
+     "same."},
     {NameCase, "name-case", hazard,
      "Names of frames are kept in small letters, and saved so. Whoever looks up a frame by\n"
      "its name should not tell capitals from small letters."},
+    {NameOdd, "name-odd", hazard,
+     "One blank stands between \"Frame\" and the name. Whatever follows it begins the name,\n"
+     "even a further blank or a brace. Give the frame a name, and no second blank."},
     {NameCut, "name-cut", inReading,
      "A frame's name ends at a blank, a brace or \"__\", behind which stand the letters of\n"
      "flags (e, 2, h and g). The rest is left out. Rename the frame."},
     {SecondMesh, "second-mesh", inReading,
      "A frame has one mesh. The lists of a further one are appended to those of the first,\n"
      "so that its faces lead to the wrong vertices. Give each mesh a frame."},
+    {SecondList, "second-list", inReading,
+     "A frame has one matrix, and a mesh one list of each kind. Of several matrices the last\n"
+     "holds. A further list is appended to the first, where nothing leads to it. Remove the\n"
+     "one that is not meant."},
     {MaterialByName, "material-by-name", inReading,
      "A list of materials must hold the materials themselves. A name in braces, of a\n"
      "material that stands elsewhere, adds no slot, and the slots behind it move up."},
@@ -74,6 +96,13 @@ constexpr FindingRow rows[] = {
      "A frame has one list of keys of one type. The keys of further lists are appended, and\n"
      "the type of the last holds for all. Give a frame keys of one type: whole matrices\n"
      "tell rotation, scale and position at once."},
+    {KeysBeforeFrame, "keys-before-frame", inReading,
+     "Animations must stand behind the frames that they name. Before them the outermost\n"
+     "frame gets the keys, or they are left out with the frames that a later outermost\n"
+     "frame replaces. Move the animations to the end of the file."},
+    {BlockPassedOver, "block-passed-over", inReading,
+     "In an animation, the line behind a block that is left out is passed over, and nothing\n"
+     "is read of the block that it opens. Move that block in front of the other one."},
     {NameNotSaved, "name-not-saved", bySave,
      "A file saved with this name would not give the frame back. Rename the frame."},
     {KeysNotSaved, "keys-not-saved", bySave,
@@ -82,6 +111,9 @@ constexpr FindingRow rows[] = {
     {FlagsNotSaved, "flags-not-saved", bySave,
      "Saving leaves out the flags (e, 2, h and g) of frames without a mesh. They have no\n"
      "effect there."},
+    {EmptyNotSaved, "empty-not-saved", bySave,
+     "A face without corners, or a key without values, is saved so that reading ends behind\n"
+     "it, unless it is the last of its list: the rest of the saved file is lost. Remove it."},
     {IndexOutOfRange, "index-out-of-range", hazard,
      "An index leads past the end of its list (both are counted from 0). A face with a bad\n"
      "vertex is not drawn, a bad normal or texture coordinate is not used. Saving keeps\n"

@@ -56,8 +56,8 @@ std::string quoted(std::string_view name) {
     return '"' + std::string(name.substr(0, end)) + "...\"";
 }
 
-std::string counted(std::size_t count, std::string_view one, std::string_view many) {
-    return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
+std::string andMore(std::size_t count) {
+    return count > 1 ? " (and " + std::to_string(count - 1) + " more)" : std::string();
 }
 
 } // namespace korvane

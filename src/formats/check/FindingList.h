@@ -49,7 +49,7 @@ class FindingList {
 
 /// A name as a finding shows it: in quotation marks, long ones cut.
 [[nodiscard]] std::string quoted(std::string_view name);
-/// "1 face", "2 faces".
-[[nodiscard]] std::string counted(std::size_t count, std::string_view one, std::string_view many);
+/// What follows the first of several: " (and 2 more)" of three, nothing of one.
+[[nodiscard]] std::string andMore(std::size_t count);
 
 } // namespace korvane

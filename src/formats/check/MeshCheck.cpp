@@ -1,5 +1,6 @@
 #include "formats/check/MeshCheck.h"
 
+#include "model/document/ModelCounts.h"
 #include "model/records/FrameWalk.h"
 
 #include <algorithm>
@@ -17,10 +18,9 @@ struct Wrong {
     std::size_t first = 0;
 
     void meet(std::size_t i) { first = count++ == 0 ? i : first; }
-    /// " 7" or "s 7 and 3 more".
+    /// "Face 7 (and 3 more)".
     [[nodiscard]] std::string which(const std::string& one) const {
-        return one + ' ' + std::to_string(first) +
-               (count > 1 ? " (and " + std::to_string(count - 1) + " more)" : "");
+        return one + ' ' + std::to_string(first) + andMore(count);
     }
 };
 
@@ -39,27 +39,24 @@ class MeshCheck {
         : mesh_(frame.Mesh), places_(places), findings_(findings),
           frame_("frame " + quoted(frame.Name)) {}
 
-    void check(bool listsWhole) {
+    void check() {
         const MeshRecord& m = mesh_;
         checkIndices({"vertex", "vertices", m.Vertices.size(), m.Faces, places_.mesh});
         if (m.HasNormals) {
-            checkParallel({"normal", "normals", m.Normals.size(), m.NormalFaces, places_.normals},
-                          listsWhole);
-        } else if (!m.Faces.empty()) {
+            checkParallel({"normal", "normals", m.Normals.size(), m.NormalFaces, places_.normals});
+        } else if (!m.Faces.empty() && !places_.broken) {
             findings_.add(FindingId::NoNormals, places_.mesh,
                           "The mesh of " + frame_ + " has no normals");
         }
         if (m.HasTexCoords) {
             checkParallel({"texture coordinate", "texture coordinates", m.TexCoords.size(),
-                           m.TexCoordFaces, places_.texCoords},
-                          listsWhole);
+                           m.TexCoordFaces, places_.texCoords});
         }
         if (m.HasVertexColors) {
             checkParallel({"vertex colour", "vertex colours", m.VertexColors.size(),
-                           m.VertexColorFaces, places_.vertexColors},
-                          listsWhole);
+                           m.VertexColorFaces, places_.vertexColors});
         }
-        if (m.HasMaterials && !places_.namedMaterials) {
+        if (m.HasMaterials && !places_.namedMaterials && !places_.broken) {
             checkSlots();
         }
         checkFaces();
@@ -67,7 +64,7 @@ class MeshCheck {
 
   private:
     void checkIndices(const MeshList& list);
-    void checkParallel(const MeshList& list, bool listsWhole);
+    void checkParallel(const MeshList& list);
     void checkSlots();
     void checkFaces();
     [[nodiscard]] bool hasArea(std::span<const std::uint32_t> corners) const;
@@ -98,16 +95,13 @@ void MeshCheck::checkIndices(const MeshList& list) {
     findings_.add(FindingId::IndexOutOfRange, list.place,
                   "Face " + std::to_string(face) + " of " + frame_ + " leads to " + list.one + ' ' +
                       std::to_string(index) + " of " + std::to_string(list.size) +
-                      (wrong.count > 1
-                           ? " (and " + counted(wrong.count - 1, "more index", "more indices") +
-                                 " out of range)"
-                           : ""));
+                      andMore(wrong.count));
 }
 
 /// A list that has a polygon for each face.
-void MeshCheck::checkParallel(const MeshList& list, bool listsWhole) {
+void MeshCheck::checkParallel(const MeshList& list) {
     checkIndices(list);
-    if (listsWhole && list.polygons.size() != mesh_.Faces.size()) {
+    if (!places_.broken && list.polygons.size() != mesh_.Faces.size()) {
         findings_.add(FindingId::ListsDiffer, list.place,
                       "The " + std::string(list.many) + " of " + frame_ + " are told for " +
                           counted(list.polygons.size(), "face", "faces") + ", not for " +
@@ -193,7 +187,7 @@ void checkMeshes(const ModelDocument& document, const ReadPlaces& places, Findin
         if (walk.frame().HasMesh) {
             MeshCheck(walk.frame(), number < places.frames.size() ? places.frames[number] : unknown,
                       findings)
-                .check(!places.endedEarly);
+                .check();
         }
     }
     for (std::size_t i = 0; i < document.Materials.size(); ++i) {

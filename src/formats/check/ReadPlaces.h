@@ -12,6 +12,7 @@ namespace korvane {
 /// Where the parts of a frame stand, for those that it has.
 struct FramePlaces {
     TextPlace frame = nowhere;
+    TextPlace matrix = nowhere;
     TextPlace mesh = nowhere;
     TextPlace materials = nowhere;
     TextPlace normals = nowhere;
@@ -20,6 +21,9 @@ struct FramePlaces {
     TextPlace keys = nowhere;
     std::size_t keyLists = 0;
     bool namedMaterials = false; ///< a slot only names its material
+    bool secondMesh = false;
+    bool broken = false;     ///< its lists break off or went astray, which is told
+    bool braceFault = false; ///< a block in it is not closed where it seems, which is told
 };
 
 /// Where the parts of a model stand in the text that it was read from.
@@ -27,7 +31,6 @@ struct ReadPlaces {
     std::vector<FramePlaces> frames;                     ///< in pre-order
     std::vector<TextPlace> materials;                    ///< by place in the material table
     std::unordered_map<std::string, TextPlace> textures; ///< by name
-    bool endedEarly = false;
 };
 
 } // namespace korvane

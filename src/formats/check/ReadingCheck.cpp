@@ -2,6 +2,7 @@
 
 #include "formats/check/BlockCheck.h"
 #include "formats/check/EarlyEnd.h"
+#include "formats/check/ListCheck.h"
 #include "formats/check/TextLines.h"
 #include "formats/check/TextureBlock.h"
 #include "formats/xsi/XsiFrameReader.h"
@@ -23,19 +24,28 @@ class ReadingCheck {
   private:
     void take(const ReadNote& note);
     void takeLine(const ReadNote& note, const TextLine& line);
+    void takeList(NoteKind kind, const TextLine& line);
     void takeFrame(const ReadNote& note, const TextLine& line);
     void takeDeclaration(const TextLine& line, const std::string& text);
     void takeMesh(const TextLine& line);
     void takeMaterial(const ReadNote& note, const TextLine& line);
+    void keepOpen();
+    void takeUnclosed();
+    void takeOpening(const TextLine& line);
     void takeTexture(TextPlace behind, const TextLine& line);
     void takeAnimation(const ReadNote& note, const TextLine& line);
     void takeKeys(const ReadNote& note, const TextLine& line);
+    void takeEarlyKeys(bool toRoot);
     void tellMaterialNames();
     void tellRepeated();
 
     /// The places of the frame that the next list belongs to.
     FramePlaces& current() { return places_.frames[open_.empty() ? 0 : open_.back()]; }
     [[nodiscard]] std::string frameName(std::size_t number) const;
+    /// How findings tell of that frame.
+    [[nodiscard]] std::string here() const {
+        return "frame " + quoted(frameName(open_.empty() ? 0 : open_.back()));
+    }
 
     std::string_view bytes_;
     FindingList& findings_;
@@ -47,17 +57,24 @@ class ReadingCheck {
     std::size_t topFramesMet_ = 0;
     std::vector<TextPlace> roots_; ///< the outermost frames, without false ones that others replace
     TextPlace material_ = nowhere;
+    bool materialMissing_ = false; ///< the current list is told to have too few
     TextPlace animation_ = nowhere;
     bool animationTold_ = false;
+    bool animationFault_ = false; ///< as FramePlaces::braceFault
     bool animationKnown_ = false; ///< it names a frame that is there
     std::string_view animationName_;
     Repeated tooDeep_, nameCase_, materialNames_, textureParameters_, unclosed_;
+    std::size_t cut_ = none; ///< the innermost frame that the text ends in
+    bool endedEarly_ = false;
     BlockCheck blocks_;
+    ListCheck lists_;
+
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
 };
 
 ReadingCheck::ReadingCheck(std::string_view bytes, const ModelDocument& document,
                            FindingList& findings)
-    : bytes_(bytes), findings_(findings), blocks_(bytes, findings) {
+    : bytes_(bytes), findings_(findings), blocks_(bytes, findings), lists_(bytes, findings) {
     for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
         frames_.push_back(&walk.frame());
     }
@@ -91,11 +108,19 @@ void ReadingCheck::take(const ReadNote& note) {
             std::min(places_.materials.at(static_cast<std::size_t>(note.value)), material_);
         break;
     case NoteKind::Unclosed:
-        unclosed_.meet(open_.empty() ? animation_ : current().frame,
-                       open_.empty() ? "an animation" : "frame " + quoted(frameName(open_.back())));
+        takeUnclosed();
+        break;
+    case NoteKind::ListEnd:
+        current().broken = (lists_.takeEnd(behind) && !open_.empty()) || current().broken;
+        break;
+    case NoteKind::MaterialListEnd:
+        lists_.takeMaterialsEnd(behind, current().materials);
         break;
     case NoteKind::EndedEarly:
-        places_.endedEarly = true;
+        endedEarly_ = true;
+        if (cut_ < places_.frames.size()) {
+            places_.frames[cut_].broken = true;
+        }
         tellEarlyEnd(bytes_, behind, static_cast<char>(note.value), findings_);
         break;
     case NoteKind::Texture:
@@ -104,6 +129,30 @@ void ReadingCheck::take(const ReadNote& note) {
     default:
         takeLine(note, lineBefore(bytes_, behind));
         break;
+    }
+}
+
+/// A block is not closed where it seems: it takes the closing brace of what is around it, and that
+/// the next one.
+void ReadingCheck::keepOpen() {
+    animationFault_ = open_.empty();
+    for (std::size_t i = open_.size() - std::min<std::size_t>(open_.size(), 2); i < open_.size();
+         ++i) {
+        places_.frames[open_[i]].braceFault = true;
+    }
+}
+
+/// A frame that the text ends in is told, unless something that is told has kept it open.
+void ReadingCheck::takeUnclosed() {
+    if (open_.empty()) {
+        if (!animationFault_) {
+            unclosed_.meet(animation_, "an animation");
+        }
+        return;
+    }
+    cut_ = cut_ == none ? open_.back() : cut_;
+    if (!current().braceFault) {
+        unclosed_.meet(current().frame, here());
     }
 }
 
@@ -120,14 +169,12 @@ void ReadingCheck::takeLine(const ReadNote& note, const TextLine& line) {
     case NoteKind::Mesh:
         takeMesh(line);
         break;
+    case NoteKind::Matrix:
+    case NoteKind::MaterialList:
     case NoteKind::Normals:
-        current().normals = line.place;
-        break;
     case NoteKind::TexCoords:
-        current().texCoords = line.place;
-        break;
     case NoteKind::VertexColors:
-        current().vertexColors = line.place;
+        takeList(note.kind, line);
         break;
     case NoteKind::Animation:
     case NoteKind::AnimationName:
@@ -138,8 +185,15 @@ void ReadingCheck::takeLine(const ReadNote& note, const TextLine& line) {
         break;
     case NoteKind::LeftOut:
         if (note.left > 0) { // or it leaves out nothing
-            blocks_.takeLeftOut(line, note.value != 0);
+            if (blocks_.takeLeftOut(line, note.value != 0)) {
+                keepOpen();
+            }
         }
+        break;
+    case NoteKind::PassedOver:
+        findings_.add(FindingId::BlockPassedOver, line.place,
+                      quoted(trimmed(line.text)) +
+                          " stands directly behind a block that is left out, and is passed over");
         break;
     case NoteKind::LooseBlock:
         blocks_.takeLoose(line);
@@ -181,6 +235,10 @@ void ReadingCheck::takeDeclaration(const TextLine& line, const std::string& text
     const std::size_t begin =
         text.find("frame") + (text.find("frm-") != std::string::npos ? 10 : 6);
     const std::size_t end = std::min(begin + name.size(), text.size());
+    if (!name.empty() && std::string_view(" \t{}").find(name.front()) != std::string_view::npos) {
+        findings_.add(FindingId::NameOdd, line.place,
+                      "The name of the frame begins with a blank or a brace: " + quoted(name));
+    }
     if (begin < end && line.text.substr(begin, end - begin) != name) {
         nameCase_.meet(line.place, line.text.substr(begin, end - begin));
     }
@@ -200,26 +258,65 @@ void ReadingCheck::takeDeclaration(const TextLine& line, const std::string& text
                       "Frame " + quoted(name) +
                           " is closed in the line that opens it, but goes on to the next closing "
                           "brace");
+        keepOpen();
     }
+}
+
+void ReadingCheck::takeOpening(const TextLine& line) {
+    current().broken = lists_.takeOpening(line) || current().broken;
 }
 
 void ReadingCheck::takeMesh(const TextLine& line) {
     FramePlaces& frame = current();
-    if (frame.mesh == nowhere) {
-        frame.mesh = line.place;
-    } else {
+    takeOpening(line);
+    const std::string_view word = firstWord(line.text);
+    if (folded(word) != "mesh") {
+        findings_.add(FindingId::BlockAsMesh, line.place,
+                      quoted(word) + " is read as a mesh of " + here());
+    } else if (frame.mesh != nowhere) {
         findings_.add(FindingId::SecondMesh, line.place,
-                      "A further mesh in frame " + quoted(frameName(open_.back())) +
+                      "A further mesh in " + here() +
                           ": its faces lead to the vertices of the first");
     }
+    frame.secondMesh = frame.mesh != nowhere;
+    frame.mesh = std::min(frame.mesh, line.place);
+}
+
+/// Takes the line of the matrix of a frame, or of a list that its mesh has but once.
+void ReadingCheck::takeList(NoteKind kind, const TextLine& line) {
+    FramePlaces& frame = current();
+    takeOpening(line);
+    TextPlace& place = kind == NoteKind::Matrix         ? frame.matrix
+                       : kind == NoteKind::MaterialList ? frame.materials
+                       : kind == NoteKind::Normals      ? frame.normals
+                       : kind == NoteKind::TexCoords    ? frame.texCoords
+                                                        : frame.vertexColors;
+    if (place != nowhere && !frame.braceFault && (kind == NoteKind::Matrix || !frame.secondMesh)) {
+        findings_.add(FindingId::SecondList, line.place,
+                      "A further " + quoted(firstWord(line.text)) + " in " + here() +
+                          (kind == NoteKind::Matrix ? ": the one before is left out"
+                                                    : " is appended to the one before"));
+    }
+    if (kind == NoteKind::MaterialList) {
+        tellMaterialNames();
+        materialMissing_ = false;
+    }
+    place = line.place;
 }
 
 void ReadingCheck::takeMaterial(const ReadNote& note, const TextLine& line) {
-    if (note.kind == NoteKind::MaterialList) {
-        tellMaterialNames();
-        current().materials = line.place;
-    } else if (note.kind == NoteKind::Material) {
+    if (note.kind == NoteKind::Material) {
         material_ = line.place;
+        takeOpening(line);
+    } else if (note.kind == NoteKind::MaterialMissing) {
+        if (!materialMissing_ && note.left > 0) { // or the text ends there, which is told
+            findings_.add(FindingId::CountWrong, current().materials,
+                          "The list holds fewer materials than it counts: reading takes what "
+                          "stands behind it for its own");
+            current().broken = true;
+            keepOpen();
+        }
+        materialMissing_ = true;
     } else {
         const std::string_view text = line.text;
         const std::size_t open = text.find('{');
@@ -233,7 +330,7 @@ void ReadingCheck::takeMaterial(const ReadNote& note, const TextLine& line) {
 void ReadingCheck::tellMaterialNames() {
     if (materialNames_.count > 0) {
         findings_.add(FindingId::MaterialByName, materialNames_.first,
-                      "Material " + quoted(materialNames_.name) + materialNames_.more() +
+                      "Material " + materialNames_.names() +
                           " is only named here, and adds no slot");
     }
     materialNames_ = {};
@@ -244,6 +341,7 @@ void ReadingCheck::takeTexture(TextPlace behind, const TextLine& line) {
         findings_.add(FindingId::ClosedOnOneLine, line.place,
                       quoted(trimmed(line.text)) +
                           " is not read: the name is looked for in the lines below");
+        keepOpen();
     }
     const TextureBlock block = readTextureBlock(bytes_.substr(behind));
     if (!block.named) {
@@ -265,6 +363,8 @@ void ReadingCheck::takeAnimation(const ReadNote& note, const TextLine& line) {
     animation_ = line.place;
     if (note.kind == NoteKind::Animation) {
         animationKnown_ = animationTold_ = false;
+        animationFault_ =
+            animationFault_ && folded(line.text).find("animationset") == std::string::npos;
         animationName_ = {};
     } else {
         const std::size_t prefix = folded(line.text).find("frm-");
@@ -275,10 +375,12 @@ void ReadingCheck::takeAnimation(const ReadNote& note, const TextLine& line) {
 }
 
 void ReadingCheck::takeKeys(const ReadNote& note, const TextLine& line) {
-    if (!lastTree_) {
-        return; // they went with the frames
-    }
+    lists_.takeOpening(line);
     const auto number = static_cast<std::size_t>(note.value);
+    if (!lastTree_) {
+        takeEarlyKeys(number == 0);
+        return;
+    }
     if (!animationKnown_ && !animationTold_) {
         animationTold_ = true;
         findings_.add(FindingId::UnknownFrame, animation_,
@@ -298,6 +400,18 @@ void ReadingCheck::takeKeys(const ReadNote& note, const TextLine& line) {
     }
 }
 
+/// Takes keys that stand before the frames of the document: those of the root alone are kept.
+void ReadingCheck::takeEarlyKeys(bool toRoot) {
+    const std::string root = frames_.front()->Name;
+    if (animationTold_ || (toRoot && folded(animationName_) == root)) {
+        return;
+    }
+    animationTold_ = true;
+    findings_.add(FindingId::KeysBeforeFrame, animation_,
+                  "The animation stands before the outermost frame " + quoted(root) +
+                      (toRoot ? ", which gets its keys" : ": its keys are left out"));
+}
+
 void ReadingCheck::tellRepeated() {
     const auto tell = [this](FindingId id, const Repeated& met, const std::string& text) {
         if (met.count > 0) {
@@ -310,17 +424,16 @@ void ReadingCheck::tellRepeated() {
                           " outermost frames is kept, " + quoted(frameName(0)));
     }
     tell(FindingId::FrameTooDeep, tooDeep_,
-         counted(tooDeep_.count, "frame", "frames") + " nested too deep, and left out");
-    tell(FindingId::NameCase, nameCase_,
-         "Frame " + quoted(nameCase_.name) + nameCase_.more() + " loses its capitals");
+         "Frames deeper than " + std::to_string(maxFrameDepth) + " are left out");
+    tell(FindingId::NameCase, nameCase_, "Frame " + nameCase_.names() + " loses its capitals");
     tell(FindingId::TextureParameters, textureParameters_,
-         "Of texture " + quoted(textureParameters_.name) + textureParameters_.more() +
-             " only the name is read");
+         "Of texture " + textureParameters_.names() + " only the name is read");
     blocks_.finish();
-    const bool told = places_.endedEarly || findings_.has(FindingId::BraceOnNextLine) ||
-                      findings_.has(FindingId::ClosedOnOneLine);
-    if (!told) {
+    if (!endedEarly_) {
         tell(FindingId::FileEnds, unclosed_, "The file ends within " + unclosed_.name);
+    }
+    if (topFrames_ == 0 && !endedEarly_) {
+        findings_.add(FindingId::NoFrame, nowhere, "There is no frame in the file");
     }
 }
 

@@ -20,10 +20,8 @@ struct Repeated {
             name = what;
         }
     }
-    /// " (and 2 more)" where it was met three times.
-    [[nodiscard]] std::string more() const {
-        return count > 1 ? " (and " + std::to_string(count - 1) + " more)" : std::string();
-    }
+    /// The name in quotation marks, and how many more there are.
+    [[nodiscard]] std::string names() const { return quoted(name) + andMore(count); }
 };
 
 } // namespace korvane

@@ -3,6 +3,7 @@
 #include "formats/xsi/FrameNames.h"
 #include "formats/xsi/XsiReader.h"
 #include "formats/xsi/XsiWriter.h"
+#include "model/document/ModelCounts.h"
 #include "model/records/FrameWalk.h"
 
 #include <initializer_list>
@@ -69,6 +70,50 @@ void checkName(const FrameRecord& frame, bool root, TextPlace place, FindingList
     findings.add(FindingId::NameNotSaved, place, std::move(text));
 }
 
+/// Tells of the entries of a list that hold nothing. A saved file has one separator too many behind
+/// each, which does no harm behind the last one only.
+template <class List, class IsEmpty>
+void checkEmpty(const List& list, IsEmpty isEmpty, TextPlace place, const std::string& entry,
+                const char* lacks, FindingList& findings) {
+    std::size_t first = 0;
+    std::size_t count = 0;
+    for (std::size_t i = 0; i + 1 < list.size(); ++i) {
+        if (isEmpty(list[i])) {
+            first = count++ == 0 ? i : first;
+        }
+    }
+    if (count > 0) {
+        findings.add(FindingId::EmptyNotSaved, place,
+                     entry + ' ' + std::to_string(first) + andMore(count) + " has no " + lacks +
+                         ": reading a saved file ends there");
+    }
+}
+
+void checkEmptyEntries(const FrameRecord& frame, const FramePlaces& places, FindingList& findings) {
+    const MeshRecord& mesh = frame.Mesh;
+    const std::string of = " of frame " + quoted(frame.Name);
+    const auto checkPolygons = [&](const PolygonList& list, TextPlace place, const char* kind) {
+        checkEmpty(
+            list, [](const auto& corners) { return corners.empty(); }, place,
+            std::string("In the ") + kind + of + ", face", "corners", findings);
+    };
+    checkPolygons(mesh.Faces, places.mesh, "mesh");
+    if (mesh.HasNormals) {
+        checkPolygons(mesh.NormalFaces, places.normals, "normals");
+    }
+    if (mesh.HasTexCoords) {
+        checkPolygons(mesh.TexCoordFaces, places.texCoords, "texture coordinates");
+    }
+    if (mesh.HasVertexColors) {
+        checkPolygons(mesh.VertexColorFaces, places.vertexColors, "vertex colours");
+    }
+    if (frame.HasAnimation) {
+        checkEmpty(
+            frame.AnimationKeys, [](const AnimationKeyRecord& key) { return key.Values.empty(); },
+            places.keys, "In the keys" + of + ", key", "values", findings);
+    }
+}
+
 } // namespace
 
 void checkSaving(const ModelDocument& document, const ReadPlaces& places, FindingList& findings) {
@@ -80,10 +125,15 @@ void checkSaving(const ModelDocument& document, const ReadPlaces& places, Findin
         if (place.frame != nowhere) { // without any frame in the file the root has no name
             checkName(frame, walk.depth() == 0, place.frame, findings);
         }
+        if (frame.HasMesh) {
+            checkEmptyEntries(frame, place, findings);
+        }
         if (!frame.HasMesh && frame.HasAnimation) {
             findings.add(FindingId::KeysNotSaved, place.keys,
                          "Frame " + quoted(frame.Name) + " has no mesh: a saved file lacks its " +
-                             counted(frame.AnimationKeys.size(), "key", "keys"));
+                             (frame.AnimationKeys.empty()
+                                  ? "animation"
+                                  : counted(frame.AnimationKeys.size(), "key", "keys")));
         }
         if (!frame.HasMesh &&
             (frame.Emissive || frame.RenderBackwards || frame.KV2Animated || frame.GFlag)) {

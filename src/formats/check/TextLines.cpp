@@ -49,8 +49,7 @@ TextPlace blockEnd(std::string_view bytes, const TextLine& line) {
         const std::size_t begin = next + 1;
         next = std::min(bytes.find('\n', begin), bytes.size());
         const std::string_view text = bytes.substr(begin, next - begin);
-        depth -= text.find('}') != std::string_view::npos ? 1 : 0;
-        depth += text.find('{') != std::string_view::npos ? 1 : 0;
+        countBraces(text, depth);
     }
     return next;
 }

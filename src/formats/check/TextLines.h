@@ -17,8 +17,8 @@ struct TextLine {
 [[nodiscard]] TextLine lineBefore(std::string_view bytes, TextPlace end);
 /// The next line above that is not blank; empty if there is none.
 [[nodiscard]] TextLine lineAbove(std::string_view bytes, const TextLine& line);
-/// Where the block that the line opens ends: the end of its last line. Braces are counted as the
-/// reader counts them, one of each in a line, but the line itself may close the block.
+/// Where the block that the line opens ends: the end of its last line. The line itself may
+/// close the block.
 [[nodiscard]] TextPlace blockEnd(std::string_view bytes, const TextLine& line);
 
 /// The first word of a line, without the braces and separators before it.

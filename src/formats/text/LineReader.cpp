@@ -26,7 +26,7 @@ void LineReader::skipBlock() {
         if (!line) {
             break;
         }
-        count(last, depth);
+        countBraces(last, depth);
     }
     fold(last);
 }
@@ -43,14 +43,14 @@ void LineReader::noteFailure() {
     }
 }
 
-void LineReader::count(std::string_view line, int& depth) {
-    depth -= line.find('}') != std::string_view::npos ? 1 : 0;
-    depth += line.find('{') != std::string_view::npos ? 1 : 0;
-}
-
 void LineReader::fold(std::string_view line) {
     line_ = line;
     foldCase(line_);
+}
+
+void countBraces(std::string_view line, int& depth) {
+    depth -= line.find('}') != std::string_view::npos ? 1 : 0;
+    depth += line.find('{') != std::string_view::npos ? 1 : 0;
 }
 
 void foldCase(std::string& text) {

@@ -14,6 +14,9 @@ namespace korvane {
 /// Turns the letters A to Z into small ones, and nothing else.
 void foldCase(std::string& text);
 
+/// Counts the braces of a line: a closing one, then an opening one, at most one of each.
+void countBraces(std::string_view line, int& depth);
+
 /// The line-wise side of model reading: one buffer with the current line, folded to lower case,
 /// which the readers of all block kinds test for keywords in turn. Numbers are extracted from the
 /// scanner, right behind the current line. At the end of the text the buffer is empty.
@@ -48,15 +51,13 @@ class LineReader {
     /// Blanks out the first closing brace of the buffer, so that no outer block sees it.
     void blankClosingBrace();
 
-    /// Counts the buffer's braces: a closing one, then an opening one, at most one of each.
-    void count(int& depth) const { count(line_, depth); }
-    /// The same within a block that is read: at its own depth, 1, an opening brace begins a block
-    /// of which nothing is read, and is noted.
+    /// Counts the buffer's braces within a block that is read: at its own depth, 1, an opening
+    /// brace begins a block of which nothing is read, and is noted.
     void countUnread(int& depth) {
         if (depth == 1 && noting() && holds('{')) {
             note(NoteKind::LeftOut);
         }
-        count(depth);
+        countBraces(line_, depth);
     }
     /// Reads on until the block that the current line opened is closed.
     void skipBlock();
@@ -64,7 +65,6 @@ class LineReader {
     void skipToClosingBrace();
 
   private:
-    static void count(std::string_view line, int& depth);
     void fold(std::string_view line);
 
     TextScanner scanner_;

@@ -48,6 +48,9 @@ void XsiAnimationReader::skipUnknownBlock() {
         lines_.note(NoteKind::LeftOut, 1);
         lines_.skipBlock();
         lines_.next();
+        if (lines_.holds('{')) {
+            lines_.note(NoteKind::PassedOver);
+        }
     }
 }
 
@@ -106,6 +109,7 @@ void XsiAnimationReader::readKeys() {
             in.separator();
         }
     }
+    lines_.note(NoteKind::ListEnd);
     lines_.skipToClosingBrace();
     lines_.blankClosingBrace();
 }

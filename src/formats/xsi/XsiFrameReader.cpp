@@ -107,6 +107,7 @@ void XsiFrameReader::readChild(FrameRecord& parent, std::size_t depth) {
 /// frame's as it was.
 void XsiFrameReader::readMatrix(Matrix4& matrix) {
     TextScanner& in = lines_.numbers();
+    lines_.note(NoteKind::Matrix);
     Matrix4 read;
     for (std::size_t k = 0; k < 16; ++k) {
         if ((k > 0 && !in.separator()) || !in.real(read[k])) {
@@ -115,6 +116,7 @@ void XsiFrameReader::readMatrix(Matrix4& matrix) {
         }
     }
     matrix = read;
+    lines_.note(NoteKind::ListEnd);
     in.until('}');
     // The keyword itself holds "frame": no later test of this pass may find it.
     lines_.clear();

@@ -50,13 +50,16 @@ void XsiMaterialReader::readList(FrameRecord& frame) {
         slots.push_back(slot);
         in.separator();
     }
+    lines_.note(NoteKind::ListEnd);
     for (std::int32_t i = 0; i < materials && !in.ended(); ++i) {
         readListEntry(frame);
     }
+    lines_.note(NoteKind::MaterialListEnd);
     lines_.skipBlock(); // up to the list's own closing line
 }
 
 void XsiMaterialReader::readListEntry(FrameRecord& frame) {
+    const std::size_t before = frame.Mesh.MaterialSlotList.size();
     int depth = 1;
     while (depth > 0 && lines_.next()) {
         if (depth == 1 && isReference(lines_.line())) {
@@ -73,6 +76,9 @@ void XsiMaterialReader::readListEntry(FrameRecord& frame) {
         }
         lines_.countUnread(depth);
     }
+    if (frame.Mesh.MaterialSlotList.size() == before) {
+        lines_.note(NoteKind::MaterialMissing);
+    }
 }
 
 void XsiMaterialReader::readDotXsiMaterial(FrameRecord& frame) {
@@ -83,6 +89,7 @@ void XsiMaterialReader::readDotXsiMaterial(FrameRecord& frame) {
         in.separator()) {
         readColor(material.Ambient, frame.Emissive);
     }
+    lines_.note(NoteKind::ListEnd);
     int depth = 1;
     while (depth > 0 && lines_.next()) {
         if (lines_.holds("si_texture2d") || lines_.holds("texturefilename")) {
@@ -97,6 +104,7 @@ void XsiMaterialReader::readDirectXMaterial(FrameRecord& frame) {
     MaterialRecord material;
     lines_.note(NoteKind::Material);
     readSurface(material, frame.Emissive);
+    lines_.note(NoteKind::ListEnd);
     int depth = 1;
     while (depth > 0 && lines_.next()) {
         if (lines_.holds("texturefilename")) {

@@ -141,6 +141,7 @@ void XsiMeshReader::read(FrameRecord& frame) {
     const bool complete = readWithCopy(lines_.numbers(), [&mesh](TextScanner& in) {
         return readElements(in, mesh.Vertices) && readFaces(in, mesh.Faces);
     });
+    lines_.note(NoteKind::ListEnd);
     // Every block read here ends with its closing line, which the mesh does not count.
     int depth = 1;
     while (complete && depth > 0 && lines_.next()) {
@@ -173,6 +174,7 @@ void XsiMeshReader::readParallelList(std::vector<Element>& elements, PolygonList
     readWithCopy(lines_.numbers(), [&](TextScanner& in) {
         return readElements(in, elements) && readCornerLists(in, polygons);
     });
+    lines_.note(NoteKind::ListEnd);
     lines_.skipToClosingBrace();
 }
 
@@ -181,6 +183,7 @@ void XsiMeshReader::readDirectXTexCoords(MeshRecord& mesh) {
     const std::size_t first = mesh.TexCoords.size();
     readWithCopy(lines_.numbers(),
                  [&mesh](TextScanner& in) { return readElements(in, mesh.TexCoords); });
+    lines_.note(NoteKind::ListEnd);
     for (std::size_t i = first; i < mesh.TexCoords.size(); ++i) {
         mesh.TexCoords[i].v = 1.0F - mesh.TexCoords[i].v;
     }

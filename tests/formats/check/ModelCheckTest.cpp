@@ -1,6 +1,7 @@
 #include "formats/check/ModelCheck.h"
 
 #include "model/records/FrameWalk.h"
+#include "support/Findings.h"
 #include "support/RandomModel.h"
 #include "support/TestFiles.h"
 #include "support/TextModel.h"
@@ -14,120 +15,10 @@
 namespace korvane {
 namespace {
 
-/// The findings, one a line: "LINE ID: text".
-std::string told(const std::vector<Finding>& findings) {
-    std::string text;
-    for (const Finding& finding : findings) {
-        text += std::to_string(finding.line) + ' ' + std::string(findingRow(finding.id).name) +
-                ": " + finding.text + '\n';
-    }
-    return text;
-}
-
-/// What is told of the text of a dotXSI file, of which the header is line 1.
-std::string checked(std::string_view body, bool hazards = true) {
-    const std::string text = std::string(test::xsiHeader) + std::string(body);
-    ModelCheck check = checkModel(text, {.hazards = hazards});
-    EXPECT_EQ(check.status, ReadStatus::Done);
-    return told(check.findings);
-}
-
-struct Row {
-    std::string body;
-    const char* expected;
-};
-
-TEST(ModelCheck, TellsWhatReadingLeavesOut) {
-    const std::string mesh = "frame a {\nmesh a {\n1;\n0;0;0;;\n0;\n";
-    const std::string keys = "animationset {\n animation m {\n  {frm-a}\n  SI_AnimationKey {\n"
-                             "   0;\n   1;\n   0; 1; 1;;;\n  }\n }\n}\n";
-    const Row rows[] = {
-        {"frame a {\n}\n", ""},
-        {"", ""},
-        {"frame a {\n mesh a {\n  2;\n  1;2;x;;\n",
-         "5 ended-early: Reading ends here: \"x\" is no number, and the rest of the file is left "
-         "out\n"},
-        {"frame a {\n mesh a {\n  2;\n  1;2;\n\n",
-         "5 ended-early: The file ends where a number is expected\n"},
-        {"frame a {\n mesh a {\n  1;\n  1;-1.#IND00;2;;\n",
-         "5 not-finite: Reading ends here: \"IND00\" is not finite, and the rest of the file is "
-         "left out\n"},
-        {"frame a {\n mesh a {\n  1;\n  1;2;-nan;\n",
-         "5 not-finite: Reading ends here: \"-nan\" is not finite, and the rest of the file is "
-         "left out\n"},
-        {"frame a {\n mesh a {\n  1;\n  1;2;1e39;\n",
-         "5 not-finite: Reading ends here: \"1e39\" is too large, and the rest of the file is left "
-         "out\n"},
-        {"frame a {\n mesh a\n {\n",
-         "4 brace-on-next-line: Reading ends here: the brace stands in the line below its "
-         "keyword, and the rest of the file is left out\n"},
-        {"frame a {\n frame b\n {\n  x {\n  }\n }\n}\n",
-         "4 brace-on-next-line: The brace stands in the line below \"frame b\", and all of the "
-         "block is left out\n"},
-        {"frame a {\n}\nanimationset x\n\n{\n  animation a {\n  }\n}\n",
-         "6 brace-on-next-line: The brace stands in the line below \"animationset x\", and all of "
-         "the block is left out\n"},
-        {"frame a {\n frame b {\n }\n", "2 file-ends: The file ends within frame \"a\"\n"},
-        {"frame a {\n}\nanimationset {\n", "4 file-ends: The file ends within an animation\n"},
-        {"frame a {\n frame b { }\n}\n",
-         "3 closed-on-one-line: Frame \"b\" is closed in the line that opens it, but goes on to "
-         "the next closing brace\n"},
-        {"frame a {\n {ref}\n x {\n }\n}\n",
-         "3 closed-on-one-line: \"{ref}\" leaves out what follows up to the next closing brace\n"},
-        {"mesh {\n 1;\n normals {\n }\n}\nframe a {\n}\n",
-         "2 mesh-outside-frame: A mesh stands outside of all frames, and is left out\n"},
-        {"template mesh {\n x;\n}\ntemplate mesh\n{\n}\nheader {\n}\nframe a {\n}\n", ""},
-        {"frame a {\n}\nframe b {\n}\nframe c {\n}\n",
-         "4 second-root: Only the last of 3 outermost frames is kept, \"c\"\n"},
-        {"Matrix4x4 frameMatrix;\n}\nframe c {\n}\n",
-         "2 block-as-frame: \"Matrix4x4\" is read as a frame, \"atrix;\"\n"},
-        {"frame a {\n SI_FrameBasePoseMatrix {\n 1;\n }\n}\n",
-         "3 base-pose-as-frame: \"SI_FrameBasePoseMatrix\" is read as a frame, "
-         "\"aseposematrix\"\n"},
-        {"frame a {\n // a frame x {\n }\n // frame y {\n }\n}\n",
-         "3 block-as-frame: \"//\" (and 1 more) is read as a frame, \"x\"\n"},
-        {"frame a {\n SkinWeights {\n }\n x\n {\n }\n skinweights {\n }\n}\nSI_Camera c {\n "
-         "1;\n}\n",
-         "3 block-left-out: Block \"SkinWeights\" (and 1 more) is left out\n"
-         "5 block-left-out: Block \"x\" is left out\n"
-         "11 block-left-out: Block \"SI_Camera\" is left out\n"},
-        {"Frame frm-Body__e2 {\n Frame B {\n }\n mesh b {\n0;\n0;\n}\n}\n",
-         "2 name-case: Frame \"Body\" (and 1 more) loses its capitals\n"},
-        {"frame a {\n frame left hand {\n }\n frame b__L1 {\n }\n}\n",
-         "3 name-cut: The name of frame \"left\" is cut: \"hand\" is left out\n"
-         "5 name-cut: The name of frame \"b\" is cut: \"__l1\" is left out\n"},
-        {mesh + "}\nmesh b {\n0;\n0;\n}\n}\n",
-         "8 second-mesh: A further mesh in frame \"a\": its faces lead to the vertices of the "
-         "first\n"},
-        {mesh + "MeshMaterialList {\n2;\n0;\n{Red}\n{ blue }\n}\n}\n}\n",
-         "10 material-by-name: Material \"Red\" (and 1 more) is only named here, and adds no "
-         "slot\n"},
-        {mesh + "MeshMaterialList {\n1;\n0;\nMaterial {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n"
-                "TextureFilename {\n\"maps/a.tga\";\n}\n}\n}\n}\n}\n",
-         "15 texture-folder: Of texture \"maps/a.tga\" only \"a.tga\" is kept\n"},
-        {mesh + "MeshMaterialList {\n1;\n0;\nMaterial {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n"
-                "TextureFilename { \"a.tga\"; }\n}\n}\n}\n}\n",
-         "15 closed-on-one-line: \"TextureFilename { \"a.tga\"; }\" is not read: the name is "
-         "looked "
-         "for in the lines below\n"
-         "16 ended-early: Reading ends here: no quotation mark follows\n"},
-        {mesh + "MeshMaterialList {\n1;\n0;\nSI_Material {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n2;\n"
-                "0;0;0;;\nSI_Texture2D {\n\"a.tga\";\n4;\n256;256;\n}\n}\n}\n}\n}\n",
-         "17 texture-parameters: Of texture \"a.tga\" only the name is read\n"},
-        {mesh + "}\n}\n" + keys, ""},
-        {mesh + "}\n}\nanimationset {\n animation m {\n  {frm-b}\n  AnimationKey {\n 0;\n 0;\n }\n"
-                " }\n}\n",
-         "11 unknown-frame: No frame is named \"b\": the keys go to \"a\"\n"},
-        {mesh + "}\n}\nanimationset {\n animation m {\n  AnimationKey {\n 0;\n 0;\n }\n  "
-                "AnimationKey {\n 0;\n 0;\n }\n }\n}\n",
-         "10 unknown-frame: An animation names no frame as {frm-NAME}: the keys go to \"a\"\n"
-         "15 keys-joined: A further list of keys for frame \"a\" is joined to the first, and its "
-         "type holds for both\n"},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(checked(row.body), row.expected) << row.body;
-    }
-}
+using test::checked;
+using test::expectTold;
+using test::told;
+using Row = test::CheckedText;
 
 TEST(ModelCheck, TellsWhatASaveDrops) {
     const std::string keys = "AnimationKey {\n 0;\n 2;\n 0;1;1;;;\n 1;1;1;;;\n }\n }\n}\n";
@@ -139,12 +30,51 @@ TEST(ModelCheck, TellsWhatASaveDrops) {
         {"frame a {\n frame frameb {\n mesh {\n1;\n0;0;0;;\n0;\n}\n }\n}\n",
          "3 name-not-saved: Frame \"frameb\" does not come back from a saved file: its name holds "
          "\"frame\" and the frame has a mesh (lost: mesh)\n"},
+        {"frame a {\n}\nanimationset {\n animation m {\n  {frm-a}\n  AnimationKey {\n 0;\n 0;\n "
+         "}\n }\n}\n",
+         "7 keys-not-saved: Frame \"a\" has no mesh: a saved file lacks its animation\n"},
         {"frame a {\n frame\n }\n}\n",
          "3 name-not-saved: Frame \"\" does not come back from a saved file: its name is empty "
          "(lost: name)\n"},
     };
+    expectTold(rows, false);
+}
+
+TEST(ModelCheck, TellsWhereASavedFileWouldEnd) {
+    const std::string head = "frame a {\nmesh a {\n1;\n0;0;0;;\n";
+    const std::string list = " {\n0;\n3;\n0;0;,1;1;0;,2;1;0;;\n}\n";
+    const std::string end = "}\n}\n";
+    const std::string animation = "animationset {\nanimation {\n{frm-a}\nanimationkey {\n1;\n3;\n";
+    const Row rows[] = {
+        {head + "3;\n1;0;,0;;1;0;;\n" + end, "3 empty-not-saved: In the mesh of frame \"a\", face "
+                                             "1 has no corners: reading a saved file "
+                                             "ends there\n"},
+        {head + "2;\n1;0;,0;;\n" + end, ""},
+        {head + "0;\nSI_MeshNormals" + list + end,
+         "7 empty-not-saved: In the normals of frame \"a\", face 0 has no corners: reading a saved "
+         "file ends there\n"},
+        {head + "0;\nSI_MeshTextureCoords" + list + end,
+         "7 empty-not-saved: In the texture coordinates of frame \"a\", face 0 has no corners: "
+         "reading a saved file ends there\n"},
+        {head + "0;\nSI_MeshVertexColors" + list + end,
+         "7 empty-not-saved: In the vertex colours of frame \"a\", face 0 has no corners: reading "
+         "a "
+         "saved file ends there\n"},
+        {head + "0;\n" + end + animation + "1;0;;,2;0;;,3;1;5;;;\n}\n}\n}\n",
+         "12 empty-not-saved: In the keys of frame \"a\", key 0 (and 1 more) has no values: "
+         "reading "
+         "a saved file ends there\n"},
+        {head + "0;\n" + end + animation + "1;1;5;;,2;1;5;;,3;0;;;\n}\n}\n}\n", ""},
+    };
     for (const Row& row : rows) {
-        EXPECT_EQ(checked(row.body, false), row.expected) << row.body;
+        const std::string text = std::string(test::xsiHeader) + row.body;
+        ModelCheck check = checkModel(text, {.hazards = false});
+        EXPECT_EQ(told(check.findings), row.expected) << row.body;
+        const ModelCheck again = checkModel(test::writeText(check.document), {.hazards = false});
+        const bool ended =
+            std::any_of(again.findings.begin(), again.findings.end(),
+                        [](const Finding& finding) { return finding.id == FindingId::EndedEarly; });
+        EXPECT_EQ(ended, !std::string_view(row.expected).empty()) << row.body;
     }
 }
 
@@ -157,8 +87,8 @@ TEST(ModelCheck, TellsWhatMayNotLookAsMeant) {
         {head + face + normals, ""},
         {head + face, "3 no-normals: The mesh of frame \"a\" has no normals\n"},
         {head + "3;\n3;0,1,2;,\n3;0,9,2;,\n3;0,1,-1;;\n",
-         "3 index-out-of-range: Face 1 of frame \"a\" leads to vertex 9 of 4 (and 1 more index "
-         "out of range)\n3 no-normals: The mesh of frame \"a\" has no normals\n"},
+         "3 index-out-of-range: Face 1 of frame \"a\" leads to vertex 9 of 4 (and 1 more)"
+         "\n3 no-normals: The mesh of frame \"a\" has no normals\n"},
         {head + "4;\n3;0,1,3;,\n2;0,1;,\n3;0,0,1;,\n1;0;;\n",
          "3 no-normals: The mesh of frame \"a\" has no normals\n"
          "3 few-corners: Face 1 (and 1 more) of frame \"a\" has fewer than three corners\n"
@@ -170,7 +100,7 @@ TEST(ModelCheck, TellsWhatMayNotLookAsMeant) {
              "MeshTextureCoords {\n1;\n0;0;;\n}\nSI_MeshVertexColors {\n1;\n"
              "1;1;1;1;;\n1;\n0;3;0,0,4;;\n}\n",
          "17 index-out-of-range: Face 0 of frame \"a\" leads to texture coordinate 1 of 1 (and 1 "
-         "more index out of range)\n"
+         "more)\n"
          "21 index-out-of-range: Face 0 of frame \"a\" leads to vertex colour 4 of 1\n"},
         {head + face + normals + "MeshMaterialList {\n1;\n3;\n0,\n1,\n-1;\n" + material,
          "17 index-out-of-range: Face 1 (and 1 more) of frame \"a\" leads to material 1 of 1\n"
@@ -180,6 +110,30 @@ TEST(ModelCheck, TellsWhatMayNotLookAsMeant) {
         EXPECT_EQ(checked(row.body + "}\n}\n"), row.expected) << row.body;
         EXPECT_EQ(checked(row.body + "}\n}\n", false), "") << row.body;
     }
+}
+
+/// Only the frame that the reading broke off in has lists that cannot be judged.
+TEST(ModelCheck, TellsNoFaultsThatFollowFromOthers) {
+    const std::string head = "mesh a {\n3;\n0;0;0;,\n1;0;0;,\n0;1;0;;\n1;\n3;0,1,2;;\n";
+    const std::string keys =
+        "animationset {\nanimation {\n{frm-a}\nanimationkey {\n1;\n0;\n7;\n}\n}\n}\n";
+    const Row rows[] = {
+        {"frame a {\n" + head + "}\nframe b {\n" + head +
+             "meshmateriallist {\n1;\n1;\n0;\nmaterial {\nx\n",
+         "3 no-normals: The mesh of frame \"a\" has no normals\n"
+         "24 ended-early: Reading ends here: \"x\" is no number, and the rest of the file is left "
+         "out\n"},
+        {"frame a {\n" + head + "}\n}\n" + keys,
+         "3 no-normals: The mesh of frame \"a\" has no normals\n"
+         "15 count-wrong: More numbers follow in \"animationkey {\" than are read, and are left "
+         "out\n"},
+        {"frame a {\n" + head +
+             "meshmateriallist {\n2;\n1;\n0;\nmaterial "
+             "{\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n}\n}\n}\n}\n",
+         "10 count-wrong: The list holds fewer materials than it counts: reading takes what stands "
+         "behind it for its own\n"},
+    };
+    expectTold(rows);
 }
 
 TEST(ModelCheck, TellsOtherHeadersByName) {
@@ -238,6 +192,9 @@ TEST(ModelCheck, LongAndDeepFilesTakeLinearTime) {
               repeated("material {\n1;1;1;0;;\n1;\n1;1;1;;\n1;1;1;;\nsi_texture2d {\n\"/a\";\n1;\n"
                        "}\n}\n{b}\n",
                        50000),
+          "frame a {\n" + repeated("frametransformmatrix {\n1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1\n}\n"
+                                   "mesh {\n0;\n0;\n}\n",
+                                   50000),
           "frame a {\n}\nanimationset {\n" +
               repeated("animation {\n{frm-x}\nanimationkey {\n0;\n0;\n}\n}\n", 100000)}) {
         const auto start = std::chrono::steady_clock::now();
@@ -307,7 +264,7 @@ TEST_F(TextureFindings, TellWhyATextureIsNotSeen) {
     write("photo.jpg", "x");
     TextureLoader loader(folder(), 30);
     EXPECT_EQ(checkedTextures({"good.tga", "gone.tga", "GOOD.tga", "c:\\x\\good.tga",
-                               "Sub\\Deep.TGA", "cut.tga", "photo.jpg"},
+                               "Sub\\Deep.TGA", "cut.tga", "photo.jpg", "good", "Good"},
                               loader),
               "23 texture-missing: Texture \"gone.tga\" is not there\n"
               "32 texture-spelling: Texture \"GOOD.tga\" is found only with other capitals: \"" +
@@ -325,7 +282,9 @@ TEST_F(TextureFindings, TellWhyATextureIsNotSeen) {
                   "many pixels\n"
                   "59 texture-not-decoded: Texture \"cut.tga\" cannot be shown: it is cut short\n"
                   "68 texture-not-decoded: Texture \"photo.jpg\" cannot be shown: .jpg files are "
-                  "not read\n");
+                  "not read\n"
+                  "86 texture-spelling: Texture \"Good\" is found only with other capitals: \"" +
+                  path("good.tga").toStdString() + "\"\n");
 }
 
 } // namespace

@@ -1,0 +1,97 @@
+#include "formats/check/ListCheck.h"
+
+#include "formats/text/LineReader.h"
+#include "model/document/ModelCounts.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool isWordPart(char c) {
+    return isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
+           static_cast<unsigned char>(c) >= 0x80U;
+}
+
+/// Whether a number stands in the text: digits in words, in quotation marks and in remarks are
+/// none.
+bool holdsNumber(std::string_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (isDigit(text[i])) {
+            return true;
+        }
+        if (text[i] == '"') {
+            i = text.find('"', i + 1);
+        } else if (text[i] == '#' || text.substr(i, 2) == "//") {
+            i = text.find('\n', i);
+        } else if (isWordPart(text[i])) {
+            const auto* end = std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(i),
+                                               text.end(), isWordPart);
+            i = static_cast<std::size_t>(end - text.begin()) - 1;
+        }
+        i = std::min(i, text.size() - 1); // where no mark follows
+    }
+    return false;
+}
+
+} // namespace
+
+bool ListCheck::takeOpening(const TextLine& line) {
+    opening_ = line;
+    const std::size_t brace = line.text.find('{');
+    told_ = brace != std::string_view::npos && holdsNumber(line.text.substr(brace + 1));
+    if (!told_) {
+        return false;
+    }
+    findings_.add(FindingId::NumbersBehindBrace, line.place,
+                  quoted(trimmed(line.text)) + " holds numbers behind its brace, which are left "
+                                               "out");
+    return true;
+}
+
+/// The numbers of a block end where a brace follows. If it opens another block, that one's keyword
+/// and name are no numbers.
+bool ListCheck::takeEnd(TextPlace end) {
+    std::string_view text = bytes_.substr(std::min(end, bytes_.size()));
+    const std::size_t brace = std::min(text.find_first_of("{}"), text.size());
+    const bool opens = brace < text.size() && text[brace] == '{';
+    text = text.substr(0, brace);
+    if (opens) {
+        text = text.substr(0, text.find_last_of(";,\n") + 1);
+    }
+    if (told_ || !holdsNumber(text)) {
+        return false;
+    }
+    findings_.add(FindingId::CountWrong, opening_.place,
+                  "More numbers follow in " + quoted(trimmed(opening_.text)) +
+                      " than are read, and are left out");
+    return true;
+}
+
+bool ListCheck::takeMaterialsEnd(TextPlace behind, TextPlace opening) {
+    std::size_t materials = 0;
+    int depth = 1;
+    for (TextPlace next = behind; depth > 0 && next < bytes_.size();) {
+        const std::size_t end = std::min(bytes_.find('\n', next), bytes_.size());
+        const std::string_view line = bytes_.substr(next, end - next);
+        if (depth == 1 && line.find('{') != std::string_view::npos &&
+            folded(firstWord(line)).find("material") != std::string::npos) {
+            ++materials;
+        }
+        countBraces(line, depth);
+        next = end + 1;
+    }
+    if (materials > 0) {
+        findings_.add(FindingId::CountWrong, opening,
+                      "The list holds more materials than it counts: " +
+                          counted(materials, "material is", "materials are") + " left out");
+    }
+    return materials > 0;
+}
+
+} // namespace korvane

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "formats/check/ModelCheck.h"
+#include "support/TextModel.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane::test {
+
+/// The findings, one a line: "LINE ID: text".
+inline std::string told(const std::vector<Finding>& findings) {
+    std::string text;
+    for (const Finding& finding : findings) {
+        text += std::to_string(finding.line) + ' ' + std::string(findingRow(finding.id).name) +
+                ": " + finding.text + '\n';
+    }
+    return text;
+}
+
+/// What is told of the text of a dotXSI file, of which the header is line 1.
+inline std::string checked(std::string_view body, bool hazards = true) {
+    const std::string text = std::string(xsiHeader) + std::string(body);
+    ModelCheck check = checkModel(text, {.hazards = hazards});
+    EXPECT_EQ(check.status, ReadStatus::Done);
+    return told(check.findings);
+}
+
+/// The text of a model without its header, and what is told of it.
+struct CheckedText {
+    std::string body;
+    const char* expected;
+};
+
+/// Compares what is told of each text.
+template <std::size_t count>
+void expectTold(const CheckedText (&rows)[count], bool hazards = true) {
+    for (const CheckedText& row : rows) {
+        EXPECT_EQ(checked(row.body, hazards), row.expected) << row.body;
+    }
+}
+
+} // namespace korvane::test
