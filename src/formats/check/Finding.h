@@ -66,8 +66,8 @@ inline constexpr std::size_t findingKinds =
 /// What is known of all findings of one kind.
 struct FindingRow {
     FindingId id;
-    std::string_view name; ///< for the user: small letters and hyphens
     FindingKind kind;
+    std::string_view name;        ///< for the user: small letters and hyphens
     std::string_view explanation; ///< what it means and what to do, in a few lines
 };
 

@@ -2,6 +2,8 @@
 
 #include "model/records/ModelText.h"
 
+#include <QDir>
+
 #include <string>
 #include <unordered_set>
 
@@ -23,9 +25,15 @@ const char* spelled(TextureSpelling spelling) {
     return "";
 }
 
+/// The name of a file as it is found from the model's folder.
+std::string nameFrom(const QString& folder, const QString& file) {
+    const QString relative = QDir(folder).relativeFilePath(file);
+    return modelText(relative.startsWith(QLatin1String("../")) ? file : relative);
+}
+
 void checkTexture(const std::string& name, TextPlace place, TextureLoader& loader,
                   FindingList& findings) {
-    const std::string texture = "Texture " + quoted(name);
+    const std::string texture = "Texture " + korvane::quoted(name);
     const auto found = loader.locate(shownText(name));
     if (!found) {
         findings.add(FindingId::TextureMissing, place, texture + " is not there");
@@ -33,7 +41,8 @@ void checkTexture(const std::string& name, TextPlace place, TextureLoader& loade
     }
     if (found->spelling != TextureSpelling::AsNamed) {
         findings.add(FindingId::TextureSpelling, place,
-                     texture + spelled(found->spelling) + quoted(modelText(found->file)));
+                     texture + spelled(found->spelling) +
+                         korvane::quoted(nameFrom(loader.folder(), found->file)));
     }
     const TextureOutcome outcome = loader.outcome(*found);
     if (!outcome.refusal.empty()) {

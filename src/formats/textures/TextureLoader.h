@@ -49,6 +49,8 @@ class TextureLoader {
     /// or none that can be decoded.
     std::shared_ptr<const TextureImage> load(const std::string& name);
 
+    [[nodiscard]] const QString& folder() const { return folder_; }
+
     /// Those of the textures loaded so far that are but the 1 x 1 image.
     [[nodiscard]] const UnseenTextures& unseen() const { return unseen_; }
 

@@ -263,28 +263,23 @@ TEST_F(TextureFindings, TellWhyATextureIsNotSeen) {
     write("cut.tga", header);
     write("photo.jpg", "x");
     TextureLoader loader(folder(), 30);
-    EXPECT_EQ(checkedTextures({"good.tga", "gone.tga", "GOOD.tga", "c:\\x\\good.tga",
-                               "Sub\\Deep.TGA", "cut.tga", "photo.jpg", "good", "Good"},
-                              loader),
-              "23 texture-missing: Texture \"gone.tga\" is not there\n"
-              "32 texture-spelling: Texture \"GOOD.tga\" is found only with other capitals: \"" +
-                  path("good.tga").toStdString() +
-                  "\"\n"
-                  "41 texture-spelling: Texture \"c:\\x\\good.tga\" is found only without its "
-                  "folder: \"" +
-                  path("good.tga").toStdString() +
-                  "\"\n"
-                  "50 texture-spelling: Texture \"Sub\\Deep.TGA\" is found only with backslashes "
-                  "taken as separators: \"" +
-                  path("Sub/Deep.TGA").toStdString() +
-                  "\"\n"
-                  "50 texture-too-large: Texture \"Sub\\Deep.TGA\" cannot be shown: it has too "
-                  "many pixels\n"
-                  "59 texture-not-decoded: Texture \"cut.tga\" cannot be shown: it is cut short\n"
-                  "68 texture-not-decoded: Texture \"photo.jpg\" cannot be shown: .jpg files are "
-                  "not read\n"
-                  "86 texture-spelling: Texture \"Good\" is found only with other capitals: \"" +
-                  path("good.tga").toStdString() + "\"\n");
+    EXPECT_EQ(
+        checkedTextures({"good.tga", "gone.tga", "GOOD.tga", "c:\\x\\good.tga", "Sub\\Deep.TGA",
+                         "cut.tga", "photo.jpg", "good", "Good"},
+                        loader),
+        "23 texture-missing: Texture \"gone.tga\" is not there\n"
+        "32 texture-spelling: Texture \"GOOD.tga\" is found only with other capitals: "
+        "\"good.tga\"\n"
+        "41 texture-spelling: Texture \"c:\\x\\good.tga\" is found only without its "
+        "folder: \"good.tga\"\n"
+        "50 texture-spelling: Texture \"Sub\\Deep.TGA\" is found only with backslashes "
+        "taken as separators: \"Sub/Deep.TGA\"\n"
+        "50 texture-too-large: Texture \"Sub\\Deep.TGA\" cannot be shown: it has too "
+        "many pixels\n"
+        "59 texture-not-decoded: Texture \"cut.tga\" cannot be shown: it is cut short\n"
+        "68 texture-not-decoded: Texture \"photo.jpg\" cannot be shown: .jpg files are "
+        "not read\n"
+        "86 texture-spelling: Texture \"Good\" is found only with other capitals: \"good.tga\"\n");
 }
 
 } // namespace
