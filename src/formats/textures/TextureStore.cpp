@@ -12,7 +12,9 @@ namespace {
 
 /// A picture that is known to have more pixels than are allowed counts as one that cannot be had.
 TextureOutcome limited(const TextureOutcome& outcome, std::size_t mostPixels) {
-    return outcome.pixels <= mostPixels ? outcome : TextureOutcome{.refusal = tooManyPixels, .tooLarge = true};
+    return outcome.pixels <= mostPixels
+               ? outcome
+               : TextureOutcome{.refusal = tooManyPixels, .tooLarge = true};
 }
 
 } // namespace
