@@ -67,27 +67,14 @@ ExitStatus printWarnings(const QStringList& files, Checker& checker) {
     });
 }
 
-/// Every file is told as soon as it is checked; one that is refused as well, with its reason.
 ExitStatus printDocument(const QStringList& files, Checker& checker) {
-    JsonFiles json(checkVersion);
-    const ExitStatus status = forEachInput(files, false, [&](qsizetype i) {
-        QJsonObject object;
-        addFileName(object, QStringLiteral("file"), files[i]);
-        try {
-            QJsonArray findings;
-            for (const Finding& finding : checker.check(files[i])) {
-                findings.append(findingJson(finding));
-            }
-            object.insert(QStringLiteral("findings"), findings);
-        } catch (const Refusal& refusal) {
-            object.insert(QStringLiteral("error"), refusal.reason);
-            json.add(object);
-            throw;
+    return printFiles(checkVersion, files, [&](const QString& file) {
+        QJsonArray findings;
+        for (const Finding& finding : checker.check(file)) {
+            findings.append(findingJson(finding));
         }
-        json.add(object);
+        return QJsonObject{{QStringLiteral("findings"), findings}};
     });
-    json.finish();
-    return status;
 }
 
 ExitStatus explain(const CommandLine& line) {

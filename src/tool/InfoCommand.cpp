@@ -11,28 +11,6 @@ namespace korvane::tool {
 
 namespace {
 
-/// Every file is told as soon as it is read; one that is refused as well, with its reason.
-ExitStatus printDocument(const QStringList& files, const QString& base,
-                         const std::shared_ptr<TextureStore>& store) {
-    JsonFiles json(infoVersion);
-    const ExitStatus status = forEachInput(files, false, [&](qsizetype i) {
-        QJsonObject object;
-        try {
-            ModelInput model(files[i], base, store, false);
-            object = modelJson(model.document, ModelFacts(model));
-            addFileName(object, QStringLiteral("file"), files[i]);
-        } catch (const Refusal& refusal) {
-            addFileName(object, QStringLiteral("file"), files[i]);
-            object.insert(QStringLiteral("error"), refusal.reason);
-            json.add(object);
-            throw;
-        }
-        json.add(object);
-    });
-    json.finish();
-    return status;
-}
-
 void addOptions(CommandLine& line) {
     line.addFlag("json", "Print one JSON document for all files.");
     addBaseOption(line);
@@ -47,7 +25,10 @@ ExitStatus info(const CommandLine& line) {
     const QString base = line.value("base");
     const auto store = std::make_shared<TextureStore>();
     if (line.isSet("json")) {
-        return printDocument(files, base, store);
+        return printFiles(infoVersion, files, [&](const QString& file) {
+            ModelInput model(file, base, store, false);
+            return modelJson(model.document, ModelFacts(model));
+        });
     }
     return forEachInput(files, false, [&](qsizetype i) {
         ModelInput model(files[i], base, store, false);

@@ -2,7 +2,6 @@
 
 #include "model/records/ModelText.h"
 #include "tool/FileName.h"
-#include "tool/Report.h"
 
 #include <QByteArray>
 #include <QJsonDocument>
@@ -52,19 +51,27 @@ void addFileName(QJsonObject& object, const QString& key, const QString& name) {
     addName(object, key, nameBytes(name));
 }
 
-JsonFiles::JsonFiles(int version) {
+ExitStatus printFiles(int version, const QStringList& files,
+                      const std::function<QJsonObject(const QString&)>& tell) {
     print("{\n\"version\": " + std::to_string(version) + ",\n\"files\": [");
-}
-
-void JsonFiles::add(const QJsonObject& file) {
-    const QByteArray text = QJsonDocument(file).toJson(QJsonDocument::Compact);
-    print(first_ ? "\n" : ",\n");
-    print({text.constData(), static_cast<std::size_t>(text.size())});
-    first_ = false;
-}
-
-void JsonFiles::finish() {
+    bool first = true;
+    const auto add = [&](QJsonObject object, const QString& file) {
+        addFileName(object, QStringLiteral("file"), file);
+        const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
+        print(first ? "\n" : ",\n");
+        print({text.constData(), static_cast<std::size_t>(text.size())});
+        first = false;
+    };
+    const ExitStatus status = forEachInput(files, false, [&](qsizetype i) {
+        try {
+            add(tell(files[i]), files[i]);
+        } catch (const Refusal& refusal) {
+            add({{QStringLiteral("error"), refusal.reason}}, files[i]);
+            throw;
+        }
+    });
     print("\n]\n}\n");
+    return status;
 }
 
 } // namespace korvane::tool

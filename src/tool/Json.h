@@ -1,10 +1,14 @@
 #pragma once
 
+#include "tool/Report.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <initializer_list>
 #include <span>
 #include <string_view>
@@ -25,17 +29,10 @@ void addName(QJsonObject& object, const QString& key, std::string_view bytes);
 /// The same for the name of a file.
 void addFileName(QJsonObject& object, const QString& key, const QString& name);
 
-/// Prints a document that tells several files, each on a line as it comes:
-/// {"version": 1, "files": [...]}.
-class JsonFiles {
-  public:
-    explicit JsonFiles(int version);
-    void add(const QJsonObject& file);
-    /// Ends the document.
-    void finish();
-
-  private:
-    bool first_ = true;
-};
+/// Prints one document of what `tell` says of each file, on a line as it comes:
+/// {"version": 1, "files": [...]}. A refused file stands there with its reason as "error", and is
+/// reported as by any other command.
+ExitStatus printFiles(int version, const QStringList& files,
+                      const std::function<QJsonObject(const QString&)>& tell);
 
 } // namespace korvane::tool
