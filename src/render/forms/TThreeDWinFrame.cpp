@@ -3,12 +3,14 @@
 #include "app/widgets/DevicePixels.h"
 #include "app/widgets/DragFilter.h"
 #include "app/widgets/MessageBox.h"
+#include "app/widgets/ModalCall.h"
 #include "app/widgets/PictureLabel.h"
 #include "render/gl/GlOffscreen.h"
 #include "render/scene/NothingShown.h"
 #include "ui_TThreeDWinFrame.h"
 
 #include <QApplication>
+#include <QTimer>
 
 namespace korvane {
 
@@ -86,6 +88,11 @@ void TThreeDWinFrame::releaseContext() {
 void TThreeDWinFrame::showFailure(GlStatus status) {
     if (session_ == nullptr) {
         return; // closed before it could be told
+    }
+    if (ModalCall::returning()) {
+        // a box that is asked for now counts as closed, unseen
+        QTimer::singleShot(0, this, [this, status] { showFailure(status); });
+        return;
     }
     showMessageBox(this, QStringLiteral("GlFailure"), QMessageBox::Critical,
                    QApplication::applicationName(),
