@@ -36,6 +36,7 @@ constexpr std::array rooms = {
     Room{"formats/check"},
     Room{"edit/history"},
     Room{"edit/clipboard"},
+    Room{"edit/recovery"},
     Room{"render/scene"},
     Room{"render/drags"},
     Room{"render/software"},

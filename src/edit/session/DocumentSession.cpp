@@ -55,23 +55,31 @@ Changes DocumentSession::setName(const QString& name) {
 OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& progress) {
     // events run while progress shows: nobody must find half a model
     ModelDocument read;
-    UnseenTextures unseen;
+    OpenNotes notes;
     OpenOutcome outcome;
-    outcome.status = FileOpenXSI(fileName, read, progress, &unseen);
+    outcome.status = FileOpenXSI(fileName, read, progress, &notes);
     if (outcome.status == ReadStatus::Cancelled) {
         return outcome;
     }
+    outcome.changes = takeModel(std::move(read));
+    fileRevision_ = model_.Revision;
+    file_ = notes.file;
+    outcome.changes |=
+        setText(message_,
+                outcome.status == ReadStatus::Done ? openedText(model_, notes.unseen) : QString());
+    return outcome;
+}
+
+Changes DocumentSession::takeModel(ModelDocument&& model) {
     cancelPlaneDrag();
     materials_.reset(); // of the former model
-    model_ = std::move(read);
+    model_ = std::move(model);
     startHistory();
     cameraPlaced_ = planesPlaced_ = false;
-    outcome.changes = rebuildTree();
-    outcome.changes |= selectRoot();
-    outcome.changes.geometry = outcome.changes.title = true;
-    outcome.changes |= setText(
-        message_, outcome.status == ReadStatus::Done ? openedText(model_, unseen) : QString());
-    return outcome;
+    Changes changes = rebuildTree();
+    changes |= selectRoot();
+    changes.geometry = changes.title = true;
+    return changes;
 }
 
 MeshOutcome DocumentSession::openMesh(const QString& fileName) {
@@ -80,23 +88,35 @@ MeshOutcome DocumentSession::openMesh(const QString& fileName) {
 }
 
 SaveOutcome DocumentSession::save() {
-    SaveOutcome outcome;
-    outcome.changes = cancelPlaneDrag(); // half of it is nothing to be saved
-    if (modelFileKind(model_.FileName) != ModelFileKind::Xsi) {
-        outcome.result = SaveResult::NotWritten;
-    } else if (!SaveFileXSI(model_, model_.FileName)) {
-        outcome.result = SaveResult::Failed;
-    }
-    outcome.changes |= setText(message_, savedText(model_, outcome.result));
-    model_.NeverSaved = false;
-    model_.Modified = false;
-    return outcome;
+    const bool writes = modelFileKind(model_.FileName) == ModelFileKind::Xsi;
+    return write(writes ? keepOtherSave(model_.FileName, file_) : OtherSave());
 }
 
 SaveOutcome DocumentSession::saveAs(const QString& name) {
     const Changes named = setName(name);
-    SaveOutcome outcome = save();
+    file_.reset(); // of the former name
+    SaveOutcome outcome = write({});
     outcome.changes |= named;
+    return outcome;
+}
+
+SaveOutcome DocumentSession::write(const OtherSave& other) {
+    SaveOutcome outcome;
+    outcome.changes = cancelPlaneDrag(); // half of it is nothing to be saved
+    keepCopy(RecoveryKeeper::When::Now); // a file that is written over may end up as half of one
+    givenUp_ = false;
+    if (modelFileKind(model_.FileName) != ModelFileKind::Xsi) {
+        outcome.result = SaveResult::NotWritten;
+    } else if (const auto written = SaveFileXSI(model_, model_.FileName)) {
+        file_ = written;
+        fileRevision_ = model_.Revision;
+    } else {
+        outcome.result = SaveResult::Failed;
+    }
+    outcome.changes |= setText(message_, savedText(model_, outcome.result, other));
+    model_.NeverSaved = false;
+    model_.Modified = false;
+    keepCopy(RecoveryKeeper::When::Due); // which goes where it has been saved
     return outcome;
 }
 

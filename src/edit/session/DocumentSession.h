@@ -2,9 +2,12 @@
 
 #include "edit/clipboard/ClipboardBlock.h"
 #include "edit/history/EditHistory.h"
+#include "edit/recovery/RecoveryKeeper.h"
 #include "edit/session/Changes.h"
 #include "edit/session/MaterialEditing.h"
 #include "edit/session/StatusText.h"
+#include "formats/files/FileState.h"
+#include "formats/files/OtherSave.h"
 #include "formats/xsi/FrameNames.h"
 #include "formats/xsi/MshOpener.h"
 #include "formats/xsi/XsiReader.h"
@@ -111,6 +114,23 @@ class DocumentSession {
     /// Whether closing would lose changes, which needs a yes.
     [[nodiscard]] bool needsCloseQuestion() const { return model_.Modified; }
 
+    // Recovery copies, which keep what is in no file.
+
+    /// From here on copies of the model are kept in the folder.
+    void keepCopiesIn(const RecoveryFolder& folder, KeeperClock clock = steadyClock());
+    /// Whether the model holds work that is in no file, whatever its flags say.
+    [[nodiscard]] bool hasUnsavedWork() const;
+    /// Makes the copy current, at once or where one is due. A copy of what is in a file goes.
+    KeepOutcome keepCopy(RecoveryKeeper::When when);
+    /// Whether the user has said that the work may go with the window.
+    void giveUpWork(bool givenUp) { givenUp_ = givenUp; }
+    /// The model goes away. The copy of its work stays, made current, unless the user has given the
+    /// work up.
+    KeepOutcome endWork();
+    /// Opens a copy in place of this model, as one that was never saved; nothing where the copy is
+    /// damaged, which is then left as it is.
+    std::optional<Changes> recover(LeftCopy& copy);
+
     // Editing. Nothing is edited, and nothing taken back, while a drag changes the model or its
     // materials are edited.
 
@@ -211,6 +231,10 @@ class DocumentSession {
     Changes setText(QString& text, const QString& value);
     void setVisible(bool frame, bool mesh);
     void startHistory();
+    /// The model is another one, to be seen from the start.
+    Changes takeModel(ModelDocument&& model);
+    /// Writes the model under its name. `other` is what became of another program's save there.
+    SaveOutcome write(const OtherSave& other);
     Changes rebuildTree();
     /// Makes the node of the tree that stands for the selection, or for what is nearest to it, the
     /// selection.
@@ -224,6 +248,10 @@ class DocumentSession {
     Changes afterPlane(const PlaneInput& input, const StaleViews& stale);
 
     ModelDocument model_;
+    std::optional<std::uint64_t> fileRevision_ = 0; ///< the Revision of what is in a file
+    std::optional<FileState> file_;                 ///< the file of the model's name, as last known
+    std::optional<RecoveryKeeper> keeper_;
+    bool givenUp_ = false;
     EditHistory history_;
     StructureTreeModel tree_;
     std::optional<MaterialEditing> materials_;

@@ -269,7 +269,8 @@ Changes MaterialEditing::cancelDrag() {
 
 Changes MaterialEditing::texCoordsMoved() {
     editedMesh().ListRevision.surfaceChanged();
-    return changedLive();
+    ++model_.LiveChanges; // what the drag comes to is recorded when it ends
+    return {.materials = true};
 }
 
 Changes MaterialEditing::end() {

@@ -112,6 +112,7 @@ Changes DocumentSession::releasePlane(const PlaneInput& input) {
             recordMove(history_, model_, move->frame, move->before, move->after);
         } catch (...) {
             frameAt(model_.Root, move->frame)->Matrix = move->before; // no change without an entry
+            ++model_.LiveChanges;
             throw;
         }
         told = clearMessage();

@@ -61,6 +61,23 @@ QStringList lostNames(const FrameRecord& root) {
     return lost;
 }
 
+QString plainName(const QString& fileName) {
+    return shortName(fileName.section(u'/', -1));
+}
+
+/// "; another program's save is kept as ship.xsi~", or nothing where there was none.
+QString otherSaveText(const OtherSave& other) {
+    switch (other.fate) {
+    case OtherSave::Fate::Kept:
+        return QStringLiteral("; another program's save is kept as ") + plainName(other.keptAs);
+    case OtherSave::Fate::NotKept:
+        return QStringLiteral("; another program's save could not be kept");
+    case OtherSave::Fate::None:
+        break;
+    }
+    return {};
+}
+
 /// The coordinates that the plane shows, in so many decimals: "x 1.25  y -3.50".
 QString coordinates(ViewPlane plane, const Vec3& p, int decimals) {
     const auto shown = [decimals](const char* axis, float value) {
@@ -118,17 +135,23 @@ QString redoneText(std::string_view change) {
     return QStringLiteral("Redone: ") + shownText(change);
 }
 
-QString savedText(const ModelDocument& document, SaveResult result) {
-    const QString name = shortName(document.FileName.section(u'/', -1));
+QString recoveredText(const ModelDocument& document, const UnseenTextures& unseen) {
+    return QStringLiteral("Recovered, and not saved yet: ") + openedText(document, unseen);
+}
+
+QString savedText(const ModelDocument& document, SaveResult result, const OtherSave& other) {
+    const QString name = plainName(document.FileName);
     switch (result) {
     case SaveResult::NotWritten:
         return QStringLiteral("Nothing was written: %1 is not a dotXSI file").arg(name);
     case SaveResult::Failed:
-        return QStringLiteral("Nothing was written: unable to save %1").arg(name);
+        return QStringLiteral("Nothing was written: unable to save %1").arg(name) +
+               otherSaveText(other);
     case SaveResult::Written:
         break;
     }
     return QStringLiteral("%1 was written: ").arg(name) + countsText(document) +
+           otherSaveText(other) +
            listed("names that it will not give back", lostNames(document.Root));
 }
 

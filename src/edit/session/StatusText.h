@@ -1,5 +1,6 @@
 #pragma once
 
+#include "formats/files/OtherSave.h"
 #include "formats/textures/TextureLoader.h"
 #include "model/document/ModelDocument.h"
 #include "render/drags/PlaneDrag.h"
@@ -31,7 +32,11 @@ enum class SaveResult {
 
 /// What the status bar says after a save: what was written, with the names of frames that a reading
 /// would not give back, or that nothing was.
-QString savedText(const ModelDocument& document, SaveResult result);
+/// `other` is what became of another program's save there.
+QString savedText(const ModelDocument& document, SaveResult result, const OtherSave& other = {});
+
+/// What the status bar says of a model from a recovery copy.
+QString recoveredText(const ModelDocument& document, const UnseenTextures& unseen);
 
 /// What the pointer is at in a 2D view, in coordinates of the model, and what the drag there has
 /// done, if one runs.

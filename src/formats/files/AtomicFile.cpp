@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QScopeGuard>
 #include <QTemporaryFile>
 
 #include <cerrno>
@@ -104,6 +105,35 @@ bool replaceOrThrow(const QString& fileName, const std::function<bool(const Text
     return file.commit();
 }
 
+bool replaceOwnOrThrow(const QString& name, const std::function<bool(const TextSink&)>& write) {
+    QTemporaryFile file(name + QStringLiteral(".XXXXXX")); // which only the user may read
+    if (!static_cast<QFile&>(file).open(QIODevice::ReadWrite | QIODevice::Unbuffered) ||
+        !write(sinkOf(file)) || !takePlace(file.fileName(), name)) {
+        return false;
+    }
+    file.setAutoRemove(false);
+    return true;
+}
+
+MadeFile makeOrThrow(const QString& name, const QString& rightsFrom,
+                     const std::function<bool(const TextSink&)>& write) {
+    QFile file(name);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::NewOnly | QIODevice::Unbuffered,
+                   QFile::ReadOwner | QFile::WriteOwner)) {
+        const QFileInfo info(name);
+        return info.exists() || info.isSymbolicLink() ? MadeFile::NameTaken : MadeFile::Failed;
+    }
+    auto removed = qScopeGuard([&file] { file.remove(); });
+    if (const std::optional<FileRights> rights = rightsOf(rightsFrom)) {
+        giveRights(file, *rights);
+    }
+    if (!write(sinkOf(file)) || !reachesDisk(file)) {
+        return MadeFile::Failed;
+    }
+    removed.dismiss();
+    return MadeFile::Done;
+}
+
 bool overwriteOrThrow(const QString& fileName, const std::function<bool(const TextSink&)>& write) {
     // Both texts are in memory before the first byte of the file is touched: from then on only the
     // disk itself can fail.
@@ -135,6 +165,23 @@ bool overwriteFile(const QString& fileName, const std::function<bool(const TextS
         return overwriteOrThrow(fileName, write);
     } catch (const std::exception&) {
         return false;
+    }
+}
+
+bool replaceOwnFile(const QString& fileName, const std::function<bool(const TextSink&)>& write) {
+    try {
+        return replaceOwnOrThrow(fileName, write);
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+MadeFile makeFile(const QString& fileName, const QString& rightsFrom,
+                  const std::function<bool(const TextSink&)>& write) {
+    try {
+        return makeOrThrow(fileName, rightsFrom, write);
+    } catch (const std::exception&) {
+        return MadeFile::Failed;
     }
 }
 

@@ -20,4 +20,17 @@ bool replaceFile(const QString& fileName, const std::function<bool(const TextSin
 /// ones, which are written back when that fails.
 bool overwriteFile(const QString& fileName, const std::function<bool(const TextSink&)>& write);
 
+/// The same for a file of the program's own, which is for its user alone. It takes its place in one
+/// step or not at all, and nobody waits for the disk: it outlives the program, but maybe not the
+/// machine.
+bool replaceOwnFile(const QString& fileName, const std::function<bool(const TextSink&)>& write);
+
+/// How the making of a new file ended.
+enum class MadeFile { Done, NameTaken, Failed };
+
+/// Makes a file where there is none of that name, with the rights of another as far as the system
+/// gives them, else for the user alone. Nothing is left of one that fails.
+MadeFile makeFile(const QString& fileName, const QString& rightsFrom,
+                  const std::function<bool(const TextSink&)>& write);
+
 } // namespace korvane

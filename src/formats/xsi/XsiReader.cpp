@@ -1,5 +1,7 @@
 #include "formats/xsi/XsiReader.h"
 
+#include "formats/files/ByteReader.h"
+#include "formats/files/Checksum.h"
 #include "formats/files/FileNames.h"
 #include "formats/text/LineReader.h"
 #include "formats/text/TextWindow.h"
@@ -32,10 +34,23 @@ bool readHeader(TextScanner& text) {
     return std::find(headers.begin(), headers.end(), header) != headers.end();
 }
 
+/// Adds the bytes of a file behind those that were read; false where there is no reading them.
+bool addRest(Checksum& sum, QFile& file) {
+    constexpr qint64 pieceSize = 1 << 18;
+    while (!file.atEnd()) {
+        const QByteArray piece = file.read(pieceSize);
+        if (piece.isEmpty()) {
+            return false;
+        }
+        sum.add(bytesOf(piece));
+    }
+    return true;
+}
+
 class ReadCancelled : public std::exception {};
 
 ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
-                       const ReadProgress& progress, UnseenTextures* unseen) {
+                       const ReadProgress& progress, OpenNotes* notes) {
     const QFileInfo info(fileName);
     if (!info.exists()) {
         return ReadStatus::Missing;
@@ -47,6 +62,7 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
     }
     const auto size = static_cast<std::size_t>(std::max<qint64>(file.size(), 0));
     std::size_t done = 0;
+    Checksum sum;
     const auto goOn = [&] {
         if (progress && !progress(done, size)) {
             throw ReadCancelled();
@@ -59,16 +75,21 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
             throw std::runtime_error("the file cannot be read to its end");
         }
         done += static_cast<std::size_t>(got);
+        sum.add(std::string_view(space.data(), static_cast<std::size_t>(got)));
         return static_cast<std::size_t>(got);
     };
+    const std::optional<FileStamp> stamp = stampOf(fileName);
     TextWindow window(source, size);
     TextureLoader loader(info.path());
     const ReadStatus status = readXsi(TextScanner(window), document, [&](const std::string& name) {
         goOn(); // a few lines can name large pictures
         return loader.load(name);
     });
-    if (unseen != nullptr) {
-        *unseen = loader.unseen();
+    if (notes != nullptr) {
+        notes->unseen = loader.unseen();
+        if (stamp && addRest(sum, file)) {
+            notes->file = FileState{*stamp, sum.value()};
+        }
     }
     return status;
 }
@@ -125,9 +146,9 @@ ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSourc
 }
 
 ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,
-                       const ReadProgress& progress, UnseenTextures* unseen) {
+                       const ReadProgress& progress, OpenNotes* notes) {
     const ReadStatus status =
-        wholeOrNothing(document, [&] { return openAndRead(fileName, document, progress, unseen); });
+        wholeOrNothing(document, [&] { return openAndRead(fileName, document, progress, notes); });
     document.FileName = fileName;
     if (status == ReadStatus::CannotOpen || status == ReadStatus::NotValid) {
         document.FileName = QStringLiteral("Untitled");

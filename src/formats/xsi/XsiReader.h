@@ -1,5 +1,6 @@
 #pragma once
 
+#include "formats/files/FileState.h"
 #include "formats/text/ReadNotes.h"
 #include "formats/text/TextScanner.h"
 #include "formats/textures/TextureLoader.h"
@@ -10,6 +11,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 
 namespace korvane {
 
@@ -35,11 +37,17 @@ using ReadProgress = std::function<bool(std::size_t done, std::size_t size)>;
 ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures = {},
                    ReadNotes* notes = nullptr);
 
+/// What else a reading has found out.
+struct OpenNotes {
+    UnseenTextures unseen;
+    std::optional<FileState> file; ///< the state of the file that was read
+};
+
 /// Opens and reads the file into a new document, gives it the flags and the FileName that follow
 /// from the outcome, and selects the root. A missing file gives an empty document of that name that
-/// was never saved. `unseen`, if given, is told the textures that nothing is seen of.
+/// was never saved.
 ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,
-                       const ReadProgress& progress = {}, UnseenTextures* unseen = nullptr);
+                       const ReadProgress& progress = {}, OpenNotes* notes = nullptr);
 
 /// The caption of the message box for a failure, whose text is the file name; empty where no
 /// message is shown.

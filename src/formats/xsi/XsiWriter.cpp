@@ -1,6 +1,7 @@
 #include "formats/xsi/XsiWriter.h"
 
 #include "formats/files/AtomicFile.h"
+#include "formats/files/Checksum.h"
 #include "formats/xsi/FrameNames.h"
 #include "formats/xsi/XsiMaterialWriter.h"
 #include "model/records/FrameWalk.h"
@@ -237,8 +238,22 @@ std::string_view savedPreamble() {
     return preamble;
 }
 
-bool SaveFileXSI(const ModelDocument& document, const QString& fileName) {
-    return replaceFile(fileName, [&](const TextSink& sink) { return writeXsi(document, sink); });
+std::optional<FileState> SaveFileXSI(const ModelDocument& document, const QString& fileName) {
+    Checksum sum;
+    const auto write = [&](const TextSink& sink) {
+        sum = Checksum(); // it may be written a second time, to another place
+        return writeXsi(document, [&](std::string_view piece) {
+            sum.add(piece);
+            return sink(piece);
+        });
+    };
+    if (!replaceFile(fileName, write)) {
+        return std::nullopt;
+    }
+    // a file of another size is somebody else's already: its stamp is no mark of ours
+    const std::optional<FileStamp> stamp = stampOf(fileName);
+    const bool ours = stamp && stamp->size == static_cast<std::int64_t>(sum.size());
+    return FileState{ours ? *stamp : FileStamp(), sum.value()};
 }
 
 } // namespace korvane

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "formats/files/FileState.h"
 #include "formats/text/TextOutput.h"
 #include "model/document/ModelDocument.h"
 
 #include <QString>
 
+#include <optional>
 #include <string_view>
 
 namespace korvane {
@@ -17,8 +19,9 @@ bool writeXsi(const ModelDocument& document, const TextSink& sink);
 std::string_view savedPreamble();
 
 /// Saves the model as a dotXSI file. After a failure, at opening or later, the old file is as it
-/// was. Symbolic links are followed, the rights to the file kept. False on failure.
-bool SaveFileXSI(const ModelDocument& document, const QString& fileName);
+/// was. Symbolic links are followed, the rights to the file kept. The state of the file that was
+/// written; nothing on failure.
+std::optional<FileState> SaveFileXSI(const ModelDocument& document, const QString& fileName);
 
 /// The caption of the message box for a failed save, whose text is the file name.
 inline constexpr const char* saveFailureCaption = "Unable to save";

@@ -34,6 +34,9 @@ struct ModelDocument {
     /// Counts the changes to what files hold. What was worked out before a dialog showed is of no
     /// use once this has moved on without it.
     std::uint64_t Revision = 0;
+    /// Counts what running drags do to the model, also what is taken back. Together with Revision
+    /// it tells all states of the model apart.
+    std::uint64_t LiveChanges = 0;
     RenderCursor Cursor;    ///< `CursorDepth` and `CursorPath`
     NodeData Selected;      ///< the selection in the structure tree
     NodeData SelectionCopy; ///< kept equal to Selected

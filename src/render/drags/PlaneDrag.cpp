@@ -163,7 +163,13 @@ bool PlaneDrag::setFrameMatrix(ModelDocument& document, const Matrix4& matrix) c
         return false;
     }
     frame->Matrix = matrix;
+    ++document.LiveChanges;
     return true;
+}
+
+bool PlaneDrag::moves(const ModelDocument& document) const {
+    const FrameRecord* frame = left_ ? frameAt(document.Root, frame_) : nullptr;
+    return frame != nullptr && !same(frame->Matrix, frameMatrix_);
 }
 
 std::optional<PlaneDrag::Direction> PlaneDrag::directionFrom(const DragInput& input,

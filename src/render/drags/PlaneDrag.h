@@ -58,6 +58,8 @@ class PlaneDrag {
     StaleViews cancel(ModelDocument& document);
 
     [[nodiscard]] bool active() const { return left_ || right_; }
+    /// Whether a frame is elsewhere than it was when the drag began.
+    [[nodiscard]] bool moves(const ModelDocument& document) const;
     [[nodiscard]] bool activeIn(ViewPlane plane) const { return active() && plane_ == plane; }
     /// How far the drag has got; nothing unless one runs that does anything by moving.
     [[nodiscard]] std::optional<DragProgress> progress() const;

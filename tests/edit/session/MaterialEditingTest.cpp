@@ -294,9 +294,9 @@ TEST(MaterialEditing, ADragIsOneEntryOrLeavesNoTrace) {
     user.selected = FacePart{0, 0};
     user.work({"press 100 100"});
     for (const char* line : {"drag 120 90", "drag 90 70"}) {
-        const std::uint64_t revision = user.document.Revision;
+        const std::uint64_t changes = user.document.LiveChanges;
         EXPECT_EQ(user.run(line), Changes{.materials = true}) << "live";
-        EXPECT_GT(user.document.Revision, revision);
+        EXPECT_GT(user.document.LiveChanges, changes);
     }
     EXPECT_TRUE(user.materials->dragging() && !user.history.canUndo());
     EXPECT_EQ(user.materials->endDrag({DragButton::Right, 0, 0}, user.view), Changes());

@@ -42,9 +42,9 @@ TEST_F(StatusText, OpeningNamesTheTexturesThatNothingIsSeenOf) {
     for (const auto& [textures, expected] : rows) {
         const QString file = write("m.x", modelWith(textures.split(u' ')));
         ModelDocument document;
-        UnseenTextures unseen;
-        ASSERT_EQ(FileOpenXSI(file, document, {}, &unseen), ReadStatus::Done);
-        EXPECT_EQ(openedText(document, unseen).toStdString(),
+        OpenNotes notes;
+        ASSERT_EQ(FileOpenXSI(file, document, {}, &notes), ReadStatus::Done);
+        EXPECT_EQ(openedText(document, notes.unseen).toStdString(),
                   "1 mesh, 1 face" + std::string(expected));
     }
 }

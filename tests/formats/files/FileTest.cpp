@@ -165,7 +165,8 @@ using Replace = bool (*)(const QString&, const std::function<bool(const TextSink
 
 TEST_F(Files, ASaveThatFailsLeavesTheOldContents) {
     const QString target = write("old.xsi", "old contents");
-    for (const Replace replace : {Replace(replaceFile), Replace(overwriteFile)}) {
+    for (const Replace replace :
+         {Replace(replaceFile), Replace(overwriteFile), Replace(replaceOwnFile)}) {
         // far beyond the limit, and so little that it shows only when the last bytes are flushed
         for (const rlim_t most : {10000U, 100U}) {
             const FileSizeLimit limit(most);

@@ -31,14 +31,14 @@ class FormatsPage : public testing::Test {
   protected:
     void SetUp() override {
         ASSERT_EQ(
-            FileOpenXSI(QStringLiteral(KORVANE_DOCS "/formats-example.xsi"), model, {}, &unseen),
+            FileOpenXSI(QStringLiteral(KORVANE_DOCS "/formats-example.xsi"), model, {}, &notes),
             ReadStatus::Done);
         ASSERT_EQ(model.Root.Children.size(), 2U);
         ASSERT_EQ(model.Materials.size(), 4U);
     }
 
     ModelDocument model;
-    UnseenTextures unseen;
+    ReadNotes notes;
 };
 
 TEST_F(FormatsPage, FramesOfTheExample) {
@@ -87,7 +87,7 @@ TEST_F(FormatsPage, MaterialsOfTheExample) {
     EXPECT_EQ(model.Materials[3].TextureFile, "..\\samples\\stone");
     EXPECT_GT(board.TextureImage->width, 1);
     EXPECT_GT(model.Materials[3].TextureImage->width, 1);
-    EXPECT_TRUE(unseen.notFound.empty() && unseen.notShown.empty());
+    EXPECT_TRUE(notes.unseen.notFound.empty() && notes.unseen.notShown.empty());
 }
 
 TEST_F(FormatsPage, TheExampleSavedComesBackWithTheSameBytes) {

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace korvane {
+
+/// Tells bytes from others by one number, whatever pieces they come in. Made for speed: it finds
+/// accidents, no forgeries.
+class Checksum {
+  public:
+    void add(std::span<const std::uint8_t> bytes);
+    void add(std::string_view bytes) {
+        add(std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()));
+    }
+    [[nodiscard]] std::uint64_t value() const;
+    /// How many bytes there were.
+    [[nodiscard]] std::uint64_t size() const { return size_; }
+
+  private:
+    static constexpr std::size_t wordSize = 8;
+
+    std::uint64_t sum_ = 0;
+    std::uint64_t size_ = 0;
+    /// The bytes that are not yet a whole word.
+    std::array<std::uint8_t, wordSize> rest_{};
+};
+
+/// The number of bytes that are there at once.
+inline std::uint64_t checksumOf(std::span<const std::uint8_t> bytes) {
+    Checksum sum;
+    sum.add(bytes);
+    return sum.value();
+}
+
+} // namespace korvane

@@ -1,0 +1,213 @@
+#include "edit/recovery/RecoveryCopy.h"
+
+#include "formats/files/ByteReader.h"
+#include "formats/files/Checksum.h"
+#include "support/AllocationWatch.h"
+#include "support/ClipboardBytes.h"
+#include "support/FrameMaking.h"
+#include "support/RandomModel.h"
+#include "support/WriteText.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+#include <string>
+
+namespace korvane {
+namespace {
+
+using test::Bytes;
+
+QByteArray copyOf(const ModelDocument& document, std::int64_t time = 7) {
+    QByteArray copy;
+    EXPECT_TRUE(writeCopy(document, time, [&copy](std::string_view piece) {
+        copy.append(piece.data(), static_cast<qsizetype>(piece.size()));
+        return true;
+    }));
+    return copy;
+}
+
+std::optional<ModelDocument> read(const QByteArray& copy) {
+    return readCopy(bytesOf(copy), {});
+}
+
+/// A model of which every field can be told from that of a new one.
+ModelDocument oddModel(std::uint32_t seed, int deepest = 3) {
+    test::RandomModel random(test::seededNumbers(seed), test::RandomContent::Any, deepest);
+    ModelDocument document = random.make();
+    document.FileName = QStringLiteral("/models/ship %1 \u00e9.xsi").arg(seed);
+    for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
+        FrameRecord& frame = walk.frame();
+        frame.HasBasePose = random.chance(50);
+        frame.BasePose[7] = random.real();
+        frame.Mesh.FaceBits.assign(seed % 5, seed % 2 == 0);
+        frame.Mesh.CurrentSlot = static_cast<std::int32_t>(seed % 7) - 2;
+        frame.Mesh.MaterialSlotList.push_back(static_cast<std::int32_t>(seed) - 9);
+        frame.Mesh.FaceSlotIndex.push_back(std::numeric_limits<std::int32_t>::min());
+        frame.Name += random.chance(20) ? "\n \"\xff" : "";
+    }
+    for (MaterialRecord& material : document.Materials) {
+        material.MappingType = static_cast<std::int32_t>(seed);
+        material.UVSwap = -1;
+        material.HasTexture = random.chance(50);
+        material.TextureFile += random.chance(20) ? "\"\n\\" : "";
+        material.Projection[3] = random.real();
+        material.Roughness = random.real();
+    }
+    return document;
+}
+
+TEST(RecoveryCopy, HoldsEveryFieldBitByBit) {
+    for (std::uint32_t seed = 1; seed <= 300; ++seed) {
+        const ModelDocument document = oddModel(seed);
+        const std::int64_t time = 1'700'000'000'000 + seed;
+        const QByteArray copy = copyOf(document, time);
+        const CopyHead head = readCopyHead(bytesOf(copy.first(200)), bytesOf(copy).size());
+        EXPECT_EQ(head.fault, CopyFault::None);
+        EXPECT_EQ(head.model, document.FileName);
+        EXPECT_EQ(head.time, time);
+        std::optional<ModelDocument> again = read(copy);
+        ASSERT_TRUE(again.has_value()) << seed;
+        EXPECT_TRUE(again->NeverSaved && again->Modified);
+        EXPECT_EQ(again->FileName, document.FileName);
+        // what the bytes hold is the same in every bit, numbers that are none included
+        EXPECT_EQ(copyOf(*again, time), copy) << seed;
+        EXPECT_EQ(test::writeText(*again), test::writeText(document)) << seed;
+    }
+}
+
+/// That no field is left out of the bytes: each changes them, and comes back.
+TEST(RecoveryCopy, LeavesOutNoFieldThatIsSaved) {
+    using Change = std::function<void(FrameRecord&)>;
+    const Change changes[] = {
+        [](FrameRecord& f) { f.Matrix[15] = 2; },
+        [](FrameRecord& f) { f.BasePose[0] = 2; },
+        [](FrameRecord& f) { f.HasBasePose = true; },
+        [](FrameRecord& f) { f.RenderBackwards = true; },
+        [](FrameRecord& f) { f.Emissive = true; },
+        [](FrameRecord& f) { f.KV2Animated = true; },
+        [](FrameRecord& f) { f.GFlag = true; },
+        [](FrameRecord& f) { f.Name = "n"; },
+        [](FrameRecord& f) { f.Children.resize(2); },
+        [](FrameRecord& f) { f.HasMesh = true; },
+        [](FrameRecord& f) { f.ViewFlags[1] = false; },
+        [](FrameRecord& f) { f.Mesh.Vertices.resize(1); },
+        [](FrameRecord& f) {
+            f.Mesh.Faces.push_back(std::vector<std::uint32_t>{9, 8});
+        },
+        [](FrameRecord& f) {
+            f.Mesh.FaceBits = {true, false};
+        },
+        [](FrameRecord& f) { f.Mesh.HasMaterials = true; },
+        [](FrameRecord& f) { f.Mesh.CurrentSlot = -5; },
+        [](FrameRecord& f) {
+            f.Mesh.FaceSlotIndex = {-7, 7};
+        },
+        [](FrameRecord& f) {
+            f.Mesh.MaterialSlotList = {99, -99};
+        },
+        [](FrameRecord& f) { f.Mesh.HasNormals = true; },
+        [](FrameRecord& f) {
+            f.Mesh.Normals = {{1, 2, 3}};
+        },
+        [](FrameRecord& f) { f.Mesh.NormalFaces.push_back(std::vector<std::uint32_t>{1}); },
+        [](FrameRecord& f) { f.Mesh.HasTexCoords = true; },
+        [](FrameRecord& f) {
+            f.Mesh.TexCoords = {{4, 5}};
+        },
+        [](FrameRecord& f) { f.Mesh.TexCoordFaces.push_back(std::vector<std::uint32_t>{}); },
+        [](FrameRecord& f) { f.Mesh.HasVertexColors = true; },
+        [](FrameRecord& f) { f.Mesh.VertexColors.resize(3); },
+        [](FrameRecord& f) { f.Mesh.VertexColorFaces.push_back(std::vector<std::uint32_t>{2}); },
+        [](FrameRecord& f) { f.HasAnimation = true; },
+        [](FrameRecord& f) { f.AnimationKeyType = 3; },
+        [](FrameRecord& f) {
+            f.AnimationKeys = {{5, {1, 2}}, {6, {}}};
+        },
+    };
+    for (std::size_t i = 0; i < std::size(changes); ++i) {
+        ModelDocument document;
+        changes[i](document.Root);
+        document.computeDerivedData();
+        document.markSelection(FramePath());
+        std::optional<ModelDocument> again = read(copyOf(document));
+        ASSERT_TRUE(again.has_value()) << i;
+        test::dropOddNormals(document.Root);
+        test::dropOddNormals(again->Root);
+        EXPECT_EQ(again->Root, document.Root) << i;
+        EXPECT_NE(copyOf(document), copyOf(ModelDocument())) << i;
+    }
+    const ModelDocument document = test::RandomModel(3).make();
+    ASSERT_GT(document.Materials.size(), 0U);
+    EXPECT_EQ(read(copyOf(document))->Materials, document.Materials);
+}
+
+TEST(RecoveryCopy, TexturesAreFoundAnewUsedOrNot) {
+    ModelDocument document;
+    document.Materials.resize(3);
+    document.Materials[0].HasTexture = true;
+    document.Materials[0].TextureFile = "on.tga";
+    document.Materials[1].TextureFile = "off.tga";
+    std::string asked;
+    const auto picture = std::make_shared<const TextureImage>();
+    const auto again = readCopy(bytesOf(copyOf(document)), [&](const std::string& name) {
+        asked += name + ' ';
+        return picture;
+    });
+    ASSERT_TRUE(again.has_value());
+    EXPECT_EQ(asked, "on.tga off.tga ");
+    EXPECT_EQ(again->Materials[0].TextureImage, picture);
+    EXPECT_EQ(again->Materials[2].TextureImage, blankTextureImage());
+}
+
+TEST(RecoveryCopy, CutOrChangedInAnyByteItIsDamaged) {
+    const QByteArray copy = copyOf(oddModel(5, 0));
+    ASSERT_TRUE(read(copy).has_value());
+    for (qsizetype size = 0; size < copy.size(); ++size) {
+        ASSERT_FALSE(read(copy.first(size)).has_value()) << size;
+        ASSERT_EQ(readCopyHead(bytesOf(copy.first(size)), static_cast<std::uint64_t>(size)).fault,
+                  CopyFault::Damaged);
+    }
+    EXPECT_FALSE(read(copy + '\0').has_value());
+    for (qsizetype at = 0; at < copy.size(); ++at) {
+        for (const int bit : {1, 128}) {
+            QByteArray flipped = copy;
+            flipped[at] = static_cast<char>(flipped[at] ^ bit);
+            ASSERT_FALSE(read(flipped).has_value()) << at;
+        }
+    }
+    QByteArray other = copy;
+    other[16] = 2; // the version
+    EXPECT_EQ(readCopyHead(bytesOf(other), static_cast<std::uint64_t>(other.size())).fault,
+              CopyFault::OtherVersion);
+}
+
+/// Records that somebody has changed and given the right checksum.
+TEST(RecoveryCopy, DamagedRecordsAreReadWholeOrNotAndTakeNoMoreThanTheirBytes) {
+    const QByteArray records = encodeRecords(oddModel(8, 1));
+    std::size_t refused = 0;
+    for (qsizetype at = 0; at < records.size(); ++at) {
+        for (const int value : {1, 0xff}) {
+            QByteArray damaged = records;
+            damaged[at] = static_cast<char>(value);
+            const test::AllocationWatch watch;
+            const std::optional<ModelDocument> got = decodeRecords(bytesOf(damaged));
+            EXPECT_LT(watch.largest(), 64 * bytesOf(records).size());
+            refused += got ? 0U : 1U;
+            ASSERT_TRUE(!got || encodeRecords(*got) == damaged) << at << ' ' << value;
+        }
+        ASSERT_FALSE(decodeRecords(bytesOf(records.first(at))).has_value()) << at;
+    }
+    EXPECT_GT(refused, 100U);
+    const auto nested = [](std::size_t depth) {
+        ModelDocument document;
+        test::chainBelow(document.Root, depth);
+        return decodeRecords(bytesOf(encodeRecords(document))).has_value();
+    };
+    EXPECT_TRUE(nested(maxFrameDepth));
+    EXPECT_FALSE(nested(maxFrameDepth + 1));
+}
+
+} // namespace
+} // namespace korvane

@@ -1,0 +1,132 @@
+#include "edit/recovery/RecoveryKeeper.h"
+
+#include "support/TestFiles.h"
+
+#include <utility>
+
+namespace korvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(CopyPace, CopiesTakeAShareOfTheTime) {
+    using Time = CopyPace::Time;
+    const struct {
+        Time cost;
+        Time pause; ///< from its end to when the next one is due
+    } rows[] = {{0ms, 100ms}, {1ms, 100ms}, {3ms, 100ms}, {4ms, 120ms}, {200ms, 6s}};
+    for (const auto& row : rows) {
+        CopyPace pace;
+        EXPECT_EQ(pace.wait(0ms), 0ms) << "the first one at once";
+        pace.made(1s, 1s + row.cost);
+        const Time end = 1s + row.cost;
+        EXPECT_EQ(pace.wait(end), row.pause);
+        EXPECT_EQ(pace.wait(end + row.pause - 1us), 1us);
+        EXPECT_EQ(pace.wait(end + row.pause), 0ms);
+        EXPECT_EQ(pace.wait(end + row.pause + 1h), 0ms);
+        pace.failed(end);
+        EXPECT_EQ(pace.wait(end), 10s);
+    }
+}
+
+class Keeper : public test::TestFiles {
+  protected:
+    [[nodiscard]] RecoveryFolder recovery() const { return RecoveryFolder(path("recovery")); }
+    /// The name of the root that the one copy holds; "-" where there is none.
+    [[nodiscard]] std::string copied() const {
+        const QStringList copies =
+            QDir(path("recovery")).entryList({QStringLiteral("*.copy")}, QDir::Files);
+        EXPECT_LE(copies.size(), 1);
+        if (copies.isEmpty()) {
+            return "-";
+        }
+        QFile file(path("recovery/") + copies.front());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        const auto model = readCopy({reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                                     static_cast<std::size_t>(bytes.size())},
+                                    {});
+        return model ? model->Root.Name : "damaged";
+    }
+    void change(const char* name) {
+        document_.Root.Name = name;
+        ++document_.Revision;
+    }
+
+    CopyPace::Time now_ = 0ms;
+    CopyPace::Time step_ = 1ms; ///< by which the clock goes on whenever it is looked at
+    RecoveryKeeper keeper_{recovery(), [this] { return std::exchange(now_, now_ + step_); }};
+    ModelDocument document_;
+};
+
+TEST_F(Keeper, MakesACopyOfEachChangeInItsTime) {
+    using When = RecoveryKeeper::When;
+    change("a");
+    const KeepOutcome first = keeper_.keep(document_, When::Due);
+    EXPECT_FALSE(first.failed || first.wait.has_value());
+    EXPECT_EQ(copied(), "a");
+    change("b");
+    KeepOutcome outcome = keeper_.keep(document_, When::Due);
+    EXPECT_EQ(outcome.wait, 99ms) << "the clock has gone on by one";
+    EXPECT_EQ(copied(), "a");
+    now_ += 99ms;
+    outcome = keeper_.keep(document_, When::Due);
+    EXPECT_EQ(copied(), "b");
+    change("c");
+    keeper_.keep(document_, When::Now);
+    EXPECT_EQ(copied(), "c") << "out of its time";
+    // a running drag counts, and so does another name
+    document_.Root.Name = "d";
+    ++document_.LiveChanges;
+    keeper_.keep(document_, When::Now);
+    EXPECT_EQ(copied(), "d");
+    document_.Root.Name = "not told";
+    keeper_.keep(document_, When::Now);
+    EXPECT_EQ(copied(), "d") << "the copy is current";
+    document_.FileName = QStringLiteral("other.xsi");
+    keeper_.keep(document_, When::Now);
+    EXPECT_EQ(copied(), "not told");
+    keeper_.drop();
+    EXPECT_EQ(copied(), "-");
+    EXPECT_TRUE(QDir(path("recovery")).isEmpty());
+}
+
+TEST_F(Keeper, GoesOnWhereTheFolderIsGoneAndTriesLessOftenWhereItCannotBe) {
+    using When = RecoveryKeeper::When;
+    change("a");
+    keeper_.keep(document_, When::Now);
+    ASSERT_TRUE(QDir(path("recovery")).removeRecursively());
+    change("b");
+    keeper_.keep(document_, When::Now);
+    EXPECT_EQ(copied(), "b");
+    ASSERT_TRUE(QDir(path("recovery")).removeRecursively());
+    write("recovery", "no folder");
+    change("c");
+    const KeepOutcome outcome = keeper_.keep(document_, When::Now);
+    EXPECT_TRUE(outcome.failed);
+    EXPECT_EQ(outcome.wait, 10s);
+    EXPECT_FALSE(keeper_.keep(document_, When::Due).failed) << "not tried again so soon";
+    ASSERT_TRUE(QFile::remove(path("recovery")));
+    now_ += 10s;
+    EXPECT_FALSE(keeper_.keep(document_, When::Due).failed);
+    EXPECT_EQ(copied(), "c");
+}
+
+TEST_F(Keeper, LeavesItsCopyToTheNextProgram) {
+    change("a");
+    keeper_.keep(document_, RecoveryKeeper::When::Now);
+    EXPECT_TRUE(recovery().claimLeft().empty());
+    keeper_.leave();
+    std::vector<LeftCopy> left = recovery().claimLeft();
+    ASSERT_EQ(left.size(), 1U);
+    RecoveryKeeper next(recovery());
+    next.adopt(std::move(left[0].place), document_);
+    change("b");
+    next.keep(document_, RecoveryKeeper::When::Now);
+    EXPECT_EQ(copied(), "b") << "in the same place";
+    next.drop();
+    EXPECT_EQ(copied(), "-");
+}
+
+} // namespace
+} // namespace korvane

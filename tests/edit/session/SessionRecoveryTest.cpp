@@ -1,0 +1,289 @@
+// How the work of a session outlives the program.
+
+#include "edit/session/DocumentSession.h"
+#include "formats/files/ByteReader.h"
+#include "support/SmallModel.h"
+#include "support/TestFiles.h"
+#include "support/TextModel.h"
+
+#include <QImage>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace korvane::test {
+namespace {
+
+using When = RecoveryKeeper::When;
+
+class SessionRecovery : public TestFiles {
+  protected:
+    SessionRecovery() { begin(); }
+
+    [[nodiscard]] RecoveryFolder recovery() const { return RecoveryFolder(path("recovery")); }
+    void begin() {
+        session_ = std::make_unique<DocumentSession>();
+        session_->keepCopiesIn(recovery(), [] { return CopyPace::Time(0); });
+    }
+    DocumentSession& open(const char* name = "m.xsi") {
+        begin();
+        EXPECT_EQ(session_->open(write(name, smallModel())).status, ReadStatus::Done);
+        return *session_;
+    }
+    [[nodiscard]] std::string bytes() const { return writeText(session_->model()); }
+    /// The saved bytes of the model whose copy there is; empty where there is none.
+    [[nodiscard]] std::string copied() const {
+        const QDir folder(path("recovery"));
+        const QStringList copies = folder.entryList({QStringLiteral("*.copy")}, QDir::Files);
+        EXPECT_LE(copies.size(), 1);
+        if (copies.isEmpty()) {
+            return {};
+        }
+        QFile file(folder.filePath(copies.front()));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const auto model = readCopy(bytesOf(file.readAll()), {});
+        return model ? writeText(*model) : "damaged";
+    }
+    /// The event loop is about to wait.
+    void wait() { session_->keepCopy(When::Now); }
+    static PlaneInput at(float x, float y) {
+        return {ViewPlane::XY, 200, 160, {DragButton::Left, x, y}};
+    }
+    void clickOption(bool confirmed) {
+        const OptionsQuestion question = session_->optionsQuestion().value();
+        DialogSubject subject = question.subject;
+        FrameFlags flags = question.flags;
+        flags.GFlag = !flags.GFlag;
+        session_->writeFlags(subject, flags);
+        session_->endOptions(question, subject, confirmed);
+    }
+    void startDrag() {
+        session_->setTool(ViewTool::MoveFrame);
+        session_->pressPlane(at(100, 100));
+        session_->movePlane(at(130, 90));
+    }
+    MaterialEditing& materials() {
+        StructureTreeModel& tree = session_->tree();
+        const QModelIndex table = tree.index(1, 0, {});
+        session_->select(tree.tree().nodeData(StructureTreeModel::nodeOf(table)));
+        return *session_->editMaterials();
+    }
+
+    std::unique_ptr<DocumentSession> session_;
+};
+
+TEST_F(SessionRecovery, WhateverChangesTheModelIsInTheCopy) {
+    const std::pair<const char*, std::function<void()>> rows[] = {
+        {"an edit", [&] { session_->add(); }},
+        {"what was taken back",
+         [&] {
+             session_->add();
+             session_->undo();
+         }},
+        {"options that were cancelled", [&] { clickOption(false); }},
+        {"a running drag", [&] { startDrag(); }},
+        {"the end of a drag",
+         [&] {
+             startDrag();
+             wait();
+             session_->releasePlane(at(140, 90));
+         }},
+        {"the opacity under the hand",
+         [&] {
+             materials().moveOpacity(30);
+             wait();
+             materials();
+             session_->endMaterials();
+             materials().moveOpacity(31);
+         }},
+        {"a shininess that is being typed", [&] { materials().typeShininess("12"); }},
+    };
+    for (const auto& [what, change] : rows) {
+        open();
+        wait();
+        EXPECT_EQ(copied(), "") << what << ": it is in a file";
+        change();
+        EXPECT_TRUE(session_->hasUnsavedWork()) << what;
+        wait();
+        EXPECT_EQ(copied(), bytes()) << what;
+        session_->giveUpWork(true);
+        session_->endWork();
+    }
+}
+
+TEST_F(SessionRecovery, WhatLeavesNoTraceLeavesNoCopy) {
+    open();
+    startDrag();
+    wait();
+    EXPECT_EQ(copied(), bytes());
+    session_->cancelPlaneDrag();
+    wait();
+    EXPECT_EQ(copied(), "");
+    for (const ViewTool tool : {ViewTool::MoveView, ViewTool::Zoom, ViewTool::MoveObjCoords}) {
+        session_->setTool(tool);
+        session_->pressPlane(at(100, 100));
+        session_->movePlane(at(130, 90));
+        EXPECT_FALSE(session_->hasUnsavedWork());
+        session_->releasePlane(at(130, 90));
+    }
+    session_->setMeshVisible(false);
+    session_->setRenderMode(RenderMode::Wireframe);
+    EXPECT_FALSE(session_->hasUnsavedWork());
+    // a drag that begins where a copied one was taken back
+    session_->add();
+    startDrag();
+    wait();
+    session_->cancelPlaneDrag();
+    wait();
+    EXPECT_EQ(copied(), bytes());
+}
+
+/// What becomes of the copy when the window closes, and of the flags, which tell other things.
+TEST_F(SessionRecovery, TheCopyStaysUnlessTheWorkIsInAFileOrGivenUp) {
+    const QString file = path("m.xsi");
+    const struct {
+        const char* what;
+        std::function<void()> story;
+        bool asks;  ///< whether closing asks
+        bool stays; ///< whether the copy does
+    } rows[] = {
+        {"nothing done", [&] {}, false, false},
+        {"a new model", [&] { begin(); }, true, false},
+        {"saved", [&] { session_->add(), session_->save(); }, false, false},
+        {"saved and edited", [&] { session_->save(), session_->add(); }, true, true},
+        {"saved elsewhere", [&] { session_->add(), session_->saveAs(path("n.xsi")); }, false,
+         false},
+        {"not written", [&] { open("m.x"), session_->add(), session_->save(); }, false, true},
+        {"under a name that is never written",
+         [&] { session_->add(), session_->saveAs(path("m.msh")); }, false, true},
+        {"failed", [&] { session_->add(), session_->saveAs(path("no/folder/m.xsi")); }, false,
+         true},
+        {"failed, then saved",
+         [&] {
+             session_->add(), session_->saveAs(path("no/folder/m.xsi"));
+             session_->saveAs(file);
+         },
+         false, false},
+        {"options that were cancelled", [&] { clickOption(false); }, false, true},
+        {"given up", [&] { session_->add(), session_->giveUpWork(true); }, true, false},
+        {"given up, but another window was kept open and a save failed",
+         [&] {
+             session_->add(), session_->giveUpWork(true);
+             session_->saveAs(path("no/folder/m.xsi"));
+         },
+         false, true},
+        {"a drag that was running", [&] { startDrag(); }, false, false},
+    };
+    for (const auto& row : rows) {
+        open();
+        row.story();
+        EXPECT_EQ(session_->needsCloseQuestion(), row.asks) << row.what;
+        session_->cancelPlaneDrag();
+        const std::string last = bytes();
+        EXPECT_FALSE(session_->endWork().failed) << row.what;
+        EXPECT_EQ(copied(), row.stays ? last : "") << row.what;
+        session_.reset();
+        std::vector<LeftCopy> left = recovery().claimLeft();
+        ASSERT_EQ(left.size(), row.stays ? 1U : 0U) << row.what;
+        for (LeftCopy& copy : left) {
+            copy.place.remove();
+        }
+    }
+}
+
+TEST_F(SessionRecovery, BeforeASaveTheCopyIsCurrent) {
+    open();
+    session_->add();
+    // the file cannot be replaced, and what is in the copy is all there is
+    EXPECT_EQ(session_->saveAs(path("no/folder/m.xsi")).result, SaveResult::Failed);
+    EXPECT_EQ(copied(), bytes());
+    EXPECT_EQ(recovery().claimLeft().size(), 0U) << "it is claimed";
+    EXPECT_EQ(session_->saveAs(path("m.xsi")).result, SaveResult::Written);
+    EXPECT_EQ(copied(), "");
+}
+
+TEST_F(SessionRecovery, AModelFromACopyIsNeverSavedAndKeepsItsName) {
+    QImage picture(2, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    open("models/m.xsi");
+    ASSERT_TRUE(picture.save(path("models/skin.bmp")));
+    session_->add();
+    const std::size_t texture = 0;
+    session_->model().Materials[texture].HasTexture = true;
+    session_->model().Materials[texture].TextureFile = "skin.bmp";
+    const std::string work = bytes();
+    session_->endWork();
+    for (int start = 0; start < 2; ++start) {
+        begin();
+        std::vector<LeftCopy> left = recovery().claimLeft();
+        ASSERT_EQ(left.size(), 1U);
+        EXPECT_EQ(left[0].head.model, path("models/m.xsi"));
+        const std::optional<Changes> changes = session_->recover(left[0]);
+        ASSERT_TRUE(changes.has_value());
+        EXPECT_TRUE(changes->title && changes->tree && changes->geometry && changes->status);
+        EXPECT_EQ(bytes(), work);
+        EXPECT_EQ(session_->model().FileName, path("models/m.xsi"));
+        EXPECT_EQ(session_->model().Materials[texture].TextureImage->width, 2);
+        EXPECT_TRUE(session_->needsName() && session_->needsCloseQuestion() &&
+                    session_->hasUnsavedWork() && !session_->canUndo());
+        left.clear();
+        wait();
+        EXPECT_EQ(recovery().claimLeft().size(), 0U) << "its window has it";
+        EXPECT_EQ(copied(), work) << "until it is saved or refused";
+        session_.reset(); // the program is killed
+    }
+    begin();
+    std::vector<LeftCopy> left = recovery().claimLeft();
+    ASSERT_EQ(left.size(), 1U);
+    ASSERT_TRUE(session_->recover(left[0]).has_value());
+    session_->add();
+    wait();
+    EXPECT_EQ(copied(), bytes());
+    EXPECT_EQ(session_->saveAs(path("models/m.xsi")).result, SaveResult::Written);
+    EXPECT_EQ(copied(), "");
+    EXPECT_EQ(content(path("models/m.xsi")), bytes());
+}
+
+TEST_F(SessionRecovery, ADamagedCopyChangesNothing) {
+    open();
+    session_->add();
+    session_->endWork();
+    std::vector<LeftCopy> left = recovery().claimLeft();
+    ASSERT_EQ(left.size(), 1U);
+    QFile file(left[0].place.fileName());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() - 9));
+    file.write("!");
+    file.close();
+    open();
+    const std::string before = bytes();
+    EXPECT_FALSE(session_->recover(left[0]).has_value());
+    EXPECT_EQ(bytes(), before);
+    EXPECT_TRUE(file.exists());
+}
+
+TEST_F(SessionRecovery, WhatAnotherProgramSavedIsKeptAndTold) {
+    open();
+    session_->add();
+    write("m.xsi", "theirs");
+    EXPECT_EQ(session_->save().result, SaveResult::Written);
+    EXPECT_NE(
+        session_->statusText().indexOf(QStringLiteral("another program's save is kept as m.xsi~")),
+        -1);
+    EXPECT_EQ(content(path("m.xsi~")), "theirs");
+    EXPECT_EQ(content(path("m.xsi")), bytes());
+    session_->add();
+    session_->save();
+    session_->saveAs(write("n.xsi", "agreed to be replaced"));
+    session_->add();
+    session_->save();
+    EXPECT_EQ(session_->statusText().indexOf(QStringLiteral("another")), -1);
+    EXPECT_EQ(filesInFolder(), 3) << "our own saves are nobody else's";
+    write("n.xsi", "theirs");
+    session_->setName(path("n.x")); // which is never written
+    session_->save();
+    EXPECT_EQ(filesInFolder(), 3);
+}
+
+} // namespace
+} // namespace korvane::test
