@@ -50,6 +50,8 @@ void fillFolder(const QDir& folder, std::uint32_t seed) {
 
 std::size_t tellStory(std::uint32_t seed) {
     beginStory(seed);
+    const QTemporaryDir state; // a story leaves copies, and the next one starts without
+    qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
     const QTemporaryDir folder;
     expect(folder.isValid(), "there is no folder for the story");
     fillFolder(folder.path(), seed);

@@ -21,6 +21,8 @@ void moveHolding(QWidget& widget, QPoint at, Qt::MouseButtons held) {
 }
 
 GuiTest::GuiTest() {
+    // copies that a test leaves are nothing to the next one, and none are the user's
+    qputenv("XDG_STATE_HOME", state_.path().toLocal8Bit());
     QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { handleModalWindow(); });
     poll_.start(10);
 }

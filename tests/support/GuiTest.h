@@ -72,6 +72,7 @@ class GuiTest : public TestFiles {
   private:
     void handleModalWindow();
 
+    QTemporaryDir state_;
     std::deque<std::function<void(QWidget&)>> answers_;
     QTimer poll_;
     QList<QPointer<QWidget>> handled_; ///< those that are open

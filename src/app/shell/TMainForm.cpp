@@ -142,6 +142,7 @@ void TMainForm::connectActions() {
             if (ModalCall::running()) {
                 return;
             }
+            tell({});
             if (TMDIChild* document = activeDocument()) {
                 document->clearMessage();
             }
@@ -163,6 +164,8 @@ void TMainForm::connectEvents() {
     // queued: where the files come from waits for the answer, which reading must not hold up
     connect(this, &TMainForm::filesDropped, this, &TMainForm::createDocuments,
             Qt::QueuedConnection);
+    connect(&recovery_, &ModelRecovery::due, this,
+            [this] { keepCopies(RecoveryKeeper::When::Due); });
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             [this] {
                 try {
@@ -343,6 +346,16 @@ void TMainForm::MainFormActivate() {
             createDocument(QFileInfo(path).absoluteFilePath());
         }
     }
+    const auto open = [this](LeftCopy& copy) { addWindow().recover(copy); };
+    const QString notice = recovery_.offer(*this, open);
+    notice.isEmpty() ? showStatus() : tell(notice);
+}
+
+void TMainForm::keepCopies(RecoveryKeeper::When when) {
+    const QString notice = recovery_.keep(documents(), when);
+    if (!notice.isEmpty()) {
+        tell(notice);
+    }
 }
 
 void TMainForm::idle() {
@@ -361,6 +374,7 @@ void TMainForm::idle() {
     for (const auto update : updates) {
         (this->*update)();
     }
+    keepCopies(RecoveryKeeper::When::Due);
 }
 
 void TMainForm::scheduleFirstActivation() {
@@ -369,14 +383,20 @@ void TMainForm::scheduleFirstActivation() {
     }
 }
 
-void TMainForm::createDocument(const QString& name) {
+TMDIChild& TMainForm::addWindow() {
     // the MDI area owns the window, which frees itself when it is closed
     auto* document = new TMDIChild(forms_.colorOptions.viewColors());
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
     connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
+    connect(document, &TMDIChild::keepingFailed, this, [this] { tell(recovery_.failure()); });
+    document->session()->keepCopiesIn(recovery_.folder());
     ui_->MDIArea->addSubWindow(document);
     document->showMaximized();
-    document->create(name);
+    return *document;
+}
+
+void TMainForm::createDocument(const QString& name) {
+    addWindow().create(name);
     showStatus();
 }
 
@@ -389,7 +409,13 @@ void TMainForm::createDocuments(const QStringList& names) {
 void TMainForm::showStatus() {
     const TMDIChild* document = activeDocument();
     const QString message = document != nullptr ? document->statusText() : QString();
-    statusPanel_->setText(hint_.isEmpty() ? message : hint_);
+    const QString& rest = notice_.isEmpty() ? message : notice_;
+    statusPanel_->setText(hint_.isEmpty() ? rest : hint_);
+}
+
+void TMainForm::tell(const QString& notice) {
+    notice_ = notice;
+    showStatus();
 }
 
 } // namespace korvane

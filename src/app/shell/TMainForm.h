@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/shell/ModelClipboard.h"
+#include "app/shell/ModelRecovery.h"
 #include "app/shell/WindowList.h"
 #include "render/scene/ViewState.h"
 
@@ -37,6 +38,8 @@ class TMainForm : public QMainWindow {
     [[nodiscard]] TMDIChild* activeDocument() const;
     /// All open document windows in the order in which they were opened.
     [[nodiscard]] QList<TMDIChild*> documents() const;
+    /// Makes the recovery copies of all models current, at any moment that the event loop runs.
+    void keepAll() { keepCopies(RecoveryKeeper::When::Now); }
 
   Q_SIGNALS:
     /// The frame has been activated for the first time, or idle without having been.
@@ -108,9 +111,14 @@ class TMainForm : public QMainWindow {
     /// Runs the update handlers; called whenever the event loop is about to wait.
     void idle();
     void scheduleFirstActivation();
+    /// A new window, over the others.
+    TMDIChild& addWindow();
     void createDocument(const QString& name);
     void createDocuments(const QStringList& names);
     void showStatus();
+    /// Says something in the status bar until the next command.
+    void tell(const QString& notice);
+    void keepCopies(RecoveryKeeper::When when);
 
     void setRenderMode(QAction& action, RenderMode mode);
     /// Brings the marks of the render modes in step with the active window.
@@ -126,7 +134,9 @@ class TMainForm : public QMainWindow {
     QStringList paths_;
     bool activated_ = false; ///< the first activation has been handled or is about to be
     QLabel* statusPanel_;
-    QString hint_; ///< of the item under the pointer
+    QString hint_;   ///< of the item under the pointer
+    QString notice_; ///< what the program has to say, whatever window is active
+    ModelRecovery recovery_;
     WindowList windowList_;
     ModelClipboard clipboard_;
 };

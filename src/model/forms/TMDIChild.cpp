@@ -105,9 +105,25 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
         closeUnasked();
         return;
     }
-    apply(outcome.changes);
-    ui_->TreeView1->expand(ui_->TreeView1->currentIndex());
+    showModel(outcome.changes);
     showReadFailure(outcome.status, fileName);
+}
+
+void TMDIChild::showModel(const Changes& changes) {
+    apply(changes);
+    ui_->TreeView1->expand(ui_->TreeView1->currentIndex());
+}
+
+void TMDIChild::recover(LeftCopy& copy) {
+    ChildActivate();
+    ui_->TreeView1->setFocus();
+    if (const std::optional<Changes> changes = session_->recover(copy)) {
+        showModel(*changes);
+        return;
+    }
+    showMessageBox(this, QStringLiteral("RecoveryFailure"), QMessageBox::Critical,
+                   QStringLiteral("Unable to open recovery copy"), copy.place.fileName());
+    closeUnasked();
 }
 
 void TMDIChild::apply(const Changes& changes) {
@@ -249,6 +265,7 @@ bool TMDIChild::FormCanClose() {
     if (answer == QMessageBox::Yes) {
         FileSaveExecute(); // a Save As cancelled in there does not keep the window open
     }
+    session_->giveUpWork(answer == QMessageBox::No);
     return answer == QMessageBox::Yes || answer == QMessageBox::No;
 }
 
@@ -273,6 +290,9 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 
 void TMDIChild::FormClose() {
     cancelDrag();
+    if (session_ && session_->endWork().failed) {
+        Q_EMIT keepingFailed();
+    }
     ChildDeactivate();
     structure_.reset();
     session_.reset();

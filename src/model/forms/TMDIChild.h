@@ -47,6 +47,9 @@ class TMDIChild : public QMdiSubWindow {
     /// text model. Failures are shown to the user and leave the model empty; a reading that the
     /// user cancels closes the window.
     void create(const QString& name);
+    /// Shows a model from a recovery copy in a window just constructed. Where the copy is damaged
+    /// the user is told, the window closes, and the copy is left as it is.
+    void recover(LeftCopy& copy);
     /// How long create() reads before it shows its progress.
     void setProgressDelay(std::chrono::milliseconds delay) { progressDelay_ = delay; }
 
@@ -114,6 +117,8 @@ class TMDIChild : public QMdiSubWindow {
   Q_SIGNALS:
     /// The status text is another one.
     void statusChanged();
+    /// The window closes, and no recovery copy of its work can be made.
+    void keepingFailed();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -181,6 +186,8 @@ class TMDIChild : public QMdiSubWindow {
     static void fillPanel(QWidget& panel, const QColor& color);
 
     void FileOpenXSI(const QString& fileName);
+    /// Shows a model that has just come in.
+    void showModel(const Changes& changes);
     void showSaved(const SaveOutcome& outcome);
     /// Gives a name that a file dialog left without an extension of ours the suffix. False if the
     /// user does not want that file to be replaced.
