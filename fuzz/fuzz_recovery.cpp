@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::span bytes(data, size);
     readCopyHead(bytes, size);
     readCopy(bytes, {});
-    if (const std::optional<ModelDocument> document = decodeRecords(bytes)) {
+    if (std::optional<ModelDocument> document = decodeRecords(bytes)) {
         const QByteArray again = encodeRecords(*document);
         const std::span written = bytesOf(again);
         if (!std::equal(written.begin(), written.end(), bytes.begin(), bytes.end())) {

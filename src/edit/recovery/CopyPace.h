@@ -13,7 +13,7 @@ class CopyPace {
 
     /// A copy was made.
     void made(Time begin, Time end) {
-        next_ = end + std::max<Time>(leastPause, share * (end - begin));
+        next_ = begin + std::max<Time>(leastPause, share * (end - begin));
     }
     /// None could be made: a full disk is not tried all the time.
     void failed(Time now) { next_ = now + pauseAfterFailure; }
