@@ -2,9 +2,11 @@
 #include "app/shell/CommandLine.h"
 #include "app/shell/EditorApplication.h"
 #include "app/shell/EditorForms.h"
+#include "app/shell/EndSignals.h"
 #include "formats/files/FileNames.h"
 
 #include <cstdio>
+#include <functional>
 
 int main(int argc, char** argv) {
     const QStringList words = korvane::commandLineWords(argc, argv);
@@ -14,6 +16,8 @@ int main(int argc, char** argv) {
     }
     const auto application = korvane::EditorApplication::onDisplay(argc, argv);
     korvane::EditorForms forms(words);
+    const std::function<void()> keepAll; // nothing is kept beyond the run
+    const korvane::EndSignals endSignals(keepAll);
     forms.mainForm.show();
     const int status = korvane::EditorApplication::exec();
     korvane::handOverClipboard();
