@@ -76,11 +76,15 @@ bool EditorApplication::notify(QObject* receiver, QEvent* event) {
         // Only memory that ran out gets here, or a copy that no clipboard block can hold. By now
         // what asked for it is gone and most of it is free again, so that the user can be told and
         // can save.
-        showMessageBox(activeWindow(), QStringLiteral("MemoryFailure"), QMessageBox::Critical,
-                       applicationName(),
-                       QStringLiteral("There is not enough memory for this command."));
+        tellMemoryFailure();
     }
     return true;
+}
+
+void EditorApplication::tellMemoryFailure() {
+    showMessageBox(activeWindow(), QStringLiteral("MemoryFailure"), QMessageBox::Critical,
+                   applicationName(),
+                   QStringLiteral("There is not enough memory for this command."));
 }
 
 } // namespace korvane

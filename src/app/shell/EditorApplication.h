@@ -18,6 +18,9 @@ class EditorApplication : public QApplication {
     /// ends the program with status 1, where the toolkit would abort.
     static std::unique_ptr<EditorApplication> onDisplay(int& argc, char** argv);
 
+    /// Tells the user that a command has ended for want of memory.
+    static void tellMemoryFailure();
+
     bool notify(QObject* receiver, QEvent* event) override;
 };
 

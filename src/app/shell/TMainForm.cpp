@@ -23,6 +23,7 @@
 #include <QStatusTipEvent>
 #include <QWindow>
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -237,20 +238,36 @@ void TMainForm::closeEvent(QCloseEvent* event) {
         return;
     }
     // all are asked before the first one closes: Cancel leaves every window open
+    if (!documentsMayClose()) {
+        event->ignore();
+        return;
+    }
+    closeDocuments();
+    event->accept();
+}
+
+bool TMainForm::needsCloseQuestion() const {
     const QList<TMDIChild*> open = documents();
-    for (TMDIChild* document : open) {
+    return std::any_of(open.begin(), open.end(),
+                       [](const TMDIChild* document) { return document->needsCloseQuestion(); });
+}
+
+bool TMainForm::documentsMayClose() {
+    for (TMDIChild* document : documents()) {
         if (document->needsCloseQuestion()) {
             ui_->MDIArea->setActiveSubWindow(document);
         }
         if (!document->FormCanClose()) {
-            event->ignore();
-            return;
+            return false;
         }
     }
-    for (TMDIChild* document : open) {
+    return true;
+}
+
+void TMainForm::closeDocuments() {
+    for (TMDIChild* document : documents()) {
         document->closeUnasked();
     }
-    event->accept();
 }
 
 void TMainForm::FileNew1Execute() {

@@ -41,6 +41,14 @@ class TMainForm : public QMainWindow {
     /// Makes the recovery copies of all models current, at any moment that the event loop runs.
     void keepAll() { keepCopies(RecoveryKeeper::When::Now); }
 
+    /// Whether a document window would ask the user before it closes.
+    [[nodiscard]] bool needsCloseQuestion() const;
+    /// Has all windows ask what to do about changes that are not saved; false if the user wants to
+    /// keep one.
+    [[nodiscard]] bool documentsMayClose();
+    /// Closes all document windows for a caller that has asked documentsMayClose.
+    void closeDocuments();
+
   Q_SIGNALS:
     /// The frame has been activated for the first time, or idle without having been.
     void firstActivated();

@@ -3,6 +3,7 @@
 #include "app/shell/EditorApplication.h"
 #include "app/shell/EditorForms.h"
 #include "app/shell/EndSignals.h"
+#include "app/shell/Logout.h"
 #include "formats/files/FileNames.h"
 
 #include <cstdio>
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
     korvane::EditorForms forms(words);
     const std::function<void()> keepAll; // nothing is kept beyond the run
     const korvane::EndSignals endSignals(keepAll);
+    const korvane::Logout logout(forms.mainForm, keepAll);
     forms.mainForm.show();
     const int status = korvane::EditorApplication::exec();
     korvane::handOverClipboard();
