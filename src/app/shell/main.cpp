@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     }
     const auto application = korvane::EditorApplication::onDisplay(argc, argv);
     korvane::EditorForms forms(words);
-    const std::function<void()> keepAll; // nothing is kept beyond the run
+    const std::function<void()> keepAll = [&forms] { forms.mainForm.keepAll(); };
     const korvane::EndSignals endSignals(keepAll);
     const korvane::Logout logout(forms.mainForm, keepAll);
     forms.mainForm.show();
