@@ -53,7 +53,7 @@ TEST_F(OtherSaves, AreKeptBesideTheFileWhereTheyHoldOtherBytes) {
     for (const auto& row : rows) {
         const QString file = write("m.xsi", model);
         ModelDocument document;
-        ReadNotes notes;
+        OpenNotes notes;
         ASSERT_EQ(FileOpenXSI(file, document, {}, &notes), ReadStatus::Done);
         for (const QString& name : QString::fromLatin1(row.taken).split(u' ', Qt::SkipEmptyParts)) {
             write(qPrintable(name), "taken");
@@ -94,7 +94,7 @@ TEST_F(OtherSaves, OurOwnSavesAreKnownAndAllThatWasReadCounts) {
     const std::string text = broken + std::string(600'000, 'a');
     write("m.xsi", text);
     ModelDocument read;
-    ReadNotes notes;
+    OpenNotes notes;
     ASSERT_EQ(FileOpenXSI(file, read, {}, &notes), ReadStatus::Done);
     write("m.xsi", text);
     touch(file);

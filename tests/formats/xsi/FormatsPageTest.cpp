@@ -38,7 +38,7 @@ class FormatsPage : public testing::Test {
     }
 
     ModelDocument model;
-    ReadNotes notes;
+    OpenNotes notes;
 };
 
 TEST_F(FormatsPage, FramesOfTheExample) {
