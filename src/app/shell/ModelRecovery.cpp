@@ -81,7 +81,7 @@ QString ModelRecovery::offer(QWidget& window, const std::function<void(LeftCopy&
     std::vector<LeftCopy> bad(std::make_move_iterator(firstBad),
                               std::make_move_iterator(copies.end()));
     copies.erase(firstBad, copies.end());
-    const QString notice = unreadable(bad);
+    QString notice = unreadable(bad);
     bad.clear();
     if (copies.empty()) {
         return notice;

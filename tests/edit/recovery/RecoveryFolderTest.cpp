@@ -209,12 +209,5 @@ TEST_F(Recovery, LimitsHoldForProgramsThatHaveEnded) {
     EXPECT_EQ(files().size(), 2);
 }
 
-TEST_F(Recovery, WhereThereCanBeNoFolderThereIsNoPlace) {
-    write("file", "");
-    const RecoveryFolder none(path("file/recovery"));
-    EXPECT_FALSE(none.newPlace().has_value());
-    EXPECT_TRUE(none.claimLeft().empty());
-}
-
 } // namespace
 } // namespace korvane

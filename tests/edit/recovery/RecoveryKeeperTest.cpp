@@ -111,21 +111,5 @@ TEST_F(Keeper, GoesOnWhereTheFolderIsGoneAndTriesLessOftenWhereItCannotBe) {
     EXPECT_EQ(copied(), "c");
 }
 
-TEST_F(Keeper, LeavesItsCopyToTheNextProgram) {
-    change("a");
-    keeper_.keep(document_, RecoveryKeeper::When::Now);
-    EXPECT_TRUE(recovery().claimLeft().empty());
-    keeper_.leave();
-    std::vector<LeftCopy> left = recovery().claimLeft();
-    ASSERT_EQ(left.size(), 1U);
-    RecoveryKeeper next(recovery());
-    next.adopt(std::move(left[0].place), document_);
-    change("b");
-    next.keep(document_, RecoveryKeeper::When::Now);
-    EXPECT_EQ(copied(), "b") << "in the same place";
-    next.drop();
-    EXPECT_EQ(copied(), "-");
-}
-
 } // namespace
 } // namespace korvane
