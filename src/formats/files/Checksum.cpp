@@ -25,31 +25,44 @@ std::uint64_t mixed(std::uint64_t sum, std::uint64_t word) {
 } // namespace
 
 void Checksum::add(std::span<const std::uint8_t> bytes) {
-    const auto waiting = static_cast<std::size_t>(size_ % wordSize);
+    const auto waiting = static_cast<std::size_t>(size_ % blockSize);
     size_ += bytes.size();
     if (waiting > 0) {
-        const auto more = bytes.first(std::min(bytes.size(), wordSize - waiting));
+        const auto more = bytes.first(std::min(bytes.size(), blockSize - waiting));
         std::copy(more.begin(), more.end(), rest_.begin() + static_cast<std::ptrdiff_t>(waiting));
-        if (waiting + more.size() < wordSize) {
+        if (waiting + more.size() < blockSize) {
             return;
         }
-        sum_ = mixed(sum_, wordOf(rest_.data()));
+        addBlocks(rest_);
         bytes = bytes.subspan(more.size());
     }
-    std::uint64_t sum = sum_;
-    for (; bytes.size() >= wordSize; bytes = bytes.subspan(wordSize)) {
-        sum = mixed(sum, wordOf(bytes.data()));
-    }
-    sum_ = sum;
+    const std::size_t whole = bytes.size() / blockSize * blockSize;
+    addBlocks(bytes.first(whole));
+    bytes = bytes.subspan(whole);
     std::copy(bytes.begin(), bytes.end(), rest_.begin());
 }
 
-std::uint64_t Checksum::value() const {
-    std::uint64_t last = 0;
-    for (unsigned i = 0; i < size_ % wordSize; ++i) {
-        last |= std::uint64_t{rest_[i]} << 8U * i;
+void Checksum::addBlocks(std::span<const std::uint8_t> blocks) {
+    // sums of their own: none waits for the step of another
+    std::array<std::uint64_t, sums> sum = sums_;
+    for (std::size_t at = 0; at < blocks.size(); at += blockSize) {
+        for (std::size_t i = 0; i < sums; ++i) {
+            sum[i] = mixed(sum[i], wordOf(blocks.data() + at + i * wordSize));
+        }
     }
-    return mixed(mixed(sum_, last), size_);
+    sums_ = sum;
+}
+
+std::uint64_t Checksum::value() const {
+    std::array<std::uint8_t, blockSize> last{};
+    std::copy_n(rest_.begin(), size_ % blockSize, last.begin());
+    Checksum whole = *this;
+    whole.addBlocks(last);
+    std::uint64_t all = size_;
+    for (const std::uint64_t sum : whole.sums_) {
+        all = mixed(all, sum);
+    }
+    return all;
 }
 
 } // namespace korvane

@@ -22,11 +22,15 @@ class Checksum {
 
   private:
     static constexpr std::size_t wordSize = 8;
+    static constexpr std::size_t sums = 4;
+    static constexpr std::size_t blockSize = sums * wordSize;
 
-    std::uint64_t sum_ = 0;
+    void addBlocks(std::span<const std::uint8_t> blocks);
+
+    std::array<std::uint64_t, sums> sums_{};
     std::uint64_t size_ = 0;
-    /// The bytes that are not yet a whole word.
-    std::array<std::uint8_t, wordSize> rest_{};
+    /// The bytes that are not yet a whole block.
+    std::array<std::uint8_t, blockSize> rest_{};
 };
 
 /// The number of bytes that are there at once.
