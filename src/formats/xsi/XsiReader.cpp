@@ -35,9 +35,10 @@ bool readHeader(TextScanner& text) {
 }
 
 /// Adds the bytes of a file behind those that were read; false where there is no reading them.
-bool addRest(Checksum& sum, QFile& file) {
+bool addRest(Checksum& sum, QFile& file, const std::function<void()>& goOn) {
     constexpr qint64 pieceSize = 1 << 18;
     while (!file.atEnd()) {
+        goOn();
         const QByteArray piece = file.read(pieceSize);
         if (piece.isEmpty()) {
             return false;
@@ -75,7 +76,9 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
             throw std::runtime_error("the file cannot be read to its end");
         }
         done += static_cast<std::size_t>(got);
-        sum.add(std::string_view(space.data(), static_cast<std::size_t>(got)));
+        if (notes != nullptr) {
+            sum.add(std::string_view(space.data(), static_cast<std::size_t>(got)));
+        }
         return static_cast<std::size_t>(got);
     };
     const std::optional<FileStamp> stamp = stampOf(fileName);
@@ -87,7 +90,7 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
     });
     if (notes != nullptr) {
         notes->unseen = loader.unseen();
-        if (stamp && addRest(sum, file)) {
+        if (stamp && status == ReadStatus::Done && addRest(sum, file, goOn)) {
             notes->file = FileState{*stamp, sum.value()};
         }
     }
