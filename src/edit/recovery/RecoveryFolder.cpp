@@ -130,6 +130,7 @@ std::vector<LeftCopy> RecoveryFolder::claimLeft() const {
     }
     ids.removeDuplicates();
     std::vector<LeftCopy> left;
+    std::size_t readable = 0;
     std::uint64_t bytes = 0;
     const QDateTime oldest = QDateTime::currentDateTime().addSecs(-limits_.age.count());
     for (const QString& id : std::as_const(ids)) {
@@ -146,13 +147,17 @@ std::vector<LeftCopy> RecoveryFolder::claimLeft() const {
         if (!file.exists()) {
             continue;
         }
-        if (left.size() >= limits_.copies || bytes + size > limits_.bytes ||
-            file.lastModified() < oldest) {
-            place->remove();
-            continue;
-        }
-        bytes += size;
         const CopyHead head = place->head();
+        // what this version cannot read another one may, or a person
+        if (head.fault == CopyFault::None) {
+            if (readable >= limits_.copies || bytes + size > limits_.bytes ||
+                file.lastModified() < oldest) {
+                place->remove();
+                continue;
+            }
+            ++readable;
+            bytes += size;
+        }
         left.push_back({std::move(*place), head});
     }
     return left;

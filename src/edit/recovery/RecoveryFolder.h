@@ -66,8 +66,8 @@ class RecoveryFolder {
     [[nodiscard]] const QString& path() const { return path_; }
     /// A place for a new copy; makes the folder if need be. Nothing where that cannot be.
     [[nodiscard]] std::optional<ClaimedCopy> newPlace() const;
-    /// Claims the copies whose programs have ended, the newest first. Those beyond the limits are
-    /// removed, and so is what programs have left unfinished.
+    /// Claims the copies whose programs have ended, the newest first. Readable ones beyond the
+    /// limits are removed, and so is what programs have left unfinished.
     [[nodiscard]] std::vector<LeftCopy> claimLeft() const;
 
   private:

@@ -171,8 +171,8 @@ TEST_F(Recovery, DamagedCopiesAndOtherVersionsAreToldAndLeftAlone) {
     }
     const QString empty = leave(QStringLiteral("empty.xsi"));
     QFile(empty).resize(0);
-    for (int start = 0; start < 2; ++start) {
-        const std::vector<LeftCopy> left = recovery().claimLeft();
+    for (const RecoveryLimits& limits : {RecoveryLimits{}, RecoveryLimits{.copies = 0}}) {
+        const std::vector<LeftCopy> left = recovery(limits).claimLeft();
         ASSERT_EQ(left.size(), 3U);
         for (const LeftCopy& copy : left) {
             EXPECT_EQ(copy.head.fault, copy.place.fileName() == newer ? CopyFault::OtherVersion
