@@ -151,7 +151,7 @@ bool overwriteOrThrow(const QString& fileName, const std::function<bool(const Te
     if (before.size() != file.size()) {
         return false;
     }
-    if (writeAll(file, text)) {
+    if (writeAll(file, text) && reachesDisk(file)) {
         return true;
     }
     writeAll(file, before); // these bytes had room

@@ -8,8 +8,8 @@
 
 namespace korvane {
 
-/// Tells bytes from others by one number, whatever pieces they come in. Made for speed: it finds
-/// accidents, no forgeries.
+/// A number that differs for different bytes, whatever pieces they come in. Made for speed: it
+/// finds accidents, no forgeries.
 class Checksum {
   public:
     void add(std::span<const std::uint8_t> bytes);

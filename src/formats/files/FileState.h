@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+class QFile;
+
 namespace korvane {
 
 /// What a system tells of a file that changes when somebody writes it.
@@ -19,11 +21,13 @@ struct FileStamp {
 
 /// The stamp of a file; nothing where there is none, or what is there is no file.
 std::optional<FileStamp> stampOf(const QString& fileName);
+/// The same of an open file, whatever its name leads to by now.
+std::optional<FileStamp> stampOf(const QFile& file);
 
 /// A file as it was when it was read or written.
 struct FileState {
     FileStamp stamp;
-    std::uint64_t contents = 0; ///< the checksum of its bytes
+    std::optional<std::uint64_t> contents; ///< the checksum of its bytes, if they are known
 };
 
 } // namespace korvane

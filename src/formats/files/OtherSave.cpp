@@ -32,12 +32,12 @@ bool passOn(const QString& fileName, const TextSink& sink) {
 }
 
 /// Whether the file holds the same bytes as it did.
-bool holds(const QString& fileName, std::uint64_t contents) {
+bool holds(const QString& fileName, const std::optional<std::uint64_t>& contents) {
     Checksum sum;
-    const bool read = passOn(fileName, [&sum](std::string_view piece) {
-        sum.add(piece);
-        return true;
-    });
+    const bool read = contents && passOn(fileName, [&sum](std::string_view piece) {
+                          sum.add(piece);
+                          return true;
+                      });
     return read && sum.value() == contents;
 }
 
@@ -51,17 +51,23 @@ OtherSave keepOtherSave(const QString& fileName, const std::optional<FileState>&
     constexpr int mostTries = 1000;
     for (int number = 1; number <= mostTries; ++number) {
         const QString name = fileName + u'~' + (number > 1 ? QString::number(number) : QString());
-        switch (makeFile(name, fileName,
-                         [&](const TextSink& sink) { return passOn(fileName, sink); })) {
+        Checksum sum;
+        const auto copy = [&](const TextSink& sink) {
+            return passOn(fileName, [&](std::string_view piece) {
+                sum.add(piece);
+                return sink(piece);
+            });
+        };
+        switch (makeFile(name, fileName, copy)) {
         case MadeFile::Done:
-            return {OtherSave::Fate::Kept, name};
+            return {OtherSave::Fate::Kept, name, FileState{*stamp, sum.value()}};
         case MadeFile::Failed:
-            return {OtherSave::Fate::NotKept, {}};
+            return {OtherSave::Fate::NotKept, {}, {}};
         case MadeFile::NameTaken:
             break;
         }
     }
-    return {OtherSave::Fate::NotKept, {}};
+    return {OtherSave::Fate::NotKept, {}, {}};
 }
 
 } // namespace korvane

@@ -16,7 +16,8 @@ struct OtherSave {
         NotKept, ///< it cannot be kept
     };
     Fate fate = Fate::None;
-    QString keptAs; ///< the file that it is kept in
+    QString keptAs;                ///< the file that it is kept in
+    std::optional<FileState> file; ///< the model's file, whose bytes are those that were kept
 };
 
 /// A file is about to be written over, which was `known` when it was read or written last. Where it

@@ -81,7 +81,7 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
         }
         return static_cast<std::size_t>(got);
     };
-    const std::optional<FileStamp> stamp = stampOf(fileName);
+    const std::optional<FileStamp> stamp = stampOf(file);
     TextWindow window(source, size);
     TextureLoader loader(info.path());
     const ReadStatus status = readXsi(TextScanner(window), document, [&](const std::string& name) {
@@ -90,8 +90,9 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
     });
     if (notes != nullptr) {
         notes->unseen = loader.unseen();
-        if (stamp && status == ReadStatus::Done && addRest(sum, file, goOn)) {
-            notes->file = FileState{*stamp, sum.value()};
+        if (stamp && status == ReadStatus::Done) {
+            const bool whole = addRest(sum, file, goOn);
+            notes->file = FileState{*stamp, whole ? std::optional(sum.value()) : std::nullopt};
         }
     }
     return status;
