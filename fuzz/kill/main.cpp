@@ -86,6 +86,8 @@ class Killer {
                     "%.1f ms were missing at the most, %.1f ms in the median, more than allowed "
                     "%td times\n",
                     options_.count, missing_.back(), missing_[missing_.size() / 2], late);
+        // one in a hundred is left to a machine that has other things to do
+        expect(late * 100 <= options_.count, "more was missing than is allowed");
         if (options_.saves != Saves::None) {
             std::printf("the file was old %d times, new %d times, and in pieces but whole in the "
                         "copy %d times\n",
@@ -247,7 +249,7 @@ class Killer {
         std::string recovered = contentOf(path("m.xsi"));
         if (!left.empty()) {
             DocumentSession next;
-            expect(next.recover(left[0]).has_value(), "the copy is damaged");
+            expect(next.recover(left[0]).status == ReadStatus::Done, "the copy is damaged");
             recovered = test::writeText(next.model());
         } else if (recovered == contentOf(path("original.xsi"))) {
             recovered = original_;

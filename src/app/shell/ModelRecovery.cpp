@@ -8,7 +8,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <exception>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -45,12 +44,7 @@ QString ModelRecovery::keep(const QList<TMDIChild*>& windows, RecoveryKeeper::Wh
     bool failed = false;
     std::optional<CopyPace::Time> next;
     for (TMDIChild* window : windows) {
-        KeepOutcome outcome;
-        try {
-            outcome = window->session()->keepCopy(when);
-        } catch (const std::exception&) {
-            outcome.failed = true; // memory ran out; what the user does next comes first
-        }
+        const KeepOutcome outcome = window->session()->keepCopy(when);
         failed = failed || outcome.failed;
         if (outcome.wait) {
             next = std::min(next.value_or(*outcome.wait), *outcome.wait);
@@ -70,6 +64,11 @@ QString ModelRecovery::failure() {
                ? QString()
                : QStringLiteral("No recovery copies can be made in %1: save often")
                      .arg(folder_.path());
+}
+
+QString ModelRecovery::lostText(const QString& model) const {
+    return QStringLiteral("No recovery copy of %1 could be made in %2")
+        .arg(QFileInfo(model).fileName(), folder_.path());
 }
 
 QString ModelRecovery::offer(QWidget& window, const std::function<void(LeftCopy&)>& open) {
@@ -96,6 +95,9 @@ QString ModelRecovery::offer(QWidget& window, const std::function<void(LeftCopy&
             copies[i].place.remove();
         }
     }
+    copies.clear();
+    folder_.removeOld(); // all have been offered
+    folder_.makeRoom();
     return {};
 }
 

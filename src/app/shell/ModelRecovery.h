@@ -25,8 +25,8 @@ class ModelRecovery : public QObject {
     /// Makes the copies of the windows' models that are due, or all. What the user has to be told;
     /// empty where there is nothing, or it was told before.
     QString keep(const QList<TMDIChild*>& windows, RecoveryKeeper::When when);
-    /// That a copy could not be made; empty where it was told before.
-    QString failure();
+    /// That a window closed whose model is neither in a file nor in a copy.
+    [[nodiscard]] QString lostText(const QString& model) const;
     /// Offers the user what ended programs have left, over the window; `open` opens a copy. What
     /// the user has to be told besides.
     QString offer(QWidget& window, const std::function<void(LeftCopy&)>& open);
@@ -36,6 +36,9 @@ class ModelRecovery : public QObject {
     void due();
 
   private:
+    /// That a copy could not be made; empty where it was told before.
+    QString failure();
+
     RecoveryFolder folder_ = RecoveryFolder::ofUser();
     QTimer wake_;
     bool told_ = false;

@@ -405,7 +405,9 @@ TMDIChild& TMainForm::addWindow() {
     auto* document = new TMDIChild(forms_.colorOptions.viewColors());
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
     connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
-    connect(document, &TMDIChild::keepingFailed, this, [this] { tell(recovery_.failure()); });
+    connect(document, &TMDIChild::commandBegun, this, [this] { tell({}); });
+    connect(document, &TMDIChild::keepingFailed, this,
+            [this](const QString& model) { tell(recovery_.lostText(model)); });
     document->session()->keepCopiesIn(recovery_.folder());
     ui_->MDIArea->addSubWindow(document);
     document->showMaximized();
@@ -425,9 +427,8 @@ void TMainForm::createDocuments(const QStringList& names) {
 
 void TMainForm::showStatus() {
     const TMDIChild* document = activeDocument();
-    const QString message = document != nullptr ? document->statusText() : QString();
-    const QString& rest = notice_.isEmpty() ? message : notice_;
-    statusPanel_->setText(hint_.isEmpty() ? rest : hint_);
+    const QString message = document != nullptr ? document->statusText(notice_) : notice_;
+    statusPanel_->setText(hint_.isEmpty() ? message : hint_);
 }
 
 void TMainForm::tell(const QString& notice) {

@@ -1,5 +1,6 @@
 #include "app/shell/TRecoveryBox.h"
 
+#include "app/widgets/MessageBox.h"
 #include "app/widgets/WidgetText.h"
 #include "formats/files/FileNames.h"
 #include "ui_TRecoveryBox.h"
@@ -16,8 +17,11 @@ TRecoveryBox::TRecoveryBox(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TRecoveryBox>()) {
     ui_->setupUi(this);
     connect(ui_->OpenButton, &QPushButton::clicked, this, [this] { choose(CopyChoice::Open); });
-    connect(ui_->ThrowAwayButton, &QPushButton::clicked, this,
-            [this] { choose(CopyChoice::ThrowAway); });
+    connect(ui_->ThrowAwayButton, &QPushButton::clicked, this, [this] {
+        if (throwingAwayAgreed()) {
+            choose(CopyChoice::ThrowAway);
+        }
+    });
     connect(ui_->LaterButton, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui_->CopyList, &QTreeWidget::itemChanged, this, &TRecoveryBox::enableButtons);
 }
@@ -56,6 +60,16 @@ std::vector<QTreeWidgetItem*> TRecoveryBox::ticked() const {
         }
     }
     return items;
+}
+
+bool TRecoveryBox::throwingAwayAgreed() {
+    const std::size_t models = ticked().size();
+    const QString what =
+        models == 1 ? ticked().front()->text(0) : QStringLiteral("%1 models").arg(models);
+    return showMessageBox(this, QStringLiteral("ThrowAwayQuestion"), QMessageBox::Question,
+                          QStringLiteral("Throw Away"),
+                          QStringLiteral("Throw away the recovery copy of %1 for good?").arg(what),
+                          QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 void TRecoveryBox::choose(CopyChoice choice) {

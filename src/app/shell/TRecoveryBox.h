@@ -34,6 +34,8 @@ class TRecoveryBox : public QDialog {
     [[nodiscard]] CopyChoice choice(std::size_t copy) const { return choices_[copy]; }
 
   private:
+    /// Asks, as nothing brings them back.
+    [[nodiscard]] bool throwingAwayAgreed();
     void choose(CopyChoice choice);
     void enableButtons();
     [[nodiscard]] std::vector<QTreeWidgetItem*> ticked() const;

@@ -17,6 +17,7 @@ void PendingShininess::commit(EditHistory& history, ModelDocument& document, std
     std::string shown = text;
     if (before == power) {
         power = power_; // "-0" is the same number, but saved as other bytes
+        ++document.LiveChanges;
     } else if (remembered_ != text) {
         recordPower(history, document, material, before, power);
     }

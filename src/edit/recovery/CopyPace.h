@@ -6,7 +6,7 @@
 namespace korvane {
 
 /// How often copies of a model are made: they take no more than a share of the time, whatever one
-/// of them costs. Times count from any one moment.
+/// of them costs. Times count from a fixed moment.
 class CopyPace {
   public:
     using Time = std::chrono::microseconds;

@@ -5,6 +5,7 @@
 #include "formats/files/ByteReader.h"
 #include "formats/files/Checksum.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>

@@ -8,9 +8,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
-#include <exception>
 #include <utility>
 
 namespace korvane {
@@ -24,6 +24,35 @@ QString copyName(const QString& folder, const QString& id) {
 QString lockName(const QString& copy) {
     return QFileInfo(copy).path() + u'/' + QFileInfo(copy).completeBaseName() +
            QStringLiteral(".lock");
+}
+
+constexpr int idLength = 16;
+
+/// The number in the name of a copy, its lock or an unfinished copy; empty for any other file.
+QString idOf(const QString& fileName) {
+    static const QRegularExpression ours(
+        QStringLiteral("^([0-9a-f]{16})\\.(lock|copy(\\..{6})?)$"));
+    return ours.match(fileName).captured(1);
+}
+
+/// Newest first: by the system's time, which a damaged copy has as well.
+QFileInfoList copiesIn(const QString& folder) {
+    QFileInfoList copies =
+        QDir(folder).entryInfoList({QStringLiteral("*.copy")}, QDir::Files, QDir::Time);
+    copies.removeIf([](const QFileInfo& copy) { return idOf(copy.fileName()).isEmpty(); });
+    return copies;
+}
+
+std::uint64_t sizeOf(const QFileInfo& file) {
+    return static_cast<std::uint64_t>(file.size());
+}
+
+std::optional<ClaimedCopy> claimReadable(const QFileInfo& copy) {
+    std::optional<ClaimedCopy> place = ClaimedCopy::claim(copy.filePath());
+    if (place && place->head().fault != CopyFault::None) {
+        place.reset();
+    }
+    return place;
 }
 
 QString stateFolder() {
@@ -63,6 +92,10 @@ bool ClaimedCopy::isThere() const {
     return QFileInfo::exists(lockName(fileName_));
 }
 
+bool ClaimedCopy::holdsCopy() const {
+    return isThere() && QFileInfo::exists(fileName_);
+}
+
 bool ClaimedCopy::write(const ModelDocument& document) {
     const std::int64_t now = QDateTime::currentMSecsSinceEpoch();
     return replaceOwnFile(fileName_,
@@ -80,7 +113,9 @@ CopyHead ClaimedCopy::head() const {
 
 std::optional<ModelDocument> ClaimedCopy::read(const TextureSource& textures) const {
     QFile file(fileName_);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    // its size is checked before it is taken into memory
+    if (head().fault != CopyFault::None ||
+        !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return std::nullopt;
     }
     return readCopy(bytesOf(file.readAll()), textures);
@@ -102,7 +137,7 @@ bool RecoveryFolder::prepare() const {
     const QFileInfo folder(path_);
     if (!folder.isDir()) {
         QDir().mkpath(folder.path());
-        return QDir().mkdir(path_, ours);
+        return QDir().mkdir(path_, ours) || QFileInfo(path_).isDir(); // another program's, by now
     }
     // the system tells the owner's permissions once more as those of the user
     constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
@@ -114,53 +149,81 @@ std::optional<ClaimedCopy> RecoveryFolder::newPlace() const {
     if (!prepare()) {
         return std::nullopt;
     }
-    const quint64 number = QRandomGenerator::system()->generate64();
-    return ClaimedCopy::claim(
-        copyName(path_, QStringLiteral("%1").arg(number, 16, 16, QLatin1Char('0'))));
+    // another program may claim one for a moment, to see whether it was left
+    constexpr int tries = 3;
+    std::optional<ClaimedCopy> place;
+    for (int i = 0; i < tries && !place; ++i) {
+        const quint64 number = QRandomGenerator::system()->generate64();
+        place = ClaimedCopy::claim(
+            copyName(path_, QStringLiteral("%1").arg(number, idLength, 16, QLatin1Char('0'))));
+    }
+    return place;
 }
 
 std::vector<LeftCopy> RecoveryFolder::claimLeft() const {
-    // newest first: by the system's time, which a damaged copy has as well
     const QDir folder(path_);
     QStringList ids;
-    for (const QString& name :
-         folder.entryList({QStringLiteral("*.copy")}, QDir::Files, QDir::Time) +
-             folder.entryList(QDir::Files)) {
-        ids += name.section(u'.', 0, 0);
+    for (const QFileInfo& copy : copiesIn(path_)) {
+        ids += idOf(copy.fileName());
     }
+    for (const QString& name : folder.entryList(QDir::Files)) {
+        ids += idOf(name);
+    }
+    ids.removeAll(QString());
     ids.removeDuplicates();
     std::vector<LeftCopy> left;
-    std::size_t readable = 0;
-    std::uint64_t bytes = 0;
-    const QDateTime oldest = QDateTime::currentDateTime().addSecs(-limits_.age.count());
     for (const QString& id : std::as_const(ids)) {
         std::optional<ClaimedCopy> place = ClaimedCopy::claim(copyName(path_, id));
         if (!place) {
             continue; // its program lives
         }
         for (const QString& unfinished :
-             folder.entryList({id + QStringLiteral(".copy.*")}, QDir::Files)) {
+             folder.entryList({id + QStringLiteral(".copy.??????")}, QDir::Files)) {
             QFile::remove(folder.filePath(unfinished));
         }
-        const QFileInfo file(place->fileName());
-        const auto size = static_cast<std::uint64_t>(file.size());
-        if (!file.exists()) {
-            continue;
+        if (QFileInfo::exists(place->fileName())) {
+            const CopyHead head = place->head();
+            left.push_back({std::move(*place), head});
         }
-        const CopyHead head = place->head();
-        // what this version cannot read another one may, or a person
-        if (head.fault == CopyFault::None) {
-            if (readable >= limits_.copies || bytes + size > limits_.bytes ||
-                file.lastModified() < oldest) {
-                place->remove();
-                continue;
-            }
-            ++readable;
-            bytes += size;
-        }
-        left.push_back({std::move(*place), head});
     }
     return left;
+}
+
+void RecoveryFolder::makeRoom() const {
+    const QFileInfoList copies = copiesIn(path_);
+    std::uint64_t bytes = 0;
+    for (const QFileInfo& copy : copies) {
+        bytes += sizeOf(copy);
+    }
+    if (static_cast<std::size_t>(copies.size()) <= limits_.copies && bytes <= limits_.bytes) {
+        return; // with those of living programs, even
+    }
+    std::size_t kept = 0;
+    bytes = 0;
+    for (const QFileInfo& copy : copies) {
+        std::optional<ClaimedCopy> place = claimReadable(copy);
+        if (!place) {
+            continue;
+        }
+        if (kept >= limits_.copies || (kept > 0 && bytes + sizeOf(copy) > limits_.bytes)) {
+            place->remove();
+            continue;
+        }
+        ++kept;
+        bytes += sizeOf(copy);
+    }
+}
+
+void RecoveryFolder::removeOld() const {
+    const QDateTime oldest = QDateTime::currentDateTime().addSecs(-limits_.age.count());
+    for (const QFileInfo& copy : copiesIn(path_)) {
+        if (copy.lastModified() >= oldest) {
+            continue;
+        }
+        if (std::optional<ClaimedCopy> place = claimReadable(copy)) {
+            place->remove();
+        }
+    }
 }
 
 } // namespace korvane

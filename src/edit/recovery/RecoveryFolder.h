@@ -27,6 +27,8 @@ class ClaimedCopy {
     [[nodiscard]] const QString& fileName() const { return fileName_; }
     /// Whether what is written here would still be claimed: somebody may have removed the folder.
     [[nodiscard]] bool isThere() const;
+    /// Whether there is a copy here, still claimed.
+    [[nodiscard]] bool holdsCopy() const;
     /// Writes the model in one step; false leaves what was there.
     bool write(const ModelDocument& document);
     [[nodiscard]] CopyHead head() const;
@@ -66,9 +68,18 @@ class RecoveryFolder {
     [[nodiscard]] const QString& path() const { return path_; }
     /// A place for a new copy; makes the folder if need be. Nothing where that cannot be.
     [[nodiscard]] std::optional<ClaimedCopy> newPlace() const;
-    /// Claims the copies whose programs have ended, the newest first. Readable ones beyond the
-    /// limits are removed, and so is what programs have left unfinished.
+    /// Claims the copies whose programs have ended, the newest first, and removes what programs
+    /// have left unfinished.
     [[nodiscard]] std::vector<LeftCopy> claimLeft() const;
+
+    // Both remove readable copies alone, and none that is claimed. What this version cannot read,
+    // another one may, or a person.
+
+    /// Removes the oldest copies until the limits allow what is left. The newest stays whatever its
+    /// size.
+    void makeRoom() const;
+    /// Removes copies that are past their time. The user must have been offered them.
+    void removeOld() const;
 
   private:
     [[nodiscard]] bool prepare() const;

@@ -1,5 +1,6 @@
 #include "edit/recovery/RecoveryKeeper.h"
 
+#include <exception>
 #include <utility>
 
 namespace korvane {
@@ -16,7 +17,8 @@ RecoveryKeeper::RecoveryKeeper(RecoveryFolder folder, KeeperClock clock)
 
 KeepOutcome RecoveryKeeper::keep(const ModelDocument& document, When when) {
     const State state = stateOf(document);
-    if (copied_ == state) {
+    // at the last moment it counts what is on the disk, which somebody may have cleared
+    if (copied_ == state && (when == When::Due || (place_ && place_->holdsCopy()))) {
         return {};
     }
     const CopyPace::Time begin = clock_();
@@ -24,7 +26,7 @@ KeepOutcome RecoveryKeeper::keep(const ModelDocument& document, When when) {
     if (when == When::Due && wait > CopyPace::Time::zero()) {
         return {false, wait};
     }
-    if (!write(document)) {
+    if (!tryWrite(document)) {
         const CopyPace::Time now = clock_();
         pace_.failed(now);
         return {true, pace_.wait(now)};
@@ -41,6 +43,14 @@ bool RecoveryKeeper::write(const ModelDocument& document) {
     return place_ && place_->write(document);
 }
 
+bool RecoveryKeeper::tryWrite(const ModelDocument& document) {
+    try {
+        return write(document);
+    } catch (const std::exception&) {
+        return false; // memory ran out; what the user does comes first
+    }
+}
+
 void RecoveryKeeper::drop() {
     if (place_) {
         place_->remove();
@@ -53,13 +63,17 @@ void RecoveryKeeper::leave() {
     copied_.reset();
     if (place_) {
         place_.reset();
-        (void)folder_.claimLeft(); // it is one more: the limits hold at any time
+        try {
+            folder_.makeRoom(); // it is one more: the limits hold at any time
+        } catch (const std::exception&) {
+            // memory ran out: the next one makes room
+        }
     }
 }
 
-void RecoveryKeeper::adopt(ClaimedCopy place, const ModelDocument& document) {
+void RecoveryKeeper::adopt(ClaimedCopy place) {
     place_ = std::move(place);
-    copied_ = stateOf(document);
+    copied_.reset(); // written anew it is as young as the work on it
 }
 
 } // namespace korvane

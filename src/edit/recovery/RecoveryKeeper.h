@@ -19,7 +19,7 @@ struct KeepOutcome {
         wait; ///< how long it is until the next one is due, if one will be
 };
 
-/// Tells the time since any one moment.
+/// Tells the time since a fixed moment.
 using KeeperClock = std::function<CopyPace::Time()>;
 KeeperClock steadyClock();
 
@@ -28,7 +28,7 @@ class RecoveryKeeper {
   public:
     explicit RecoveryKeeper(RecoveryFolder folder, KeeperClock clock = steadyClock());
 
-    /// Whose copies are due.
+    /// Whether a copy waits for its time or is made at once.
     enum class When { Due, Now };
     /// The model differs from what is in a file: makes a copy unless the last one is current.
     KeepOutcome keep(const ModelDocument& document, When when);
@@ -37,7 +37,7 @@ class RecoveryKeeper {
     /// The model goes away: its copy stays for the next program.
     void leave();
     /// The model is what the copy holds, which is kept current from here on.
-    void adopt(ClaimedCopy place, const ModelDocument& document);
+    void adopt(ClaimedCopy place);
 
   private:
     /// What tells all states of a model apart.
@@ -52,6 +52,8 @@ class RecoveryKeeper {
         return {document.Revision, document.LiveChanges, document.FileName};
     }
     bool write(const ModelDocument& document);
+    /// The same, and false where memory runs out.
+    bool tryWrite(const ModelDocument& document);
 
     RecoveryFolder folder_;
     KeeperClock clock_;

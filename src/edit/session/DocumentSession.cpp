@@ -63,7 +63,7 @@ OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& p
     }
     outcome.changes = takeModel(std::move(read));
     fileRevision_ = model_.Revision;
-    file_ = notes.file;
+    file_ = std::move(notes.file);
     outcome.changes |=
         setText(message_,
                 outcome.status == ReadStatus::Done ? openedText(model_, notes.unseen) : QString());
@@ -88,27 +88,39 @@ MeshOutcome DocumentSession::openMesh(const QString& fileName) {
 }
 
 SaveOutcome DocumentSession::save() {
-    const bool writes = modelFileKind(model_.FileName) == ModelFileKind::Xsi;
-    return write(writes ? keepOtherSave(model_.FileName, file_) : OtherSave());
+    OtherSave other;
+    if (modelFileKind(model_.FileName) == ModelFileKind::Xsi) {
+        other = keepOtherSave(model_.FileName, file_);
+    }
+    if (other.fate == OtherSave::Fate::Kept) {
+        file_ = other.file; // a save that fails is tried again
+    }
+    return write(model_.FileName, other);
 }
 
 SaveOutcome DocumentSession::saveAs(const QString& name) {
+    const QString former = model_.FileName;
     const Changes named = setName(name);
-    file_.reset(); // of the former name
-    SaveOutcome outcome = write({});
+    const std::optional<FileStamp> replaced = stampOf(name);
+    file_ = replaced ? std::optional(FileState{*replaced, {}}) : std::nullopt; // the user agreed
+    SaveOutcome outcome = write(former, {});
     outcome.changes |= named;
     return outcome;
 }
 
-SaveOutcome DocumentSession::write(const OtherSave& other) {
+SaveOutcome DocumentSession::write(const QString& former, const OtherSave& other) {
     SaveOutcome outcome;
     outcome.changes = cancelPlaneDrag(); // half of it is nothing to be saved
-    keepCopy(RecoveryKeeper::When::Now); // a file that is written over may end up as half of one
-    givenUp_ = false;
-    if (modelFileKind(model_.FileName) != ModelFileKind::Xsi) {
+    givenUp_.reset();
+    const bool writes = modelFileKind(model_.FileName) == ModelFileKind::Xsi;
+    if (writes && former == model_.FileName) {
+        fileRevision_.reset(); // a file that is written over may end up as half of one
+    }
+    keepCopy(RecoveryKeeper::When::Now);
+    if (!writes) {
         outcome.result = SaveResult::NotWritten;
-    } else if (const auto written = SaveFileXSI(model_, model_.FileName)) {
-        file_ = written;
+    } else if (auto written = SaveFileXSI(model_, model_.FileName)) {
+        file_ = std::move(written);
         fileRevision_ = model_.Revision;
     } else {
         outcome.result = SaveResult::Failed;
@@ -329,6 +341,7 @@ Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSu
             recordFrameOptions(history_, model_, subject.frame, asked.flags);
         } catch (...) {
             setFrameFlags(*frame, asked.flags); // no change without an entry
+            ++model_.Revision;
             throw;
         }
     }
@@ -360,9 +373,13 @@ Changes DocumentSession::endMaterials() {
 
 // The status bar
 
-const QString& DocumentSession::statusText() const {
-    const QString& rest = message_.isEmpty() ? counts_ : message_;
-    return pointerText_.isEmpty() ? rest : pointerText_;
+QString DocumentSession::statusText(const QString& notice) const {
+    for (const QString* text : {&pointerText_, &notice, &message_}) {
+        if (!text->isEmpty()) {
+            return *text;
+        }
+    }
+    return counts_;
 }
 
 Changes DocumentSession::setText(QString& text, const QString& value) {

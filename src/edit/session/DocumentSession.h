@@ -122,14 +122,17 @@ class DocumentSession {
     [[nodiscard]] bool hasUnsavedWork() const;
     /// Makes the copy current, at once or where one is due. A copy of what is in a file goes.
     KeepOutcome keepCopy(RecoveryKeeper::When when);
-    /// Whether the user has said that the work may go with the window.
-    void giveUpWork(bool givenUp) { givenUp_ = givenUp; }
-    /// The model goes away. The copy of its work stays, made current, unless the user has given the
-    /// work up.
+    /// The user has said that the work may go with the window, or has not. What is done after that
+    /// is not meant.
+    void giveUpWork(bool givenUp) {
+        givenUp_ = givenUp ? std::optional(model_.Revision) : std::nullopt;
+    }
+    /// The model goes away. The copy of its work stays, made current, unless the user has given all
+    /// of the work up.
     KeepOutcome endWork();
-    /// Opens a copy in place of this model, as one that was never saved; nothing where the copy is
-    /// damaged, which is then left as it is.
-    std::optional<Changes> recover(LeftCopy& copy);
+    /// Opens a copy in place of this model, as one that was never saved. One that cannot be opened
+    /// is left as it is, and so is this model.
+    OpenOutcome recover(LeftCopy& copy, const ReadProgress& progress = {});
 
     // Editing. Nothing is edited, and nothing taken back, while a drag changes the model or its
     // materials are edited.
@@ -217,9 +220,9 @@ class DocumentSession {
 
     // The status bar.
 
-    /// Where the pointer is in a 2D view and what it does there, else what became of the last
-    /// command, else how much the model holds.
-    [[nodiscard]] const QString& statusText() const;
+    /// Where the pointer is in a 2D view and what it does there, else what the program has to say,
+    /// else what became of the last command, else how much the model holds.
+    [[nodiscard]] QString statusText(const QString& notice = {}) const;
     /// A new command begins: what the last one said is out of date.
     Changes clearMessage();
 
@@ -233,8 +236,9 @@ class DocumentSession {
     void startHistory();
     /// The model is another one, to be seen from the start.
     Changes takeModel(ModelDocument&& model);
-    /// Writes the model under its name. `other` is what became of another program's save there.
-    SaveOutcome write(const OtherSave& other);
+    /// Writes the model under its name; `former` is the name of the file that it was in so far.
+    /// `other` is what became of another program's save there.
+    SaveOutcome write(const QString& former, const OtherSave& other);
     Changes rebuildTree();
     /// Makes the node of the tree that stands for the selection, or for what is nearest to it, the
     /// selection.
@@ -251,7 +255,7 @@ class DocumentSession {
     std::optional<std::uint64_t> fileRevision_ = 0; ///< the Revision of what is in a file
     std::optional<FileState> file_;                 ///< the file of the model's name, as last known
     std::optional<RecoveryKeeper> keeper_;
-    bool givenUp_ = false;
+    std::optional<std::uint64_t> givenUp_; ///< the Revision that may go with the window
     EditHistory history_;
     StructureTreeModel tree_;
     std::optional<MaterialEditing> materials_;

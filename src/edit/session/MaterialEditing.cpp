@@ -273,6 +273,14 @@ Changes MaterialEditing::texCoordsMoved() {
     return {.materials = true};
 }
 
+bool MaterialEditing::dragMoves() const {
+    if (!drag_.active()) {
+        return false;
+    }
+    const MovedTexCoords moved = drag_.moved(mesh());
+    return moved.before != moved.after;
+}
+
 Changes MaterialEditing::end() {
     return commit() | Changes{.tree = slotsChanged_, .geometry = true};
 }

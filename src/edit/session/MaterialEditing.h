@@ -100,6 +100,8 @@ class MaterialEditing {
     /// Ends a running drag without a trace.
     Changes cancelDrag();
     [[nodiscard]] bool dragging() const { return drag_.active(); }
+    /// Whether a running drag has texture coordinates elsewhere than they were.
+    [[nodiscard]] bool dragMoves() const;
 
     /// Records what is pending, and tells what has to follow when the user has done.
     Changes end();

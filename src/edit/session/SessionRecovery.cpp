@@ -5,9 +5,18 @@
 
 #include <QFileInfo>
 
+#include <exception>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace korvane {
+
+namespace {
+
+struct RecoveryCancelled {};
+
+} // namespace
 
 void DocumentSession::keepCopiesIn(const RecoveryFolder& folder, KeeperClock clock) {
     keeper_.emplace(folder, std::move(clock));
@@ -15,7 +24,7 @@ void DocumentSession::keepCopiesIn(const RecoveryFolder& folder, KeeperClock clo
 
 bool DocumentSession::hasUnsavedWork() const {
     return fileRevision_ != model_.Revision || planeDrag_.moves(model_) ||
-           (materials_ && materials_->dragging());
+           (materials_ && materials_->dragMoves());
 }
 
 KeepOutcome DocumentSession::keepCopy(RecoveryKeeper::When when) {
@@ -31,7 +40,7 @@ KeepOutcome DocumentSession::keepCopy(RecoveryKeeper::When when) {
 
 KeepOutcome DocumentSession::endWork() {
     cancelPlaneDrag();
-    if (givenUp_) {
+    if (givenUp_ == model_.Revision) {
         fileRevision_ = model_.Revision; // it is as good as saved
     }
     const KeepOutcome outcome = keepCopy(RecoveryKeeper::When::Now);
@@ -41,20 +50,33 @@ KeepOutcome DocumentSession::endWork() {
     return outcome;
 }
 
-std::optional<Changes> DocumentSession::recover(LeftCopy& copy) {
+OpenOutcome DocumentSession::recover(LeftCopy& copy, const ReadProgress& progress) {
     TextureLoader textures(QFileInfo(copy.head.model).path());
-    std::optional<ModelDocument> read =
-        copy.place.read([&textures](const std::string& name) { return textures.load(name); });
-    if (!read) {
-        return std::nullopt;
+    std::optional<ModelDocument> read;
+    try {
+        read = copy.place.read([&](const std::string& name) {
+            // of all that is read only pictures can take long
+            if (progress && !progress(0, 1)) {
+                throw RecoveryCancelled();
+            }
+            return textures.load(name);
+        });
+    } catch (const RecoveryCancelled&) {
+        return {ReadStatus::Cancelled, {}};
+    } catch (const std::exception&) {
+        return {ReadStatus::CannotOpen, {}}; // memory ran out
     }
-    Changes changes = takeModel(std::move(*read));
+    if (!read) {
+        return {ReadStatus::NotValid, {}};
+    }
+    OpenOutcome outcome = {ReadStatus::Done, takeModel(std::move(*read))};
     fileRevision_.reset();
     file_.reset();
     if (keeper_) {
-        keeper_->adopt(std::move(copy.place), model_);
+        keeper_->adopt(std::move(copy.place));
     }
-    return changes | setText(message_, recoveredText(model_, textures.unseen()));
+    outcome.changes |= setText(message_, recoveredText(model_, textures.unseen()));
+    return outcome;
 }
 
 } // namespace korvane

@@ -117,12 +117,21 @@ void TMDIChild::showModel(const Changes& changes) {
 void TMDIChild::recover(LeftCopy& copy) {
     ChildActivate();
     ui_->TreeView1->setFocus();
-    if (const std::optional<Changes> changes = session_->recover(copy)) {
-        showModel(*changes);
+    OpenOutcome outcome;
+    {
+        TReadProgress progress(*this, copy.head.model, progressDelay_);
+        outcome = session_->recover(copy, [&progress](std::size_t done, std::size_t size) {
+            return progress.goOn(done, size);
+        });
+    }
+    if (outcome.status == ReadStatus::Done) {
+        showModel(outcome.changes);
         return;
     }
-    showMessageBox(this, QStringLiteral("RecoveryFailure"), QMessageBox::Critical,
-                   QStringLiteral("Unable to open recovery copy"), copy.place.fileName());
+    if (outcome.status != ReadStatus::Cancelled) {
+        showMessageBox(this, QStringLiteral("RecoveryFailure"), QMessageBox::Critical,
+                       QStringLiteral("Unable to open recovery copy"), copy.place.fileName());
+    }
     closeUnasked();
 }
 
@@ -156,6 +165,7 @@ void TMDIChild::applyStep(const Changes& changes) {
 }
 
 void TMDIChild::clearMessage() {
+    Q_EMIT commandBegun();
     if (session_) {
         apply(session_->clearMessage());
     }
@@ -291,7 +301,7 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 void TMDIChild::FormClose() {
     cancelDrag();
     if (session_ && session_->endWork().failed) {
-        Q_EMIT keepingFailed();
+        Q_EMIT keepingFailed(session_->model().FileName);
     }
     ChildDeactivate();
     structure_.reset();

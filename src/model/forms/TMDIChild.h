@@ -47,8 +47,9 @@ class TMDIChild : public QMdiSubWindow {
     /// text model. Failures are shown to the user and leave the model empty; a reading that the
     /// user cancels closes the window.
     void create(const QString& name);
-    /// Shows a model from a recovery copy in a window just constructed. Where the copy is damaged
-    /// the user is told, the window closes, and the copy is left as it is.
+    /// Shows a model from a recovery copy in a window just constructed. Where it cannot be opened
+    /// the user is told and the window closes, as it does where the user cancels; the copy is then
+    /// left as it is.
     void recover(LeftCopy& copy);
     /// How long create() reads before it shows its progress.
     void setProgressDelay(std::chrono::milliseconds delay) { progressDelay_ = delay; }
@@ -91,8 +92,9 @@ class TMDIChild : public QMdiSubWindow {
     void render3d();
 
     /// What the status bar shows of the window.
-    [[nodiscard]] QString statusText() const {
-        return session_ ? session_->statusText() : QString();
+    /// `notice` is what the program has to say, whatever window is active.
+    [[nodiscard]] QString statusText(const QString& notice = {}) const {
+        return session_ ? session_->statusText(notice) : notice;
     }
     /// A new command begins: what the last one said is out of date.
     void clearMessage();
@@ -117,8 +119,10 @@ class TMDIChild : public QMdiSubWindow {
   Q_SIGNALS:
     /// The status text is another one.
     void statusChanged();
+    /// A command of this window begins: what was said before is out of date.
+    void commandBegun();
     /// The window closes, and no recovery copy of its work can be made.
-    void keepingFailed();
+    void keepingFailed(const QString& model);
 
   protected:
     void closeEvent(QCloseEvent* event) override;

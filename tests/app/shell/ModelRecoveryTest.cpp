@@ -35,6 +35,11 @@ class ModelRecoveryTest : public MainFormTest {
         EXPECT_EQ(child<QPushButton>(box, "OpenButton").isEnabled(), !names.isEmpty());
         child<QPushButton>(box, button).click();
     }
+    void answerThrowAway(const QString& name, int reply) {
+        answerBox(QStringLiteral("ThrowAwayQuestion"),
+                  QStringLiteral("Throw away the recovery copy of %1 for good?").arg(name),
+                  QStringLiteral("Throw Away"), QMessageBox::Yes | QMessageBox::No, reply);
+    }
 };
 
 TEST_F(ModelRecoveryTest, WhatAKilledProgramLeftIsOfferedOnce) {
@@ -49,7 +54,11 @@ TEST_F(ModelRecoveryTest, WhatAKilledProgramLeftIsOfferedOnce) {
         EXPECT_EQ(captions().size(), 1) << "the files of the command line come first";
         EXPECT_TRUE(recovery().claimLeft().empty()) << "another start does not offer them";
         press(box, {QStringLiteral("a.xsi")}, "OpenButton");
-        press(box, {QStringLiteral("b.xsi")}, "ThrowAwayButton");
+        for (const int reply : {QMessageBox::No, QMessageBox::Yes}) {
+            answerThrowAway(QStringLiteral("b.xsi"), reply);
+            press(box, {QStringLiteral("b.xsi")}, "ThrowAwayButton");
+            EXPECT_EQ(list.topLevelItemCount(), reply == QMessageBox::No ? 2 : 1);
+        }
         press(box, {}, "LaterButton");
     });
     start({other});
@@ -61,8 +70,9 @@ TEST_F(ModelRecoveryTest, WhatAKilledProgramLeftIsOfferedOnce) {
     answerFileDialog(QStringLiteral("SaveDialog1"), path("saved.xsi"));
     run("FileSave");
     kill();
-    answer<TRecoveryBox>([](TRecoveryBox& box) {
+    answer<TRecoveryBox>([this](TRecoveryBox& box) {
         EXPECT_EQ(child<QTreeWidget>(box, "CopyList").topLevelItemCount(), 1);
+        answerThrowAway(QStringLiteral("c.xsi"), QMessageBox::Yes);
         press(box, {QStringLiteral("c.xsi")}, "ThrowAwayButton");
     });
     start();

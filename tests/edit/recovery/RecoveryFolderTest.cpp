@@ -151,13 +151,14 @@ TEST_F(Recovery, ACopyStaysUntilItIsRemovedAndLeavesNothing) {
     // what was begun and never finished goes as well
     recovery().newPlace().reset();
     const QString begun = leave(QStringLiteral("c.xsi"));
-    write("state/recovery/0123.lock", "");
-    write("state/recovery/0123.copy.Ab3xYz", "half");
+    write("state/recovery/0123456789abcdef.lock", "");
+    write("state/recovery/0123456789abcdef.copy.Ab3xYz", "half");
     write(qPrintable(QStringLiteral("state/recovery/") + QFileInfo(begun).fileName() +
                      QStringLiteral(".Ab3xYz")),
           "half");
+    write("state/recovery/notes.copy.backup", "nothing of ours");
     EXPECT_EQ(names(recovery().claimLeft()), "c.xsi ");
-    EXPECT_EQ(files().size(), 2);
+    EXPECT_EQ(files().size(), 3);
 }
 
 TEST_F(Recovery, DamagedCopiesAndOtherVersionsAreToldAndLeftAlone) {
@@ -171,8 +172,10 @@ TEST_F(Recovery, DamagedCopiesAndOtherVersionsAreToldAndLeftAlone) {
     }
     const QString empty = leave(QStringLiteral("empty.xsi"));
     QFile(empty).resize(0);
-    for (const RecoveryLimits& limits : {RecoveryLimits{}, RecoveryLimits{.copies = 0}}) {
-        const std::vector<LeftCopy> left = recovery(limits).claimLeft();
+    for (int start = 0; start < 2; ++start) {
+        recovery({.copies = 0, .age = std::chrono::seconds(-10)}).makeRoom();
+        recovery({.copies = 0, .age = std::chrono::seconds(-10)}).removeOld();
+        const std::vector<LeftCopy> left = recovery().claimLeft();
         ASSERT_EQ(left.size(), 3U);
         for (const LeftCopy& copy : left) {
             EXPECT_EQ(copy.head.fault, copy.place.fileName() == newer ? CopyFault::OtherVersion
@@ -191,6 +194,7 @@ TEST_F(Recovery, LimitsHoldForProgramsThatHaveEnded) {
         {"all", {}, "m1.x m2.x m3.x "},
         {"copies", {.copies = 2}, "m1.x m2.x "},
         {"bytes", {.bytes = static_cast<std::uint64_t>(size) * 2 + 1}, "m1.x m2.x "},
+        {"too large, but the newest", {.bytes = 1}, "m1.x "},
         {"age", {.age = std::chrono::hours(24 * 2 + 1)}, "m1.x m2.x "},
         {"no copy", {.copies = 0}, ""},
     };
@@ -199,9 +203,12 @@ TEST_F(Recovery, LimitsHoldForProgramsThatHaveEnded) {
             setTime(leave(QStringLiteral("m%1.x").arg(days)),
                     QDateTime::currentDateTime().addDays(-days));
         }
-        EXPECT_EQ(names(recovery(limits).claimLeft()), expected) << what;
+        EXPECT_EQ(names(recovery(limits).claimLeft()), "m1.x m2.x m3.x ")
+            << what << ": all offered";
+        recovery(limits).removeOld();
+        recovery(limits).makeRoom();
         std::vector<LeftCopy> left = recovery().claimLeft();
-        EXPECT_EQ(names(left), expected) << what << ": the others are gone";
+        EXPECT_EQ(names(left), expected) << what;
         for (LeftCopy& copy : left) {
             copy.place.remove();
         }

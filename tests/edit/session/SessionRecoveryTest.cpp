@@ -98,6 +98,14 @@ TEST_F(SessionRecovery, WhateverChangesTheModelIsInTheCopy) {
              materials().moveOpacity(31);
          }},
         {"a shininess that is being typed", [&] { materials().typeShininess("12"); }},
+        {"a zero shininess that is put back",
+         [&] {
+             materials().typeShininess("0");
+             session_->endMaterials();
+             materials().typeShininess("-0");
+             wait();
+             session_->endMaterials();
+         }},
     };
     for (const auto& [what, change] : rows) {
         open();
@@ -173,7 +181,18 @@ TEST_F(SessionRecovery, TheCopyStaysUnlessTheWorkIsInAFileOrGivenUp) {
              session_->saveAs(path("no/folder/m.xsi"));
          },
          false, true},
+        {"given up, and then worked on",
+         [&] { session_->add(), session_->giveUpWork(true), session_->add(); }, true, true},
         {"a drag that was running", [&] { startDrag(); }, false, false},
+        {"unchanged, and saved elsewhere in vain",
+         [&] { session_->saveAs(path("no/folder/m.xsi")); }, false, false},
+        {"unchanged, and its file written over in vain",
+         [&] {
+             QFile::remove(file);
+             QDir().mkdir(file);
+             session_->saveAs(file);
+         },
+         false, true},
     };
     for (const auto& row : rows) {
         open();
@@ -207,9 +226,12 @@ TEST_F(SessionRecovery, AModelFromACopyIsNeverSavedAndKeepsItsName) {
         begin(); // the program before was killed
         std::vector<LeftCopy> left = recovery().claimLeft();
         ASSERT_EQ(left.size(), 1U);
-        const std::optional<Changes> changes = session_->recover(left[0]);
-        ASSERT_TRUE(changes.has_value());
-        EXPECT_TRUE(changes->title && changes->tree && changes->geometry && changes->status);
+        EXPECT_EQ(session_->recover(left[0], [](auto...) { return false; }).status,
+                  ReadStatus::Cancelled);
+        EXPECT_FALSE(session_->hasUnsavedWork());
+        const auto [read, changes] = session_->recover(left[0]);
+        ASSERT_EQ(read, ReadStatus::Done);
+        EXPECT_TRUE(changes.title && changes.tree && changes.geometry && changes.status);
         EXPECT_EQ(bytes(), work);
         EXPECT_EQ(session_->model().FileName, path("models/m.xsi"));
         EXPECT_EQ(session_->model().Materials[texture].TextureImage->width, 2);
@@ -243,6 +265,12 @@ TEST_F(SessionRecovery, WhatAnotherProgramSavedIsKeptAndTold) {
     EXPECT_EQ(content(path("m.xsi")), bytes());
     session_->add();
     session_->save();
+    for (int tries = 0; tries < 2; ++tries) {
+        write("m.xsi", "more of theirs");
+        session_->setName(path("m.xsi"));
+        session_->save();
+        QFile::remove(path("m.xsi~2"));
+    }
     session_->saveAs(write("n.xsi", "agreed to be replaced"));
     session_->add();
     session_->save();
