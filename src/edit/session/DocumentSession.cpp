@@ -63,7 +63,7 @@ OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& p
     }
     outcome.changes = takeModel(std::move(read));
     fileRevision_ = model_.Revision;
-    file_ = std::move(notes.file);
+    file_ = notes.file;
     outcome.changes |=
         setText(message_,
                 outcome.status == ReadStatus::Done ? openedText(model_, notes.unseen) : QString());
@@ -119,8 +119,8 @@ SaveOutcome DocumentSession::write(const QString& former, const OtherSave& other
     keepCopy(RecoveryKeeper::When::Now);
     if (!writes) {
         outcome.result = SaveResult::NotWritten;
-    } else if (auto written = SaveFileXSI(model_, model_.FileName)) {
-        file_ = std::move(written);
+    } else if (const auto written = SaveFileXSI(model_, model_.FileName)) {
+        file_ = written;
         fileRevision_ = model_.Revision;
     } else {
         outcome.result = SaveResult::Failed;

@@ -93,7 +93,6 @@ TEST_F(SessionRecovery, WhateverChangesTheModelIsInTheCopy) {
          [&] {
              materials().moveOpacity(30);
              wait();
-             materials();
              session_->endMaterials();
              materials().moveOpacity(31);
          }},
