@@ -404,6 +404,7 @@ TMDIChild& TMainForm::addWindow() {
     // the MDI area owns the window, which frees itself when it is closed
     auto* document = new TMDIChild(forms_.colorOptions.viewColors());
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
+    document->addToStructureMenu({ui_->EditCopy, ui_->EditPaste});
     connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
     connect(document, &TMDIChild::commandBegun, this, [this] { tell({}); });
     connect(document, &TMDIChild::keepingFailed, this,

@@ -4,6 +4,7 @@
 #include "edit/clipboard/ClipboardReader.h"
 #include "edit/history/SlotEdits.h"
 #include "edit/history/StructureEdits.h"
+#include "edit/session/RowDetails.h"
 #include "formats/files/ByteReader.h"
 #include "formats/files/FileNames.h"
 #include "formats/textures/TextureLoader.h"
@@ -35,6 +36,8 @@ QString folderOfModel(const ModelDocument& model) {
 
 DocumentSession::DocumentSession() {
     startHistory();
+    tree_.setSource({[this](const NodeData& node) { return rowDetails(model_, node); },
+                     [this](const NodeData& node) { return rowSample(model_, node); }});
     rebuildTree();
 }
 

@@ -2,6 +2,8 @@
 
 #include "model/records/ModelText.h"
 
+#include <QStringList>
+
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -21,7 +23,7 @@ void StructureTreeModel::markHidden(const FrameRecord& frame) {
     }
     tree_.markHidden(frame);
     for (const QModelIndex& shown : {node, indexOf(frame.TreeNode + 1)}) {
-        Q_EMIT dataChanged(shown, shown, {hiddenRole});
+        Q_EMIT dataChanged(shown, shown, {hiddenRole, Qt::AccessibleTextRole, Qt::ToolTipRole});
     }
 }
 
@@ -58,17 +60,43 @@ int StructureTreeModel::columnCount(const QModelIndex& /*parent*/) const {
     return 1;
 }
 
+QString StructureTreeModel::spokenText(const StructureNode& node) {
+    return node.hidden ? shownText(node.text) + QStringLiteral(", hidden") : shownText(node.text);
+}
+
+QString StructureTreeModel::details(std::int32_t node) const {
+    return source_.details ? source_.details(tree_.nodeData(node)) : QString();
+}
+
 QVariant StructureTreeModel::data(const QModelIndex& index, int role) const {
+    constexpr int longestTip = 4096; // a name may be as long as its file
     const std::int32_t node = nodeOf(index);
     if (node < 0) {
         return {};
     }
     const StructureNode& shown = tree_.nodes()[static_cast<std::size_t>(node)];
-    if (role == hiddenRole) {
+    switch (role) {
+    case hiddenRole:
         return shown.hidden;
+    case sampleRole:
+        if (source_.sample) {
+            const auto color = source_.sample(tree_.nodeData(node));
+            return color ? QVariant(quint32{*color}) : QVariant();
+        }
+        return {};
+    case Qt::DisplayRole:
+        return shownText(shown.text);
+    case Qt::AccessibleTextRole:
+        return spokenText(shown);
+    case Qt::AccessibleDescriptionRole:
+        return details(node);
+    case Qt::ToolTipRole:
+        return QStringList{spokenText(shown).left(longestTip), details(node).left(longestTip)}
+            .join(u'\n')
+            .trimmed();
+    default:
+        return {};
     }
-    return role == Qt::DisplayRole || role == Qt::AccessibleTextRole ? shownText(shown.text)
-                                                                     : QVariant();
 }
 
 } // namespace korvane

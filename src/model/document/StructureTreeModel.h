@@ -5,8 +5,18 @@
 #include <QAbstractItemModel>
 
 #include <cstdint>
+#include <functional>
+#include <optional>
+#include <utility>
 
 namespace korvane {
+
+/// What there is to tell of a row beyond its text. It is asked for when somebody looks at the row.
+struct RowSource {
+    std::function<QString(const NodeData&)> details; ///< in lines
+    /// The colour that stands for a material as 0xffrrggbb; nothing for any other row.
+    std::function<std::optional<std::uint32_t>(const NodeData&)> sample;
+};
 
 /// The structure tree as an item model of one column; an index's internal id is its node number.
 class StructureTreeModel : public QAbstractItemModel {
@@ -15,6 +25,11 @@ class StructureTreeModel : public QAbstractItemModel {
 
     /// Whether the views leave out what the node stands for, as a bool.
     static constexpr int hiddenRole = Qt::UserRole;
+    /// The colour of a material, as the row source gives it.
+    static constexpr int sampleRole = Qt::UserRole + 1;
+
+    /// Without a source, rows have their text alone.
+    void setSource(RowSource source) { source_ = std::move(source); }
 
     /// Shows another snapshot of the model.
     void setTree(StructureTree tree);
@@ -33,7 +48,12 @@ class StructureTreeModel : public QAbstractItemModel {
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
   private:
+    /// The row's text with a word on whether it is hidden, for those who do not see its colour.
+    [[nodiscard]] static QString spokenText(const StructureNode& node);
+    [[nodiscard]] QString details(std::int32_t node) const;
+
     StructureTree tree_;
+    RowSource source_;
 };
 
 } // namespace korvane

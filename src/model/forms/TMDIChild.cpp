@@ -55,6 +55,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     connect(ui_->TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TMDIChild::ChildSelectedChange);
     setUpButtons();
+    setUpStructureMenu();
     fitPages();
     showSelectedButtons();
 }
@@ -141,6 +142,9 @@ void TMDIChild::apply(const Changes& changes) {
     }
     if (changes.tree || changes.selection) {
         followSelection();
+    }
+    if (changes.materials) {
+        ui_->TreeView1->viewport()->update(); // the samples of their colours
     }
     if (changes.geometry) {
         render3d();
@@ -314,8 +318,7 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
         FormResize();
     }
     if (watched == ui_->TreeView1 && event->type() == QEvent::KeyPress &&
-        dynamic_cast<QKeyEvent&>(*event).matches(QKeySequence::Copy)) {
-        // where nothing can be copied a tree would replace what was by the text of its node
+        structureKey(dynamic_cast<const QKeyEvent&>(*event))) {
         return true;
     }
     if (watched == ui_->DeleteButton && event->type() == QEvent::MouseButtonDblClick) {

@@ -13,6 +13,8 @@
 #include <vector>
 
 class QItemSelection;
+class QKeyEvent;
+class QMenu;
 
 namespace korvane {
 
@@ -57,6 +59,8 @@ class TMDIChild : public QMdiSubWindow {
     /// The dialogs that the commands of the "Structure" page show; they must outlive the window.
     /// Without them "Edit" and "Rename Frame" do nothing.
     void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
+    /// Adds commands of the main frame to the menu of the structure tree.
+    void addToStructureMenu(const QList<QAction*>& commands);
 
     /// The model with what can be done to it; null once the window has been closed.
     [[nodiscard]] DocumentSession* session() { return session_ ? &*session_ : nullptr; }
@@ -159,6 +163,10 @@ class TMDIChild : public QMdiSubWindow {
     void setUpViews();
     void setUpTools();
     void setUpButtons();
+    /// The menu of the tree, with the commands of the buttons and the keys that stand for them.
+    void setUpStructureMenu();
+    /// Carries out the command of the menu that a key stands for; whether there is one.
+    bool structureKey(const QKeyEvent& key);
     /// An event of a view; whether that was all about it.
     bool viewEvent(const QObject& watched, const QEvent& event);
     /// Whether the event is a press that only activates the window, is made with Ctrl held or comes
@@ -216,6 +224,7 @@ class TMDIChild : public QMdiSubWindow {
     std::optional<DocumentSession> session_; ///< none once the window has been closed
     DocumentDialogs dialogs_;
     std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
+    QMenu* structureMenu_ = nullptr;            ///< the tree view owns it
     WindowFocus* focus_ = nullptr;              ///< the window owns it
     std::chrono::milliseconds progressDelay_{500};
     std::array<PlaneView, planeCount> planeViews_ = {

@@ -1,5 +1,6 @@
 // The "Structure" page of the document window.
 
+#include "app/widgets/MenuLetters.h"
 #include "app/widgets/WindowFocus.h"
 #include "edit/forms/TMaterial.h"
 #include "model/forms/TMDIChild.h"
@@ -9,6 +10,8 @@
 #include "ui_TMDIChild.h"
 
 #include <QItemSelection>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QScopedValueRollback>
 
 #include <optional>
@@ -36,6 +39,62 @@ void TMDIChild::setUpButtons() {
     ui_->DeleteButton->installEventFilter(this);
 }
 
+void TMDIChild::setUpStructureMenu() {
+    structureMenu_ = new QMenu(ui_->TreeView1);
+    structureMenu_->setObjectName(QStringLiteral("StructureMenu"));
+    structureMenu_->setAccessibleName(QStringLiteral("Structure commands"));
+    const std::pair<QPushButton*, QList<QKeySequence>> commands[] = {
+        {ui_->EditButton, {Qt::Key_Return, Qt::Key_Enter}},
+        {ui_->RenameButton, {Qt::Key_F2}},
+        {ui_->DeleteButton, {Qt::Key_Delete}},
+        {ui_->AddButton, {Qt::Key_Insert}}};
+    for (const auto& [button, keys] : commands) {
+        QAction* command = structureMenu_->addAction(button->text());
+        command->setObjectName(button->objectName() + QStringLiteral("Item"));
+        command->setShortcuts(keys);
+        connect(command, &QAction::triggered, button, [button = button] { button->click(); });
+    }
+    structureMenu_->addSeparator();
+    actOnFirstLetters(*ui_->TreeView1);
+    ui_->TreeView1->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(ui_->TreeView1, &QTreeView::customContextMenuRequested, this, [this](const QPoint& at) {
+        structureMenu_->popup(ui_->TreeView1->viewport()->mapToGlobal(at));
+    });
+    // later: the tree is still at work with the press
+    connect(
+        ui_->TreeView1, &QTreeView::doubleClicked, this,
+        [this] {
+            const QModelIndex row = ui_->TreeView1->currentIndex();
+            if (row.isValid() && row.model()->rowCount(row) == 0) {
+                ui_->EditButton->click();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void TMDIChild::addToStructureMenu(const QList<QAction*>& commands) {
+    structureMenu_->addActions(commands);
+}
+
+bool TMDIChild::structureKey(const QKeyEvent& key) {
+    if (key.matches(QKeySequence::Copy)) {
+        // where nothing can be copied a tree would replace what was by the text of its node
+        return true;
+    }
+    const QKeySequence pressed(
+        QKeyCombination(key.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(key.key())));
+    for (QAction* command : structureMenu_->actions()) {
+        // those of the main frame have their own keys
+        if (command->parent() == structureMenu_ && command->shortcuts().contains(pressed)) {
+            if (!key.isAutoRepeat()) {
+                command->trigger();
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
 void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
     if (!session_ || filling_) {
         return;
@@ -55,6 +114,13 @@ void TMDIChild::showSelectedButtons() {
     if (const std::optional<QString> caption = addCaption(node)) {
         ui_->AddButton->setText(*caption);
         ui_->AddButton->setAccessibleName(*caption);
+    }
+    const QPushButton* buttons[] = {ui_->EditButton, ui_->RenameButton, ui_->DeleteButton,
+                                    ui_->AddButton};
+    for (std::size_t i = 0; i < std::size(buttons); ++i) {
+        QAction* command = structureMenu_->actions()[static_cast<qsizetype>(i)];
+        command->setText(buttons[i]->text());
+        command->setEnabled(buttons[i]->isEnabled());
     }
 }
 

@@ -1,9 +1,14 @@
 #include "model/forms/TStructureView.h"
 
+#include "app/widgets/WidgetText.h"
+
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cstddef>
@@ -13,10 +18,34 @@ namespace korvane {
 
 namespace {
 
-/// Greys the rows of what the views leave out.
-class HiddenRows : public QStyledItemDelegate {
+/// A small square of the colour, with a rim that sets it off from the row.
+QPixmap colorSample(QRgb color, const QStyleOptionViewItem& option) {
+    const int side = option.fontMetrics.ascent();
+    const double ratio = option.widget != nullptr ? option.widget->devicePixelRatioF() : 1.0;
+    QPixmap sample((QSizeF(side, side) * ratio).toSize());
+    sample.setDevicePixelRatio(ratio);
+    sample.fill(Qt::transparent);
+    QPainter painter(&sample);
+    painter.setPen(option.palette.color(QPalette::Text));
+    painter.setBrush(QColor::fromRgb(color));
+    painter.drawRect(0, 0, side - 1, side - 1);
+    return sample;
+}
+
+/// Greys the rows of what the views leave out, and puts a sample before the materials.
+class StructureRows : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        if (event->type() != QEvent::ToolTip) {
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        }
+        const QString text = index.data(Qt::ToolTipRole).toString();
+        QToolTip::showText(event->globalPos(), toolTipOf(text), view, view->visualRect(index));
+        return true;
+    }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
@@ -24,6 +53,13 @@ class HiddenRows : public QStyledItemDelegate {
         if (index.data(StructureTreeModel::hiddenRole).toBool()) {
             option->palette.setBrush(QPalette::Text,
                                      option->palette.brush(QPalette::Disabled, QPalette::Text));
+        }
+        const QVariant color = index.data(StructureTreeModel::sampleRole);
+        if (color.isValid()) {
+            const QPixmap sample = colorSample(color.value<quint32>(), *option);
+            option->features |= QStyleOptionViewItem::HasDecoration;
+            option->icon = QIcon(sample);
+            option->decorationSize = sample.deviceIndependentSize().toSize();
         }
     }
 };
@@ -33,7 +69,7 @@ class HiddenRows : public QStyledItemDelegate {
 TStructureView::TStructureView(QTreeView& view, StructureTreeModel& model)
     : view_(view), model_(model) {
     view_.setModel(&model_);
-    view_.setItemDelegate(new HiddenRows(&view_));
+    view_.setItemDelegate(new StructureRows(&view_));
     // A release over another row than the press selects that row and leaves the keyboard where it
     // was.
     connect(view_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -56,6 +92,15 @@ TStructureView::TStructureView(QTreeView& view, StructureTreeModel& model)
     connect(&view_, &QTreeView::collapsed, &fitSoon_, fitSoon);
     connect(view_.verticalScrollBar(), &QScrollBar::valueChanged, &fitSoon_, fitSoon);
     connect(&fitSoon_, &QTimer::timeout, &fitSoon_, [this] { fitColumn(); });
+    // the mouse sets the current row without scrolling: it must not move away under the pointer
+    connect(view_.selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        if (view_.hasAutoScroll()) {
+            scrollSideways();
+        }
+    });
+    showTextSoon_.setSingleShot(true);
+    showTextSoon_.setInterval(0);
+    connect(&showTextSoon_, &QTimer::timeout, &showTextSoon_, [this] { showCurrentText(); });
 }
 
 TStructureView::~TStructureView() {
@@ -119,6 +164,25 @@ void TStructureView::select(const NodeData& data) {
 
 void TStructureView::scrollToSelection() {
     view_.scrollTo(view_.currentIndex());
+    scrollSideways();
+}
+
+void TStructureView::scrollSideways() {
+    // the rows that have come into sight may need more room, which the view takes in later
+    fitColumn();
+    showTextSoon_.start();
+}
+
+void TStructureView::showCurrentText() {
+    const QModelIndex current = view_.currentIndex();
+    if (!current.isValid()) {
+        return;
+    }
+    QScrollBar& bar = *view_.horizontalScrollBar();
+    const int text = view_.visualRect(current).left();
+    const int wanted = text + view_.sizeHintForIndex(current).width() - view_.viewport()->width();
+    // the beginning of a text that is wider than the view comes first
+    bar.setValue(bar.value() + (text < 0 ? text : std::clamp(wanted, 0, text)));
 }
 
 NodeData TStructureView::nodeData(const QModelIndex& index) const {

@@ -35,10 +35,14 @@ class TStructureView : public QObject {
     void expandAgain();
     /// Makes room for the widest of the rows in sight.
     void fitColumn();
+    /// Brings the text of the current row into sight, as far as there is room.
+    void scrollSideways();
+    void showCurrentText();
 
     QTreeView& view_;
     StructureTreeModel& model_;
-    QTimer fitSoon_; ///< other rows have come into sight
+    QTimer fitSoon_;      ///< other rows have come into sight
+    QTimer showTextSoon_; ///< the current row is another one
 
     // while the model changes its tree
     StructureTree before_;

@@ -1,5 +1,4 @@
-#include "model/document/StructureTree.h"
-
+#include "model/document/StructureTreeModel.h"
 #include "support/FrameMaking.h"
 
 #include <gtest/gtest.h>
@@ -86,6 +85,46 @@ TEST(StructureTree, OneSlotAndOneMaterialCannotBeDeleted) {
             node.kind == NodeKind::MaterialSlot || node.kind == NodeKind::TableMaterial;
         EXPECT_FALSE(part && node.deletable) << node.text;
     }
+}
+
+TEST(StructureTreeModel, TellsMoreOfARowThanItShows) {
+    ModelDocument document = example(1, 1);
+    document.Root.Children[0].ViewFlags[2] = false; // its mesh
+    document.Root.Name = std::string(10'000, 'x');
+    StructureTreeModel model;
+    model.setTree(StructureTree(document));
+    const auto told = [&](std::int32_t node, int role) {
+        return model.data(model.indexOf(node), role).toString().toStdString();
+    };
+    EXPECT_EQ(told(1, Qt::ToolTipRole), "Frame frm-body") << "no source";
+    EXPECT_FALSE(model.data(model.indexOf(1), StructureTreeModel::sampleRole).isValid());
+    model.setSource({[](const NodeData& node) {
+                         return QStringLiteral("kind %1").arg(static_cast<int>(node.NodeKind));
+                     },
+                     [](const NodeData& node) {
+                         return node.NodeKind == NodeKind::Mesh ? std::optional(0xff010203U)
+                                                                : std::nullopt;
+                     }});
+    const struct {
+        std::int32_t node;
+        const char* spoken;
+        const char* details;
+        bool sample;
+    } rows[] = {{1, "Frame frm-body", "kind 1", false},
+                {2, "Mesh body, hidden", "kind 4", true},
+                {3, "MeshMaterialList", "kind 5", false}};
+    for (const auto& [node, spoken, details, sample] : rows) {
+        EXPECT_EQ(told(node, Qt::AccessibleTextRole), spoken);
+        EXPECT_EQ(told(node, Qt::AccessibleDescriptionRole), details);
+        EXPECT_EQ(told(node, Qt::ToolTipRole), std::string(spoken) + "\n" + details);
+        EXPECT_EQ(model.data(model.indexOf(node), StructureTreeModel::sampleRole).isValid(),
+                  sample);
+    }
+    EXPECT_EQ(told(0, Qt::DisplayRole).size(), 10'010U);
+    EXPECT_LT(told(0, Qt::ToolTipRole).size(), 5'000U) << "a tip that long could not be laid out";
+    document.Root.Children[0].ViewFlags[0] = false;
+    model.markHidden(document.Root.Children[0]);
+    EXPECT_EQ(told(1, Qt::AccessibleTextRole), "Frame frm-body, hidden");
 }
 
 } // namespace

@@ -109,6 +109,50 @@ TEST_F(TMDIChildTest, ButtonsFollowTheModelAndItsSelection) {
     EXPECT_EQ(enabled(), "") << "nothing is selected";
 }
 
+TEST_F(TMDIChildTest, KeysAndTheDoubleClickOfTheTreeActOnItsRow) {
+    const std::string wing = bodyNode + "/Frame frm-wing";
+    const std::string tip = wing + "/Frame frm-tip";
+    const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers held = {}, bool repeated = false) {
+        QKeyEvent event(QEvent::KeyPress, pressed, held, {}, repeated);
+        QApplication::sendEvent(&tree(), &event);
+    };
+    const std::tuple<std::string, const char*, std::function<void()>> steps[] = {
+        {wing, "Frame Options", [&] { key(Qt::Key_Return); }},
+        {wing, "Frame Options", [&] { key(Qt::Key_Enter, Qt::KeypadModifier); }},
+        {tip, "Frame Options",
+         [&] {
+             const QPoint at = tree().visualRect(tree().currentIndex()).center();
+             QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, at);
+             QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, at);
+         }},
+        {bodyNode, "Rename Frame", [&] { key(Qt::Key_F2); }},
+        {bodyMaterials, "Material Editor", [&] { key(Qt::Key_Return); }}};
+    for (const auto& [at, title, step] : steps) {
+        answer([title = title](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QString::fromLatin1(title));
+            dialog.close();
+        });
+        select(at);
+        settle();
+        step();
+        settle();
+        EXPECT_TRUE(allAnswered()) << title;
+    }
+    const std::string before = bytes();
+    select(bodyMesh); // of which only the frame can be renamed
+    for (const Qt::Key none : {Qt::Key_Return, Qt::Key_Delete, Qt::Key_Insert}) {
+        key(none);
+    }
+    select(wing);
+    key(Qt::Key_Delete, Qt::ShiftModifier);
+    key(Qt::Key_Delete, {}, true);
+    EXPECT_EQ(bytes(), before);
+    key(Qt::Key_Insert);
+    EXPECT_EQ(document().Root.Children[0].Children.size(), 2U);
+    key(Qt::Key_Delete);
+    EXPECT_TRUE(document().Root.Children.empty());
+}
+
 TEST_F(TMDIChildTest, LayoutHalvesTheDrawingAreaAndDropsTheOddPixel) {
     using Places = QList<QRect>;
     const Places odd = {
