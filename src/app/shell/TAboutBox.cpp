@@ -1,5 +1,6 @@
 #include "app/shell/TAboutBox.h"
 
+#include "app/widgets/Hints.h"
 #include "render/gl/GlInfo.h"
 #include "ui_TAboutBox.h"
 
@@ -25,6 +26,7 @@ QString glDescription() {
 
 TAboutBox::TAboutBox(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::TAboutBox>()) {
     ui_->setupUi(this);
+    setHints(*this);
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     QFont title = ui_->ProductName->font();

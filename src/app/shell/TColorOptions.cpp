@@ -1,6 +1,7 @@
 #include "app/shell/TColorOptions.h"
 
 #include "app/widgets/ColorSwatch.h"
+#include "app/widgets/Hints.h"
 #include "ui_TColorOptions.h"
 
 #include <utility>
@@ -10,6 +11,7 @@ namespace korvane {
 TColorOptions::TColorOptions(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TColorOptions>()) {
     ui_->setupUi(this);
+    setHints(*this);
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 

@@ -1,7 +1,7 @@
 #include "app/shell/TMainForm.h"
 
+#include "app/shell/BeginHint.h"
 #include "app/shell/EditorForms.h"
-#include "app/shell/MdiArrange.h"
 #include "app/shell/ToolButtons.h"
 #include "app/widgets/DialogStart.h"
 #include "app/widgets/MenuLetters.h"
@@ -47,7 +47,7 @@ QStringList modelFiles(const QMimeData& dragged) {
 
 TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     : forms_(forms), ui_(std::make_unique<Ui::TMainForm>()), paths_(std::move(paths)),
-      statusPanel_(new QLabel(this)) {
+      statusPanel_(new QLabel(this)), guideKey_(*this) {
     ui_->setupUi(this);
     setCentralWidget(ui_->FrameContent);
     statusPanel_->setObjectName(QStringLiteral("StatusPanel"));
@@ -55,7 +55,8 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     // a long message must not keep the frame from getting narrow
     statusPanel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ui_->StatusBar1->addWidget(statusPanel_, 1);
-    ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
+    beginHint_ = new BeginHint(*ui_->MDIArea);
+    showBackground();
 
     setIcons();
     setUpToolBar();
@@ -68,6 +69,11 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
 TMainForm::~TMainForm() {
     // the windows that go with the MDI area must find no half-destroyed frame to report to
     ui_->MDIArea->disconnect(this);
+}
+
+void TMainForm::showBackground() {
+    ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
+    beginHint_->followBackground();
 }
 
 void TMainForm::setIcons() {
@@ -151,6 +157,7 @@ void TMainForm::connectActions() {
         });
     }
     // shortcuts work wherever the focus is, whether or not their items show
+    setUpWindowKeys();
     addActions({ui_->FileNew1, ui_->FileOpen1, ui_->EditCut, ui_->EditCopy, ui_->EditPaste});
 }
 
@@ -209,7 +216,7 @@ bool TMainForm::event(QEvent* event) {
 
 void TMainForm::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) {
-        ui_->MDIArea->setBackground(palette().brush(QPalette::Dark));
+        showBackground();
     }
     QMainWindow::changeEvent(event);
 }
@@ -324,41 +331,12 @@ void TMainForm::Filesaveasupdate() {
     ui_->FileSaveAs->setEnabled(activeDocument() != nullptr);
 }
 
-void TMainForm::WindowCascade1Execute() {
-    cascadeWindows(*ui_->MDIArea);
-}
-
-void TMainForm::WindowTileHorizontal1Execute() {
-    tileWindows(*ui_->MDIArea, Qt::Horizontal);
-}
-
-void TMainForm::WindowTileVertical1Execute() {
-    tileWindows(*ui_->MDIArea, Qt::Vertical);
-}
-
-void TMainForm::WindowMinimizeAll1Execute() {
-    minimizeWindows(*ui_->MDIArea);
-}
-
-void TMainForm::WindowArrangeAll1Execute() {
-    arrangeMinimized(*ui_->MDIArea);
-}
-
-void TMainForm::windowUpdate() {
-    const bool open = activeDocument() != nullptr;
-    for (QAction* action :
-         {ui_->WindowCascade1, ui_->WindowTileHorizontal1, ui_->WindowTileVertical1,
-          ui_->WindowMinimizeAll1, ui_->WindowArrangeAll1}) {
-        action->setEnabled(open);
-    }
-}
-
 void TMainForm::HelpAbout1Execute() {
     execModal(forms_.aboutBox);
 }
 
 void TMainForm::MainFormActivate() {
-    for (const QString& path : std::as_const(paths_)) {
+    for (const QString& path : std::exchange(paths_, {})) {
         if (isTextModel(modelFileKind(path))) {
             createDocument(QFileInfo(path).absoluteFilePath());
         }
@@ -391,6 +369,7 @@ void TMainForm::idle() {
     for (const auto update : updates) {
         (this->*update)();
     }
+    beginHint_->setVisible(paths_.isEmpty() && documents().isEmpty());
     keepCopies(RecoveryKeeper::When::Due);
 }
 
@@ -405,7 +384,7 @@ TMDIChild& TMainForm::addWindow() {
     auto* document = new TMDIChild(forms_.colorOptions.viewColors());
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
     document->addToStructureMenu({ui_->EditCopy, ui_->EditPaste});
-    connect(document, &TMDIChild::statusChanged, this, &TMainForm::showStatus);
+    connect(document, &TMDIChild::statusChanged, this, [this] { tell(notice_); });
     connect(document, &TMDIChild::commandBegun, this, [this] { tell({}); });
     connect(document, &TMDIChild::keepingFailed, this,
             [this](const QString& model) { tell(recovery_.lostText(model)); });
@@ -434,6 +413,7 @@ void TMainForm::showStatus() {
 
 void TMainForm::tell(const QString& notice) {
     notice_ = notice;
+    hint_.clear(); // what a command says is news, and its control lies under the pointer
     showStatus();
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/shell/ModelClipboard.h"
 #include "app/shell/ModelRecovery.h"
+#include "app/shell/TGuide.h"
 #include "app/shell/WindowList.h"
 #include "render/scene/ViewState.h"
 
@@ -16,6 +17,7 @@ class QAction;
 
 namespace korvane {
 
+class BeginHint;
 struct EditorForms;
 class TMDIChild;
 
@@ -113,6 +115,8 @@ class TMainForm : public QMainWindow {
 
     void connectActions();
     void connectEvents();
+    void setUpWindowKeys();
+    void showBackground();
     void setIcons();
     void setUpToolBar();
     void setUpMenus();
@@ -142,6 +146,8 @@ class TMainForm : public QMainWindow {
     QStringList paths_;
     bool activated_ = false; ///< the first activation has been handled or is about to be
     QLabel* statusPanel_;
+    BeginHint* beginHint_; ///< the area of the document windows owns it
+    GuideKey guideKey_;
     QString hint_;   ///< of the item under the pointer
     QString notice_; ///< what the program has to say, whatever window is active
     ModelRecovery recovery_;

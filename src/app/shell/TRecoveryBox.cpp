@@ -1,5 +1,6 @@
 #include "app/shell/TRecoveryBox.h"
 
+#include "app/widgets/Hints.h"
 #include "app/widgets/MessageBox.h"
 #include "app/widgets/WidgetText.h"
 #include "formats/files/FileNames.h"
@@ -16,6 +17,7 @@ namespace korvane {
 TRecoveryBox::TRecoveryBox(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TRecoveryBox>()) {
     ui_->setupUi(this);
+    setHints(*this);
     connect(ui_->OpenButton, &QPushButton::clicked, this, [this] { choose(CopyChoice::Open); });
     connect(ui_->ThrowAwayButton, &QPushButton::clicked, this, [this] {
         if (throwingAwayAgreed()) {

@@ -11,6 +11,11 @@ void nameToolButtons(QToolBar& bar) {
         if (auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action))) {
             button->setObjectName(action->objectName() + QStringLiteral("Button"));
             button->setAccessibleName(action->iconText());
+            // on the action: the button takes it over anew with each change
+            const QString key = action->shortcut().toString(QKeySequence::NativeText);
+            action->setToolTip(key.isEmpty()
+                                   ? action->iconText()
+                                   : QStringLiteral("%1 (%2)").arg(action->iconText(), key));
         }
     }
 }

@@ -5,7 +5,7 @@ class QToolBar;
 
 namespace korvane {
 
-/// Names the buttons of a tool bar after their actions.
+/// Names the buttons of a tool bar after their actions, and tells their keys in the tool tips.
 void nameToolButtons(QToolBar& bar);
 
 /// Gives the action's button a drop-down menu that holds just the action.

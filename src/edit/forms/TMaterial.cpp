@@ -1,6 +1,7 @@
 #include "edit/forms/TMaterial.h"
 
 #include "app/widgets/DialogStart.h"
+#include "app/widgets/Hints.h"
 #include "app/widgets/MenuLetters.h"
 #include "app/widgets/MessageBox.h"
 #include "app/widgets/ModalCall.h"
@@ -43,6 +44,7 @@ QString materialText(std::int64_t index) {
 
 TMaterial::TMaterial(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::TMaterial>()) {
     ui_->setupUi(this);
+    setHints(*this);
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     setUpLook();
     texture_ = std::make_unique<TTextureView>(*ui_, *this);

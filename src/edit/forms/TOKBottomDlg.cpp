@@ -1,6 +1,7 @@
 #include "edit/forms/TOKBottomDlg.h"
 
 #include "app/widgets/DialogStart.h"
+#include "app/widgets/Hints.h"
 #include "app/widgets/WidgetText.h"
 #include "edit/materials/TextureFolders.h"
 #include "formats/textures/TextureLoader.h"
@@ -22,6 +23,7 @@ namespace korvane {
 TOKBottomDlg::TOKBottomDlg(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TOKBottomDlg>()) {
     ui_->setupUi(this);
+    setHints(*this);
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     const std::pair<const char*, const char*> filters[] = {
         {"Compatible Files", "*.bmp;*.tga;*.pic"},

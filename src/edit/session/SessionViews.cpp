@@ -89,7 +89,7 @@ PlaneMapping DocumentSession::mappingOf(const PlaneInput& input) const {
 Changes DocumentSession::afterPlane(const PlaneInput& input, const StaleViews& stale) {
     const auto progress = planeDrag_.activeIn(input.plane) ? planeDrag_.progress() : std::nullopt;
     const Changes told =
-        setText(pointerText_, pointerText(mappingOf(input), input.mouse, progress));
+        setText(pointerText_, pointerText(mappingOf(input), input.mouse, progress, model_.Tool));
     return told | takeOverdue() | changesOf(stale);
 }
 

@@ -155,17 +155,37 @@ QString savedText(const ModelDocument& document, SaveResult result, const OtherS
            listed("names that it will not give back", lostNames(document.Root));
 }
 
+QString toolHint(ViewTool tool) {
+    const char* left = "";
+    switch (tool) {
+    case ViewTool::Zoom:
+        return QStringLiteral("left button: double the scale; right button: halve it; wheel: zoom");
+    case ViewTool::MoveFrame:
+        left = "move the selected frame";
+        break;
+    case ViewTool::MoveView:
+        left = "move the views over the model";
+        break;
+    case ViewTool::RotateFrame:
+        left = "turn the selected frame";
+        break;
+    case ViewTool::MoveObjCoords:
+        left = "move what the 3D view looks at";
+        break;
+    }
+    return QStringLiteral("left button: %1; wheel: zoom").arg(QLatin1String(left));
+}
+
 QString pointerText(const PlaneMapping& mapping, const DragInput& input,
-                    const std::optional<DragProgress>& progress) {
+                    const std::optional<DragProgress>& progress, ViewTool tool) {
     // as many decimals as a pixel is worth, for the tiniest models as well
     constexpr int most = 30;
     const int decimals =
         std::clamp(static_cast<int>(std::ceil(std::log10(mapping.scale))), 0, most);
     const PlanePoint under = mapping.under(input.x, input.y);
     const QString text = coordinates(mapping.plane, toWorld(mapping.plane, under), decimals);
-    return progress
-               ? text + QStringLiteral("   ") + progressText(mapping.plane, *progress, decimals)
-               : text;
+    return text + QStringLiteral("   ") +
+           (progress ? progressText(mapping.plane, *progress, decimals) : toolHint(tool));
 }
 
 } // namespace korvane

@@ -38,9 +38,12 @@ QString savedText(const ModelDocument& document, SaveResult result, const OtherS
 /// What the status bar says of a model from a recovery copy.
 QString recoveredText(const ModelDocument& document, const UnseenTextures& unseen);
 
+/// What the mouse does in the 2D views.
+QString toolHint(ViewTool tool);
+
 /// What the pointer is at in a 2D view, in coordinates of the model, and what the drag there has
-/// done, if one runs.
+/// done, if one runs, else what the mouse does there.
 QString pointerText(const PlaneMapping& mapping, const DragInput& input,
-                    const std::optional<DragProgress>& progress);
+                    const std::optional<DragProgress>& progress, ViewTool tool);
 
 } // namespace korvane

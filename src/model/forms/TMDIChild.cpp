@@ -2,6 +2,7 @@
 
 #include "app/widgets/DialogStart.h"
 #include "app/widgets/DragFilter.h"
+#include "app/widgets/Hints.h"
 #include "app/widgets/MessageBox.h"
 #include "app/widgets/ModalCall.h"
 #include "app/widgets/PaletteIcon.h"
@@ -34,6 +35,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     auto* content = new QWidget(this);
     ui_->setupUi(content);
     setWidget(content);
+    setHints(*this);
     setWindowTitle(QStringLiteral("MDI Child"));
     setWindowIcon(paletteIcon(QStringLiteral("document")));
     resize(520, 311);

@@ -1,5 +1,6 @@
 #include "model/forms/TOKBottomDlg1.h"
 
+#include "app/widgets/Hints.h"
 #include "app/widgets/ModalCall.h"
 #include "model/records/ModelText.h"
 #include "ui_TOKBottomDlg1.h"
@@ -25,6 +26,7 @@ QString nameFrom(const QString& text) {
 TOKBottomDlg1::TOKBottomDlg1(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TOKBottomDlg1>()) {
     ui_->setupUi(this);
+    setHints(*this);
     // what the dialog begins with stays as it is: only what the user enters is changed
     connect(ui_->NameEdit, &QLineEdit::textEdited, this, &TOKBottomDlg1::NameEditChange);
 }

@@ -1,5 +1,6 @@
 #include "model/forms/TframeF.h"
 
+#include "app/widgets/Hints.h"
 #include "app/widgets/ModalCall.h"
 #include "app/widgets/WidgetText.h"
 #include "ui_TframeF.h"
@@ -10,6 +11,7 @@ namespace korvane {
 
 TframeF::TframeF(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::TframeF>()) {
     ui_->setupUi(this);
+    setHints(*this);
     ui_->Layout->addStrut(widthForTitle(*this, windowTitle()));
     const std::pair<QCheckBox*, void (TframeF::*)()> handlers[] = {
         {ui_->MeshBox, &TframeF::MeshBoxClick},

@@ -333,24 +333,28 @@ TEST_F(Session, TheStatusBarTellsThePlaceAndTheDragThenTheCommandThenCounts) {
         session_.movePlane(at(plane, x, y));
         return status();
     };
-    EXPECT_EQ(move(ViewPlane::XY, 110, 80), "x -0.50  y 0.00");
-    EXPECT_EQ(move(ViewPlane::XZ, 100, 70), "x 0.00  z 0.50");
-    EXPECT_EQ(move(ViewPlane::ZY, 110, 90), "z 0.50  y -0.50");
+    const auto hinted = [&](const char* place) {
+        return place + ("   " + toolHint(session_.model().Tool).toStdString());
+    };
+    EXPECT_EQ(move(ViewPlane::XY, 110, 80), hinted("x -0.50  y 0.00"));
+    EXPECT_EQ(move(ViewPlane::XZ, 100, 70), hinted("x 0.00  z 0.50"));
+    EXPECT_EQ(move(ViewPlane::ZY, 110, 90), hinted("z 0.50  y -0.50"));
     session_.pressPlane(at(ViewPlane::ZY, 100, 80));
     EXPECT_EQ(move(ViewPlane::ZY, 110, 80), "z 0.50  y 0.00   frame moved z 0.50  y 0.00");
-    EXPECT_EQ(move(ViewPlane::XY, 110, 80), "x -0.50  y 0.00") << "the drag is in another view";
+    EXPECT_EQ(move(ViewPlane::XY, 110, 80), hinted("x -0.50  y 0.00"))
+        << "the drag is in another view";
     session_.cancelPlaneDrag();
     session_.setTool(ViewTool::RotateFrame);
     session_.pressPlane(at(ViewPlane::XY, 150, 80));
     EXPECT_EQ(move(ViewPlane::XY, 100, 30), "x 0.00  y 2.50   frame turned 90.0\u00b0");
     EXPECT_EQ(told(session_.releasePlane(at(ViewPlane::XY, 100, 30))), "status ");
-    EXPECT_EQ(status(), "x 0.00  y 2.50");
+    EXPECT_EQ(status(), hinted("x 0.00  y 2.50"));
     session_.leavePlane();
     EXPECT_EQ(status(), "1 mesh, 2 faces");
     EXPECT_TRUE(session_.undo().status);
     EXPECT_EQ(status(), "Undone: move or rotate frame");
     EXPECT_TRUE(session_.movePlane(at(ViewPlane::XY, 100, 80)).status);
-    EXPECT_EQ(status(), "x 0.00  y 0.00");
+    EXPECT_EQ(status(), hinted("x 0.00  y 0.00"));
     session_.leavePlane();
     EXPECT_EQ(status(), "Undone: move or rotate frame");
     EXPECT_TRUE(session_.clearMessage().status);

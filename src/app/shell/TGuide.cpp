@@ -1,0 +1,118 @@
+#include "app/shell/TGuide.h"
+
+#include "app/widgets/Hints.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+
+// resources of a library take part only if asked for, outside of any namespace
+static void initGuide() {
+    Q_INIT_RESOURCE(guide);
+}
+
+namespace korvane {
+
+TGuide::TGuide(QWidget* parent) : QTextBrowser(parent) {
+    initGuide();
+    setWindowFlag(Qt::Window);
+    setObjectName(QStringLiteral("Guide"));
+    setAccessibleName(QStringLiteral("Guide"));
+    setWindowTitle(QStringLiteral("Guide"));
+    setFrameShape(QFrame::NoFrame);
+    document()->setDocumentMargin(fontMetrics().height());
+    // of about 80 letters a line
+    resize(fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 40);
+}
+
+void TGuide::showSection(const QString& section) {
+    QUrl url(QStringLiteral("qrc:/docs/guide.md"));
+    url.setFragment(section.isEmpty() ? QString() : section);
+    setSource(url);
+}
+
+QString TGuide::linkOf(const QString& heading) {
+    QString link;
+    for (const QChar letter : heading.toLower()) {
+        if (letter.isLetterOrNumber() || letter == u'-') {
+            link += letter;
+        } else if (letter.isSpace()) {
+            link += u'-';
+        }
+    }
+    return link;
+}
+
+QVariant TGuide::loadResource(int type, const QUrl& name) {
+    const QVariant loaded = QTextBrowser::loadResource(type, name);
+    if (type != QTextDocument::MarkdownResource) {
+        return loaded;
+    }
+    QStringList lines = QString::fromUtf8(loaded.toByteArray()).split(u'\n');
+    lines.removeIf([](const QString& line) { return line.startsWith(u"!["); });
+    return lines.join(u'\n');
+}
+
+void TGuide::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
+    if (url.scheme() != u"qrc") {
+        return;
+    }
+    QTextBrowser::doSetSource(url, type);
+    if (url.hasFragment()) {
+        scrollToHeading(url.fragment());
+    }
+}
+
+void TGuide::scrollToHeading(const QString& link) {
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0 && linkOf(block.text()) == link) {
+            setTextCursor(QTextCursor(block)); // where the keyboard goes on
+            const QRectF place = document()->documentLayout()->blockBoundingRect(block);
+            verticalScrollBar()->setValue(static_cast<int>(place.top()));
+            return;
+        }
+    }
+}
+
+void TGuide::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        close();
+        return;
+    }
+    QTextBrowser::keyPressEvent(event);
+}
+
+GuideKey::GuideKey(QWidget& frame) : frame_(frame) {
+    qApp->installEventFilter(this);
+}
+
+bool GuideKey::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) {
+        return false;
+    }
+    const auto& key = dynamic_cast<const QKeyEvent&>(*event);
+    if (key.key() != Qt::Key_F1 || key.modifiers() != Qt::NoModifier ||
+        QApplication::activePopupWidget() != nullptr) {
+        return false;
+    }
+    const QWidget* focus = QApplication::focusWidget();
+    const QString section = guideSection(focus != nullptr ? focus : QApplication::activeWindow());
+    QWidget* over =
+        QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : &frame_;
+    if (guide_.isNull()) {
+        guide_ = new TGuide(over);
+    } else if (focus == guide_) {
+        return true;
+    } else if (guide_->parentWidget() != over) {
+        guide_->setParent(over, Qt::Window); // a dialog takes no input from elsewhere
+    }
+    guide_->show(); // at first: a heading is found in the text as it is laid out
+    guide_->showSection(section);
+    guide_->raise();
+    guide_->activateWindow();
+    return true;
+}
+
+} // namespace korvane

@@ -1,0 +1,189 @@
+#include "app/widgets/Hints.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QStatusTipEvent>
+#include <QWidget>
+
+#include <algorithm>
+#include <iterator>
+
+namespace korvane {
+
+namespace {
+
+struct Hint {
+    const char* window;
+    const char* control;
+    const char* text;
+};
+
+// The 2D views are not here: what they tell of the pointer includes what the mouse does.
+constexpr Hint hints[] = {
+    {"MDIChild", "TreeView1",
+     "The frames and materials of the model; Enter or a double click edits, the right button has "
+     "more"},
+    {"MDIChild", "EditButton", "Edit the options of the frame, or the materials"},
+    {"MDIChild", "RenameButton", "Give the frame another name"},
+    {"MDIChild", "DeleteButton", "Delete the frame with all below it, or the material"},
+    {"MDIChild", "AddButton", "Add a frame below the selected one, or a material"},
+    {"MDIChild", "qt_tabwidget_tabbar", "Choose between the structure and the tools"},
+    {"MDIChild", "zoomButton",
+     "In the 2D views, the left button doubles the scale, the right halves it"},
+    {"MDIChild", "moveFrameButton",
+     "In the 2D views, drag with the left button to move the selected frame"},
+    {"MDIChild", "moveViewButton",
+     "In the 2D views, drag with the left button to move the views over the model"},
+    {"MDIChild", "rotateFrameButton",
+     "In the 2D views, drag with the left button to turn the selected frame"},
+    {"MDIChild", "MoveObjCoordsButton",
+     "In the 2D views, drag with the left button to move what the 3D view looks at"},
+    {"MDIChild", "FrameVisibleBox", "Show or hide the selected frame with its mesh"},
+    {"MDIChild", "MeshVisibleBox", "Show or hide the mesh of the selected frame"},
+    {"MDIChild", "TwoDVisibleBox", "Show or hide the three 2D views"},
+    {"MDIChild", "ThreeDWin",
+     "Drag with the left button to turn the model; with the right button, or by the wheel, to come "
+     "nearer or go away"},
+
+    {"Material", "ComboBox1",
+     "The material that is edited; with a face selected, the face takes it, too"},
+    {"Material", "ambient", "Choose the colour that the material has in the shade"},
+    {"Material", "diffuse", "Choose the colour that the material has in the light"},
+    {"Material", "specular", "Choose the colour of the highlight"},
+    {"Material", "opacitybar", "How little shows through the material, in percent"},
+    {"Material", "Edit1", "How sharp the highlight is, from 0 for none; Enter ends the typing"},
+    {"Material", "CheckListBox1", "The materials that the mesh uses"},
+    {"Material", "TreeView1",
+     "Select a face, or one of its vertices, to move its texture coordinates"},
+    {"Material", "textureCheckBox", "Switch the texture of the material on or off"},
+    {"Material", "Image1", "Drag with the left button to move the selected face or vertex"},
+    {"Material", "HorizontalBar", "Scroll the texture"},
+    {"Material", "VerticalBar", "Scroll the texture"},
+    {"Material", "ZoomOutButton", "Show the texture half as large"},
+    {"Material", "ZoomInButton", "Show the texture twice as large"},
+    {"Material", "RedrawButton", "Draw the texture anew"},
+    {"Material", "Panel1", "Choose the colour of the selected face's outline"},
+    {"Material", "Panel2", "Choose the colour of the other faces' outlines"},
+    {"Material", "Button2", "Close the editor; what was changed stays"},
+
+    {"OKBottomDlg", "Edit1", "The name of a picture, a folder, or a mask such as *.tga"},
+    {"OKBottomDlg", "FileListBox1", "The pictures of the folder"},
+    {"OKBottomDlg", "FilterComboBox1", "Which pictures are listed"},
+    {"OKBottomDlg", "DirectoryListBox1", "The folder whose pictures are listed"},
+    {"OKBottomDlg", "DriveComboBox1", "The drive whose folders are listed"},
+    {"OKBottomDlg", "OKBtn", "Give the material this picture"},
+    {"OKBottomDlg", "CancelBtn", "Leave the texture as it is"},
+
+    {"OKBottomDlg1", "NameEdit", "The name of the frame, in lower case"},
+    {"OKBottomDlg1", "ButtonBox", "OK renames the frame, Cancel leaves its name"},
+
+    {"frameF", "BasePoseBox", "Whether the frame has a base pose; it cannot be changed here"},
+    {"frameF", "MeshBox", "Draw and save the mesh of the frame"},
+    {"frameF", "BackwardsBox", "Show the faces of the mesh from both sides"},
+    {"frameF", "EmissiveBox", "The game shows the frame as glowing"},
+    {"frameF", "MaterialBox", "Draw and save the mesh with its materials"},
+    {"frameF", "NormalsBox", "Draw and save the mesh with its normals"},
+    {"frameF", "TexCoordsBox", "Draw and save the mesh with its texture coordinates"},
+    {"frameF", "VertexColorsBox",
+     "Whether the mesh has colours of vertices; it cannot be changed here"},
+    {"frameF", "FlameBox", "The game animates the frame"},
+    {"frameF", "GFlagBox", "Sets the G flag in the name of the frame"},
+    {"frameF", "AnimationBox", "Save the animation of the frame"},
+    {"frameF", "ButtonBox", "OK records the changes for Undo; Cancel keeps them without"},
+
+    {"ColorOptions", "ThreeDWinColorEdit", "Choose the background of the 3D view"},
+    {"ColorOptions", "WireRenderSelectedEdit", "Choose the colour of the selected frame's lines"},
+    {"ColorOptions", "WireRenderSelectedChildEdit",
+     "Choose the colour of the lines of frames below the selected one"},
+    {"ColorOptions", "WireRenderUnselectedEdit", "Choose the colour of all other frames' lines"},
+    {"ColorOptions", "TwoDWinColorEdit", "Choose the background of the 2D views"},
+    {"ColorOptions", "WorldAxesEdit",
+     "Choose the colour of the lines through the origin of the world"},
+    {"ColorOptions", "ObjAxesEdit", "Choose the colour of the mark at the selected frame's origin"},
+    {"ColorOptions", "ColorOptionsButtons", "OK gives the colours to all windows"},
+
+    {"RecoveryBox", "CopyList",
+     "The models whose changes are in no file; tick those to open or throw away"},
+    {"RecoveryBox", "OpenButton", "Open the ticked models"},
+    {"RecoveryBox", "ThrowAwayButton", "Remove the copies of the ticked models for good"},
+    {"RecoveryBox", "LaterButton", "Ask again at the next start"},
+
+    {"AboutBox", "Details", "What the program runs on"},
+    {"AboutBox", "CopyButton", "Copy all of this to the clipboard, for a report"},
+    {"AboutBox", "OKButton", "Close this box"},
+};
+
+struct Section {
+    const char* part; ///< a window, a dialog or a part of one
+    const char* heading;
+};
+
+constexpr Section sections[] = {
+    {"MainForm", "opening-and-saving"},
+    {"OpenDialog1", "opening-and-saving"},
+    {"SaveDialog1", "opening-and-saving"},
+    {"CloseQuestion", "opening-and-saving"},
+    {"RecoveryBox", "if-the-program-or-the-machine-stops"},
+    {"MDIChild", "the-window"},
+    {"ColorOptions", "the-window"},
+    {"AboutBox", "the-window"},
+    {"StructureSheet", "the-structure"},
+    {"OKBottomDlg1", "the-structure"},
+    {"frameF", "the-structure"},
+    {"ToolsSheet", "the-2d-views"},
+    {"Panel5", "the-2d-views"},
+    {"Panel6", "the-2d-views"},
+    {"Panel7", "the-2d-views"},
+    {"ThreeDWin", "the-3d-view"},
+    {"Material", "materials"},
+    {"OKBottomDlg", "materials"},
+};
+
+/// Hands the hints of a dialog on, and takes the last one back when the dialog goes.
+class HintRelay : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* dialog = qobject_cast<QWidget*>(watched);
+        QWidget* below = dialog != nullptr ? dialog->parentWidget() : nullptr;
+        if (below != nullptr && event->type() == QEvent::StatusTip) {
+            return QCoreApplication::sendEvent(below, event);
+        }
+        if (below != nullptr && event->type() == QEvent::Hide) {
+            QStatusTipEvent none{QString()};
+            QCoreApplication::sendEvent(below, &none);
+        }
+        return false;
+    }
+};
+
+} // namespace
+
+void setHints(QWidget& window) {
+    for (const Hint& hint : hints) {
+        if (window.objectName() == QLatin1String(hint.window)) {
+            if (auto* control = window.findChild<QWidget*>(QLatin1String(hint.control))) {
+                control->setStatusTip(QString::fromUtf8(hint.text));
+            }
+        }
+    }
+    if (window.isWindow()) {
+        window.installEventFilter(new HintRelay(&window));
+    }
+}
+
+QString guideSection(const QWidget* control) {
+    for (; control != nullptr; control = control->parentWidget()) {
+        const auto* found = std::find_if(
+            std::begin(sections), std::end(sections), [control](const Section& section) {
+                return control->objectName() == QLatin1String(section.part);
+            });
+        if (found != std::end(sections)) {
+            return QString::fromLatin1(found->heading);
+        }
+    }
+    return {};
+}
+
+} // namespace korvane

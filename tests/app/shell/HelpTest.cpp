@@ -1,0 +1,90 @@
+#include "app/widgets/Hints.h"
+#include "support/MainFormTest.h"
+#include "support/TextModel.h"
+
+#include <QTextBlock>
+#include <QToolButton>
+
+namespace korvane::test {
+namespace {
+
+using HelpTest = MainFormTest;
+
+QStringList headingsOf(const TGuide& guide) {
+    QStringList links;
+    for (QTextBlock block = guide.document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0) {
+            links += TGuide::linkOf(block.text());
+        }
+    }
+    return links;
+}
+
+TEST_F(HelpTest, EveryControlWithAFocusHasAHintAndASectionOfTheGuide) {
+    start({write("m.xsi", smallModel())});
+    TGuide guide(nullptr);
+    guide.showSection({});
+    const QStringList headings = headingsOf(guide);
+    int controls = 0;
+    for (const QWidget* control : QApplication::allWidgets()) {
+        const QWidget* window = control->window();
+        const bool focus =
+            (control->focusPolicy() & Qt::TabFocus) != 0 && control->focusProxy() == nullptr;
+        if (!focus || window == &guide || control->inherits("QMdiSubWindow") ||
+            control->inherits("QMdiArea") || !control->isEnabledTo(window)) {
+            continue;
+        }
+        bool hinted = control->objectName().startsWith(u"Image"); // which the pointer tells of
+        for (const QWidget* at = control; at != nullptr && !hinted; at = at->parentWidget()) {
+            hinted = !at->statusTip().isEmpty();
+        }
+        EXPECT_TRUE(hinted) << control->objectName().toStdString();
+        EXPECT_TRUE(headings.contains(guideSection(control)))
+            << control->objectName().toStdString();
+        ++controls;
+    }
+    EXPECT_GT(controls, 40);
+    EXPECT_TRUE(headings.contains(guideSection(&form())));
+    for (QTextBlock block = guide.document()->begin(); block.isValid(); block = block.next()) {
+        for (const QTextLayout::FormatRange& part : block.textFormats()) {
+            const QString link = part.format.anchorHref();
+            EXPECT_TRUE(!link.startsWith(u'#') || link == u"#names" ||
+                        headings.contains(link.mid(1)))
+                << link.toStdString();
+        }
+    }
+}
+
+TEST_F(HelpTest, TheStatusBarHasTheHintUntilSomethingIsToBeTold) {
+    start({write("m.xsi", smallModel())});
+    EXPECT_FALSE(child<QLabel>(form(), "BeginHint").isVisible());
+    QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
+    QApplication::sendEvent(&button("AddButton"), &enter);
+    EXPECT_EQ(status(), "Add a frame below the selected one, or a material");
+    button("AddButton").click();
+    run("EditUndo1");
+    EXPECT_EQ(status(), "Undone: add frame");
+    answer([&](QWidget& dialog) {
+        QApplication::sendEvent(&child<QWidget>(dialog, "MeshBox"), &enter);
+        EXPECT_EQ(status(), "Draw and save the mesh of the frame");
+        QTest::keyClick(&child<QWidget>(dialog, "MeshBox"), Qt::Key_F1);
+        auto& guide = child<TGuide>(dialog, "Guide");
+        EXPECT_EQ(guide.source().fragment(), QStringLiteral("the-structure"));
+        EXPECT_TRUE(guide.isVisible());
+        QTest::keyClick(&guide, Qt::Key_Escape);
+        dialog.close();
+    });
+    button("EditButton").click();
+    settle();
+    EXPECT_EQ(status(), "1 mesh, 2 faces") << "the dialog has taken its hint along";
+    const auto& open = child<QToolButton>(form(), "FileOpen1Button");
+    EXPECT_EQ(open.toolTip(), QStringLiteral("Open (Ctrl+O)"));
+    answerCloseQuestion(path("m.xsi"), QMessageBox::No);
+    QTest::keyClick(&form(), Qt::Key_F4, Qt::ControlModifier);
+    settle();
+    EXPECT_TRUE(form().documents().isEmpty());
+    EXPECT_TRUE(child<QLabel>(form(), "BeginHint").isVisible());
+}
+
+} // namespace
+} // namespace korvane::test
