@@ -21,9 +21,10 @@ DragInput dragInputOf(const QSinglePointEvent& event, const QWidget& control) {
         place = event.scenePosition();
     }
     const double ratio = control.devicePixelRatioF();
-    const DragButton button = event.button() == Qt::LeftButton    ? DragButton::Left
-                              : event.button() == Qt::RightButton ? DragButton::Right
-                                                                  : DragButton::Other;
+    const DragButton button = event.button() == Qt::LeftButton     ? DragButton::Left
+                              : event.button() == Qt::RightButton  ? DragButton::Right
+                              : event.button() == Qt::MiddleButton ? DragButton::Middle
+                                                                   : DragButton::Other;
     return {button, devicePixel(place.x(), corner.x(), ratio),
             devicePixel(place.y(), corner.y(), ratio)};
 }

@@ -55,8 +55,12 @@ constexpr Hint hints[] = {
     {"Material", "CheckListBox1", "The materials that the mesh uses"},
     {"Material", "TreeView1",
      "Select a face, or one of its vertices, to move its texture coordinates"},
+    {"Material", "OnlyMaterialBox",
+     "Leave out the faces that show another material, in the list and in the texture"},
     {"Material", "textureCheckBox", "Switch the texture of the material on or off"},
-    {"Material", "Image1", "Drag with the left button to move the selected face or vertex"},
+    {"Material", "Image1",
+     "Drag with the left button to move the selected face or vertex; the wheel zooms, the middle "
+     "button scrolls"},
     {"Material", "HorizontalBar", "Scroll the texture"},
     {"Material", "VerticalBar", "Scroll the texture"},
     {"Material", "ZoomOutButton", "Show the texture half as large"},

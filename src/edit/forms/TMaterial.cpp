@@ -108,6 +108,7 @@ void TMaterial::edit(MaterialEditing& materials) {
     });
     materials_ = &materials;
     showNeeded_ = true;
+    fitToScreen(*this, *ui_->ScrollBox1);
     centreOnScreen(*this);
     execModal(*this);
 }
@@ -134,6 +135,12 @@ void TMaterial::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && texture_->cancelDrag()) {
         return;
     }
+    if (ui_->Edit1->hasFocus() &&
+        (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        commitPending(); // the typing is over, the editing is not
+        ui_->Edit1->selectAll();
+        return;
+    }
     QDialog::keyPressEvent(event);
 }
 
@@ -147,7 +154,7 @@ bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
 void TMaterial::ShowMaterial() {
     texture_->open(*materials_);
     fillSlots();
-    faces_.setFaces([this] { return materials_ != nullptr ? &materials_->mesh().Faces : nullptr; });
+    texture_->showFaces();
     fillMaterials();
     lockLastMaterial();
     MaterialRefresh();
@@ -192,6 +199,9 @@ void TMaterial::MaterialRefresh() {
     ui_->ComboBox1->setCurrentIndex(materials_->currentSlot());
     showValues();
     enableControls();
+    if (ui_->OnlyMaterialBox->isChecked()) {
+        texture_->showFaces();
+    }
     showNeeded_ = false;
     texture_->showTexture();
 }
@@ -228,9 +238,9 @@ void TMaterial::enableControls() {
     ui_->CheckListBox1->setEnabled(anyMaterial && materials_->ofMesh());
     for (QWidget* widget :
          {static_cast<QWidget*>(ui_->TreeView1), static_cast<QWidget*>(ui_->texname),
-          static_cast<QWidget*>(ui_->ZoomInButton), static_cast<QWidget*>(ui_->ZoomOutButton),
-          static_cast<QWidget*>(ui_->RedrawButton), static_cast<QWidget*>(ui_->Panel1),
-          static_cast<QWidget*>(ui_->Panel2)}) {
+          static_cast<QWidget*>(ui_->OnlyMaterialBox), static_cast<QWidget*>(ui_->ZoomInButton),
+          static_cast<QWidget*>(ui_->ZoomOutButton), static_cast<QWidget*>(ui_->RedrawButton),
+          static_cast<QWidget*>(ui_->Panel1), static_cast<QWidget*>(ui_->Panel2)}) {
         widget->setEnabled(anyMaterial);
     }
 }

@@ -12,8 +12,10 @@
 #include "ui_TMaterial.h"
 
 #include <QFileInfo>
+#include <QPainter>
 #include <QSignalBlocker>
 
+#include <cmath>
 #include <utility>
 
 namespace korvane {
@@ -78,6 +80,13 @@ void TTextureView::connectControls() {
     connect(ui_.VerticalBar, &QScrollBar::valueChanged, this, &TTextureView::VerticalChange);
     connect(ui_.TreeView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TTextureView::VertChange);
+    connect(ui_.OnlyMaterialBox, &QCheckBox::clicked, this, [this] {
+        commitPending();
+        if (materials_ != nullptr) {
+            showFaces();
+            DrawTexTri();
+        }
+    });
     connect(ui_.TreeView1, &QTreeView::clicked, this, &TTextureView::VertChange1);
 }
 
@@ -87,7 +96,13 @@ void TTextureView::setUpMouse() {
         DragFilter::Handlers{.press = [this](const DragInput& input) { FormMouseDown(input); },
                              .move = [this](const DragInput& input) { FormMouseMove(input); },
                              .release = [this](const DragInput& input) { FormMouseUp(input); },
-                             .cancel = [this] { return cancelDrag(); }});
+                             .cancel =
+                                 [this] {
+                                     scroll_.reset();
+                                     return cancelDrag();
+                                 },
+                             .wheel = [this](const DragInput& input,
+                                             float notches) { wheelTurned(input, notches); }});
 }
 
 void TTextureView::open(MaterialEditing& materials) {
@@ -95,6 +110,8 @@ void TTextureView::open(MaterialEditing& materials) {
 }
 
 void TTextureView::close() {
+    scroll_.reset();
+    turned_ = 0.0F;
     DeleteBMP();
     materials_ = nullptr;
 }
@@ -188,7 +205,34 @@ void TTextureView::offsetChanged() {
 
 std::optional<FacePart> TTextureView::selectedPart() const {
     const QModelIndexList selected = ui_.TreeView1->selectionModel()->selectedIndexes();
-    return FaceTreeModel::partOf(selected.value(0));
+    return dynamic_cast<const FaceTreeModel&>(*ui_.TreeView1->model()).partOf(selected.value(0));
+}
+
+void TTextureView::showFaces() {
+    const auto before = selectedPart();
+    auto& faces = dynamic_cast<FaceTreeModel&>(*ui_.TreeView1->model());
+    faces.setFaces([this] { return materials_ != nullptr ? &materials_->mesh().Faces : nullptr; },
+                   ui_.OnlyMaterialBox->isChecked() ? std::optional(materials_->facesOfCurrent())
+                                                    : std::nullopt);
+    const QModelIndex row = before ? faces.indexOf(*before) : QModelIndex();
+    if (row.isValid()) {
+        ui_.TreeView1->setCurrentIndex(row);
+    }
+}
+
+const QImage& TTextureView::vertexMark(const std::optional<FacePart>& part) {
+    mark_ = QImage();
+    if (const auto at = view_.selectedVertex(materials_->mesh(), part)) {
+        constexpr double radius = 4.0;
+        mark_ = QImage(picture_.width(), picture_.height(), QImage::Format_ARGB32_Premultiplied);
+        mark_.fill(Qt::transparent);
+        QPainter painter(&mark_);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::black);
+        painter.setBrush(QColor::fromRgb(colors_.selected));
+        painter.drawEllipse(QPointF(double{at->u} + 0.5, double{at->v} + 0.5), radius, radius);
+    }
+    return mark_;
 }
 
 void TTextureView::DrawTexTri() {
@@ -197,27 +241,51 @@ void TTextureView::DrawTexTri() {
     }
     const auto part = selectedPart();
     colors_.background = dialog_.palette().color(QPalette::Dark).rgb();
-    view_.draw(picture_, *texture_, materials_->mesh(), part, colors_);
-    ui_.Image1->showPicture(imageOf(picture_));
+    const auto& faces = dynamic_cast<const FaceTreeModel&>(*ui_.TreeView1->model());
+    view_.draw(picture_, *texture_, materials_->mesh(), part, colors_, faces.only());
+    ui_.Image1->showPicture(imageOf(picture_), vertexMark(part));
+    ui_.FaceMaterial->setText(materials_->faceText(part));
     const TexCoordTexts texts = view_.texts(materials_->mesh(), part);
     statusPanels_[0]->setText(QString::fromStdString(texts.x));
     statusPanels_[1]->setText(QString::fromStdString(texts.y));
 }
 
+void TTextureView::wheelTurned(const DragInput& input, float notches) {
+    if (materials_ == nullptr || materials_->dragging() || scroll_) {
+        return;
+    }
+    turned_ = (turned_ < 0) == (notches < 0) ? turned_ + notches : notches;
+    if (std::abs(turned_) >= 1.0F) { // also of a wheel that turns by parts of a notch
+        commitPending();
+        if (view_.zoomAbout(input.x, input.y, std::exchange(turned_, 0.0F) > 0)) {
+            zoomChanged();
+        }
+    }
+}
+
 void TTextureView::FormMouseDown(const DragInput& input) {
-    if (materials_ != nullptr) {
+    if (input.button == DragButton::Middle && materials_ != nullptr && !materials_->dragging()) {
+        scroll_ = Scroll{input, view_.offsetX(), view_.offsetY()};
+    } else if (materials_ != nullptr && !scroll_) {
         texCoordsChanged(materials_->beginDrag(input, view_, selectedPart()));
     }
 }
 
 void TTextureView::FormMouseMove(const DragInput& input) {
-    if (materials_ != nullptr) {
+    if (scroll_) {
+        const auto moved = [this](float way) { return static_cast<int>(way) / view_.zoom(); };
+        // the bars tell the view
+        ui_.HorizontalBar->setValue(scroll_->offsetX - moved(input.x - scroll_->from.x));
+        ui_.VerticalBar->setValue(scroll_->offsetY - moved(input.y - scroll_->from.y));
+    } else if (materials_ != nullptr) {
         MaterialPTMove(input);
     }
 }
 
 void TTextureView::FormMouseUp(const DragInput& input) {
-    if (materials_ != nullptr) {
+    if (input.button == DragButton::Middle) {
+        scroll_.reset();
+    } else if (materials_ != nullptr) {
         texCoordsChanged(materials_->endDrag(input, view_));
     }
 }
@@ -259,6 +327,10 @@ void TTextureView::TriInactiveChange() {
 
 void TTextureView::VertChange() {
     commitPending();
+    const auto part = selectedPart();
+    if (materials_ != nullptr && part && view_.reveal(materials_->mesh(), *part)) {
+        scrollcheck();
+    }
     DrawTexTri();
 }
 

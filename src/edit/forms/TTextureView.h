@@ -6,6 +6,7 @@
 #include "render/drags/DragInput.h"
 #include "render/picture/Bitmap.h"
 
+#include <QImage>
 #include <QObject>
 
 #include <memory>
@@ -37,6 +38,8 @@ class TTextureView : public QObject {
     void open(MaterialEditing& materials);
     void close();
 
+    /// Lists the faces: all, or those of the current material. What is selected stays, if it shows.
+    void showFaces();
     /// The current material or its texture is another one.
     void showTexture();
     /// Shows the picture, or why there is none, and the scroll bars that it needs.
@@ -63,6 +66,7 @@ class TTextureView : public QObject {
     void FormMouseDown(const DragInput& input);
     void FormMouseMove(const DragInput& input);
     void FormMouseUp(const DragInput& input);
+    void wheelTurned(const DragInput& input, float notches);
     void MaterialPTMove(const DragInput& input);
     void SelectedTriChange();
     void TriInactiveChange();
@@ -74,6 +78,8 @@ class TTextureView : public QObject {
     void setUpLook();
     void connectControls();
     void setUpMouse();
+    /// The picture's mark on the selected vertex, in a picture of its own; none where none is.
+    const QImage& vertexMark(const std::optional<FacePart>& part);
     void showTextureName();
     void zoomChanged();
     void offsetChanged();
@@ -87,6 +93,14 @@ class TTextureView : public QObject {
     TexCoordView view_;
     TexCoordColors colors_;
     Bitmap picture_;
+    QImage mark_;
+    struct Scroll {
+        DragInput from;
+        std::int32_t offsetX = 0;
+        std::int32_t offsetY = 0;
+    };
+    std::optional<Scroll> scroll_;                ///< by the middle button
+    float turned_ = 0.0F;                         ///< of a notch of the wheel, since the last step
     std::shared_ptr<const TextureImage> texture_; ///< the image that the view shows
     std::unique_ptr<DragFilter> mouse_;           ///< goes first: it calls back
 };

@@ -11,7 +11,7 @@ namespace korvane {
 
 namespace {
 
-// The id of an index tells its parent: this for a face, the number of the face for a vertex.
+// The id of an index tells its parent: this for a face, the row of the face for a vertex.
 constexpr quintptr ofTopLevel = std::numeric_limits<quintptr>::max();
 
 int rows(std::size_t size) {
@@ -21,21 +21,37 @@ int rows(std::size_t size) {
 
 } // namespace
 
-void FaceTreeModel::setFaces(Faces faces) {
+void FaceTreeModel::setFaces(Faces faces, std::optional<std::vector<std::size_t>> only) {
     beginResetModel();
     faces_ = std::move(faces);
+    only_ = std::move(only);
     endResetModel();
 }
 
-std::optional<FacePart> FaceTreeModel::partOf(const QModelIndex& index) {
+std::optional<FacePart> FaceTreeModel::partOf(const QModelIndex& index) const {
     if (!index.isValid()) {
         return std::nullopt;
     }
     const auto row = static_cast<std::size_t>(index.row());
-    if (index.internalId() == ofTopLevel) {
-        return FacePart{row, 0};
+    const bool ofFace = index.internalId() == ofTopLevel;
+    const std::size_t top = ofFace ? row : static_cast<std::size_t>(index.internalId());
+    if (only_ && top >= only_->size()) {
+        return std::nullopt;
     }
-    return FacePart{static_cast<std::size_t>(index.internalId()), row + 1};
+    return FacePart{only_ ? (*only_)[top] : top, ofFace ? 0 : row + 1};
+}
+
+QModelIndex FaceTreeModel::indexOf(const FacePart& part) const {
+    std::size_t row = part.face;
+    if (only_) {
+        const auto found = std::lower_bound(only_->begin(), only_->end(), part.face);
+        if (found == only_->end() || *found != part.face) {
+            return {};
+        }
+        row = static_cast<std::size_t>(found - only_->begin());
+    }
+    const QModelIndex face = index(rows(row), 0, {});
+    return part.vertex == 0 || !face.isValid() ? face : index(rows(part.vertex - 1), 0, face);
 }
 
 QModelIndex FaceTreeModel::index(int row, int column, const QModelIndex& parent) const {
@@ -58,11 +74,11 @@ int FaceTreeModel::rowCount(const QModelIndex& parent) const {
         return 0;
     }
     if (!parent.isValid()) {
-        return rows(faces->size());
+        return rows(only_ ? only_->size() : faces->size());
     }
-    const auto face = static_cast<std::size_t>(parent.row());
-    const bool ofFace = parent.internalId() == ofTopLevel && face < faces->size();
-    return ofFace ? rows((*faces)[face].size()) : 0;
+    const auto part = partOf(parent);
+    const bool ofFace = part && part->vertex == 0 && part->face < faces->size();
+    return ofFace ? rows((*faces)[part->face].size()) : 0;
 }
 
 int FaceTreeModel::columnCount(const QModelIndex& /*parent*/) const {

@@ -4,15 +4,18 @@
 
 #include <QAbstractItemModel>
 
+#include <cstddef>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace korvane {
 
 class PolygonList;
 
 /// The faces of a mesh with their vertices as an item model of one column. It holds nothing of its
-/// own: rows are made as they are looked at, so that a large mesh costs no more than a small one.
+/// own, unless it shows some of the faces alone: rows are made as they are looked at, so that a
+/// large mesh costs no more than a small one.
 class FaceTreeModel : public QAbstractItemModel {
   public:
     using QAbstractItemModel::QAbstractItemModel;
@@ -21,10 +24,15 @@ class FaceTreeModel : public QAbstractItemModel {
 
     /// Shows the faces that the function leads to, which must stay the same until others are set.
     /// It is asked anew for every row, as a mesh may move; it may answer null.
-    void setFaces(Faces faces);
+    /// With `only` just those of them, given in order, are shown.
+    void setFaces(Faces faces, std::optional<std::vector<std::size_t>> only = {});
+    /// Those faces, or null where all show.
+    [[nodiscard]] const std::vector<std::size_t>* only() const { return only_ ? &*only_ : nullptr; }
 
     /// What a row stands for; nothing for an invalid index.
-    [[nodiscard]] static std::optional<FacePart> partOf(const QModelIndex& index);
+    [[nodiscard]] std::optional<FacePart> partOf(const QModelIndex& index) const;
+    /// The row of a face or vertex; invalid where the face does not show.
+    [[nodiscard]] QModelIndex indexOf(const FacePart& part) const;
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent) const override;
     [[nodiscard]] QModelIndex parent(const QModelIndex& child) const override;
@@ -36,6 +44,7 @@ class FaceTreeModel : public QAbstractItemModel {
     [[nodiscard]] const PolygonList* faces() const { return faces_ ? faces_() : nullptr; }
 
     Faces faces_;
+    std::optional<std::vector<std::size_t>> only_;
 };
 
 } // namespace korvane

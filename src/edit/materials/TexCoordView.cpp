@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 namespace korvane {
 
@@ -72,6 +73,47 @@ bool TexCoordView::zoomOut() {
     return true;
 }
 
+bool TexCoordView::zoomAbout(float x, float y, bool in) {
+    const std::int32_t before = zoom_;
+    if (!(in ? zoomIn() : zoomOut())) {
+        return false;
+    }
+    // the pixel that was there, less those that are now before it
+    const auto offset = [&](std::int32_t old, float place) {
+        const float at = static_cast<float>(old) + place / static_cast<float>(before);
+        return whole(std::floor(at - place / static_cast<float>(zoom_) + 0.5F));
+    };
+    setOffsets(offset(offsetX_, x), offset(offsetY_, y));
+    return true;
+}
+
+bool TexCoordView::reveal(const MeshRecord& mesh, FacePart part) {
+    std::optional<std::pair<Vec2, Vec2>> box;
+    forEachTexCoordNumber(mesh, part.face, [&](std::uint32_t number, std::size_t vertex) {
+        const Vec2 at = toTexture(mesh.TexCoords[number]);
+        if (part.vertex != 0 && part.vertex != vertex) {
+            return;
+        }
+        box = box ? std::pair(Vec2{std::min(box->first.u, at.u), std::min(box->first.v, at.v)},
+                              Vec2{std::max(box->second.u, at.u), std::max(box->second.v, at.v)})
+                  : std::pair(at, at);
+    });
+    if (!box) {
+        return false;
+    }
+    const auto offset = [&](std::int32_t old, float first, float last, std::int32_t size) {
+        const std::int64_t shown = size / zoom_;
+        const std::int64_t begin = whole(first);
+        const std::int64_t end = std::int64_t{whole(last)} + 1;
+        const std::int64_t least = std::min(std::max<std::int64_t>(old, end - shown), begin);
+        return static_cast<std::int32_t>(std::clamp<std::int64_t>(least, INT32_MIN, INT32_MAX));
+    };
+    const std::pair before(offsetX_, offsetY_);
+    setOffsets(offset(offsetX_, box->first.u, box->second.u, width_),
+               offset(offsetY_, box->first.v, box->second.v, height_));
+    return before != std::pair(offsetX_, offsetY_);
+}
+
 ScrollRanges TexCoordView::scrollcheck() {
     const ScrollRanges ranges = {scrollRange(textureWidth_, width_, zoom_),
                                  scrollRange(textureHeight_, height_, zoom_)};
@@ -105,12 +147,14 @@ Vec2 TexCoordView::movement(float dx, float dy) const {
 }
 
 void TexCoordView::draw(Bitmap& bitmap, const TextureImage& texture, const MeshRecord& mesh,
-                        std::optional<FacePart> selected, const TexCoordColors& colors) const {
+                        std::optional<FacePart> selected, const TexCoordColors& colors,
+                        const std::vector<std::size_t>* only) const {
     bitmap.resize(width_, height_);
     drawTexture(bitmap, texture, colors.background);
     const std::size_t faces = texCoordFaceCount(mesh);
-    for (std::size_t face = 0; face < faces; ++face) {
-        drawFace(bitmap, mesh, face, colors.inactive);
+    const std::size_t drawn = only != nullptr ? only->size() : faces;
+    for (std::size_t i = 0; i < drawn; ++i) {
+        drawFace(bitmap, mesh, only != nullptr ? (*only)[i] : i, colors.inactive);
     }
     if (selected && selected->face < faces) {
         drawFace(bitmap, mesh, selected->face, colors.selected);
@@ -172,6 +216,17 @@ void TexCoordView::drawCorners(Bitmap& bitmap, const MeshRecord& mesh, std::size
                     static_cast<std::int32_t>(width / 2), static_cast<std::int32_t>(height / 2),
                     color);
     });
+}
+
+std::optional<Vec2> TexCoordView::selectedVertex(const MeshRecord& mesh,
+                                                 const std::optional<FacePart>& selected) const {
+    std::optional<Vec2> found;
+    if (selected && selected->vertex != 0) {
+        forEachTexCoordNumber(mesh, selected->face, [&](std::uint32_t number, std::size_t vertex) {
+            found = vertex == selected->vertex ? toScreen(mesh.TexCoords[number]) : found;
+        });
+    }
+    return found;
 }
 
 TexCoordTexts TexCoordView::texts(const MeshRecord& mesh,

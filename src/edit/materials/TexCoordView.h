@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace korvane {
 
@@ -53,6 +54,12 @@ class TexCoordView {
     /// Doubles or halves the zoom within 1 to maxZoom. False if it is at its end.
     bool zoomIn();
     bool zoomOut();
+    /// The same, keeping the pixel of the texture there that a place of the view shows, as far as
+    /// the scroll ranges allow.
+    bool zoomAbout(float x, float y, bool in);
+    /// Scrolls as little as brings the texture coordinates of the part into sight; its beginning
+    /// where there is too little room. Whether that moved anything.
+    bool reveal(const MeshRecord& mesh, FacePart part);
 
     /// Tells which scroll bars are needed, and brings the offsets into their ranges.
     ScrollRanges scrollcheck();
@@ -69,8 +76,14 @@ class TexCoordView {
 
     /// Draws the texture and the faces into the bitmap, which gets the size of the view. Faces are
     /// outlined as far as their corners have texture coordinates.
+    /// `only` are the faces to draw, in order; null means all.
     void draw(Bitmap& bitmap, const TextureImage& texture, const MeshRecord& mesh,
-              std::optional<FacePart> selected, const TexCoordColors& colors) const;
+              std::optional<FacePart> selected, const TexCoordColors& colors,
+              const std::vector<std::size_t>* only = nullptr) const;
+    /// Where the selected vertex stands on the screen, if one is selected and has a texture
+    /// coordinate. Its mark is the control's to paint.
+    [[nodiscard]] std::optional<Vec2> selectedVertex(const MeshRecord& mesh,
+                                                     const std::optional<FacePart>& selected) const;
     /// The texture coordinates of the selected face, without corners that have none. A face of very
     /// many corners is cut short.
     [[nodiscard]] TexCoordTexts texts(const MeshRecord& mesh,

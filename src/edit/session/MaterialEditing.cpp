@@ -3,6 +3,7 @@
 #include "edit/history/MaterialEdits.h"
 #include "edit/history/SlotEdits.h"
 #include "edit/materials/MaterialValues.h"
+#include "render/scene/DrawMaterials.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -62,6 +63,35 @@ std::vector<bool> MaterialEditing::usedMaterials() const {
         }
     }
     return used;
+}
+
+std::optional<std::size_t> MaterialEditing::materialOf(std::size_t face) const {
+    const auto slot = static_cast<std::size_t>(slotOfFace(mesh(), face));
+    if (slot >= slots().size()) {
+        return std::nullopt;
+    }
+    const auto material = static_cast<std::size_t>(slots()[slot]);
+    return material < model_.Materials.size() ? std::optional(material) : std::nullopt;
+}
+
+std::vector<std::size_t> MaterialEditing::facesOfCurrent() const {
+    std::vector<std::size_t> found;
+    const std::optional<std::size_t> current = currentMaterial();
+    for (std::size_t face = 0; current && face < mesh().Faces.size(); ++face) {
+        if (materialOf(face) == current) {
+            found.push_back(face);
+        }
+    }
+    return found;
+}
+
+QString MaterialEditing::faceText(const std::optional<FacePart>& selected) const {
+    if (!selected || selected->face >= mesh().Faces.size()) {
+        return {};
+    }
+    const std::optional<std::size_t> material = materialOf(selected->face);
+    return material ? QStringLiteral("Shows Material %1").arg(*material + 1)
+                    : QStringLiteral("Shows no material");
 }
 
 std::optional<std::int32_t> MaterialEditing::onlyMaterial() const {

@@ -8,6 +8,8 @@
 #include "edit/session/Changes.h"
 #include "model/document/ModelDocument.h"
 
+#include <QString>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -68,6 +70,12 @@ class MaterialEditing {
     [[nodiscard]] const std::string& shininess() const { return shininess_; }
     /// Which materials of the table some slot of the mesh leads to.
     [[nodiscard]] std::vector<bool> usedMaterials() const;
+    /// The faces of the mesh that show the current material, in order.
+    [[nodiscard]] std::vector<std::size_t> facesOfCurrent() const;
+    /// The number of the material that a face shows, if its slot leads to one.
+    [[nodiscard]] std::optional<std::size_t> materialOf(std::size_t face) const;
+    /// The same in words; empty for no face.
+    [[nodiscard]] QString faceText(const std::optional<FacePart>& selected) const;
     /// The one material that all slots lead to, which the mesh must keep.
     [[nodiscard]] std::optional<std::int32_t> onlyMaterial() const;
 

@@ -5,7 +5,7 @@
 namespace korvane {
 
 /// The mouse buttons as drags tell them apart.
-enum class DragButton { Left, Right, Other };
+enum class DragButton { Left, Right, Middle, Other };
 
 /// A mouse event of a view: positions are device pixels.
 struct DragInput {

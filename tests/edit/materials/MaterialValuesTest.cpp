@@ -93,9 +93,19 @@ TEST(FaceTreeModel, HasARowForEachFaceAndVertexOnceSomebodyLooksAtIt) {
     EXPECT_EQ(vertex.parent(), face);
     EXPECT_FALSE(face.parent().isValid());
     EXPECT_FALSE(model.index(3, 0, face).isValid());
-    EXPECT_EQ(FaceTreeModel::partOf(face), (FacePart{0, 0}));
-    EXPECT_EQ(FaceTreeModel::partOf(vertex), (FacePart{0, 3}));
-    EXPECT_EQ(FaceTreeModel::partOf({}), std::nullopt);
+    EXPECT_EQ(model.partOf(face), (FacePart{0, 0}));
+    EXPECT_EQ(model.partOf(vertex), (FacePart{0, 3}));
+    EXPECT_EQ(model.partOf({}), std::nullopt);
+    model.setFaces([&] { return &faces; }, std::vector<std::size_t>{0, 7, 500'000});
+    const QModelIndex second = model.indexOf({7, 2});
+    EXPECT_EQ(model.partOf(second), (FacePart{7, 2}));
+    EXPECT_EQ(second.parent().row(), 1);
+    EXPECT_EQ(text(1, second.parent()), "vertice 9");
+    EXPECT_EQ(model.rowCount({}), 3);
+    EXPECT_EQ(model.rowCount(model.index(2, 0, {})), 0) << "no such face";
+    for (const FacePart& hidden : {FacePart{1, 0}, {99'999, 1}, {7, 4}}) {
+        EXPECT_FALSE(model.indexOf(hidden).isValid()) << hidden.face;
+    }
 }
 
 TEST(TexturePicture, KeepsTheColoursOfTransparentPixels) {

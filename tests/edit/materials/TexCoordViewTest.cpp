@@ -120,6 +120,51 @@ TEST(TexCoordView, OffsetsComeBackIntoRange) {
     EXPECT_EQ(offsets(), std::pair(0, 0));
 }
 
+TEST(TexCoordView, TheWheelZoomsAboutThePointer) {
+    const struct {
+        std::int32_t zoom;
+        std::int32_t offset;
+        float place;
+        bool in;
+        std::int32_t then; ///< the offset
+    } rows[] = {
+        {1, 100, 0.0F, true, 100},  {1, 100, 128.0F, true, 164}, {2, 164, 128.0F, false, 100},
+        {4, 20, 200.0F, true, 45},  {1, 0, 255.0F, true, 128},   {2, 0, 255.0F, false, 0},
+        {1, 256, 10.0F, true, 261}, {8, 77, 50.0F, true, 77},    {1, 77, 50.0F, false, 77}};
+    for (const auto& [zoom, offset, place, in, then] : rows) {
+        TexCoordView view = viewOf(512, 512, zoom, offset, 0);
+        const bool could = view.zoomAbout(place, 0.0F, in);
+        EXPECT_EQ(could, in ? zoom < 8 : zoom > 1);
+        EXPECT_EQ(view.offsetX(), then) << zoom << ' ' << place;
+        EXPECT_EQ(view.offsetY(), 0);
+    }
+}
+
+TEST(TexCoordView, RevealsTheSelectionByScrollingAsLittleAsItCan) {
+    const MeshRecord mesh = twoFaces(); // at 128 and 384 of 512 pixels
+    const struct {
+        std::int32_t zoom;
+        std::int32_t x;
+        std::int32_t y;
+        FacePart part;
+        std::int32_t thenX;
+        std::int32_t thenY;
+    } rows[] = {{2, 0, 0, {0, 1}, 1, 1},       {2, 200, 300, {0, 1}, 128, 128},
+                {2, 100, 90, {0, 1}, 100, 90}, {2, 0, 0, {0, 0}, 128, 128},
+                {1, 0, 0, {0, 0}, 128, 128},   {2, 5, 6, {7, 0}, 5, 6},
+                {2, 5, 6, {0, 9}, 5, 6}};
+    for (const auto& [zoom, x, y, part, thenX, thenY] : rows) {
+        TexCoordView view = viewOf(512, 512, zoom, x, y);
+        EXPECT_EQ(view.reveal(mesh, part), x != thenX || y != thenY);
+        EXPECT_EQ(std::pair(view.offsetX(), view.offsetY()), std::pair(thenX, thenY))
+            << x << ' ' << part.face << ' ' << part.vertex;
+    }
+    const TexCoordView view = viewOf(512, 512, 2, 28, 0);
+    EXPECT_EQ(view.selectedVertex(mesh, FacePart{0, 1}).value().u, 200.0F);
+    EXPECT_FALSE(view.selectedVertex(mesh, FacePart{0, 0}));
+    EXPECT_FALSE(view.selectedVertex(mesh, FacePart{0, 9}));
+}
+
 TEST(TexCoordView, DrawsTheTextureMagnifiedAndShifted) {
     const TextureImage texture = mapTexture(200, 50);
     Bitmap bitmap;

@@ -346,5 +346,28 @@ TEST(MaterialEditing, EveryEditGoesDownAndUpTheLadder) {
     EXPECT_EQ(climb(user.document, user.history, rungs), "");
 }
 
+TEST(MaterialEditing, KnowsTheFacesOfAMaterialAndWhatAFaceShows) {
+    Editing user;
+    user.mesh().MaterialSlotList = {0, 1, 0, 9};
+    const struct {
+        std::vector<std::int32_t> faceSlots;
+        std::int32_t current;
+        std::vector<std::size_t> faces;
+        const char* second;                                 ///< what the second face shows
+    } rows[] = {{{0, 1, 2}, 0, {0, 2}, "Shows Material 2"}, // two slots of one material
+                {{0, 1, 2}, 1, {1}, "Shows Material 2"},
+                {{0}, 0, {0}, "Shows no material"}, // the last slot leads nowhere
+                {{0, -1, 7}, 0, {0}, "Shows no material"},
+                {{3, 0, 1}, 3, {}, "Shows Material 1"}};
+    for (const auto& [faceSlots, current, faces, second] : rows) {
+        user.mesh().FaceSlotIndex = faceSlots;
+        user.edit(Editing::framePath(), current);
+        EXPECT_EQ(user.materials->facesOfCurrent(), faces) << second;
+        EXPECT_EQ(user.materials->faceText(FacePart{1, 2}).toStdString(), second);
+    }
+    EXPECT_EQ(user.materials->faceText(FacePart{3, 0}), QString()) << "there is none";
+    EXPECT_EQ(user.materials->faceText({}), QString());
+}
+
 } // namespace
 } // namespace korvane::test
