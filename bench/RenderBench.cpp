@@ -1,3 +1,4 @@
+#include "render/picking/FramePicking.h"
 #include "render/planes/PlaneCache.h"
 #include "render/planes/PlaneView.h"
 #include "render/scene/StartCamera.h"
@@ -168,6 +169,39 @@ void DrawPlainLines(benchmark::State& state) {
     state.counters["lines"] = static_cast<double>(lines.size());
 }
 
+/// Finds the frames under the middle of the view, which the whole model fills.
+void pick(benchmark::State& state, RenderMode mode) {
+    ModelDocument document = gridModel(static_cast<std::size_t>(state.range(0)));
+    const ViewGeometry geometry(1024, 768);
+    ViewState settings;
+    settings.mode = mode;
+    startCamera(document, settings, geometry);
+    settings.angles.pitch = 1.0F;
+    std::size_t found = 0;
+    for (auto _ : state) {
+        found = framesInSpace(document, settings, geometry, 512, 384).size();
+    }
+    state.counters["found"] = static_cast<double>(found);
+}
+
+void PickShaded(benchmark::State& state) {
+    pick(state, RenderMode::SmoothShading);
+}
+
+void PickWires(benchmark::State& state) {
+    pick(state, RenderMode::Wireframe);
+}
+
+void PickPlane(benchmark::State& state) {
+    ModelDocument document = gridModel(static_cast<std::size_t>(state.range(0)));
+    startPlanes(document, 512, 384);
+    const PlaneMapping mapping =
+        planeMapping(ViewPlane::XZ, 512, 384, document.PlaneScale, document.PanVector);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(framesInPlane(document, mapping, 256, 192));
+    }
+}
+
 void planeSizes(benchmark::internal::Benchmark* bench) {
     bench->ArgNames({"faces", "zoom", "pan"})->Unit(benchmark::kMillisecond);
     bench->Args({200'000, 1, 0})->Args({200'000, 4, 0});
@@ -182,6 +216,9 @@ BENCHMARK(DrawFlat)->Apply(sizes);
 BENCHMARK(DrawWireframe)->Apply(sizes);
 BENCHMARK(DrawTextured)->Apply(sizes);
 BENCHMARK(DrawTranslucent)->Apply(sizes);
+BENCHMARK(PickShaded)->Apply(sizes);
+BENCHMARK(PickWires)->Apply(sizes);
+BENCHMARK(PickPlane)->Apply(sizes);
 BENCHMARK(DrawPlainLines)->Apply(planeSizes);
 BENCHMARK(DrawPlane)->Apply(planeSizes)->Args({200'000, 1, 1})->Args({200'000, 4, 1});
 

@@ -39,6 +39,7 @@ constexpr std::array rooms = {
     Room{"edit/recovery"},
     Room{"render/scene"},
     Room{"render/drags"},
+    Room{"render/picking"},
     Room{"render/software"},
     Room{"render/planes", "render/software"},
     Room{"render/gl", "render/software render/planes"},
