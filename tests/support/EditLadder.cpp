@@ -26,6 +26,14 @@ bool pathsAreRight(const ModelDocument& document) {
 
 std::string climb(ModelDocument& document, EditHistory& history,
                   const std::vector<EditSnapshot>& snapshots) {
+    return climb(document,
+                 {[&] { history.undo(document); }, [&] { history.redo(document); },
+                  [&] { return history.canUndo(); }, [&] { return history.canRedo(); }},
+                 snapshots);
+}
+
+std::string climb(const ModelDocument& document, const Rails& rails,
+                  const std::vector<EditSnapshot>& snapshots) {
     const auto compare = [&](std::size_t rung, const char* way) {
         if (EditSnapshot(document) == snapshots[rung] && pathsAreRight(document)) {
             return std::string();
@@ -34,21 +42,21 @@ std::string climb(ModelDocument& document, EditHistory& history,
     };
     for (int time = 0; time < 2; ++time) {
         for (std::size_t rung = snapshots.size() - 1; rung > 0; --rung) {
-            history.undo(document);
+            rails.undo();
             if (std::string difference = compare(rung - 1, "down"); !difference.empty()) {
                 return difference;
             }
         }
-        if (history.canUndo()) {
+        if (rails.canUndo()) {
             return "more to undo at the foot";
         }
         for (std::size_t rung = 1; rung < snapshots.size(); ++rung) {
-            history.redo(document);
+            rails.redo();
             if (std::string difference = compare(rung, "up"); !difference.empty()) {
                 return difference;
             }
         }
-        if (history.canRedo()) {
+        if (rails.canRedo()) {
             return "more to redo at the top";
         }
     }

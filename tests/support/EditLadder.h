@@ -23,9 +23,19 @@ struct EditSnapshot {
 /// Whether every frame's path leads to it.
 bool pathsAreRight(const ModelDocument& document);
 
+/// How to go through the history of a document.
+struct Rails {
+    std::function<void()> undo;
+    std::function<void()> redo;
+    std::function<bool()> canUndo;
+    std::function<bool()> canRedo;
+};
+
 /// Climbs down and up the history twice from its end, comparing each rung with the snapshot taken
 /// there; snapshots[i] is that before edit i, the last one that after the last edit. Gives the
 /// first difference, empty if there is none.
+std::string climb(const ModelDocument& document, const Rails& rails,
+                  const std::vector<EditSnapshot>& snapshots);
 std::string climb(ModelDocument& document, EditHistory& history,
                   const std::vector<EditSnapshot>& snapshots);
 

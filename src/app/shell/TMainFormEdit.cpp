@@ -41,7 +41,7 @@ void TMainForm::EditCutUpdate() {
 }
 
 void TMainForm::EditCopyExecute() {
-    const TMDIChild* document = activeDocument();
+    TMDIChild* document = activeDocument();
     const QByteArray block = document != nullptr ? document->copy() : QByteArray();
     if (!block.isEmpty()) {
         ModelClipboard::put(block);

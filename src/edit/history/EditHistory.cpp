@@ -88,6 +88,11 @@ StepOutcome EditHistory::undo(ModelDocument& document) {
     return canUndo() ? goTo(document, firstOfStep(position_) - 1) : StepOutcome();
 }
 
+void EditHistory::revoke(ModelDocument& document) {
+    undo(document);
+    drop(position_ + 1, lastEntry() + 1);
+}
+
 StepOutcome EditHistory::redo(ModelDocument& document) {
     if (!canRedo()) {
         return {};

@@ -44,6 +44,8 @@ class EditHistory {
     /// model stays between two of them, and undo and redo go on from there.
     StepOutcome undo(ModelDocument& document);
     StepOutcome redo(ModelDocument& document);
+    /// Takes back the last step for good: neither it nor what came after it can be made again.
+    void revoke(ModelDocument& document);
 
     [[nodiscard]] std::span<const EditAction> entries() const { return entries_; }
     /// The last entry that is applied; -1 when there is nothing to undo.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "render/drags/PlaneDrag.h"
+
 namespace korvane {
 
 /// What of the forms an operation has put out of date.
@@ -31,5 +33,10 @@ struct Changes {
     friend Changes operator|(Changes one, const Changes& other) { return one |= other; }
     bool operator==(const Changes&) const = default;
 };
+
+/// The same of what the mouse or a key has done in a 2D view.
+inline Changes changesOf(const StaleViews& stale) {
+    return {.geometry = stale.space, .planes = stale.planes && !stale.space};
+}
 
 } // namespace korvane

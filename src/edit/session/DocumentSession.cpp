@@ -75,6 +75,7 @@ OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& p
 
 Changes DocumentSession::takeModel(ModelDocument&& model) {
     cancelPlaneDrag();
+    endKeys();
     materials_.reset(); // of the former model
     model_ = std::move(model);
     startHistory();
@@ -113,6 +114,7 @@ SaveOutcome DocumentSession::saveAs(const QString& name) {
 
 SaveOutcome DocumentSession::write(const QString& former, const OtherSave& other) {
     SaveOutcome outcome;
+    endKeys();
     outcome.changes = cancelPlaneDrag(); // half of it is nothing to be saved
     givenUp_.reset();
     const bool writes = modelFileKind(model_.FileName) == ModelFileKind::Xsi;
@@ -186,7 +188,8 @@ bool DocumentSession::canPaste(ClipboardContent content) const {
     return !dragging() && korvane::canPaste(model_.Selected.NodeKind, content);
 }
 
-QByteArray DocumentSession::copy() const {
+QByteArray DocumentSession::copy() {
+    endKeys();
     return dragging() ? QByteArray() : copySelection(model_);
 }
 
@@ -208,6 +211,7 @@ PasteOutcome DocumentSession::paste(const QByteArray& block) {
 // The selection and the structure
 
 Changes DocumentSession::select(const NodeData& node) {
+    endKeys();
     const std::optional<FramePath> oldFrame = model_.Selected.Frame;
     model_.Selected = model_.SelectionCopy = node;
     const bool otherFrame = node.Frame && node.Frame != oldFrame;
@@ -353,6 +357,7 @@ Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSu
 }
 
 MaterialEditing* DocumentSession::editMaterials() {
+    endKeys();
     const NodeData& node = model_.Selected;
     const bool whole =
         node.NodeKind == NodeKind::MeshMaterialList || node.NodeKind == NodeKind::MaterialTable;
@@ -392,6 +397,7 @@ Changes DocumentSession::setText(QString& text, const QString& value) {
 }
 
 Changes DocumentSession::clearMessage() {
+    endKeys();
     return setText(message_, {});
 }
 

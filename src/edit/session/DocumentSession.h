@@ -5,6 +5,7 @@
 #include "edit/recovery/RecoveryKeeper.h"
 #include "edit/session/Changes.h"
 #include "edit/session/MaterialEditing.h"
+#include "edit/session/PickCycle.h"
 #include "edit/session/StatusText.h"
 #include "formats/files/FileState.h"
 #include "formats/files/OtherSave.h"
@@ -13,6 +14,7 @@
 #include "formats/xsi/XsiReader.h"
 #include "model/document/StructureTreeModel.h"
 #include "model/records/FrameFlags.h"
+#include "render/drags/KeyRun.h"
 #include "render/drags/OrbitDrag.h"
 #include "render/drags/PlaneDrag.h"
 #include "render/scene/ViewState.h"
@@ -21,7 +23,9 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <vector>
 
 namespace korvane {
 
@@ -150,7 +154,7 @@ class DocumentSession {
     [[nodiscard]] bool canPaste(ClipboardContent content) const;
     /// The clipboard block of the selection; empty if there is nothing that Copy takes. Throws as
     /// encoding does.
-    [[nodiscard]] QByteArray copy() const;
+    [[nodiscard]] QByteArray copy();
     /// Pastes a block into the selection. One that is damaged or does not fit changes nothing.
     PasteOutcome paste(const QByteArray& block);
 
@@ -181,7 +185,7 @@ class DocumentSession {
     // The views.
 
     /// What the mouse does in the 2D views, from the next press on.
-    void setTool(ViewTool tool) { model_.Tool = tool; }
+    void setTool(ViewTool tool);
     Changes setRenderMode(RenderMode mode);
     Changes setViewSetting(bool ViewState::*setting, bool on);
     Changes setDrawApi(DrawApi api);
@@ -218,6 +222,21 @@ class DocumentSession {
     Changes cancelOrbit();
     [[nodiscard]] bool draggingOrbit() const { return orbit_.active(); }
 
+    /// Selects the frame that shows at a pixel of a view, another one there each time; nothing
+    /// where none shows.
+    Changes pickPlane(const PlaneInput& input);
+    Changes pickSpace(const DragInput& input, const ViewGeometry& geometry);
+
+    // The keyboard in the views. In the 2D views arrows do what the tool is for. Those that move or
+    // turn a frame in a run are one step of the history, which has the step from the first key on.
+
+    Changes keyPlane(const PlaneInput& view, ViewKey key);
+    Changes keyOrbit(const ViewGeometry& geometry, ViewKey key);
+    /// Something else begins, as all other operations do: the next key is a step of its own.
+    void endKeys() { keys_.reset(); }
+    /// Turns the camera.
+    Changes lookAlong(const CameraAngles& angles);
+
     // The status bar.
 
     /// Where the pointer is in a 2D view and what it does there, else what the program has to say,
@@ -248,6 +267,12 @@ class DocumentSession {
     /// After a command of the user has changed the structure.
     Changes structureEdited();
     [[nodiscard]] PlaneMapping mappingOf(const PlaneInput& input) const;
+    /// An arrow key of a run that moves or turns the selected frame.
+    Changes keyFrame(const PlaneMapping& mapping, ViewKey arrow);
+    Changes pick(const PickSpot& spot,
+                 const std::function<std::vector<FramePath>(const PickSpot&)>& framesAt);
+    /// The 2D views show another part of the model: other coordinates are under the pointer.
+    Changes followPointer();
     /// What a mouse event in a 2D view has put out of date: what was overdue, and the status bar.
     Changes afterPlane(const PlaneInput& input, const StaleViews& stale);
 
@@ -263,11 +288,21 @@ class DocumentSession {
     PlaneColors planeColors_;
     PlaneDrag planeDrag_;
     OrbitDrag orbit_;
+    /// A run of keys, and how the model was marked before it.
+    struct Keys {
+        KeyRun run;
+        bool modified = false;
+        std::uint64_t startRevision = 0;
+        std::uint64_t revision = 0; ///< since the last key
+    };
+    std::optional<Keys> keys_; ///< while the next key may go on with it
+    PickCycle picks_;
     bool overdue_ = false; ///< the pictures do not show everything yet
     bool cameraPlaced_ = false;
     bool planesPlaced_ = false;
     QString counts_;
-    QString message_; ///< of the last command
+    QString message_;                   ///< of the last command
+    std::optional<PlaneInput> pointer_; ///< while it is in a 2D view
     QString pointerText_;
 };
 

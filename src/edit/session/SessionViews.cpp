@@ -8,32 +8,33 @@
 
 namespace korvane {
 
-namespace {
-
-Changes changesOf(const StaleViews& stale) {
-    return {.geometry = stale.space, .planes = stale.planes && !stale.space};
-}
-
-} // namespace
-
 // Settings
 
+void DocumentSession::setTool(ViewTool tool) {
+    endKeys();
+    model_.Tool = tool;
+}
+
 Changes DocumentSession::setRenderMode(RenderMode mode) {
+    endKeys();
     view_.mode = mode;
     return {.geometry = true};
 }
 
 Changes DocumentSession::setViewSetting(bool ViewState::*setting, bool on) {
+    endKeys();
     view_.*setting = on;
     return {.geometry = true};
 }
 
 Changes DocumentSession::setDrawApi(DrawApi api) {
+    endKeys();
     view_.api = api;
     return {.geometry = true};
 }
 
 void DocumentSession::setVisible(bool frame, bool mesh) {
+    endKeys();
     if (FrameRecord* selected = model_.selectedFrame()) {
         selected->ViewFlags[0] = frame;
         selected->ViewFlags[2] = mesh;
@@ -87,6 +88,7 @@ PlaneMapping DocumentSession::mappingOf(const PlaneInput& input) const {
 }
 
 Changes DocumentSession::afterPlane(const PlaneInput& input, const StaleViews& stale) {
+    pointer_ = input;
     const auto progress = planeDrag_.activeIn(input.plane) ? planeDrag_.progress() : std::nullopt;
     const Changes told =
         setText(pointerText_, pointerText(mappingOf(input), input.mouse, progress, model_.Tool));
@@ -94,6 +96,7 @@ Changes DocumentSession::afterPlane(const PlaneInput& input, const StaleViews& s
 }
 
 Changes DocumentSession::pressPlane(const PlaneInput& input) {
+    endKeys();
     if (materials_) {
         return {};
     }
@@ -121,6 +124,7 @@ Changes DocumentSession::releasePlane(const PlaneInput& input) {
 }
 
 Changes DocumentSession::wheelPlane(const PlaneInput& input, float notches) {
+    endKeys();
     StaleViews stale;
     if (!planeDrag_.active()) {
         stale.planes = zoomPlanes(input.mouse, notches, mappingOf(input), model_);
@@ -129,6 +133,7 @@ Changes DocumentSession::wheelPlane(const PlaneInput& input, float notches) {
 }
 
 Changes DocumentSession::leavePlane() {
+    pointer_.reset();
     return setText(pointerText_, {});
 }
 
@@ -142,6 +147,7 @@ Changes DocumentSession::cancelPlaneDrag() {
 // The mouse in the 3D view
 
 Changes DocumentSession::pressOrbit(const DragInput& input) {
+    endKeys();
     orbit_.begin(input, view_.angles, model_.CameraDistance);
     return {};
 }
@@ -155,6 +161,7 @@ Changes DocumentSession::releaseOrbit(const DragInput& input, const ViewGeometry
 }
 
 Changes DocumentSession::wheelOrbit(float notches) {
+    endKeys();
     if (orbit_.active() || notches == 0.0F) {
         return {};
     }

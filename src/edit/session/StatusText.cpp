@@ -116,6 +116,12 @@ QString progressText(ViewPlane plane, const DragProgress& progress, int decimals
     return {};
 }
 
+/// As many decimals as a pixel is worth, for the tiniest models as well.
+int decimalsOf(const PlaneMapping& mapping) {
+    constexpr int most = 30;
+    return std::clamp(static_cast<int>(std::ceil(std::log10(mapping.scale))), 0, most);
+}
+
 } // namespace
 
 QString countsText(const ModelDocument& document) {
@@ -176,12 +182,14 @@ QString toolHint(ViewTool tool) {
     return QStringLiteral("left button: %1; wheel: zoom").arg(QLatin1String(left));
 }
 
+QString movedText(const PlaneMapping& mapping, const DragProgress& progress) {
+    QString text = progressText(mapping.plane, progress, decimalsOf(mapping));
+    return text.isEmpty() ? text : text.replace(0, 1, text[0].toUpper());
+}
+
 QString pointerText(const PlaneMapping& mapping, const DragInput& input,
                     const std::optional<DragProgress>& progress, ViewTool tool) {
-    // as many decimals as a pixel is worth, for the tiniest models as well
-    constexpr int most = 30;
-    const int decimals =
-        std::clamp(static_cast<int>(std::ceil(std::log10(mapping.scale))), 0, most);
+    const int decimals = decimalsOf(mapping);
     const PlanePoint under = mapping.under(input.x, input.y);
     const QString text = coordinates(mapping.plane, toWorld(mapping.plane, under), decimals);
     return text + QStringLiteral("   ") +

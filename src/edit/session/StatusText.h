@@ -41,6 +41,9 @@ QString recoveredText(const ModelDocument& document, const UnseenTextures& unsee
 /// What the mouse does in the 2D views.
 QString toolHint(ViewTool tool);
 
+/// How far a frame has got by the keys in a 2D view.
+QString movedText(const PlaneMapping& mapping, const DragProgress& progress);
+
 /// What the pointer is at in a 2D view, in coordinates of the model, and what the drag there has
 /// done, if one runs, else what the mouse does there.
 QString pointerText(const PlaneMapping& mapping, const DragInput& input,

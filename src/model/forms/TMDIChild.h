@@ -82,7 +82,7 @@ class TMDIChild : public QMdiSubWindow {
         return session_ && session_->canPaste(content);
     }
     /// The clipboard block of the selection; empty if there is nothing that Copy takes.
-    [[nodiscard]] QByteArray copy() const { return session_ ? session_->copy() : QByteArray(); }
+    [[nodiscard]] QByteArray copy() { return session_ ? session_->copy() : QByteArray(); }
     /// Pastes a block into the selection. One that is damaged or does not fit changes nothing, and
     /// the user is told.
     void paste(const QByteArray& block);

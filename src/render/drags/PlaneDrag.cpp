@@ -1,8 +1,8 @@
 #include "render/drags/PlaneDrag.h"
 
+#include "render/drags/MovedMatrix.h"
 #include "render/scene/SelectedFrame.h"
 
-#include <bit>
 #include <cmath>
 #include <utility>
 
@@ -10,41 +10,9 @@ namespace korvane {
 
 namespace {
 
-/// Whether the matrices are the same in every bit, so that a NaN is no change.
-bool same(const Matrix4& a, const Matrix4& b) {
-    using Bits = std::array<std::uint32_t, 16>;
-    return std::bit_cast<Bits>(a.m) == std::bit_cast<Bits>(b.m);
-}
-
 /// Where a drag leads, or the place from before where that is beyond all numbers.
 Vec3 finiteOr(const Vec3& before, const Vec3& place) {
     return isFinite(place) ? place : before;
-}
-
-/// The rotation of world space that shows in the plane as one by an angle, counterclockwise.
-Matrix4 planeRotation(ViewPlane plane, double cosine, double sine) {
-    // the images of the axes are those of the plane's two directions, which may run backwards
-    const auto c = static_cast<float>(cosine);
-    const auto s = static_cast<float>(sine);
-    Matrix4 rotation;
-    switch (plane) {
-    case ViewPlane::XY:
-        rotation[0] = rotation[5] = c;
-        rotation[1] = -s;
-        rotation[4] = s;
-        break;
-    case ViewPlane::XZ:
-        rotation[0] = rotation[10] = c;
-        rotation[2] = -s;
-        rotation[8] = s;
-        break;
-    case ViewPlane::ZY:
-        rotation[5] = rotation[10] = c;
-        rotation[6] = -s;
-        rotation[9] = s;
-        break;
-    }
-    return rotation;
 }
 
 } // namespace
@@ -123,13 +91,7 @@ StaleViews PlaneDrag::update(const DragInput& input, const PlaneMapping& mapping
 }
 
 StaleViews PlaneDrag::moveFrame(ModelDocument& document) {
-    Matrix4 matrix = frameMatrix_;
-    if (progress_.moved != Vec3()) {
-        matrix[12] += progress_.moved.x;
-        matrix[13] += progress_.moved.y;
-        matrix[14] += progress_.moved.z;
-    }
-    const bool moved = setFrameMatrix(document, matrix);
+    const bool moved = setFrameMatrix(document, movedMatrix(frameMatrix_, progress_.moved));
     return {.planes = moved, .space = moved};
 }
 
@@ -147,10 +109,7 @@ StaleViews PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& ma
     progress_.turned = static_cast<float>(std::atan2(sine, cosine));
     Matrix4 matrix = frameMatrix_;
     if (progress_.turned != 0.0F) {
-        const Matrix4 turned =
-            MatrixMatrix(frameMatrix_, planeRotation(mapping.plane, cosine, sine));
-        // its place is kept: the frame turns about its own origin
-        std::copy_n(turned.m.begin(), 12, matrix.m.begin());
+        matrix = turnedMatrix(frameMatrix_, mapping.plane, cosine, sine);
     }
     const bool moved = setFrameMatrix(document, matrix);
     return {.planes = moved, .space = moved};
@@ -159,7 +118,7 @@ StaleViews PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& ma
 bool PlaneDrag::setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const {
     FrameRecord* frame = frameAt(document.Root, frame_);
     // a file could not give numbers back that are none
-    if (frame == nullptr || !isFinite(matrix) || same(frame->Matrix, matrix)) {
+    if (frame == nullptr || !isFinite(matrix) || sameBits(frame->Matrix, matrix)) {
         return false;
     }
     frame->Matrix = matrix;
@@ -169,7 +128,7 @@ bool PlaneDrag::setFrameMatrix(ModelDocument& document, const Matrix4& matrix) c
 
 bool PlaneDrag::moves(const ModelDocument& document) const {
     const FrameRecord* frame = left_ ? frameAt(document.Root, frame_) : nullptr;
-    return frame != nullptr && !same(frame->Matrix, frameMatrix_);
+    return frame != nullptr && !sameBits(frame->Matrix, frameMatrix_);
 }
 
 std::optional<PlaneDrag::Direction> PlaneDrag::directionFrom(const DragInput& input,
@@ -194,7 +153,7 @@ DragEnd PlaneDrag::end(const DragInput& input, const PlaneMapping& mapping,
     const bool left = std::exchange(left_, false);
     right_ = false;
     const FrameRecord* frame = left && ofFrame ? frameAt(document.Root, frame_) : nullptr;
-    if (frame != nullptr && !same(frame->Matrix, frameMatrix_)) {
+    if (frame != nullptr && !sameBits(frame->Matrix, frameMatrix_)) {
         result.move = {frame_, frameMatrix_, frame->Matrix};
     }
     return result;

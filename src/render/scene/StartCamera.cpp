@@ -2,9 +2,12 @@
 
 #include "render/scene/Culling.h"
 #include "render/scene/DrawCache.h"
+#include "render/scene/SelectedFrame.h"
 
 #include <algorithm>
 #include <cmath>
+#include <span>
+#include <vector>
 
 namespace korvane {
 
@@ -23,10 +26,22 @@ double fitDistance(const ViewGeometry& geometry) {
     return 1.0 / std::sin(std::atan2(double(shorter), double{geometry.f}));
 }
 
+std::vector<DrawItem> shownItems(ModelDocument& document, Seen seen) {
+    DrawList list;
+    list.rebuild(document.Root);
+    std::vector<DrawItem> items = list.items();
+    if (seen == Seen::Selection) {
+        std::erase_if(items, [](const DrawItem& item) {
+            return item.frame->SelectState == SelectState::Other;
+        });
+    }
+    return items;
+}
+
 /// The bounds of all that the frames show, in world space.
-Bounds worldBounds(const DrawList& list) {
+Bounds worldBounds(std::span<const DrawItem> items) {
     Bounds bounds;
-    for (const DrawItem& item : list.items()) {
+    for (const DrawItem& item : items) {
         if (item.frame->HasMesh) {
             for (const Vec3& vertex : refreshedCache(*item.frame, item.world).WorldVertices) {
                 bounds.add(vertex);
@@ -44,13 +59,13 @@ Vec3 centreOf(const Bounds& bounds) {
 
 /// The distance from a point to the farthest of the vertices and of the corners of the selected
 /// frame's box.
-double radiusAround(const Vec3& centre, const DrawList& list) {
+double radiusAround(const Vec3& centre, std::span<const DrawItem> items) {
     double largest = 0.0;
     const auto add = [&](const Vec3& p) {
         const double squared = squaredDistance(p, centre);
         largest = std::isfinite(squared) ? std::max(largest, squared) : largest;
     };
-    for (const DrawItem& item : list.items()) {
+    for (const DrawItem& item : items) {
         if (!item.frame->HasMesh) {
             continue;
         }
@@ -63,6 +78,14 @@ double radiusAround(const Vec3& centre, const DrawList& list) {
         }
     }
     return std::sqrt(largest);
+}
+
+/// The origin of the selected frame, else another place.
+Vec3 selectedOrigin(ModelDocument& document, const Vec3& otherwise) {
+    const SelectedFrame found = findSelectedFrame(document.Root);
+    const Vec3 origin = VectorMatrix({}, found.world);
+    return found.frame->SelectState == SelectState::Selected && isFinite(origin) ? origin
+                                                                                 : otherwise;
 }
 
 /// From how far a ball around the camera centre is seen whole, with the eye outside.
@@ -84,10 +107,14 @@ double startScale(double radius, const ViewGeometry& geometry) {
 
 } // namespace
 
-void startCamera(ModelDocument& document, ViewState& state, const ViewGeometry& geometry) {
-    DrawList list;
-    list.rebuild(document.Root);
-    const Bounds bounds = worldBounds(list);
+void startCamera(ModelDocument& document, ViewState& state, const ViewGeometry& geometry,
+                 Seen seen) {
+    const std::vector<DrawItem> items = shownItems(document, seen);
+    const Bounds bounds = worldBounds(items);
+    if (bounds.empty && seen == Seen::Selection) {
+        document.CameraCenter = selectedOrigin(document, document.CameraCenter);
+        return;
+    }
     if (bounds.empty) {
         document.CameraCenter = Vec3();
         document.CameraDistance = ModelDocument().CameraDistance;
@@ -95,7 +122,7 @@ void startCamera(ModelDocument& document, ViewState& state, const ViewGeometry& 
         return;
     }
     document.CameraCenter = centreOf(bounds);
-    const double radius = radiusAround(document.CameraCenter, list);
+    const double radius = radiusAround(document.CameraCenter, items);
     const double scale = startScale(radius, geometry);
     const double shown = radius * scale;
     // a view of a few columns would have the eye beyond its depth
@@ -105,10 +132,12 @@ void startCamera(ModelDocument& document, ViewState& state, const ViewGeometry& 
     state.scaleFactor = static_cast<float>(scale);
 }
 
-void startPlanes(ModelDocument& document, std::int32_t width, std::int32_t height) {
-    DrawList list;
-    list.rebuild(document.Root);
-    const Bounds bounds = worldBounds(list);
+void startPlanes(ModelDocument& document, std::int32_t width, std::int32_t height, Seen seen) {
+    const Bounds bounds = worldBounds(shownItems(document, seen));
+    if (bounds.empty && seen == Seen::Selection) {
+        document.PanVector = -selectedOrigin(document, -document.PanVector);
+        return;
+    }
     if (bounds.empty) {
         document.PanVector = Vec3();
         document.PlaneScale = ModelDocument().PlaneScale;
