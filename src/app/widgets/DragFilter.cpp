@@ -72,7 +72,11 @@ void DragFilter::mouseEvent(const QMouseEvent& event) {
         handlers_.release(input);
         break;
     default:
-        handlers_.press(input);
+        if (!handlers_.pick || !event.modifiers().testFlag(Qt::ControlModifier)) {
+            handlers_.press(input);
+        } else if (input.button == DragButton::Left) {
+            handlers_.pick(input);
+        }
         break;
     }
 }

@@ -26,6 +26,8 @@ class DragFilter : public QObject {
         /// How far the wheel turned, in notches; forward is positive. Without it the wheel is left
         /// to the control.
         std::function<void(const DragInput&, float)> wheel = {};
+        /// The left button pressed with Ctrl held. With it no such press of any button is a drag.
+        std::function<void(const DragInput&)> pick = {};
     };
 
     /// Destroy it before anything that its handlers use. The control must outlive it.

@@ -323,6 +323,10 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
         structureKey(dynamic_cast<const QKeyEvent&>(*event))) {
         return true;
     }
+    if (watched != ui_->DeleteButton && event->type() == QEvent::KeyPress &&
+        toolKey(dynamic_cast<QKeyEvent&>(*event))) {
+        return true;
+    }
     if (watched == ui_->DeleteButton && event->type() == QEvent::MouseButtonDblClick) {
         focus_->give(*ui_->TreeView1); // the press has taken it
         return true; // one click deletes what was meant, a second one not what is selected then

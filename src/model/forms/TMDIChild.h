@@ -161,6 +161,10 @@ class TMDIChild : public QMdiSubWindow {
     struct PlaneImage;
     [[nodiscard]] std::array<PlaneImage, planeCount> planeImages() const;
     void setUpViews();
+    /// The keys and the menu of a 2D view.
+    void setUpKeys(const PlaneImage& image);
+    /// Whether the key has chosen a tool.
+    bool toolKey(const QKeyEvent& event);
     void setUpTools();
     void setUpButtons();
     /// The menu of the tree, with the commands of the buttons and the keys that stand for them.
@@ -169,8 +173,8 @@ class TMDIChild : public QMdiSubWindow {
     bool structureKey(const QKeyEvent& key);
     /// An event of a view; whether that was all about it.
     bool viewEvent(const QObject& watched, const QEvent& event);
-    /// Whether the event is a press that only activates the window, is made with Ctrl held or comes
-    /// while a dialog is at work.
+    /// Whether the event is a press that only activates the window or comes while a dialog is at
+    /// work.
     [[nodiscard]] bool startsNothing(const QEvent& event) const;
     /// What an operation of the session makes of a mouse event in a 2D view.
     using PlaneOperation = Changes (DocumentSession::*)(const PlaneInput&);

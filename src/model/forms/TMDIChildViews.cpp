@@ -5,12 +5,14 @@
 #include "app/widgets/ModalCall.h"
 #include "app/widgets/PictureLabel.h"
 #include "model/forms/TMDIChild.h"
+#include "render/forms/AxisPainting.h"
 #include "render/forms/TImage.h"
+#include "render/forms/ViewControls.h"
 #include "ui_TMDIChild.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -53,8 +55,22 @@ void TMDIChild::setUpViews() {
                         if (session_) {
                             apply(session_->wheelPlane(inputOf(plane, place), notches));
                         }
+                    },
+                .pick =
+                    [this, plane = image.plane](const DragInput& place) {
+                        if (session_) {
+                            applyStep(session_->pickPlane(inputOf(plane, place)));
+                        }
                     }}));
+        setUpKeys(image);
         image.image->setDrawing([this, image] { drawPlane(image); });
+        image.image->setMarks([this, plane = image.plane](QPainter& painter) {
+            if (session_) {
+                const PlaneView& view = planeView(plane);
+                paintPlaneAxes(painter, view.mapping(session_->model()),
+                               {view.bitmap().width(), view.bitmap().height()}, view.colors());
+            }
+        });
         // the filter installed last runs first: presses that start nothing never reach the drag
         image.image->installEventFilter(this);
         image.image->setEdged(true);
@@ -64,12 +80,46 @@ void TMDIChild::setUpViews() {
     // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view
     ui_->ThreeDWin->setAttribute(Qt::WA_Hover);
     ui_->ThreeDWin->installEventFilter(this);
+    connect(ui_->ThreeDWin, &TThreeDWinFrame::changed, this, &TMDIChild::applyStep);
     // a press is delivered right after it has made its window the active one
     connect(this, &QMdiSubWindow::aboutToActivate, this,
             [this] { activatedByPress_ = QGuiApplication::mouseButtons() != Qt::NoButton; });
     connect(
         this, &QMdiSubWindow::aboutToActivate, this, [this] { activatedByPress_ = false; },
         Qt::QueuedConnection);
+}
+
+void TMDIChild::setUpKeys(const PlaneImage& image) {
+    new ViewControls(*image.image, *image.image,
+                     {.key =
+                          [this, plane = image.plane](ViewKey key) {
+                              if (session_) {
+                                  apply(session_->keyPlane(inputOf(plane, {}), key));
+                              }
+                          },
+                      .leave =
+                          [this] {
+                              if (session_) {
+                                  session_->endKeys();
+                              }
+                          },
+                      .pictureName =
+                          [this, label = image.label] {
+                              return session_ ? pictureName(session_->model().FileName,
+                                                            label->text().toLower())
+                                              : QString();
+                          }});
+}
+
+bool TMDIChild::toolKey(const QKeyEvent& event) {
+    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier || event.key() < Qt::Key_1 ||
+        event.key() > Qt::Key_5 || ModalCall::running()) {
+        return false;
+    }
+    QAction* const tools[] = {ui_->zoom, ui_->moveFrame, ui_->moveView, ui_->rotateFrame,
+                              ui_->MoveObjCoords};
+    tools[event.key() - Qt::Key_1]->trigger();
+    return true;
 }
 
 void TMDIChild::fillPanel(QWidget& panel, const QColor& color) {
@@ -130,9 +180,7 @@ bool TMDIChild::startsNothing(const QEvent& event) const {
     if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::MouseButtonDblClick) {
         return false;
     }
-    const auto& press = dynamic_cast<const QMouseEvent&>(event);
-    return activatedByPress_ || press.modifiers().testFlag(Qt::ControlModifier) ||
-           ModalCall::running();
+    return activatedByPress_ || ModalCall::running();
 }
 
 bool TMDIChild::viewEvent(const QObject& watched, const QEvent& event) {

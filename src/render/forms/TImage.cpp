@@ -6,6 +6,7 @@
 #include <QScopedValueRollback>
 
 #include <exception>
+#include <utility>
 
 namespace korvane {
 
@@ -50,6 +51,31 @@ void TImage::setEdged(bool edged) {
     update();
 }
 
+void TImage::setFocusMark(bool marked) {
+    focusMark_ = marked;
+    update();
+}
+
+void TImage::paintMarks(QPainter& painter) {
+    if (marks_ && !picture_.isNull()) {
+        const double unit = 1 / devicePixelRatioF();
+        painter.save();
+        painter.scale(unit, unit);
+        marks_(painter);
+        painter.restore();
+    }
+}
+
+void TImage::paintFocusMark(QPainter& painter) const {
+    // of two colours: one of them shows on any picture
+    const QColor mark = palette().color(QPalette::Highlight);
+    const QColor rim = palette().color(QPalette::HighlightedText);
+    for (const auto& [inset, color] : {std::pair(0, mark), std::pair(1, mark), std::pair(2, rim)}) {
+        painter.setPen(color);
+        painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+    }
+}
+
 void TImage::paintEvent(QPaintEvent* /*event*/) {
     drawIfStale();
     QPainter painter(this);
@@ -58,10 +84,14 @@ void TImage::paintEvent(QPaintEvent* /*event*/) {
         layer.setDevicePixelRatio(devicePixelRatioF());
         painter.drawImage(QPointF(0, 0), layer);
     }
+    paintMarks(painter);
     if (edged_) {
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawLine(rect().topRight(), rect().bottomRight());
         painter.drawLine(rect().bottomLeft(), rect().bottomRight());
+    }
+    if (focusMark_) {
+        paintFocusMark(painter);
     }
 }
 

@@ -33,12 +33,18 @@ class TImage : public QWidget {
 
     /// Whether a thin line over the picture's right and lower edge sets it off from its neighbours.
     void setEdged(bool edged);
+    /// What is painted over the picture with each paint, in device pixels; it is no part of it.
+    void setMarks(std::function<void(QPainter&)> paint) { marks_ = std::move(paint); }
+    /// Whether a frame inside the control tells that the keyboard is here.
+    void setFocusMark(bool marked);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
     void drawIfStale();
+    void paintMarks(QPainter& painter);
+    void paintFocusMark(QPainter& painter) const;
 
     std::function<void()> draw_;
     bool stale_ = true; ///< the picture is not what it should show
@@ -47,6 +53,8 @@ class TImage : public QWidget {
     QImage picture_;
     QImage overlay_;
     bool edged_ = false;
+    bool focusMark_ = false;
+    std::function<void(QPainter&)> marks_;
 };
 
 } // namespace korvane

@@ -5,12 +5,14 @@
 #include "app/widgets/MessageBox.h"
 #include "app/widgets/ModalCall.h"
 #include "app/widgets/PictureLabel.h"
+#include "render/forms/AxisPainting.h"
+#include "render/forms/ViewControls.h"
 #include "render/gl/GlOffscreen.h"
+#include "render/scene/AxisDirections.h"
 #include "render/scene/NothingShown.h"
 #include "ui_TThreeDWinFrame.h"
 
 #include <QApplication>
-#include <QTimer>
 
 namespace korvane {
 
@@ -19,10 +21,17 @@ TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
       driver_(&GlDriver::standard()) {
     ui_->setupUi(this);
     ui_->Image1->setDrawing([this] { draw(); });
+    ui_->Image1->setMarks([this](QPainter& painter) {
+        if (session_ != nullptr) {
+            paintAxisCross(painter, session_->view().angles, ui_->Image1->picture().size(),
+                           QColor::fromRgb(session_->view().colors.background));
+        }
+    });
     ui_->ReasonLabel->hide();
     // clicked or tabbed to: Escape has to arrive here while a drag runs
     setFocusPolicy(Qt::StrongFocus);
     setUpMouse();
+    setUpKeys();
     // queued: a paint cannot wait for the user
     connect(this, &TThreeDWinFrame::contextFailed, this, &TThreeDWinFrame::showFailure,
             Qt::QueuedConnection);
@@ -54,7 +63,48 @@ void TThreeDWinFrame::setUpMouse() {
                                      if (session_ != nullptr) {
                                          apply(session_->wheelOrbit(notches));
                                      }
+                                 },
+                             .pick =
+                                 [this](const DragInput& input) {
+                                     if (session_ != nullptr) {
+                                         Q_EMIT changed(session_->pickSpace(input, geometry()));
+                                     }
                                  }});
+}
+
+void TThreeDWinFrame::setUpKeys() {
+    const auto tell = [this](auto operation) {
+        if (session_ != nullptr) {
+            Q_EMIT changed(operation(*session_));
+        }
+    };
+    auto* controls = new ViewControls(
+        *this, *ui_->Image1,
+        {.key =
+             [this, tell](ViewKey key) {
+                 tell([&](DocumentSession& session) { return session.keyOrbit(geometry(), key); });
+             },
+         .leave =
+             [this] {
+                 if (session_ != nullptr) {
+                     session_->endKeys();
+                 }
+             },
+         .pictureName =
+             [this] {
+                 return session_ != nullptr ? pictureName(session_->model().FileName, u"3d")
+                                            : QString();
+             }});
+    auto* directions = new QMenu(QStringLiteral("Look Along"), ui_->Image1);
+    for (const AxisDirection& axis : axisDirections) {
+        QAction* action = directions->addAction(QString::fromLatin1(axis.name));
+        action->setStatusTip(
+            QStringLiteral("Turns the 3D view to look along %1").arg(action->text()));
+        connect(action, &QAction::triggered, this, [tell, angles = axis.angles] {
+            tell([&](DocumentSession& session) { return session.lookAlong(angles); });
+        });
+    }
+    controls->insert(*directions);
 }
 
 TThreeDWinFrame::~TThreeDWinFrame() = default;
@@ -91,7 +141,8 @@ void TThreeDWinFrame::showFailure(GlStatus status) {
     }
     if (ModalCall::returning()) {
         // a box that is asked for now counts as closed, unseen
-        QTimer::singleShot(0, this, [this, status] { showFailure(status); });
+        QMetaObject::invokeMethod(
+            this, [this, status] { showFailure(status); }, Qt::QueuedConnection);
         return;
     }
     showMessageBox(this, QStringLiteral("GlFailure"), QMessageBox::Critical,

@@ -21,7 +21,7 @@ enum class GlStatus;
 
 /// The 3D view of a document window: draws the model with OpenGL or by software and shows the
 /// picture in its image control. The left button turns the model, the right button and the wheel
-/// move the eye.
+/// move the eye. Ctrl with the left one selects a frame.
 class TThreeDWinFrame : public QWidget {
     Q_OBJECT
   public:
@@ -45,6 +45,8 @@ class TThreeDWinFrame : public QWidget {
     [[nodiscard]] const GlOffscreen* openGl() const { return gl_.get(); }
 
   Q_SIGNALS:
+    /// A key, the menu or a pick here has put more out of date than the picture of this view.
+    void changed(const Changes& changes);
     /// The driver took back what it had promised; the model is drawn by software from now on.
     void contextFailed(GlStatus status);
 
@@ -63,6 +65,7 @@ class TThreeDWinFrame : public QWidget {
     /// Says in the corner of the picture why there is nothing to be seen, or nothing.
     void showReason();
     void setUpMouse();
+    void setUpKeys();
     /// Draws what the mouse has done to the view.
     void apply(const Changes& changes);
     /// Ends a running drag without a trace; whether there was one.

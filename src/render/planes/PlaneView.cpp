@@ -92,6 +92,7 @@ QImage PlaneView::selectionOverlay(const ModelDocument& document, bool dots) {
     if (selected != items.end()) {
         drawFrame(overlay_, map, *selected->frame, dots);
     }
+    drawOriginRim();
     drawOrigin(overlay_);
     drawCameraCentre(overlay_, map, document.CameraCenter); // which stays on top
     return overlayOf(overlay_);
@@ -120,6 +121,19 @@ void PlaneView::drawOrigin(Bitmap& bitmap) const {
         // two, since one is hard to see in yellow
         drawEllipse(bitmap, origin_, markRadius, markRadius, colors_.objectAxes);
         drawEllipse(bitmap, origin_, markRadius + 1, markRadius + 1, colors_.objectAxes);
+    }
+}
+
+void PlaneView::drawOriginRim() {
+    if (origin_ == noPixel) {
+        return;
+    }
+    const auto channel = [this](unsigned shift) { return colors_.objectAxes >> shift & 0xffU; };
+    // as bright as the colour looks, in thousandths of a level
+    const std::uint32_t bright = 299 * channel(16) + 587 * channel(8) + 114 * channel(0);
+    const BitmapPixel rim = bright < 128'000 ? 0xffffffffU : 0xff000000U;
+    for (const std::int32_t radius : {markRadius - 1, markRadius + 2}) {
+        drawEllipse(overlay_, origin_, radius, radius, rim);
     }
 }
 

@@ -30,9 +30,9 @@ class PlaneView {
     /// Draws the document's frames, with dots only the ends of their lines, and brings their
     /// drawing caches up to date.
     void draw(ModelDocument& document, bool dots = false);
-    /// The selected frame's lines and mark once more, to be laid over the picture where other
-    /// frames' lines cover them, as the last draw() had them; a null image if it drew neither. It
-    /// uses the view's memory until the next call.
+    /// The selected frame's lines and mark, this with a rim, once more, to be laid over the picture
+    /// where other frames' lines cover them, as the last draw() had them; a null image if it drew
+    /// neither. It uses the view's memory until the next call.
     [[nodiscard]] QImage selectionOverlay(const ModelDocument& document, bool dots = false);
     /// Of how many frames the last draw() had to work out anew where their vertices show.
     [[nodiscard]] std::size_t projectedFrames() const { return projectedFrames_; }
@@ -41,6 +41,8 @@ class PlaneView {
     void drawAxes(const PlaneMapping& mapping);
     void findOrigin(const PlaneMapping& mapping, FrameRecord& root);
     void drawOrigin(Bitmap& bitmap) const;
+    /// Lines around the mark in a colour that it stands out from.
+    void drawOriginRim();
     void projectFrame(const PlaneMapping& mapping, const DrawItem& item);
     void drawFrame(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame,
                    bool dots) const;

@@ -1,7 +1,9 @@
 #include "support/ModelWindowTest.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
+#include <QMenu>
 
 #include <utility>
 #include <vector>
@@ -98,6 +100,64 @@ TEST_F(TMDIChildViews, APressThatActivatesItsWindowOrHoldsCtrlStartsNothing) {
                       starts)
                 << name;
         }
+    }
+}
+
+TEST_F(TMDIChildViews, KeysWorkInEachViewAndARunEndsWithTheFocus) {
+    for (const char* name : {"Image2", "Image3", "Image4", "ThreeDWin"}) {
+        auto& view = child<QWidget>(window(), name);
+        tree().setFocus();
+        const QImage without = view.grab().toImage();
+        view.setFocus();
+        EXPECT_NE(view.grab().toImage(), without) << "the mark of the focus";
+        QTest::keyClick(&view, Qt::Key_2);
+        EXPECT_EQ(document().Tool, ViewTool::MoveFrame);
+        const Matrix4 before = document().Root.Matrix;
+        const CameraAngles angles = window().view().angles;
+        QTest::keyClick(&view, Qt::Key_Right);
+        QTest::keyClick(&view, Qt::Key_Right);
+        const bool space = view.objectName() == QStringLiteral("ThreeDWin");
+        EXPECT_EQ(window().view().angles == angles, !space);
+        EXPECT_EQ(document().Root.Matrix == before, space) << name;
+        tree().setFocus();
+        view.setFocus();
+        QTest::keyClick(&view, Qt::Key_Up);
+        for (int steps = space ? 0 : 2; steps > 0; --steps) {
+            EXPECT_TRUE(window().canUndo());
+            window().undo();
+        }
+        EXPECT_FALSE(window().canUndo());
+        const std::pair<Qt::Key, Qt::KeyboardModifiers> menuKeys[] = {
+            {Qt::Key_Menu, Qt::NoModifier}, {Qt::Key_F10, Qt::ShiftModifier}};
+        for (const auto& [key, held] : menuKeys) {
+            document().PlaneScale = document().CameraDistance = 3;
+            QTest::keyClick(&view, key, held);
+            QWidget* menu = QApplication::activePopupWidget();
+            ASSERT_NE(menu, nullptr) << name;
+            QTest::keyClick(menu, Qt::Key_Return); // the whole model
+            EXPECT_EQ(document().CameraDistance != 3, space);
+            EXPECT_EQ(document().PlaneScale != 3, !space);
+        }
+    }
+    QTest::keyClick(&tree(), Qt::Key_4);
+    EXPECT_EQ(document().Tool, ViewTool::RotateFrame);
+}
+
+TEST_F(TMDIChildViews, CtrlAndAClickSelectAFrameAndPicturesAreCopied) {
+    for (const char* name : {"Image2", "Image1"}) {
+        select("Materials");
+        const QSize size = image(name).size();
+        QTest::mouseClick(&image(name), Qt::LeftButton, Qt::ControlModifier,
+                          {size.width() / 2, size.height() / 2});
+        EXPECT_EQ(tree().currentIndex().data().toString(), QStringLiteral("Frame frm-body"));
+        const QString menu = QString::fromLatin1(name) + QStringLiteral("Menu");
+        auto& commands = child<QMenu>(window(), menu.toLatin1().constData());
+        commands.actions().at(commands.actions().size() - 2)->trigger();
+        EXPECT_EQ(QGuiApplication::clipboard()->image(), picture(name));
+        answerFileDialog(QStringLiteral("SavePictureDialog"), path(name) + QStringLiteral(".png"));
+        commands.actions().constLast()->trigger();
+        EXPECT_EQ(QImage(path(name) + QStringLiteral(".png")).convertToFormat(QImage::Format_RGB32),
+                  picture(name));
     }
 }
 

@@ -24,6 +24,9 @@ TEST_F(TThreeDWinFrameTest, PicturesHaveTheSizeOfTheirControlsOnTheScreen) {
         const QSize size = image(name).parentWidget()->size();
         EXPECT_EQ(image(name).picture().size(), (QSizeF(size) * ratio).toSize()) << name;
     }
+    EXPECT_NE(image("Image1").grab().toImage().convertToFormat(QImage::Format_RGB32), picture());
+    image("Image1").setMarks({});
+    child<QWidget>(window(), "Image1MenuButton").hide();
     EXPECT_EQ(image("Image1").grab().toImage().convertToFormat(QImage::Format_RGB32), picture());
     child<QAction>(window(), "zoom").trigger();
     EXPECT_EQ(image("Image3").cursor().pixmap().devicePixelRatio(), ratio);

@@ -194,6 +194,8 @@ TEST_F(PlaneViewTest, TheSelectedFrameShowsOnceMoreOverOthersAndChangesNoPicture
     EXPECT_EQ(overlay.pixel(45, 30), colors.frames.selected);
     EXPECT_EQ(overlay.pixel(35, 30), 0U) << "nothing of the other frame";
     EXPECT_EQ(overlay.pixel(50, 16), colors.objectAxes);
+    EXPECT_EQ(overlay.pixel(50, 17), 0xff000000U) << "a dark rim around a bright mark";
+    EXPECT_EQ(overlay.pixel(50, 14), 0xff000000U);
     EXPECT_EQ(overlay.pixel(50, 30), colors.cameraCentre) << "stays on top";
     frames[0].ViewFlags[2] = false;
     draw();
