@@ -46,7 +46,7 @@ QString TGuide::linkOf(const QString& heading) {
 }
 
 QVariant TGuide::loadResource(int type, const QUrl& name) {
-    const QVariant loaded = QTextBrowser::loadResource(type, name);
+    QVariant loaded = QTextBrowser::loadResource(type, name);
     if (type != QTextDocument::MarkdownResource) {
         return loaded;
     }

@@ -66,7 +66,7 @@ const MaterialRecord* materialOf(const ModelDocument& document, const NodeData& 
 QString textureDetails(const ModelDocument& document, const MaterialRecord& material) {
     const QString folder = QFileInfo(document.FileName).path();
     const QString name = withoutFolder(material.TextureFile);
-    const QString unseen = textureViewText(material, folder, name);
+    QString unseen = textureViewText(material, folder, name);
     if (!unseen.isEmpty()) {
         return unseen;
     }
