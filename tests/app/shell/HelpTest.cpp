@@ -80,6 +80,8 @@ TEST_F(HelpTest, TheStatusBarHasTheHintUntilSomethingIsToBeTold) {
     const auto& open = child<QToolButton>(form(), "FileOpen1Button");
     EXPECT_EQ(open.toolTip(), QStringLiteral("Open (Ctrl+O)"));
     answerCloseQuestion(path("m.xsi"), QMessageBox::No);
+    form().activateWindow(); // the guide went with its dialog before it had come up
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form()));
     QTest::keyClick(&form(), Qt::Key_F4, Qt::ControlModifier);
     settle();
     EXPECT_TRUE(form().documents().isEmpty());
