@@ -96,11 +96,7 @@ void TTextureView::setUpMouse() {
         DragFilter::Handlers{.press = [this](const DragInput& input) { FormMouseDown(input); },
                              .move = [this](const DragInput& input) { FormMouseMove(input); },
                              .release = [this](const DragInput& input) { FormMouseUp(input); },
-                             .cancel =
-                                 [this] {
-                                     scroll_.reset();
-                                     return cancelDrag();
-                                 },
+                             .cancel = [this] { return cancelDrag(); },
                              .wheel = [this](const DragInput& input,
                                              float notches) { wheelTurned(input, notches); }});
 }
@@ -302,6 +298,10 @@ void TTextureView::texCoordsChanged(const Changes& changes) {
 }
 
 bool TTextureView::cancelDrag() {
+    if (scroll_) {
+        scroll_.reset();
+        return true;
+    }
     if (materials_ == nullptr || !materials_->dragging()) {
         return false;
     }

@@ -185,7 +185,7 @@ class DocumentSession {
     // The views.
 
     /// What the mouse does in the 2D views, from the next press on.
-    void setTool(ViewTool tool);
+    Changes setTool(ViewTool tool);
     Changes setRenderMode(RenderMode mode);
     Changes setViewSetting(bool ViewState::*setting, bool on);
     Changes setDrawApi(DrawApi api);

@@ -10,9 +10,10 @@ namespace korvane {
 
 // Settings
 
-void DocumentSession::setTool(ViewTool tool) {
+Changes DocumentSession::setTool(ViewTool tool) {
     endKeys();
     model_.Tool = tool;
+    return planeDrag_.active() ? Changes() : followPointer();
 }
 
 Changes DocumentSession::setRenderMode(RenderMode mode) {

@@ -14,6 +14,7 @@
 #include "formats/xsi/XsiWriter.h"
 #include "model/forms/TReadProgress.h"
 #include "model/forms/TStructureView.h"
+#include "render/forms/ViewControls.h"
 #include "ui_TMDIChild.h"
 
 #include <QCloseEvent>
@@ -73,6 +74,8 @@ void TMDIChild::clearMessageAtCommands() {
 }
 
 TMDIChild::~TMDIChild() {
+    // they belong to the views, which outlive the members that they use
+    qDeleteAll(findChildren<ViewControls*>());
     ChildDeactivate();
 }
 

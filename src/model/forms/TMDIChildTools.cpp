@@ -52,7 +52,7 @@ void TMDIChild::setUpTools() {
 
 void TMDIChild::toolExecute(ViewTool tool) {
     if (session_) {
-        session_->setTool(tool);
+        apply(session_->setTool(tool));
     }
     showToolCursor();
 }

@@ -112,8 +112,10 @@ void TMDIChild::setUpKeys(const PlaneImage& image) {
 }
 
 bool TMDIChild::toolKey(const QKeyEvent& event) {
-    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier || event.key() < Qt::Key_1 ||
-        event.key() > Qt::Key_5 || ModalCall::running()) {
+    // on some keyboards the digits need Shift
+    const auto held = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    if (held != Qt::NoModifier || event.key() < Qt::Key_1 || event.key() > Qt::Key_5 ||
+        ModalCall::running()) {
         return false;
     }
     QAction* const tools[] = {ui_->zoom, ui_->moveFrame, ui_->moveView, ui_->rotateFrame,

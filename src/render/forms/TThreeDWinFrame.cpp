@@ -140,9 +140,7 @@ void TThreeDWinFrame::showFailure(GlStatus status) {
         return; // closed before it could be told
     }
     if (ModalCall::returning()) {
-        // a box that is asked for now counts as closed, unseen
-        QMetaObject::invokeMethod(
-            this, [this, status] { showFailure(status); }, Qt::QueuedConnection);
+        Q_EMIT contextFailed(status); // later: a box that is asked for now counts as closed, unseen
         return;
     }
     showMessageBox(this, QStringLiteral("GlFailure"), QMessageBox::Critical,

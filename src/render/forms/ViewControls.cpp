@@ -35,7 +35,7 @@ bool writePicture(const QImage& picture, const QString& fileName) {
 } // namespace
 
 QString pictureName(const QString& model, QStringView view) {
-    return QStringLiteral("%1/%2-%3.png")
+    return QStringLiteral("%1%2-%3.png")
         .arg(folderOf(model), QFileInfo(model).completeBaseName(), view);
 }
 
@@ -169,6 +169,13 @@ void ViewControls::copyPicture() const {
     }
 }
 
+bool ViewControls::replacingAgreed(const QString& name) const {
+    return showMessageBox(&view_, QStringLiteral("ReplaceQuestion"), QMessageBox::Question,
+                          QStringLiteral("Save Picture"),
+                          QStringLiteral("%1 exists. Replace it?").arg(QFileInfo(name).fileName()),
+                          QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
 void ViewControls::savePicture() {
     const QImage picture = image_.picture().copy(); // as it is now, whatever happens meanwhile
     if (picture.isNull() || ModalCall::running()) {
@@ -183,12 +190,18 @@ void ViewControls::savePicture() {
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QStringLiteral("png"));
     dialog.setNameFilters({QStringLiteral("PNG picture (*.png)")});
-    startIn(dialog, QFileInfo(offered).path());
+    startIn(dialog, folderOf(offered));
     dialog.selectFile(QFileInfo(offered).fileName());
     if (execModal(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty() || !alive) {
         return;
     }
-    const QString name = dialog.selectedFiles().constFirst();
+    QString name = dialog.selectedFiles().constFirst();
+    if (!name.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
+        name += QLatin1String(".png"); // it must not take the place of a model
+        if (QFileInfo::exists(name) && !replacingAgreed(name)) {
+            return;
+        }
+    }
     if (!writePicture(picture, name)) {
         showMessageBox(&view_, QStringLiteral("PictureFailure"), QMessageBox::Critical,
                        QStringLiteral("Unable to save picture"), name);
