@@ -21,4 +21,10 @@ QMessageBox::StandardButton showMessageBox(QWidget* window, const QString& objec
     return static_cast<QMessageBox::StandardButton>(execModal(box));
 }
 
+bool replacingAgreed(QWidget* window, const QString& fileName) {
+    return showMessageBox(window, QStringLiteral("ReplaceQuestion"), QMessageBox::Warning,
+                          QStringLiteral("File exists.  Replace?"), fileName,
+                          QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
 } // namespace korvane

@@ -11,4 +11,7 @@ QMessageBox::StandardButton showMessageBox(QWidget* window, const QString& objec
                                            const QString& text,
                                            QMessageBox::StandardButtons buttons = QMessageBox::Ok);
 
+/// Asks whether a file that exists may be replaced; for names that no file dialog has asked about.
+bool replacingAgreed(QWidget* window, const QString& fileName);
+
 } // namespace korvane

@@ -267,6 +267,8 @@ class DocumentSession {
     /// After a command of the user has changed the structure.
     Changes structureEdited();
     [[nodiscard]] PlaneMapping mappingOf(const PlaneInput& input) const;
+    /// Records that a frame has moved. One that cannot be recorded is back at its place.
+    void record(const FrameMove& move);
     /// An arrow key of a run that moves or turns the selected frame.
     Changes keyFrame(const PlaneMapping& mapping, ViewKey arrow);
     Changes pick(const PickSpot& spot,

@@ -84,14 +84,7 @@ Changes DocumentSession::keyFrame(const PlaneMapping& mapping, ViewKey arrow) {
     }
     const FrameMove& move = keys->run.move();
     if (keys->run.moves()) {
-        try {
-            recordMove(history_, model_, move.frame, move.before, move.after);
-        } catch (...) {
-            frameAt(model_.Root, move.frame)->Matrix = move.before; // no change without an entry
-            ++model_.LiveChanges;
-            overdue_ = true;
-            throw;
-        }
+        record(move);
     } else if (recorded) { // all is as it was before the run
         model_.Modified = keys->modified;
         model_.Revision = keys->startRevision;

@@ -108,17 +108,22 @@ Changes DocumentSession::movePlane(const PlaneInput& input) {
     return afterPlane(input, planeDrag_.update(input.mouse, mappingOf(input), model_));
 }
 
+void DocumentSession::record(const FrameMove& move) {
+    try {
+        recordMove(history_, model_, move.frame, move.before, move.after);
+    } catch (...) {
+        frameAt(model_.Root, move.frame)->Matrix = move.before; // no change without an entry
+        ++model_.LiveChanges;
+        overdue_ = true;
+        throw;
+    }
+}
+
 Changes DocumentSession::releasePlane(const PlaneInput& input) {
     const auto [stale, move] = planeDrag_.end(input.mouse, mappingOf(input), model_);
     Changes told;
     if (move) {
-        try {
-            recordMove(history_, model_, move->frame, move->before, move->after);
-        } catch (...) {
-            frameAt(model_.Root, move->frame)->Matrix = move->before; // no change without an entry
-            ++model_.LiveChanges;
-            throw;
-        }
+        record(*move);
         told = clearMessage();
     }
     return told | afterPlane(input, stale);

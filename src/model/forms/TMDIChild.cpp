@@ -237,10 +237,7 @@ bool TMDIChild::completeName(QString& name, const QString& suffix) {
     }
     // the dialog takes whatever follows a dot for an extension, and asked about another file
     name += u'.' + suffix;
-    return !QFileInfo::exists(name) ||
-           showMessageBox(this, QStringLiteral("ReplaceQuestion"), QMessageBox::Warning,
-                          QStringLiteral("File exists.  Replace?"), name,
-                          QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    return !QFileInfo::exists(name) || replacingAgreed(this, name);
 }
 
 void TMDIChild::FileSaveAsExecute() {

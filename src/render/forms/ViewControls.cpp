@@ -169,13 +169,6 @@ void ViewControls::copyPicture() const {
     }
 }
 
-bool ViewControls::replacingAgreed(const QString& name) const {
-    return showMessageBox(&view_, QStringLiteral("ReplaceQuestion"), QMessageBox::Question,
-                          QStringLiteral("Save Picture"),
-                          QStringLiteral("%1 exists. Replace it?").arg(QFileInfo(name).fileName()),
-                          QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
-}
-
 void ViewControls::savePicture() {
     const QImage picture = image_.picture().copy(); // as it is now, whatever happens meanwhile
     if (picture.isNull() || ModalCall::running()) {
@@ -198,7 +191,7 @@ void ViewControls::savePicture() {
     QString name = dialog.selectedFiles().constFirst();
     if (!name.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
         name += QLatin1String(".png"); // it must not take the place of a model
-        if (QFileInfo::exists(name) && !replacingAgreed(name)) {
+        if (QFileInfo::exists(name) && !replacingAgreed(&view_, name)) {
             return;
         }
     }

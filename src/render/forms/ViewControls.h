@@ -45,7 +45,6 @@ class ViewControls : public QObject {
     void placeButton();
     void copyPicture() const;
     void savePicture();
-    [[nodiscard]] bool replacingAgreed(const QString& name) const;
 
     QWidget& view_;
     TImage& image_;
