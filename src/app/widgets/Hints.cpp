@@ -20,6 +20,8 @@ struct Hint {
 
 // The 2D views are not here: what they tell of the pointer includes what the mouse does.
 constexpr Hint hints[] = {
+    {"MDIChild", "Splitter2Handle",
+     "Drag, or press Left or Right, to change the width of the pages"},
     {"MDIChild", "TreeView1",
      "The frames and materials of the model; Enter or a double click edits, the right button has "
      "more"},
@@ -169,6 +171,8 @@ void setHints(QWidget& window) {
         if (window.objectName() == QLatin1String(hint.window)) {
             if (auto* control = window.findChild<QWidget*>(QLatin1String(hint.control))) {
                 control->setStatusTip(QString::fromUtf8(hint.text));
+                // the same for those who have it read out to them
+                control->setAccessibleDescription(control->statusTip());
             }
         }
     }

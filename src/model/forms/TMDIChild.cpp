@@ -7,6 +7,7 @@
 #include "app/widgets/ModalCall.h"
 #include "app/widgets/PaletteIcon.h"
 #include "app/widgets/PathTitleStyle.h"
+#include "app/widgets/SplitterKeys.h"
 #include "app/widgets/WidgetText.h"
 #include "app/widgets/WindowFocus.h"
 #include "edit/session/HeapMemory.h"
@@ -36,6 +37,7 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     auto* content = new QWidget(this);
     ui_->setupUi(content);
     setWidget(content);
+    new SplitterKeys(*ui_->Splitter2);
     setHints(*this);
     setWindowTitle(QStringLiteral("MDI Child"));
     setWindowIcon(paletteIcon(QStringLiteral("document")));
