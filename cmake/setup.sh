@@ -4,7 +4,8 @@
 run_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
     libqt6svg6 qt6-wayland libgl-dev libglu1-mesa-dev libopengl-dev libgl1-mesa-dri libxkbcommon-dev libxcb1-dev fonts-dejavu-core"
 # shellcheck disable=SC2034 # for those who source this
-test_packages="$run_packages libgtest-dev libbenchmark-dev locales xvfb xauth openbox"
+test_packages="$run_packages libgtest-dev libbenchmark-dev locales xvfb xauth openbox
+    at-spi2-core dbus-daemon"
 
 # Installs the Debian packages that are missing, and only those.
 ensure_packages() {

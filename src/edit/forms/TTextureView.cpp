@@ -91,6 +91,9 @@ void TTextureView::connectControls() {
 }
 
 void TTextureView::setUpMouse() {
+    ui_.Image1->setSentence([this] {
+        return materials_ != nullptr ? materials_->textureSentence(selectedPart()) : QString();
+    });
     mouse_ = std::make_unique<DragFilter>(
         *ui_.Image1,
         DragFilter::Handlers{.press = [this](const DragInput& input) { FormMouseDown(input); },
@@ -136,6 +139,7 @@ void TTextureView::showTextureName() {
                                     ui_.texname->minimumWidth() - taken - textMargin);
     ui_.texname->setTitle(title.arg(captionOf(name)));
     ui_.texname->setToolTip(toolTipOf(shownText(file)));
+    ui_.texname->setAccessibleDescription(shownText(file));
 }
 
 void TTextureView::showPicture() {

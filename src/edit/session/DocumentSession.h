@@ -237,6 +237,10 @@ class DocumentSession {
     /// Turns the camera.
     Changes lookAlong(const CameraAngles& angles);
 
+    /// What the views show, each in one sentence for people who cannot see it.
+    [[nodiscard]] QString describePlane(const PlaneInput& view) const;
+    [[nodiscard]] QString describeSpace() const;
+
     // The status bar.
 
     /// Where the pointer is in a 2D view and what it does there, else what the program has to say,

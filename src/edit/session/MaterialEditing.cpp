@@ -3,7 +3,10 @@
 #include "edit/history/MaterialEdits.h"
 #include "edit/history/SlotEdits.h"
 #include "edit/materials/MaterialValues.h"
+#include "edit/materials/TextureViewText.h"
 #include "render/scene/DrawMaterials.h"
+
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cstddef>
@@ -92,6 +95,19 @@ QString MaterialEditing::faceText(const std::optional<FacePart>& selected) const
     const std::optional<std::size_t> material = materialOf(selected->face);
     return material ? QStringLiteral("Shows Material %1").arg(*material + 1)
                     : QStringLiteral("Shows no material");
+}
+
+QString MaterialEditing::textureSentence(const std::optional<FacePart>& selected) const {
+    const QString name = withoutFolder(material().TextureFile);
+    QString text = textureViewText(material(), QFileInfo(model_.FileName).path(), name);
+    if (!text.isEmpty()) {
+        return text;
+    }
+    text = QStringLiteral("The texture %1 with the faces over it").arg(name);
+    if (selected) {
+        text += QStringLiteral("; face %1 is selected").arg(selected->face + 1);
+    }
+    return text + u'.';
 }
 
 std::optional<std::int32_t> MaterialEditing::onlyMaterial() const {

@@ -76,6 +76,8 @@ class MaterialEditing {
     [[nodiscard]] std::optional<std::size_t> materialOf(std::size_t face) const;
     /// The same in words; empty for no face.
     [[nodiscard]] QString faceText(const std::optional<FacePart>& selected) const;
+    /// What the texture view shows, in one sentence for people who cannot see it.
+    [[nodiscard]] QString textureSentence(const std::optional<FacePart>& selected) const;
     /// The one material that all slots lead to, which the mesh must keep.
     [[nodiscard]] std::optional<std::int32_t> onlyMaterial() const;
 

@@ -2,6 +2,7 @@
 
 #include "edit/history/StructureEdits.h"
 #include "edit/session/DocumentSession.h"
+#include "edit/session/ViewSentence.h"
 #include "render/scene/StartCamera.h"
 
 #include <utility>
@@ -79,6 +80,14 @@ void DocumentSession::placePlanes(std::int32_t width, std::int32_t height) {
     if (!std::exchange(planesPlaced_, true)) {
         startPlanes(model_, width, height);
     }
+}
+
+QString DocumentSession::describePlane(const PlaneInput& view) const {
+    return planeSentence(model_, mappingOf(view));
+}
+
+QString DocumentSession::describeSpace() const {
+    return spaceSentence(model_, view_);
 }
 
 // The mouse in the 2D views

@@ -19,14 +19,6 @@ namespace korvane {
 
 namespace {
 
-/// A name on one line, without its middle where it is long: files can hold names of any length.
-QString shortName(const QString& name) {
-    constexpr qsizetype longest = 48;
-    constexpr qsizetype kept = longest / 2 - 1;
-    const QString line = name.simplified();
-    return line.size() <= longest ? line : line.first(kept) + u'…' + line.last(kept);
-}
-
 /// "; not found: rock.tga, sail.pic and 2 more", or nothing where there are no names.
 QString listed(const char* what, const QStringList& names) {
     constexpr qsizetype most = 2;
@@ -124,6 +116,17 @@ int decimalsOf(const PlaneMapping& mapping) {
 
 } // namespace
 
+QString shortName(const QString& name) {
+    constexpr qsizetype longest = 48;
+    constexpr qsizetype kept = longest / 2 - 1;
+    const QString line = name.simplified();
+    return line.size() <= longest ? line : line.first(kept) + u'…' + line.last(kept);
+}
+
+QString placeText(const PlaneMapping& mapping, const Vec3& place) {
+    return coordinates(mapping.plane, place, decimalsOf(mapping));
+}
+
 QString countsText(const ModelDocument& document) {
     return QString::fromStdString(summary(countModel(document.Root)));
 }
@@ -189,11 +192,10 @@ QString movedText(const PlaneMapping& mapping, const DragProgress& progress) {
 
 QString pointerText(const PlaneMapping& mapping, const DragInput& input,
                     const std::optional<DragProgress>& progress, ViewTool tool) {
-    const int decimals = decimalsOf(mapping);
     const PlanePoint under = mapping.under(input.x, input.y);
-    const QString text = coordinates(mapping.plane, toWorld(mapping.plane, under), decimals);
-    return text + QStringLiteral("   ") +
-           (progress ? progressText(mapping.plane, *progress, decimals) : toolHint(tool));
+    return placeText(mapping, toWorld(mapping.plane, under)) + QStringLiteral("   ") +
+           (progress ? progressText(mapping.plane, *progress, decimalsOf(mapping))
+                     : toolHint(tool));
 }
 
 } // namespace korvane

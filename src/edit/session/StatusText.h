@@ -38,6 +38,12 @@ QString savedText(const ModelDocument& document, SaveResult result, const OtherS
 /// What the status bar says of a model from a recovery copy.
 QString recoveredText(const ModelDocument& document, const UnseenTextures& unseen);
 
+/// A name on one line, without its middle where it is long: files can hold names of any length.
+QString shortName(const QString& name);
+
+/// The coordinates that a 2D view shows of a place in world space, to the pixel: "x 1.25  y -3.50".
+QString placeText(const PlaneMapping& mapping, const Vec3& place);
+
 /// What the mouse does in the 2D views.
 QString toolHint(ViewTool tool);
 

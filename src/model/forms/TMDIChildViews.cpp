@@ -90,25 +90,29 @@ void TMDIChild::setUpViews() {
 }
 
 void TMDIChild::setUpKeys(const PlaneImage& image) {
-    new ViewControls(*image.image, *image.image,
-                     {.key =
-                          [this, plane = image.plane](ViewKey key) {
-                              if (session_) {
-                                  apply(session_->keyPlane(inputOf(plane, {}), key));
-                              }
-                          },
-                      .leave =
-                          [this] {
-                              if (session_) {
-                                  session_->endKeys();
-                              }
-                          },
-                      .pictureName =
-                          [this, label = image.label] {
-                              return session_ ? pictureName(session_->model().FileName,
-                                                            label->text().toLower())
-                                              : QString();
-                          }});
+    new ViewControls(
+        *image.image, *image.image,
+        {.key =
+             [this, plane = image.plane](ViewKey key) {
+                 if (session_) {
+                     apply(session_->keyPlane(inputOf(plane, {}), key));
+                 }
+             },
+         .leave =
+             [this] {
+                 if (session_) {
+                     session_->endKeys();
+                 }
+             },
+         .pictureName =
+             [this, label = image.label] {
+                 return session_ ? pictureName(session_->model().FileName, label->text().toLower())
+                                 : QString();
+             },
+         .sentence =
+             [this, plane = image.plane] {
+                 return session_ ? session_->describePlane(inputOf(plane, {})) : QString();
+             }});
 }
 
 bool TMDIChild::toolKey(const QKeyEvent& event) {

@@ -10,7 +10,7 @@
 
 namespace korvane {
 
-TImage::TImage(QWidget* parent) : QWidget(parent) {}
+TImage::TImage(QWidget* parent) : PictureWidget(parent) {}
 
 void TImage::showPicture(const QImage& picture, const QImage& overlay) {
     picture_ = picture;

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "app/widgets/PictureWidget.h"
+
 #include <QImage>
-#include <QWidget>
 
 #include <functional>
 #include <utility>
@@ -13,7 +14,7 @@ namespace korvane {
 ///
 /// A control with a drawing function asks for its picture when it is about to paint and the picture
 /// is stale: several wishes to redraw are one drawing, and a control that nobody sees costs none.
-class TImage : public QWidget {
+class TImage : public PictureWidget {
     Q_OBJECT
   public:
     explicit TImage(QWidget* parent = nullptr);

@@ -17,7 +17,7 @@
 namespace korvane {
 
 TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
-    : QWidget(parent), ui_(std::make_unique<Ui::TThreeDWinFrame>()),
+    : PictureWidget(parent), ui_(std::make_unique<Ui::TThreeDWinFrame>()),
       driver_(&GlDriver::standard()) {
     ui_->setupUi(this);
     ui_->Image1->setDrawing([this] { draw(); });
@@ -94,7 +94,9 @@ void TThreeDWinFrame::setUpKeys() {
              [this] {
                  return session_ != nullptr ? pictureName(session_->model().FileName, u"3d")
                                             : QString();
-             }});
+             },
+         .sentence =
+             [this] { return session_ != nullptr ? session_->describeSpace() : QString(); }});
     auto* directions = new QMenu(QStringLiteral("Look Along"), ui_->Image1);
     for (const AxisDirection& axis : axisDirections) {
         QAction* action = directions->addAction(QString::fromLatin1(axis.name));

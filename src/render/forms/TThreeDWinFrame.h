@@ -1,9 +1,8 @@
 #pragma once
 
+#include "app/widgets/PictureWidget.h"
 #include "edit/session/DocumentSession.h"
 #include "render/software/SoftwareView.h"
-
-#include <QWidget>
 
 #include <memory>
 
@@ -22,7 +21,7 @@ enum class GlStatus;
 /// The 3D view of a document window: draws the model with OpenGL or by software and shows the
 /// picture in its image control. The left button turns the model, the right button and the wheel
 /// move the eye. Ctrl with the left one selects a frame.
-class TThreeDWinFrame : public QWidget {
+class TThreeDWinFrame : public PictureWidget {
     Q_OBJECT
   public:
     explicit TThreeDWinFrame(QWidget* parent = nullptr);

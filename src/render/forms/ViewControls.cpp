@@ -65,9 +65,11 @@ std::optional<ViewKey> viewKey(const QKeyEvent& event) {
     }
 }
 
-ViewControls::ViewControls(QWidget& view, TImage& image, Handlers handlers)
+ViewControls::ViewControls(PictureWidget& view, TImage& image, Handlers handlers)
     : QObject(&view), view_(view), image_(image), handlers_(std::move(handlers)),
       menu_(*new QMenu(&image)), button_(new QToolButton(&image)) {
+    view.setSentence(handlers_.sentence);
+    image.setSentence(handlers_.sentence);
     menu_.setObjectName(image.objectName() + QStringLiteral("Menu"));
     menu_.setAccessibleName(QStringLiteral("Menu of the view"));
     button_->setObjectName(image.objectName() + QStringLiteral("MenuButton"));
@@ -80,7 +82,7 @@ ViewControls::ViewControls(QWidget& view, TImage& image, Handlers handlers)
     connect(button_, &QToolButton::clicked, this, &ViewControls::showMenu);
     addCommands();
     image.installEventFilter(this);
-    if (&view != static_cast<QWidget*>(&image)) {
+    if (&view != &image) {
         view.installEventFilter(this);
     }
     placeButton();
@@ -153,6 +155,7 @@ bool ViewControls::keyEvent(const QKeyEvent& event) {
     const std::optional<ViewKey> key = viewKey(event);
     if (key && !ModalCall::running()) {
         handlers_.key(*key);
+        view_.sentenceChanged();
     }
     return key.has_value();
 }

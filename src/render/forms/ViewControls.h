@@ -14,6 +14,7 @@ class QToolButton;
 
 namespace korvane {
 
+class PictureWidget;
 class TImage;
 
 /// What a view is besides its picture and the mouse: its keys, the mark of the focus, and its menu,
@@ -26,11 +27,12 @@ class ViewControls : public QObject {
         std::function<void(ViewKey)> key;
         std::function<void()> leave;          ///< the view has lost the focus
         std::function<QString()> pictureName; ///< the path that "Save Picture..." offers
+        std::function<QString()> sentence;    ///< what the view shows, for screen readers
     };
 
     /// `view` has the focus, `image` shows the picture; both may be the same. The view owns this
     /// object.
-    ViewControls(QWidget& view, TImage& image, Handlers handlers);
+    ViewControls(PictureWidget& view, TImage& image, Handlers handlers);
 
     /// A menu of what else the view can do, before the commands for the picture.
     void insert(QMenu& submenu);
@@ -46,7 +48,7 @@ class ViewControls : public QObject {
     void copyPicture() const;
     void savePicture();
 
-    QWidget& view_;
+    PictureWidget& view_;
     TImage& image_;
     Handlers handlers_;
     QMenu& menu_;

@@ -1,0 +1,42 @@
+#include "app/widgets/PictureWidget.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace korvane {
+
+namespace {
+
+class Graphic : public QAccessibleWidget {
+  public:
+    explicit Graphic(PictureWidget& picture)
+        : QAccessibleWidget(&picture, QAccessible::Graphic), picture_(picture) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Description ? picture_.sentence()
+                                                : QAccessibleWidget::text(kind);
+    }
+
+  private:
+    PictureWidget& picture_; ///< the toolkit drops the interface with it
+};
+
+QAccessibleInterface* graphicOf(const QString& /*className*/, QObject* object) {
+    auto* picture = qobject_cast<PictureWidget*>(object);
+    return picture != nullptr ? new Graphic(*picture) : nullptr;
+}
+
+} // namespace
+
+PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
+    // here, as the first name that the widget is given makes its interface; several times count
+    // once
+    QAccessible::installFactory(graphicOf);
+}
+
+void PictureWidget::sentenceChanged() {
+    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace korvane
