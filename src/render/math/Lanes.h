@@ -5,8 +5,8 @@
 
 namespace korvane {
 
-// Four numbers side by side. The compilers turn these into the vector instructions of whatever
-// machine they build for; loops over single numbers they do not, once a depth test is in them.
+// Four numbers side by side. The compilers map these to the vector instructions of any machine.
+// They stop vectorising plain loops once a depth test is in them.
 using FloatLanes [[gnu::vector_size(16)]] = float;
 using IntLanes [[gnu::vector_size(16)]] = std::int32_t;
 using UnsignedLanes [[gnu::vector_size(16)]] = std::uint32_t;
@@ -38,7 +38,7 @@ inline IntLanes allLanes(std::int32_t value) {
     return IntLanes{value, value, value, value};
 }
 
-/// Each lane of a where the lane of the mask is all ones, of b where it is zero.
+/// Takes each lane from a where the mask's lane is all ones, from b where it is zero.
 inline IntLanes select(IntLanes mask, IntLanes a, IntLanes b) {
     return (mask & a) | (~mask & b);
 }
@@ -55,7 +55,7 @@ inline bool anyLane(IntLanes mask) {
     return (halves[0] | halves[1]) != 0;
 }
 
-/// Truncated toward zero; every lane has to be within range.
+/// Truncates toward zero; every lane must be within range.
 inline IntLanes truncated(FloatLanes lanes) {
     return __builtin_convertvector(lanes, IntLanes);
 }
@@ -64,7 +64,7 @@ inline FloatLanes numbers(IntLanes lanes) {
     return __builtin_convertvector(lanes, FloatLanes);
 }
 
-/// Eight bytes, the lowest first, as numbers.
+/// Widens eight bytes to numbers, the lowest byte first.
 inline ShortLanes widened(std::uint64_t bytes) {
     using ByteLanes [[gnu::vector_size(16)]] = std::uint8_t;
     const auto low = reinterpret_cast<ByteLanes>(WideLanes{bytes, 0});
@@ -84,7 +84,7 @@ inline ShortLanes lowerHalves(ShortLanes a, ShortLanes b) {
         reinterpret_cast<WideLanes>(a), reinterpret_cast<WideLanes>(b), 0, 2));
 }
 
-/// Each lane kept between the bounds; a lane that is no number becomes the lower one.
+/// Clamps each lane to the bounds; NaN becomes the lower one.
 inline FloatLanes clampLanes(FloatLanes lanes, FloatLanes low, FloatLanes high) {
     const FloatLanes raised = lanes > low ? lanes : low;
     return raised < high ? raised : high;

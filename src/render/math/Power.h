@@ -5,20 +5,19 @@
 
 namespace korvane {
 
-/// base to the power of `exponent` as the nearest float or one beside it, for a base above 0. The
-/// library's function also keeps track of floating-point exceptions, and where wide vector
-/// registers are in use around it a call costs up to thirty times as much: this runs for every
-/// highlight. What is beyond 2^126 or below 2^-126 comes out as that, and where the exponent is no
-/// number as 2^-126.
+/// `base` to the power of `exponent` for a base above 0, accurate to the nearest float or its
+/// neighbour. The result is clamped to 2^-126 and 2^126; a NaN exponent returns 2^-126. This runs
+/// for every highlight: std::pow also maintains the floating-point exceptions, and among wide
+/// vector registers a call of it takes up to thirty times as long.
 inline float positivePower(float base, float exponent) {
-    // base = mantissa * 2^whole, with a mantissa from the root of 1/2 to the root of 2
+    // base = mantissa * 2^whole, with a mantissa between sqrt(1/2) and sqrt(2)
     constexpr std::uint64_t rootOfHalf = 0x3fe6a09e667f3bcdU;
     constexpr std::uint64_t fraction = (std::uint64_t{1} << 52U) - 1;
     const std::uint64_t above = std::bit_cast<std::uint64_t>(double{base}) - rootOfHalf;
     const auto whole = static_cast<double>(static_cast<std::int64_t>(above) >> 52U);
     const auto mantissa = std::bit_cast<double>((above & fraction) + rootOfHalf);
 
-    // the series of the logarithm by s = (m - 1) / (m + 1), which is at most 0.172 here
+    // the logarithm's series in s = (m - 1) / (m + 1), which is at most 0.172 here
     constexpr double logarithmOf2 = 0.6931471805599453;
     const double s = (mantissa - 1.0) / (mantissa + 1.0);
     const double t = s * s;

@@ -14,7 +14,7 @@ struct Vec2 {
     bool operator==(const Vec2&) const = default;
 };
 
-/// A point or a direction; which space it lives in is told where it is used.
+/// A point or a direction; each use states its space.
 struct Vec3 {
     float x = 0.0F;
     float y = 0.0F;
@@ -36,9 +36,9 @@ inline bool isFinite(const Vec3& p) {
     return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
 
-/// A 4 x 4 matrix, row by row: element k is row k / 4, column k % 4. Points are row vectors
-/// (p times M), so rows 0 to 2 are the images of the axes and elements 12 to 14 the translation.
-/// Element 15 is the homogeneous 1, by which no operation divides. A new matrix is the identity.
+/// A 4 x 4 matrix, row by row: element k is row k / 4, column k % 4. Points are row vectors (p
+/// times M), so rows 0 to 2 are the images of the axes and elements 12 to 14 the translation.
+/// Element 15 is the homogeneous 1; no operation divides by it. A new matrix is the identity.
 struct Matrix4 {
     std::array<float, 16> m = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
@@ -63,25 +63,24 @@ struct RenderVertex {
     float specularIntensity = 0.0F; ///< float 11, 0 to 1
 };
 
-// Every component of a result is one expression over double precision terms, rounded to single
-// precision once, when it is stored.
+// Each component of a result is computed in double precision and rounded to single precision once.
 
 /// p times column c of the upper 3 x 3, in double precision.
 inline double turnedComponent(const Vec3& p, const Matrix4& a, std::size_t c) {
     return double{p.x} * a[c] + double{p.y} * a[4 + c] + double{p.z} * a[8 + c];
 }
 
-/// A times B: with row vectors A acts first and B second. A child's world matrix is therefore
+/// A times B: as points are row vectors, A acts first. So a child's world matrix is
 /// MatrixMatrix(child's own matrix, parent's world matrix).
 Matrix4 MatrixMatrix(const Matrix4& a, const Matrix4& b);
 
-/// The point p moved by A, translation included.
+/// The point p transformed by A, translation included.
 Vec3 VectorMatrix(const Vec3& p, const Matrix4& a);
 
 /// The scalar product.
 float dotproduct(const Vec3& p, const Vec3& q);
 
-/// p divided by its length; a zero vector stays zero, a very short one is divided as any other.
+/// p divided by its length; a length of 0 or NaN counts as 1e-6, so a zero vector stays zero.
 inline Vec3 Normalize(const Vec3& p) {
     auto length =
         static_cast<float>(std::sqrt(double{p.x} * p.x + double{p.y} * p.y + double{p.z} * p.z));
@@ -91,7 +90,7 @@ inline Vec3 Normalize(const Vec3& p) {
     return {p.x / length, p.y / length, p.z / length};
 }
 
-/// The unit vector of a direction given in double precision; zero where it has no finite length.
+/// The unit vector of a direction; zero if the length is zero or not finite.
 inline Vec3 unitVector(double x, double y, double z) {
     const double length = std::sqrt(x * x + y * y + z * z);
     if (!(length > 0) || !std::isfinite(length)) {
@@ -101,7 +100,7 @@ inline Vec3 unitVector(double x, double y, double z) {
             static_cast<float>(z / length)};
 }
 
-/// Whether the matrix turns right hands into left ones.
+/// Whether the matrix reverses handedness.
 inline bool mirrors(const Matrix4& m) {
     return double{m[0]} * (double{m[5]} * m[10] - double{m[6]} * m[9]) -
                double{m[1]} * (double{m[4]} * m[10] - double{m[6]} * m[8]) +
@@ -109,7 +108,7 @@ inline bool mirrors(const Matrix4& m) {
            0;
 }
 
-/// A sum of vectors that is rounded only when it is taken out.
+/// A sum of vectors in double precision, rounded only when read.
 class VectorSum {
   public:
     void add(const Vec3& v) {
