@@ -8,22 +8,22 @@
 
 namespace korvane {
 
-/// A pixel of a Bitmap: 0xffRRGGBB as an integer; 0 for none, where a bitmap is laid over another.
+/// A pixel of a Bitmap: 0xffRRGGBB as an integer, or 0 for a transparent pixel of an overlay.
 using BitmapPixel = std::uint32_t;
 
-/// A picture in memory that drawing goes into: rows of 32-bit pixels, top row first, without gaps.
-/// A QImage of the format RGB32 can wrap its memory.
+/// A picture in memory to draw into: rows of 32-bit pixels, top row first, without gaps. A QImage
+/// of the format RGB32 can wrap its memory.
 class Bitmap {
   public:
-    /// Pixels behind the last row that may be read, and written with what they hold: drawing goes
-    /// over rows in whole blocks.
+    /// Pixels behind the last row. Drawing goes over rows in whole blocks, so it may read these and
+    /// write the same values back.
     static constexpr std::size_t slack = 16;
 
-    /// Changes the size, each side taken as at least 1; the content is unspecified afterwards.
-    /// Where memory runs out the bitmap stays as it was.
+    /// Changes the size, each side taken as at least 1, and leaves the content unspecified. If
+    /// memory runs out, the bitmap stays as it was.
     void resize(std::int32_t width, std::int32_t height);
     void fill(BitmapPixel color);
-    /// Puts the rows into the opposite order.
+    /// Reverses the order of the rows.
     void turnOver();
 
     [[nodiscard]] std::int32_t width() const { return width_; }
@@ -33,7 +33,7 @@ class Bitmap {
     /// width() times height().
     [[nodiscard]] std::size_t pixelCount() const { return pixels_.size() - slack; }
 
-    /// The pixel at a column and row within the picture.
+    /// The pixel at a column and row, which must lie within the picture.
     [[nodiscard]] BitmapPixel at(std::int32_t x, std::int32_t y) const {
         return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
                        static_cast<std::size_t>(x)];
@@ -45,9 +45,9 @@ class Bitmap {
     std::vector<BitmapPixel> pixels_ = std::vector<BitmapPixel>(1 + slack);
 };
 
-/// The bitmap as an image that uses its memory: valid until the bitmap is resized or gone.
+/// Wraps the bitmap's memory as an image: valid until the bitmap is resized or destroyed.
 QImage imageOf(const Bitmap& bitmap);
-/// The same for one to be laid over another: pixels of value 0 are transparent.
+/// The same for an overlay: pixels of value 0 are transparent.
 QImage overlayOf(const Bitmap& bitmap);
 
 /// How many pixels of a 32-bit image differ from the colour.

@@ -10,12 +10,12 @@ namespace korvane {
 
 namespace {
 
-/// Up to this far away a line keeps the very pixels of the whole line: products of two such lengths
-/// stay within 64 bits. Whatever reaches farther is cut to this first.
+/// Within this distance a cut line keeps the exact pixels of the whole line: products of two such
+/// lengths fit into 64 bits. Lines that reach farther are first cut to this.
 constexpr std::int32_t exactReach = (1 << 28) - 1;
 
-/// A line by its longer and its shorter side. Each step goes one pixel along the longer one; after
-/// i steps it has gone (2 i shorter + longer) / (2 longer) pixels, rounded down, along the other.
+/// A line by its longer and its shorter side. Each step goes one pixel along the longer one. After
+/// i steps it has gone (2 i shorter + longer) / (2 longer) pixels, rounded down, across.
 struct Slope {
     std::int64_t longer;
     std::int64_t shorter;
@@ -23,7 +23,7 @@ struct Slope {
     std::ptrdiff_t across; ///< one pixel along the shorter side
 };
 
-/// Draws steps of the line; the first is at `at`, `rest` being what its rounding cut off.
+/// Draws steps of the line from `at` on; `rest` is the remainder of the first one's rounding.
 void drawSteps(BitmapPixel* at, const Slope& slope, std::int64_t rest, std::int64_t steps,
                BitmapPixel color) {
     // negative until a step across is due
@@ -31,7 +31,7 @@ void drawSteps(BitmapPixel* at, const Slope& slope, std::int64_t rest, std::int6
     *at = color;
     for (; steps > 0; --steps) {
         due += 2 * slope.shorter;
-        // no branch: when a step across comes cannot be foreseen
+        // no branch: steps across are unpredictable
         const std::int64_t mask = ~(due >> 63);
         due -= 2 * slope.longer & mask;
         at += slope.along + (slope.across & static_cast<std::ptrdiff_t>(mask));
@@ -39,8 +39,7 @@ void drawSteps(BitmapPixel* at, const Slope& slope, std::int64_t rest, std::int6
     }
 }
 
-/// How far a line may go from `start` along one axis: at least until it comes into the bitmap, at
-/// most until it leaves.
+/// The distances from a line's start along one axis at which it enters and leaves the bitmap.
 struct Reach {
     std::int64_t least;
     std::int64_t most;
@@ -50,13 +49,13 @@ Reach reachWithin(std::int64_t start, std::int64_t size, bool forward) {
     return forward ? Reach{-start, size - 1 - start} : Reach{start - (size - 1), start};
 }
 
-/// The first step of the line that has gone so far (at least 1) along its shorter side.
+/// The first step at which the line has gone `distance` (at least 1) along its shorter side.
 std::int64_t stepReaching(const Slope& slope, std::int64_t distance) {
     return (2 * distance * slope.longer - slope.longer + 2 * slope.shorter - 1) /
            (2 * slope.shorter);
 }
 
-/// Draws the part of a line that lies within the bitmap.
+/// Draws the part of a line within the bitmap.
 void drawPart(Bitmap& bitmap, PixelPoint from, const Slope& slope, const Reach& along,
               const Reach& across, BitmapPixel color) {
     if (across.most < 0 || across.least > slope.shorter) {
@@ -80,13 +79,13 @@ void drawPart(Bitmap& bitmap, PixelPoint from, const Slope& slope, const Reach& 
     drawSteps(bitmap.pixels() + start, slope, gone - whole * 2 * slope.longer, last - first, color);
 }
 
-/// Leaves only what lies within the exact reach of a line with finite ends. False if nothing does.
+/// Cuts a line with finite ends to the exact reach. Returns false if nothing is left.
 bool cutToReach(std::pair<double, double>& x, std::pair<double, double>& y) {
     constexpr double reach = exactReach;
     double start = 0.0;
     double end = 1.0;
     for (const auto& [from, to] : {x, y}) {
-        // halves: the difference of the ends may be out of range
+        // in halves, as the difference of the ends may overflow
         const double way = to / 2 - from / 2;
         if (way == 0.0) {
             if (std::abs(from) > reach) {
@@ -135,11 +134,11 @@ struct Line {
 
     std::int64_t dx;
     std::int64_t dy;
-    bool flat; ///< its longer side lies across
+    bool flat; ///< whether the longer side is horizontal
     Slope slope{};
 };
 
-/// For a line that may come into the bitmap and leaves it.
+/// Draws a line with an end outside the bitmap.
 void drawCutLine(Bitmap& bitmap, PixelPoint from, PixelPoint to, BitmapPixel color) {
     if (!withinReach(from) || !withinReach(to)) {
         const auto number = [](std::int32_t at) { return static_cast<double>(at); };
@@ -188,7 +187,7 @@ void drawEllipse(Bitmap& bitmap, PixelPoint centre, std::int32_t radiusX, std::i
     const auto plot = [&](std::int64_t x, std::int64_t y) {
         drawPixel(bitmap, std::int64_t{centre.x} + x, std::int64_t{centre.y} + y, color);
     };
-    // one quarter from the left to the top, by the error of (x / a)^2 + (y / b)^2 = 1
+    // traces one quarter by the error of (x / a)^2 + (y / b)^2 = 1 and mirrors it
     std::int64_t x = -a;
     std::int64_t y = 0;
     std::int64_t stepX = (1 + 2 * x) * b * b;
@@ -211,7 +210,7 @@ void drawEllipse(Bitmap& bitmap, PixelPoint centre, std::int32_t radiusX, std::i
             error += stepY;
         }
     } while (x <= 0);
-    // a narrow one ends before its tip
+    // a narrow ellipse ends before its tip
     for (; y <= b; ++y) {
         plot(0, y);
         plot(0, -y);

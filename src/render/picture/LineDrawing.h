@@ -16,37 +16,36 @@ struct PixelPoint {
     bool operator==(const PixelPoint&) const = default;
 };
 
-/// Stands for a place too far off for the numbers of a pixel, or for no place at all.
+/// Stands for a place too far off for a PixelPoint, or for no place.
 inline constexpr PixelPoint noPixel = {std::numeric_limits<std::int32_t>::min(), 0};
 
 /// The nearest pixel to a place, or noPixel.
 inline PixelPoint pixelAt(double x, double y) {
     constexpr std::int32_t farthest = 1 << 28;
-    // also false for what is no number
+    // negated, to catch NaN too
     if (!(std::abs(x) < farthest && std::abs(y) < farthest)) {
         return noPixel;
     }
-    // rounded by cutting off what has been made positive
+    // made positive first, as the conversion truncates toward zero
     const auto pixel = [](double place) {
         return static_cast<std::int32_t>(place + (farthest + 0.5)) - farthest;
     };
     return {pixel(x), pixel(y)};
 }
 
-// Only what lies within the bitmap is drawn, and only that takes time: the pixels are those of the
-// whole line, so that a picture that is moved does not change its lines.
+// Only the part within the bitmap is drawn and takes time. Its pixels are those of the whole line,
+// so that panning a picture does not change its lines.
 
 /// Draws a line one pixel wide, both ends included.
 void drawLine(Bitmap& bitmap, PixelPoint from, PixelPoint to, BitmapPixel color);
 
-/// Draws a line between two places in pixels, each taken as the nearest pixel. The pixels are those
-/// of the whole line up to 1e12 away; farther off they get less accurate. Draws nothing if one of
-/// the numbers is not finite.
+/// Draws a line between two places in pixels, each rounded to the nearest pixel. The pixels are
+/// exact up to 1e12 away and get less accurate beyond. Draws nothing if a number is not finite.
 void drawLine(Bitmap& bitmap, double fromX, double fromY, double toX, double toY,
               BitmapPixel color);
 
-/// Draws a line around an ellipse that reaches so many pixels from its centre to either side; radii
-/// count as at least 0 and at most as 4096.
+/// Draws the outline of an ellipse that reaches a radius to either side of its centre pixel. Radii
+/// are clamped to 0 and 4096.
 void drawEllipse(Bitmap& bitmap, PixelPoint centre, std::int32_t radiusX, std::int32_t radiusY,
                  BitmapPixel color);
 
