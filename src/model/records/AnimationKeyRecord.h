@@ -5,7 +5,7 @@
 
 namespace korvane {
 
-/// One key of a frame's animation; how many values it carries follows from the frame's key type.
+/// One key of a frame's animation. The frame's key type decides the number of values.
 struct AnimationKeyRecord {
     std::int32_t Time = 0;
     std::vector<float> Values;

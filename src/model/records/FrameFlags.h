@@ -21,9 +21,8 @@ struct FrameFlags {
     bool operator==(const FrameFlags&) const = default;
 };
 
-/// The flags that a frame and its mesh have.
 FrameFlags frameFlags(const FrameRecord& frame);
-/// Gives a frame and its mesh flags; their lists stay as they are.
+/// Sets the flags of a frame and its mesh and leaves their lists alone.
 void setFrameFlags(FrameRecord& frame, const FrameFlags& flags);
 
 } // namespace korvane

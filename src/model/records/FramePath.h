@@ -10,10 +10,10 @@ namespace korvane {
 
 struct FrameRecord;
 
-/// Where a frame stands: the 1-based child numbers that lead to it from the root, whose own path is
-/// empty. Frames are held by value and move when a sibling list changes: a pointer to one does not
-/// outlive an edit, a path does. Paths share what they have in common: every frame has one, and a
-/// tree may be deep.
+/// The position of a frame: the 1-based child numbers from the root, whose own path is empty.
+/// Frames are held by value and move when a sibling list changes, so a path outlives an edit and a
+/// pointer does not. As every frame has a path and trees may be deep, paths share their common
+/// part.
 class FramePath {
   public:
     FramePath() = default;
@@ -22,10 +22,10 @@ class FramePath {
     /// The path of a child of this path's frame, by its 1-based number.
     [[nodiscard]] FramePath child(std::int32_t number) const;
 
-    /// The path of the parent; that of the root itself for the root.
+    /// The parent's path; the root returns its own.
     [[nodiscard]] FramePath parent() const;
 
-    /// How far below the root: 0 for the root itself.
+    /// The number of levels below the root.
     [[nodiscard]] std::size_t depth() const { return last_ == nullptr ? 0 : last_->depth; }
     [[nodiscard]] std::vector<std::int32_t> childNumbers() const;
 
@@ -41,8 +41,8 @@ class FramePath {
     std::shared_ptr<const Step> last_; ///< null for the root
 };
 
-/// The frame that the child numbers lead to from the root, or null where they lead to none. The
-/// pointer is valid until the next structural edit.
+/// The frame at the end of the child numbers from the root, or null if there is none. Valid until
+/// the next structural edit.
 FrameRecord* frameAt(FrameRecord& root, std::span<const std::int32_t> childNumbers);
 const FrameRecord* frameAt(const FrameRecord& root, std::span<const std::int32_t> childNumbers);
 FrameRecord* frameAt(FrameRecord& root, const FramePath& path);

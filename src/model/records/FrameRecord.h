@@ -14,11 +14,11 @@
 
 namespace korvane {
 
-/// Frames nest no deeper than this below the root, so that recursion over a tree (destruction
-/// included) is bounded whatever a file says.
+/// Frames nest no deeper than this below the root, which bounds recursion over a tree, destruction
+/// included, whatever a file holds.
 inline constexpr std::size_t maxFrameDepth = 1000;
 
-/// How a frame stands to the selected one.
+/// A frame's relation to the selected one.
 enum class SelectState : std::int32_t { Other = 0, Selected = 1, Descendant = 2 };
 
 /// One frame of the hierarchy with its mesh, animation keys and children, all held by value.
@@ -30,7 +30,7 @@ struct FrameRecord {
     bool Emissive = false;
     bool KV2Animated = false;
     bool GFlag = false;
-    std::string Name; ///< lower case, without the "frm-" prefix; bytes as the file has them
+    std::string Name; ///< lower case, without the "frm-" prefix; bytes as in the file
     std::vector<FrameRecord> Children;
 
     bool HasMesh = false; ///< when clear the mesh lists are ignored
@@ -38,9 +38,9 @@ struct FrameRecord {
     Vec3 BoundMax;        ///< computed when the model is read, in no file
     std::int32_t PathDepth = 0;
     FramePath Path;             ///< computed when the model is read, in no file
-    std::int32_t TreeNode = -1; ///< the frame's node in the structure tree, -1 before it is built
+    std::int32_t TreeNode = -1; ///< the frame's node in the structure tree, -1 before that is built
     korvane::SelectState SelectState = korvane::SelectState::Other;
-    /// The views draw a frame only when the first and the third are both set.
+    /// The views draw a frame only if the first and the third are set.
     std::array<bool, 3> ViewFlags = {true, true, true};
     MeshRecord Mesh;
 
@@ -48,7 +48,7 @@ struct FrameRecord {
     std::int32_t AnimationKeyType = 0;
     std::vector<AnimationKeyRecord> AnimationKeys;
 
-    ViewSlot Views; ///< what drawing keeps with the frame; copied with no frame
+    ViewSlot Views; ///< drawing's data for the frame; copies of the frame start empty
 
     bool operator==(const FrameRecord&) const = default;
 };

@@ -23,9 +23,9 @@ class FrameWalk {
     [[nodiscard]] Frame& frame() const { return *trail_.back(); }
     /// The parent of the frame; the frame must not be the root.
     [[nodiscard]] Frame& parent() const { return *trail_[trail_.size() - 2]; }
-    /// How far the frame is below the root.
+    /// The frame's level below the root.
     [[nodiscard]] std::size_t depth() const { return childNumbers_.size(); }
-    /// The child numbers that lead to the frame.
+    /// The child numbers from the root to the frame.
     [[nodiscard]] std::span<const std::int32_t> childNumbers() const { return childNumbers_; }
 
     void next() {

@@ -6,8 +6,8 @@
 
 namespace korvane {
 
-/// Makes room for so many more elements, so that they cannot fail to come in. A list that is added
-/// to over and over still grows geometrically.
+/// Makes room for more elements, so that adding them cannot fail. Repeated calls still grow the
+/// list geometrically.
 template <class Element>
 void reserveMore(std::vector<Element>& list, std::size_t more) {
     const std::size_t needed = list.size() + more;
@@ -16,7 +16,7 @@ void reserveMore(std::vector<Element>& list, std::size_t more) {
     }
 }
 
-/// The place of a position in a list, its end for those past it.
+/// The iterator for a position in a list, or its end if the position lies past that.
 template <class Element>
 auto placeIn(std::vector<Element>& list, std::size_t position) {
     return list.begin() + static_cast<std::ptrdiff_t>(std::min(position, list.size()));

@@ -7,7 +7,7 @@ namespace korvane {
 
 namespace {
 
-/// The numbers that decide whether two materials are the same.
+/// The numbers that sameMaterial() compares.
 std::array<float, 14> comparedNumbers(const MaterialRecord& m) {
     return {m.FaceColor.red, m.FaceColor.green, m.FaceColor.blue, m.FaceColor.alpha,
             m.Power,         m.Specular.red,    m.Specular.green, m.Specular.blue,
@@ -23,7 +23,7 @@ bool sameMaterial(const MaterialRecord& a, const MaterialRecord& b) {
 }
 
 std::size_t materialHash(const MaterialRecord& material) {
-    // std::hash gives 0.0 and -0.0, which compare equal, the same value.
+    // std::hash is equal for 0.0 and -0.0, as sameMaterial() needs
     std::size_t hash = material.HasTexture ? std::hash<std::string>{}(material.TextureFile) : 0;
     for (const float number : comparedNumbers(material)) {
         hash = hash * 1099511628211U + std::hash<float>{}(number);

@@ -23,7 +23,7 @@ struct MaterialRecord {
     bool HasTexture = false;
     std::string TextureFile; ///< as written in the file, without the part up to the last "/"
     std::int32_t MappingType = 4;
-    std::int32_t ImageWidth = 0; ///< pixels, as the model says; the decoded image has its own size
+    std::int32_t ImageWidth = 0; ///< in pixels, from the model; the decoded image has its own size
     std::int32_t ImageHeight = 0;
     std::int32_t CropUMin = 0;
     std::int32_t CropUMax = 0;
@@ -50,12 +50,12 @@ struct MaterialRecord {
     /// The decoded texture, shared by the materials that name the same file; never null.
     std::shared_ptr<const korvane::TextureImage> TextureImage = blankTextureImage();
 
-    /// Whether all fields are equal, the image being the same one; compare sameMaterial().
+    /// Compares all fields, images by identity; see also sameMaterial().
     bool operator==(const MaterialRecord&) const = default;
 };
 
 /// Whether two materials count as one: equal colours, opacity and power, and the same texture or
-/// none. The shading model deliberately takes no part, nor do the texture parameters.
+/// none. Deliberately ignores the shading model and the texture parameters.
 bool sameMaterial(const MaterialRecord& a, const MaterialRecord& b);
 
 /// A hash that agrees with sameMaterial.

@@ -10,8 +10,8 @@
 
 namespace korvane {
 
-/// The mesh of a frame, in the frame's own space. The lists may not fit each other and indices may
-/// point anywhere (files are read as they are): every user checks before it indexes.
+/// The mesh of a frame, in the frame's own space. Files are read as they are, so the lists may not
+/// match and indices may point anywhere: check before indexing.
 struct MeshRecord {
     std::vector<Vec3> Vertices;
     PolygonList Faces;          ///< corners index Vertices
@@ -36,7 +36,7 @@ struct MeshRecord {
     std::vector<ColorRGBA> VertexColors;
     PolygonList VertexColorFaces; ///< runs parallel to Faces; corners index VertexColors
 
-    /// Whoever changes a list or a flag of a mesh that a view may have drawn tells it.
+    /// Call shapeChanged() or surfaceChanged() after changing a mesh that a view may have drawn.
     MeshRevision ListRevision;
 
     bool operator==(const MeshRecord&) const = default;

@@ -5,9 +5,8 @@
 
 namespace korvane {
 
-/// Tells the states of a mesh's lists apart, so that what was worked out from one is not used for
-/// another. No two meshes share a number, copies included. Revisions take no part in comparing
-/// meshes.
+/// Identifies the state of a mesh's lists, so that views do not use data computed from an older
+/// one. No two meshes share a number, not even copies. Comparing meshes ignores revisions.
 class MeshRevision {
   public:
     MeshRevision() : shape_(next()), any_(shape_) {}
@@ -28,18 +27,17 @@ class MeshRevision {
     ~MeshRevision() = default;
     bool operator==(const MeshRevision& /*unused*/) const { return true; }
 
-    /// The number of the state of vertices, faces and normals.
+    /// Identifies the state of vertices, faces and normals.
     [[nodiscard]] std::uint64_t shape() const { return shape_; }
-    /// The number of the state of all lists.
+    /// Identifies the state of all lists.
     [[nodiscard]] std::uint64_t any() const { return any_; }
 
-    /// Vertices, faces or normals have changed, or whether the normals count.
+    /// Call after changing vertices, faces, normals or the flag of the normals.
     void shapeChanged() noexcept { shape_ = any_ = next(); }
-    /// Texture coordinates or the slots of faces have changed, or whether they count.
+    /// Call after changing texture coordinates, slots or their flags.
     void surfaceChanged() noexcept { any_ = next(); }
 
   private:
-    /// A number that was never given before.
     static std::uint64_t next() noexcept {
         static std::atomic<std::uint64_t> last = 0;
         return ++last;

@@ -10,7 +10,7 @@ QString shownText(std::string_view bytes) {
     if (!text.isValidUtf8()) {
         return QString::fromLatin1(bytes.data(), size);
     }
-    // the conversion takes a byte order mark at the beginning away, but it is part of a name
+    // the conversion drops a leading byte order mark, but that is part of a name
     constexpr std::string_view mark = "\xef\xbb\xbf";
     return bytes.starts_with(mark) ? QChar(QChar::ByteOrderMark) + text.toString()
                                    : text.toString();

@@ -7,11 +7,11 @@
 
 namespace korvane {
 
-/// Text of a model as the user sees it. Models hold bytes of unknown origin: UTF-8 where they are
-/// valid as that, one character a byte (Latin-1) otherwise.
+/// Converts text of a model for display. Models hold bytes of unknown encoding: decoded as UTF-8 if
+/// valid, else as Latin-1.
 QString shownText(std::string_view bytes);
 
-/// Text of the user as a model holds it: UTF-8.
+/// Converts the user's text for a model: UTF-8.
 std::string modelText(const QString& text);
 
 } // namespace korvane

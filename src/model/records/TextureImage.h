@@ -18,21 +18,21 @@ struct Rgba8 {
     bool operator==(const Rgba8&) const = default;
 };
 
-/// A decoded texture. Row 0 is the top of the picture; pixels are stored row by row. A new image is
-/// 1 x 1 and opaque white, so that a material whose texture is missing shows its plain colours.
+/// A decoded texture, stored row by row from the top. A new image is 1 x 1 and opaque white, so
+/// that a material with a missing texture shows its plain colours.
 struct TextureImage {
     std::int32_t width = 1;
     std::int32_t height = 1;
     std::vector<Rgba8> pixels = {Rgba8{}};
-    bool HasAlpha = false; ///< some loaded alpha byte differs from 255
+    bool HasAlpha = false; ///< some alpha byte in the file differs from 255
 
     bool operator==(const TextureImage&) const = default;
 };
 
-/// Gives the image of a texture as a model names it; never null.
+/// Returns the image of a texture named as in a model; never null.
 using TextureSource = std::function<std::shared_ptr<const TextureImage>(const std::string& name)>;
 
-/// The one 1 x 1 image that every material without a texture of its own shares.
+/// The 1 x 1 image that all materials without a texture share.
 const std::shared_ptr<const TextureImage>& blankTextureImage();
 
 } // namespace korvane

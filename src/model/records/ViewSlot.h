@@ -5,7 +5,7 @@
 
 namespace korvane {
 
-/// Base of what a view works out from a frame and keeps with it.
+/// Base of data that a view derives from a frame and keeps with it.
 class ViewData {
   public:
     ViewData() = default;
@@ -14,8 +14,8 @@ class ViewData {
     virtual ~ViewData() = default;
 };
 
-/// A place for view data in a record that knows nothing of views. It belongs to the object it was
-/// filled for: a copy starts empty, and it takes no part in comparing records.
+/// Holds view data in a record that knows nothing of views. The data belongs to that one object: a
+/// copy starts empty, and comparing records ignores it.
 class ViewSlot {
   public:
     ViewSlot() = default;
@@ -31,8 +31,8 @@ class ViewSlot {
     ~ViewSlot() = default;
     bool operator==(const ViewSlot& /*unused*/) const { return true; }
 
-    /// The data in the slot, made where there is none. One slot is used for one type: data of
-    /// another one would go.
+    /// The data in the slot, made if missing. Use one type per slot: asking for another one
+    /// destroys the data.
     template <class Data>
     Data& get() {
         auto* kept = dynamic_cast<Data*>(data_.get());
