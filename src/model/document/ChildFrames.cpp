@@ -10,19 +10,18 @@
 
 namespace korvane {
 
-// what moves within a list that has room cannot fail
+// so moves within a list that has room cannot fail
 static_assert(std::is_nothrow_move_constructible_v<FrameRecord> &&
               std::is_nothrow_move_assignable_v<FrameRecord>);
 
 namespace {
 
-/// New paths of frames, worked out before the first one is set, so that setting them cannot fail.
-/// The frames must not move in between.
+/// New paths of frames, computed in full first so that setting them cannot fail. The frames must
+/// not move in between.
 class PathChange {
   public:
-    /// A frame is to have this path, and those below it the paths that follow from it.
+    /// Plans this path for a frame and the resulting paths for its descendants.
     void add(FrameRecord& top, FramePath path);
-    /// Sets the paths.
     void apply() noexcept;
 
   private:
@@ -71,7 +70,7 @@ void insertChild(FrameRecord& parent, std::size_t position, FrameRecord& child) 
         parent.SelectState == SelectState::Other ? SelectState::Other : SelectState::Descendant;
     for (FrameWalk walk(child); !walk.done(); walk.next()) {
         walk.frame().SelectState = state;
-        walk.frame().TreeNode = -1; // of a tree that is no longer shown
+        walk.frame().TreeNode = -1; // its number is from an older tree
     }
     paths.apply();
     children.insert(placeIn(children, position), std::move(child));

@@ -35,8 +35,8 @@ struct Range {
     }
 };
 
-/// The box starts as the last corner of the first polygon alone and grows by the corners of the
-/// others: the first polygon's other corners deliberately take no part.
+/// The box starts at the last corner of the first polygon and grows by the corners of the other
+/// polygons. The first one's other corners are deliberately ignored.
 void computeBounds(FrameRecord& frame) {
     const std::span<const Vec3> vertices = frame.Mesh.Vertices;
     const PolygonList& faces = frame.Mesh.Faces;

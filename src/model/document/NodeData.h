@@ -9,7 +9,7 @@
 
 namespace korvane {
 
-/// What a node of the structure tree stands for.
+/// What a node of the structure tree represents.
 enum class NodeKind : std::int32_t {
     None = 0,
     Frame = 1,
@@ -17,28 +17,28 @@ enum class NodeKind : std::int32_t {
     MeshMaterialList = 5,
     MaterialSlot = 6,  ///< one slot of a mesh's material list
     MaterialTable = 7, ///< the document's material table
-    TableMaterial = 8, ///< one entry of it
+    TableMaterial = 8, ///< one entry of that table
     MeshNormals = 10,
 };
 
-/// A node of the structure tree as the commands see it.
+/// A node of the structure tree, with what commands need.
 struct NodeData {
-    std::optional<FramePath> Frame; ///< the frame the node belongs to, if it belongs to one
+    std::optional<FramePath> Frame; ///< the frame that the node belongs to, if any
     bool CanAdd = false;
     bool CanDelete = false;
     bool CanEdit = false;
-    bool AddByKind = false; ///< "Add" is captioned by the kind of the node
+    bool AddByKind = false; ///< the node's kind decides the caption of "Add"
     korvane::NodeKind NodeKind = korvane::NodeKind::None;
     std::int32_t ItemIndex = 0; ///< slot or table index, from 0
 
-    /// Whether both stand for the same thing, whatever can be done with it.
+    /// Compares what the nodes represent, but not what can be done with them.
     [[nodiscard]] bool isSameNode(const NodeData& other) const {
         return Frame == other.Frame && NodeKind == other.NodeKind && ItemIndex == other.ItemIndex;
     }
     bool operator==(const NodeData&) const = default;
 };
 
-/// The caption of "Add" at the node; nothing where it stays as it was.
+/// The caption of "Add" at the node, or nothing to leave it as it was.
 inline std::optional<QString> addCaption(const NodeData& node) {
     if (!node.AddByKind) {
         return QStringLiteral("Add");

@@ -6,7 +6,7 @@ namespace korvane {
 
 namespace {
 
-/// Whether the frame at the given depth of the cursor has a child that was not entered yet.
+/// Whether the frame at the cursor has a child that was not entered yet.
 bool hasUnvisitedChild(const RenderCursor& cursor, const FrameRecord& root) {
     const FrameRecord* frame = frameAt(root, cursor.childNumbers());
     const auto entered = cursor.CursorPath[static_cast<std::size_t>(cursor.CursorDepth)];

@@ -13,7 +13,7 @@ namespace {
 constexpr std::int32_t noNode = -1;
 constexpr std::int32_t topLevel = -1;
 
-/// The number of the group of children that belongs to a node, or to the top level for -1.
+/// The index of a node's group of children, or of the top level's for -1.
 std::size_t groupOf(std::int32_t parent) {
     return static_cast<std::size_t>(std::int64_t{parent} + 1);
 }
@@ -112,7 +112,7 @@ std::int32_t StructureTree::nearestNode(const NodeData& data) const {
         }
         node = child;
     }
-    // the nodes of a mesh stand one below the other: go as far down as asked for and possible
+    // the nodes of a mesh form a chain: go down as far as wanted and possible
     const std::pair<NodeKind, bool> below[] = {
         {NodeKind::Mesh, data.NodeKind != NodeKind::Frame},
         {NodeKind::MeshNormals, data.NodeKind == NodeKind::MeshNormals},
@@ -155,7 +155,7 @@ void StructureTree::addMaterialTable(const ModelDocument& document) {
     const std::int32_t table = add({.kind = NodeKind::MaterialTable, .text = "Materials"});
     const std::size_t count = document.Materials.size();
     for (std::size_t i = 0; i < count; ++i) {
-        // "not exactly one" is on purpose another test than that of a mesh's slots
+        // deliberately not the test of a mesh's slots, which is "more than one"
         add({.parent = table,
              .kind = NodeKind::TableMaterial,
              .item = static_cast<std::int32_t>(i),

@@ -17,15 +17,14 @@ struct StructureNode {
     std::int32_t row = 0;     ///< position among the parent's children, from 0
     NodeKind kind = NodeKind::None;
     std::int32_t item = 0; ///< slot or table index from 0; for a frame its 1-based child number
-    std::int32_t previous = -1; ///< the frame's node in the tree before this one; -1 if it had none
+    std::int32_t previous = -1; ///< the frame's node in the previous tree, or -1
     bool deletable = false;
-    bool hidden = false; ///< a frame or mesh that the views do not show
-    std::string text;    ///< bytes as the model holds them
+    bool hidden = false; ///< the views do not show this frame or mesh
+    std::string text;    ///< bytes as in the model
 };
 
-/// What the "Structure" page shows: the frames with their mesh parts, then the material table.
-/// A snapshot of the model, to be built anew after every edit. Nodes are numbered in the order in
-/// which they are shown.
+/// The content of the "Structure" page: the frames with their mesh parts, then the material table.
+/// A snapshot, to be rebuilt after each edit. Nodes are numbered in the order shown.
 class StructureTree {
   public:
     StructureTree() = default;
@@ -33,18 +32,18 @@ class StructureTree {
     explicit StructureTree(ModelDocument& document);
 
     [[nodiscard]] const std::vector<StructureNode>& nodes() const { return nodes_; }
-    /// The numbers of a node's children in order; of the top-level nodes for -1.
+    /// The numbers of a node's children in order, or of the top-level nodes for -1.
     [[nodiscard]] std::span<const std::int32_t> children(std::int32_t node) const;
-    /// The node's record for the commands; `node` must be one of nodes().
+    /// The node's data for commands; `node` must be an index into nodes().
     [[nodiscard]] NodeData nodeData(std::int32_t node) const;
-    /// The child of a kind; of those with a number the last one up to that, -1 if there is none.
+    /// The last child of a kind whose `item` is at most the given one, or -1.
     [[nodiscard]] std::int32_t childOfKind(std::int32_t parent, NodeKind kind,
                                            std::int32_t item = 0) const;
-    /// The node that stands for the same thing as the record; for a slot or material that is gone
-    /// the last one there is, else the node above it; the root at the worst.
+    /// The node for the same thing as `data`. Replaces a missing slot or material by the last one
+    /// before it, or else by the node above, and a missing frame by the root.
     [[nodiscard]] std::int32_t nearestNode(const NodeData& data) const;
-    /// Takes over from a frame, which must be as it was built from in all else, whether the views
-    /// show it and its mesh.
+    /// Updates whether a frame and its mesh are hidden. The rest of the frame must be as when the
+    /// tree was built.
     void markHidden(const FrameRecord& frame);
 
   private:
@@ -55,7 +54,7 @@ class StructureTree {
 
     std::vector<StructureNode> nodes_;
     std::vector<std::int32_t> children_;     ///< node numbers, grouped by parent, top level first
-    std::vector<std::size_t> childrenBegin_; ///< by parent + 1: where its group begins; one more
+    std::vector<std::size_t> childrenBegin_; ///< begin of the group, by parent + 1; then the end
 };
 
 } // namespace korvane

@@ -69,7 +69,7 @@ QString StructureTreeModel::details(std::int32_t node) const {
 }
 
 QVariant StructureTreeModel::data(const QModelIndex& index, int role) const {
-    constexpr int longestTip = 4096; // a name may be as long as its file
+    constexpr int longestTip = 4096; // a name can be as long as its file
     const std::int32_t node = nodeOf(index);
     if (node < 0) {
         return {};

@@ -11,10 +11,10 @@
 
 namespace korvane {
 
-/// What there is to tell of a row beyond its text. It is asked for when somebody looks at the row.
+/// Details of a row beyond its text, queried only when somebody looks at the row.
 struct RowSource {
-    std::function<QString(const NodeData&)> details; ///< in lines
-    /// The colour that stands for a material as 0xffrrggbb; nothing for any other row.
+    std::function<QString(const NodeData&)> details; ///< one a line
+    /// The sample colour of a material as 0xffrrggbb; nothing for other rows.
     std::function<std::optional<std::uint32_t>(const NodeData&)> sample;
 };
 
@@ -23,22 +23,22 @@ class StructureTreeModel : public QAbstractItemModel {
   public:
     using QAbstractItemModel::QAbstractItemModel;
 
-    /// Whether the views leave out what the node stands for, as a bool.
+    /// Whether the views hide what the node represents, as a bool.
     static constexpr int hiddenRole = Qt::UserRole;
-    /// The colour of a material, as the row source gives it.
+    /// The colour of a material from the row source.
     static constexpr int sampleRole = Qt::UserRole + 1;
 
-    /// Without a source, rows have their text alone.
+    /// Without a source, rows have only their text.
     void setSource(RowSource source) { source_ = std::move(source); }
 
     /// Shows another snapshot of the model.
     void setTree(StructureTree tree);
     [[nodiscard]] const StructureTree& tree() const { return tree_; }
-    /// A frame of the tree, or its mesh, is hidden or shown again.
+    /// Call after hiding or showing a frame of the tree or its mesh.
     void markHidden(const FrameRecord& frame);
 
     [[nodiscard]] QModelIndex indexOf(std::int32_t node) const;
-    /// The node number of a valid index.
+    /// The node number of an index, -1 for an invalid one.
     [[nodiscard]] static std::int32_t nodeOf(const QModelIndex& index);
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent) const override;
@@ -48,7 +48,7 @@ class StructureTreeModel : public QAbstractItemModel {
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
   private:
-    /// The row's text with a word on whether it is hidden, for those who do not see its colour.
+    /// The row's text, plus "hidden" in words for users who cannot see its colour.
     [[nodiscard]] static QString spokenText(const StructureNode& node);
     [[nodiscard]] QString details(std::int32_t node) const;
 
