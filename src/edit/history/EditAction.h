@@ -11,7 +11,7 @@
 
 namespace korvane {
 
-/// What an entry of the history did.
+/// The kind of change in an entry of the history.
 enum class EditKind : std::uint32_t {
     TextureFile = 1,
     Ambient = 2,
@@ -38,7 +38,7 @@ enum class EditKind : std::uint32_t {
     PasteFrame = 23,
 };
 
-/// What the windows have to refresh after an undo or a redo.
+/// What windows must refresh after an undo or a redo.
 struct RefreshFlags {
     bool refreshMaterials = false;
     bool refreshGeometry = false;
@@ -53,13 +53,13 @@ struct RefreshFlags {
     bool operator==(const RefreshFlags&) const = default;
 };
 
-/// A frame with its subtree and the materials that came with it, while they are out of the model.
+/// A frame with its subtree and materials while they are not in the model.
 struct RemovedParts {
     std::vector<MaterialRecord> materials;
-    std::vector<FrameRecord> frames; ///< one at the most
+    std::vector<FrameRecord> frames; ///< at most one
 };
 
-/// One of the two recorded values of an entry; what it is follows from the kind.
+/// One of the two recorded values of an entry. The kind decides its type.
 using EditData = std::variant<std::monostate, std::string, ColorRGB, float, bool, std::int32_t,
                               std::vector<Vec2>, std::vector<std::int32_t>, Matrix4, FrameFlags,
                               std::unique_ptr<RemovedParts>>;
@@ -69,11 +69,11 @@ struct EditAction {
     EditKind kind{};
     EditData after;  ///< what redo writes
     EditData before; ///< what undo writes
-    /// Kinds of materials: the number of the material; kinds of frames: the depth of the frame;
-    /// DeleteMaterial: the number of slots it took away; PasteMaterials: the first material.
+    /// Kinds of materials: the number of the material. Kinds of frames: the depth of the frame.
+    /// DeleteMaterial: the number of slots removed. PasteMaterials: the first material.
     std::uint32_t index = 0;
-    /// Kinds of frames: the 1-based child numbers of the frame (of the parent of a frame that comes
-    /// or goes), one more number without meaning, and behind them what the kind needs.
+    /// Kinds of frames: the 1-based child numbers of the frame (of the parent if a frame is added
+    /// or removed), one unused number, then what the kind needs.
     std::vector<std::int32_t> path;
     bool joined = false; ///< undone and redone in one step with the entry before it
 };

@@ -14,13 +14,13 @@ namespace {
 static_assert(std::is_nothrow_move_constructible_v<EditAction> &&
               std::is_nothrow_move_assignable_v<EditAction>);
 
-/// The frame that an entry of a frame kind is about; null where it leads to none, and for others.
+/// The frame of an entry of a frame kind; null if it is missing, and for other kinds.
 FrameRecord* frameOf(ModelDocument& document, const EditAction& action) {
     const EditKindRow* row = editKindRow(action.kind);
     return row != nullptr && row->ofFrame ? frameAt(document.Root, frameNumbers(action)) : nullptr;
 }
 
-/// Carries an entry out, or takes it back.
+/// Applies or reverts an entry.
 RefreshFlags carryOut(ModelDocument& document, EditAction& action, bool forward,
                       const TextureSource& textures) {
     const EditKindRow* row = editKindRow(action.kind);
@@ -49,7 +49,7 @@ const EditKindRow* editKindRow(EditKind kind) {
 
 void EditHistory::record(ModelDocument& document, EditAction action,
                          const TextureSource& textures) {
-    // room first: a change that has been made must not be without its entry
+    // reserve first, so that no change can end up without its entry
     reserveMore(entries_, 1);
     action.joined = open_ && position_ > *open_;
     carryOut(document, action, true, textures);
@@ -144,7 +144,7 @@ void EditHistory::returnTo(ModelDocument& document, std::int32_t position) noexc
         while (position_ != position) {
             goOne(document, position > position_);
         }
-    } catch (...) { // NOLINT(bugprone-empty-catch): undo and redo can go on from here
+    } catch (...) { // NOLINT(bugprone-empty-catch): undo and redo still work from here
     }
 }
 
@@ -166,7 +166,7 @@ EditTransaction::~EditTransaction() {
         document_.Modified = modified_;
         document_.Revision = revision_;
     } else {
-        // what could be redone from the start cannot from here
+        // the entries to redo only fit the start
         history_.drop(history_.position_ + 1, history_.lastEntry() + 1);
     }
 }

@@ -9,49 +9,49 @@
 
 namespace korvane {
 
-/// One entry on its way into or out of the model.
+/// One entry being applied to the model or reverted.
 struct EditStep {
     ModelDocument& document;
     EditAction& action;
     const TextureSource& textures;
     bool forward;                 ///< record or redo; else undo
-    FrameRecord* frame = nullptr; ///< of the frame kinds, never null in their steps
+    FrameRecord* frame = nullptr; ///< for frame kinds alone; never null in their steps
 
-    /// The value that this direction writes; nothing if the entry holds another type.
+    /// The value that this direction writes, or null if the entry holds another type.
     template <class Value>
     [[nodiscard]] const Value* value() const {
         return std::get_if<Value>(forward ? &action.after : &action.before);
     }
-    /// The material that the entry is about, or null.
+    /// The entry's material, or null.
     [[nodiscard]] MaterialRecord* material() const {
         return action.index < document.Materials.size() ? &document.Materials[action.index]
                                                         : nullptr;
     }
-    /// The numbers behind the frame's path, by their names.
+    /// The numbers after the frame's path, as a struct.
     template <class Named>
     [[nodiscard]] Named numbers() const {
         return namedNumbers<Named>(kindNumbers(action));
     }
 };
 
-/// What an entry keeps while it is out of the model; null if it keeps nothing.
+/// The parts that an entry keeps while they are not in the model, or null.
 inline RemovedParts* keptParts(EditData& data) {
     auto* parts = std::get_if<std::unique_ptr<RemovedParts>>(&data);
     return parts != nullptr ? parts->get() : nullptr;
 }
 
-/// How the entries of one kind are carried out.
+/// The properties of one kind of entry.
 struct EditKindRow {
     EditKind kind;
-    const char* name; ///< to the user, as a command
+    const char* name; ///< for the user, as a command
     bool ofFrame;     ///< the entry's path leads to a frame, which becomes the selection
     RefreshFlags refresh;
-    /// Goes in the step's direction. Where it throws, model and entry are as they were: what can
+    /// Runs the step in its direction. If it throws, model and entry are unchanged: all that can
     /// fail comes first.
     void (*run)(EditStep&);
 };
 
-/// The row of a kind, or null for what is none.
+/// The row of a kind, or null for an unknown one.
 const EditKindRow* editKindRow(EditKind kind);
 
 // The rows of all kinds, by subject; each subject has a file with its steps and record operations.

@@ -9,7 +9,7 @@ namespace korvane {
 
 namespace {
 
-/// Records what `before` gives of the material, and the value that takes its place.
+/// Records a new value and the old one, which `before` returns for the material.
 template <class Before, class Value>
 void recordValue(EditHistory& history, ModelDocument& document, EditKind kind, std::size_t material,
                  Before before, Value after) {
@@ -21,7 +21,7 @@ void recordValue(EditHistory& history, ModelDocument& document, EditKind kind, s
     }
 }
 
-/// Writes a value into a place of the material.
+/// Writes the step's value to the member that `place` returns.
 template <class Value, class Place>
 void writeValue(const EditStep& step, Place place) {
     const Value* value = step.value<Value>();

@@ -16,11 +16,11 @@ namespace korvane {
 
 namespace {
 
-// what moves into a list that has room cannot fail
+// so moves into a list that has room cannot fail
 static_assert(std::is_nothrow_move_constructible_v<MaterialRecord> &&
               std::is_nothrow_move_assignable_v<MaterialRecord>);
 
-// What came in stands in the entry's `after` while it is out of the model.
+// Undo moves the pasted parts to the entry's `after`.
 
 struct MeshMaterials {
     std::int32_t materials = 0; ///< how many
@@ -33,7 +33,7 @@ struct FrameMaterials {
     std::int32_t firstMaterial = 0;
 };
 
-/// The part of the table that a paste fills, or the slots of a mesh that it does.
+/// The pasted materials in the table.
 struct Part {
     std::size_t first;
     std::size_t count;
@@ -43,26 +43,26 @@ Part partOf(std::int32_t first, std::int32_t count) {
     return {static_cast<std::size_t>(first), static_cast<std::size_t>(count)};
 }
 
-/// Pasted materials have their first one in the entry's `index` and their count in its path.
+/// PasteMaterials keeps the first one in the entry's `index` and the count in its path.
 Part materialsOf(const EditAction& action) {
     return {action.index, static_cast<std::size_t>(action.path[0])};
 }
 
-/// Materials go into the table, which has room for them.
+/// Moves materials into the table, which must have room for them.
 void putMaterials(std::vector<MaterialRecord>& table, std::size_t first,
                   std::vector<MaterialRecord>& materials) {
     table.insert(placeIn(table, first), std::move_iterator(materials.begin()),
                  std::move_iterator(materials.end()));
 }
 
-/// An entry's parts with room for so many materials.
+/// Makes parts with room for that many materials.
 std::unique_ptr<RemovedParts> roomFor(std::size_t materials) {
     auto parts = std::make_unique<RemovedParts>();
     parts->materials.reserve(materials);
     return parts;
 }
 
-/// Materials of the table go into an entry, which then keeps them.
+/// Moves materials from the table into the entry.
 void takeMaterials(EditStep& step, const Part& part, std::unique_ptr<RemovedParts> parts) {
     std::vector<MaterialRecord>& table = step.document.Materials;
     const auto begin = placeIn(table, part.first);

@@ -8,17 +8,16 @@
 
 namespace korvane {
 
-// Records of what comes from the clipboard. Each makes its change, as one entry of the history;
-// what leads nowhere in the model is left alone.
+// These paste into the model as one entry of the history. They ignore a frame that does not exist.
 
-/// Materials at the end of the table.
+/// Appends materials to the table.
 void pasteMaterials(EditHistory& history, ModelDocument& document,
                     std::vector<MaterialRecord> materials);
-/// The same, each with a slot of the frame's mesh.
+/// The same, and a slot in the frame's mesh for each.
 void pasteMeshMaterials(EditHistory& history, ModelDocument& document, const FramePath& frame,
                         std::vector<MaterialRecord> materials);
-/// A frame as the last child, with materials at the end of the table that its slots refer to.
-/// Nothing happens if frames would nest deeper than they may.
+/// Adds a frame as the last child and appends materials, which its slots refer to, to the table.
+/// Does nothing if frames would nest too deep.
 void pasteFrame(EditHistory& history, ModelDocument& document, const FramePath& parent,
                 FrameRecord frame, std::vector<MaterialRecord> materials);
 

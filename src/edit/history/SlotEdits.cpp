@@ -14,7 +14,7 @@ namespace korvane {
 
 namespace {
 
-// Texture coordinates: behind the frame's path stand how many there are, and their numbers.
+// Texture coordinates: the frame's path is followed by their count and their numbers.
 
 void stepTexCoords(EditStep& step) {
     const auto* values = step.value<std::vector<Vec2>>();
@@ -32,12 +32,12 @@ void stepTexCoords(EditStep& step) {
 
 struct SlotOfFace {
     std::int32_t face = 0;
-    /// How many faces had a slot, if this was none of them. Left out if it was.
+    /// The number of faces that had a slot, if this face had none; else left out.
     std::int32_t facesBefore = -1;
 };
 
-/// A face without a slot of its own gets one, and so do those before it: the last slot, which they
-/// were drawn with. Undo takes these away again.
+/// Gives a face without a slot one, and the faces before it the last slot, which they were drawn
+/// with. Undo removes these.
 void stepFaceSlot(EditStep& step) {
     const auto numbers = step.numbers<SlotOfFace>();
     const auto face = static_cast<std::size_t>(numbers.face);
@@ -63,13 +63,13 @@ void stepAppendSlot(EditStep& step) {
     } else if (!step.forward && !mesh.MaterialSlotList.empty()) {
         mesh.MaterialSlotList.pop_back();
     }
-    mesh.ListRevision.surfaceChanged(); // faces without an entry have the last slot
+    mesh.ListRevision.surfaceChanged(); // faces without an entry use the last slot
 }
 
 void stepAddMaterial(EditStep& step) {
     std::vector<MaterialRecord>& table = step.document.Materials;
     if (step.forward) {
-        table.emplace_back(); // made anew also by redo, deliberately
+        table.emplace_back(); // deliberately a default one for redo too
     } else if (!table.empty()) {
         table.pop_back();
     }
@@ -83,7 +83,7 @@ void stepAddMeshMaterial(EditStep& step) {
     stepAppendSlot(step);
 }
 
-// Slots that go
+// Removing slots
 
 struct SlotTaken {
     std::int32_t facesMoved = 0;
@@ -91,8 +91,8 @@ struct SlotTaken {
     std::int32_t material = 0;
 };
 
-/// The faces that move one down when a slot goes. A face of slot 0 stays there, also when it is
-/// slot 0 that goes.
+/// The faces whose slot number decreases when a slot is removed. Faces of slot 0 keep it, even if
+/// that is the removed slot.
 std::vector<std::int32_t> facesAbove(const std::vector<std::int32_t>& faceSlots, std::size_t slot) {
     const auto moves = [slot](std::int32_t of) { return of >= count32(slot) && of != 0; };
     std::vector<std::int32_t> faces;
@@ -105,7 +105,7 @@ std::vector<std::int32_t> facesAbove(const std::vector<std::int32_t>& faceSlots,
     return faces;
 }
 
-/// Takes out a slot, of which these are the faces that move.
+/// Removes a slot; `faces` are those that facesAbove() returned.
 void takeSlot(std::vector<std::int32_t>& slots, std::vector<std::int32_t>& faceSlots,
               std::size_t slot, std::span<const std::int32_t> faces) {
     slots.erase(placeIn(slots, slot));
@@ -144,10 +144,9 @@ void stepRemoveSlot(EditStep& step) {
     }
 }
 
-// A material that goes: its number stands first in the path, behind it a note of each slot that
-// went with it, in the order in which they went: the depth and child numbers of the frame, a number
-// without meaning, the slot, and the faces that moved, behind their count. `index` counts the
-// notes.
+// Deleting a material: the path starts with its number. A note of each slot removed with it
+// follows, in the order of removal: the depth and child numbers of the frame, an unused number, the
+// slot, the count of faces that moved, and these faces. `index` counts the notes.
 
 void noteSlot(EditAction& notes, std::span<const std::int32_t> frame, std::size_t slot,
               std::span<const std::int32_t> faces) {
@@ -160,12 +159,11 @@ void noteSlot(EditAction& notes, std::span<const std::int32_t> frame, std::size_
 }
 
 struct SlotNote {
-    FrameRecord* frame; ///< null if it is no longer there
+    FrameRecord* frame; ///< null if missing
     std::size_t slot;
     std::span<const std::int32_t> faces;
 };
 
-/// Reads the notes back.
 std::vector<SlotNote> slotNotes(ModelDocument& document, const EditAction& action) {
     std::vector<SlotNote> notes;
     std::span<const std::int32_t> rest = std::span(action.path).subspan(1);
@@ -180,14 +178,14 @@ std::vector<SlotNote> slotNotes(ModelDocument& document, const EditAction& actio
     return notes;
 }
 
-/// A mesh's lists as they are without a material.
+/// The new lists of a mesh without a material.
 struct NewLists {
     MeshRecord* mesh;
     std::vector<std::int32_t> slots;
-    std::vector<std::int32_t> faceSlots; ///< only if some slot went
+    std::vector<std::int32_t> faceSlots; ///< only if a slot was removed
 };
 
-/// What a mesh is like without a material, with notes of the slots that go.
+/// Computes a mesh's lists without a material, and notes the removed slots.
 NewLists withoutMaterial(FrameRecord& frame, std::span<const std::int32_t> childNumbers,
                          std::int32_t material, EditAction& notes) {
     NewLists lists = {&frame.Mesh, frame.Mesh.MaterialSlotList, {}};
@@ -207,8 +205,8 @@ NewLists withoutMaterial(FrameRecord& frame, std::span<const std::int32_t> child
     return lists;
 }
 
-/// The frames of which a slot leads to the material or to one behind it, also those whose mesh is
-/// switched off: it may be switched on again.
+/// Calls `use` for frames with a slot that leads to the material or a later one. Includes meshes
+/// that are switched off, as they may be switched on again.
 template <class Use>
 void forFramesWithSlotsFrom(ModelDocument& document, std::int32_t material, Use use) {
     for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
@@ -254,7 +252,7 @@ void putMaterialBack(EditStep& step, std::int32_t material) {
     }
     const std::vector<SlotNote> notes = slotNotes(step.document, step.action);
     const FrameRecord* last = nullptr;
-    std::size_t ofLast = 0; // the notes of a mesh follow each other
+    std::size_t ofLast = 0; // the notes of one mesh are adjacent
     for (const SlotNote& note : notes) {
         ofLast = note.frame == last ? ofLast + 1 : 1;
         last = note.frame;
@@ -272,7 +270,7 @@ void putMaterialBack(EditStep& step, std::int32_t material) {
             slot += slot >= material ? 1 : 0;
         }
     }
-    // the last slot taken goes back first: a mesh may have had several of the material
+    // in reverse: a mesh may have had several slots of the material
     for (auto note = notes.rbegin(); note != notes.rend(); ++note) {
         if (note->frame != nullptr) {
             putSlotBack(note->frame->Mesh, note->slot, material, note->faces);
@@ -362,7 +360,7 @@ void removeSlot(EditHistory& history, ModelDocument& document, const FramePath& 
     const FrameRecord* target = frameAt(document.Root, frame);
     if (target != nullptr &&
         static_cast<std::size_t>(slot) < target->Mesh.MaterialSlotList.size()) {
-        const SlotTaken numbers = {.slot = slot}; // the rest is known when it is taken
+        const SlotTaken numbers = {.slot = slot}; // the step fills in the rest
         history.record(document, frameAction(EditKind::RemoveSlot, frame, plainNumbers(numbers)));
     }
 }

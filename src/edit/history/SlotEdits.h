@@ -9,12 +9,12 @@
 
 namespace korvane {
 
-// Records of the slots and texture coordinates of a frame's mesh, and of the material table that
-// slots lead to. Slots and faces are numbers in the mesh. Each makes its change, as one entry of
-// the history; what leads nowhere in the model is left alone.
+// These change the slots and texture coordinates of a frame's mesh, or the material table, as one
+// entry of the history. Slots and faces are numbers in the mesh. They ignore a frame or face that
+// does not exist, and the removal of what is not there.
 
-/// Texture coordinates that a drag has moved: their numbers in the mesh, and where they were and
-/// are. The three lists are of one length.
+/// Records texture coordinates that a drag has moved: their numbers in the mesh, old and new
+/// values. The three lists have the same length.
 void recordTexCoords(EditHistory& history, ModelDocument& document, const FramePath& frame,
                      std::span<const std::int32_t> numbers, std::vector<Vec2> before,
                      std::vector<Vec2> after);
@@ -22,13 +22,13 @@ void setFaceSlot(EditHistory& history, ModelDocument& document, const FramePath&
                  std::int32_t face, std::int32_t slot);
 void appendSlot(EditHistory& history, ModelDocument& document, const FramePath& frame,
                 std::int32_t material);
-/// Faces of the slot and of those above it move one down; those of slot 0 deliberately stay there.
+/// Faces of this slot and higher ones move one down; those of slot 0 deliberately stay.
 void removeSlot(EditHistory& history, ModelDocument& document, const FramePath& frame,
                 std::int32_t slot);
-/// A new material at the end of the table, with a slot of the frame's mesh for it.
+/// Appends a default material to the table, and a slot for it to the frame's mesh.
 void addMeshMaterial(EditHistory& history, ModelDocument& document, const FramePath& frame);
 void addMaterial(EditHistory& history, ModelDocument& document);
-/// Every mesh loses the slots of the material.
+/// Removes the material's slots from all meshes too.
 void deleteMaterial(EditHistory& history, ModelDocument& document, std::size_t material);
 
 } // namespace korvane

@@ -11,7 +11,7 @@ namespace korvane {
 
 namespace {
 
-/// Of a frame that comes or goes: its place among the children, from 0.
+/// The position among the children, from 0, of an added or deleted frame.
 struct ChildPlace {
     std::int32_t position = 0;
 };
@@ -67,7 +67,7 @@ constexpr std::array<EditKindRow, 5> rows = {{
     {EditKind::FrameOptions, "change frame options", true, refresh::everything, stepFrameOptions},
 }};
 
-/// Records two values of a frame.
+/// Records an old and a new value of a frame.
 template <class Value>
 void recordValue(EditHistory& history, ModelDocument& document, EditKind kind,
                  const FramePath& frame, Value before, Value after) {

@@ -7,20 +7,19 @@
 
 namespace korvane {
 
-// Records of frames and of what each has. Each makes its change, as one entry of the history; what
-// leads nowhere in the model is left alone.
+// These change frames as one entry of the history. They ignore a frame that does not exist.
 
-/// A frame that a drag has moved or turned: its matrix from before and now.
+/// Records the old and new matrix of a frame that a drag has moved or turned.
 void recordMove(EditHistory& history, ModelDocument& document, const FramePath& frame,
                 const Matrix4& before, const Matrix4& after);
 void renameFrame(EditHistory& history, ModelDocument& document, const FramePath& frame,
                  std::string name);
-/// A new frame as the last child.
+/// Adds a frame as the last child.
 void addFrame(EditHistory& history, ModelDocument& document, const FramePath& parent,
               std::string name);
-/// The root cannot be deleted.
+/// Ignores the root.
 void deleteFrame(EditHistory& history, ModelDocument& document, const FramePath& frame);
-/// The flags from before the dialog, which has written the new ones into the frame.
+/// Records the flags from before the dialog; the frame already has the new ones.
 void recordFrameOptions(EditHistory& history, ModelDocument& document, const FramePath& frame,
                         const FrameFlags& before);
 
