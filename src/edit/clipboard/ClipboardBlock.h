@@ -9,21 +9,21 @@
 
 namespace korvane {
 
-/// What a clipboard block holds, by the number in its first four bytes.
+/// The content of a clipboard block, by the number in its first four bytes.
 enum class ClipboardContent : std::uint32_t { Frame = 1, Materials = 8 };
 
-/// A frame on its way from one place to another, with the materials that it uses. The entries of
-/// its `MaterialSlotList`s are positions in `materials`, -1 where a slot leads to no material; what
-/// depends on where it stands (path, selection, node) is unset.
+/// A copied frame with the materials that it uses. The entries of its `MaterialSlotList`s index
+/// `materials`, or are -1 if a slot leads to no material. What depends on the frame's place (path,
+/// selection, node) is unset.
 struct CopiedFrame {
     FrameRecord frame;
     std::vector<MaterialRecord> materials;
 };
 
-/// Materials in the order in which they were copied.
+/// Materials in the order of copying.
 using CopiedMaterials = std::vector<MaterialRecord>;
 
-/// What a block holds when it has been read.
+/// The decoded content of a block.
 using ClipboardItem = std::variant<CopiedFrame, CopiedMaterials>;
 
 } // namespace korvane

@@ -15,7 +15,7 @@ namespace {
 
 using Image = std::shared_ptr<const TextureImage>;
 
-/// The numbers of the materials that Copy takes from the selection; some may lead nowhere.
+/// The numbers of the materials that Copy takes from the selection; some may be invalid.
 std::vector<std::int32_t> selectedNumbers(const ModelDocument& document) {
     const NodeData& selected = document.Selected;
     if (selected.NodeKind == NodeKind::TableMaterial) {
@@ -45,8 +45,8 @@ std::vector<const MaterialRecord*> selectedMaterials(const ModelDocument& docume
     return materials;
 }
 
-/// Gives materials that came without an image that of their name, and lets equal images of one name
-/// be one image, those of the document's materials first: in a block each material brings its own.
+/// Loads missing images by their names, and shares equal images of one name, preferring those of
+/// the document's materials: in a block each material has its own image.
 void completeMaterials(std::vector<MaterialRecord>& materials, const ModelDocument& document,
                        const TextureSource& textures) {
     std::unordered_map<std::string, Image> known;
@@ -57,7 +57,7 @@ void completeMaterials(std::vector<MaterialRecord>& materials, const ModelDocume
     for (MaterialRecord& material : materials) {
         const std::string& name = material.TextureFile;
         if (material.HasTexture) {
-            // compared at the cost of the pixels that the material brought itself
+            // costs no more than the pixels that came with the material
             const auto place = known.find(name);
             const Image& image =
                 place != known.end()
@@ -75,7 +75,7 @@ void completeMaterials(std::vector<MaterialRecord>& materials, const ModelDocume
     }
 }
 
-/// Moves the references of the subtree to materials behind those that a table has.
+/// Shifts the subtree's material indices past the end of a table.
 void renumberSlots(FrameRecord& top, std::size_t tableSize) {
     for (FrameWalk walk(top); !walk.done(); walk.next()) {
         for (std::int32_t& slot : walk.frame().Mesh.MaterialSlotList) {

@@ -8,8 +8,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// The order of the fields in a clipboard block, told once for both directions: `Stream` is the
-// writer with constant records, or the reader with records to be filled.
+// The order of the fields in a clipboard block, defined once for both directions: `Stream` is the
+// writer with constant records, or the reader with records to fill.
 
 namespace korvane::clipboard {
 
@@ -17,15 +17,15 @@ namespace korvane::clipboard {
 inline constexpr std::size_t headerSize = 12;
 /// A material record without its file name and its image.
 inline constexpr std::size_t materialSize = 225;
-/// By so much the payload size deliberately counts a material larger than it is written.
+/// The payload size deliberately counts each material this much larger than written.
 inline constexpr std::size_t materialSlack = 11;
 /// A frame record without name, lists and children.
 inline constexpr std::size_t leastFrameSize = 210;
 
-/// How an index that leads nowhere is written; as a signed number it is -1.
+/// The index written for one that leads nowhere; -1 as a signed number.
 inline constexpr std::uint32_t nowhere = 0xffffffff;
 
-/// The words that a number, or a group of numbers, is made of, in the order of its members.
+/// The words of a number or a struct of numbers, in the order of its members.
 template <class Value>
 using Words = std::array<std::uint32_t, sizeof(Value) / sizeof(std::uint32_t)>;
 
@@ -72,11 +72,11 @@ void transferMesh(Stream& stream, Mesh& mesh) {
     stream.polygons(mesh.Faces, mesh.Vertices.size());
     stream.flags(mesh.FaceBits);
 
-    // the slots come before what leads to them
+    // the slots come before the indices into them
     stream.flag(mesh.HasMaterials);
     stream.materialSlots(mesh.MaterialSlotList);
     stream.currentSlot(mesh.CurrentSlot, mesh.MaterialSlotList.size());
-    // faces may have slots where none are known: a file may name its materials only
+    // a mesh without slots may have face slots: files may list nothing but material names
     const std::size_t slots = mesh.MaterialSlotList.size();
     stream.indices(mesh.FaceSlotIndex, slots > 0 ? slots : nowhere);
 
@@ -93,7 +93,7 @@ void transferMesh(Stream& stream, Mesh& mesh) {
     stream.polygons(mesh.VertexColorFaces, mesh.VertexColors.size());
 }
 
-/// The frame without the frames below it and the zero that ends its record.
+/// The frame without its children and without the zero that ends its record.
 template <class Stream, class Frame>
 void transferFrame(Stream& stream, Frame& frame) {
     stream.value(frame.Matrix);

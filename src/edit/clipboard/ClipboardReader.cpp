@@ -13,13 +13,12 @@ namespace {
 
 using namespace clipboard;
 
-/// Reads the records of a block.
+/// Reads the records of a block. Refuses infinities and NaN, which a model file could not restore.
 class Reader : public RecordReader<Floats::Finite> {
   public:
-    // a model file could not give other numbers back
     using RecordReader::RecordReader;
 
-    /// Reads the remap table of so many entries and the materials that it tells of.
+    /// Reads the remap table and the materials that it refers to.
     CopiedMaterials usedMaterials(std::size_t tableSize) {
         require(tableSize <= remaining() / 4);
         std::int32_t used = 0;
@@ -41,8 +40,8 @@ class Reader : public RecordReader<Floats::Finite> {
         return materials;
     }
 
-    // What stands in a model file ends a name at its line's end and a file name at a quote: a text
-    // that went on behind that would make a file that says something else.
+    // In a model file a line feed ends a name, and a line feed after a quote ends a file name: text
+    // after that would turn into other contents of the file.
     void name(std::string& name) {
         text(name);
         require(name.find('\n') == std::string::npos);
@@ -92,9 +91,9 @@ ClipboardItem decode(std::span<const std::uint8_t> block) {
     require(content.has_value() && block.size() >= headerSize);
     const std::size_t payload = wordAt(block.data() + 4);
     const std::size_t count = wordAt(block.data() + 8);
-    // a clipboard may hand out more than it was given
+    // a clipboard may return more bytes than it was given
     require(payload <= block.size() - headerSize);
-    // the payload size is counted from the count on, so that the end of the block is beyond it
+    // readers measure the payload from the count on, which leaves out the last four bytes
     Reader in(payload < 4 ? std::span<const std::uint8_t>()
                           : block.subspan(headerSize, payload - 4));
     if (content == ClipboardContent::Materials) {
@@ -102,8 +101,8 @@ ClipboardItem decode(std::span<const std::uint8_t> block) {
     }
     CopiedFrame copied;
     copied.materials = in.usedMaterials(count);
-    // In a model it stands below another frame. The zero at its end is not looked at: it may lie
-    // beyond the payload size, which is counted from the header on.
+    // depth 1, as it will have a parent. Its closing zero stays unread: the payload may end before
+    // it.
     readFrame(in, copied.frame, 1);
     for (FrameWalk walk(copied.frame); !walk.done(); walk.next()) {
         ModelDocument::computeMeshData(walk.frame());

@@ -8,12 +8,12 @@
 
 namespace korvane {
 
-/// The content of a block by its first four bytes alone, which may be all there is; nothing if they
-/// name none.
+/// The content of a block by its first four bytes; the rest may be missing. Nothing if they name
+/// none.
 std::optional<ClipboardContent> contentOf(std::span<const std::uint8_t> block);
 
-/// Reads a block, which any program may have written: nothing unless it can be read in full and
-/// all its indices lead into what it holds. Takes memory in proportion to the bytes, and time too.
+/// Decodes a block, which any program may have written. Returns nothing unless all of it can be
+/// read and all indices are valid. Time and memory are proportional to the bytes.
 std::optional<ClipboardItem> decodeBlock(std::span<const std::uint8_t> block);
 
 } // namespace korvane

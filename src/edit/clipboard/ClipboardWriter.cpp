@@ -17,11 +17,11 @@ using namespace clipboard;
 /// Builds a block from its header on.
 class Writer : public RecordWriter {
   public:
-    /// `tableSize` is that of the table which material slots lead into.
+    /// `tableSize` is the size of the table that material slots index.
     Writer(ClipboardContent content, std::size_t count, std::size_t tableSize)
         : tableSize_(tableSize) {
         word(static_cast<std::uint32_t>(content));
-        word(0); // the payload size, known at the end
+        word(0); // the payload size: finish() fills it in
         this->count(count);
     }
 
@@ -36,7 +36,7 @@ class Writer : public RecordWriter {
         const std::size_t payload = size() - headerSize;
         QByteArray bytes = take();
         put(reinterpret_cast<std::uint8_t*>(bytes.data()) + 4, static_cast<std::uint32_t>(payload));
-        bytes.squeeze(); // a clipboard keeps it for long
+        bytes.squeeze(); // the clipboard keeps it for a long time
         return bytes;
     }
 
@@ -61,8 +61,8 @@ class Writer : public RecordWriter {
     std::size_t slack_ = 0;
 };
 
-/// The remap table: for every material of the table its place among those that the subtree uses,
-/// -1 for the others.
+/// The remap table: for each material of the table its position among those that the subtree uses,
+/// or -1 if unused.
 std::vector<std::int32_t> placesOfUsed(const FrameRecord& top, std::size_t tableSize) {
     constexpr std::int32_t unused = -1;
     std::vector<std::int32_t> places(tableSize, unused);

@@ -9,14 +9,14 @@
 
 namespace korvane {
 
-// docs/clipboard-format.md tells the bytes. Encoding throws std::length_error where the content is
-// too much for one block, which holds less than four gigabytes.
+// docs/clipboard-format.md describes the bytes. Encoding throws std::length_error if the content
+// does not fit into one block of less than four gigabytes.
 
-/// The frame with its subtree and those materials of the table that their slots lead to. An index
-/// that leads nowhere is written as one that says so.
+/// Encodes the frame with its subtree and the materials of the table that their slots lead to.
+/// Invalid indices are written as -1.
 QByteArray encodeFrame(const FrameRecord& frame, std::span<const MaterialRecord> table);
 
-/// The materials in their order.
+/// Encodes the materials in their order.
 QByteArray encodeMaterials(std::span<const MaterialRecord* const> materials);
 
 } // namespace korvane

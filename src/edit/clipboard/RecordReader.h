@@ -14,7 +14,7 @@
 
 namespace korvane::clipboard {
 
-/// Ends the reading of records from within.
+/// Thrown to end the reading of records.
 struct BadRecord {};
 
 inline void require(bool holds) {
@@ -30,8 +30,8 @@ inline std::uint32_t wordAt(const std::uint8_t* bytes) {
 /// Which numbers a record may hold.
 enum class Floats { Finite, Any };
 
-/// Reads the fields of records. Room is made for what the bytes at hand can hold, and nothing is
-/// kept that does not fit; throws BadRecord.
+/// Reads the fields of records; throws BadRecord at what does not fit. Allocates in proportion to
+/// the bytes left.
 template <Floats floats>
 class RecordReader {
   public:
@@ -103,7 +103,7 @@ class RecordReader {
         return in_.take(size);
     }
     std::uint32_t word() { return wordAt(bytes(4).data()); }
-    /// A count of elements of so many bytes at the least.
+    /// Reads a count of elements with at least `elementSize` bytes each.
     std::size_t count(std::size_t elementSize) {
         const std::size_t count = word();
         require(count <= in_.remaining() / elementSize);
@@ -111,7 +111,7 @@ class RecordReader {
     }
 
   private:
-    /// An integer, or a group of floats.
+    /// `Value` is an integer or a struct of floats.
     template <class Value>
     static Value valueAt(const std::uint8_t* bytes) {
         constexpr bool any = floats == Floats::Any || std::is_integral_v<Value>;
@@ -126,7 +126,7 @@ class RecordReader {
         require(fit);
         return std::bit_cast<Value>(words);
     }
-    /// How many corners the next polygons have in all.
+    /// Counts the corners of the next polygons.
     [[nodiscard]] std::size_t cornersOf(std::size_t polygons) const {
         ByteReader ahead = in_;
         std::size_t all = 0;
@@ -143,13 +143,13 @@ class RecordReader {
     ByteReader in_;
 };
 
-/// Reads a frame, of which so many stand above it, with those below it; the word that ends the
-/// outermost is left.
+/// Reads a frame and its descendants, except for the zero that ends its record. `above` is its
+/// depth.
 template <class Reader>
 void readFrame(Reader& in, FrameRecord& frame, std::size_t above) {
     require(above <= maxFrameDepth);
     transferFrame(in, frame);
-    // no room is made beforehand: what the children of a frame may take, theirs may as well
+    // no reserve: at each level of nesting, a bad file could claim all remaining bytes
     for (std::size_t left = in.count(leastFrameSize); left > 0; --left) {
         FrameRecord& child = frame.Children.emplace_back();
         readFrame(in, child, above + 1);

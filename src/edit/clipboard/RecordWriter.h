@@ -16,7 +16,7 @@
 
 namespace korvane::clipboard {
 
-/// Puts the fields of records one behind the other. Throws std::length_error at four gigabytes.
+/// Writes the fields of records one after another. Throws std::length_error at four gigabytes.
 class RecordWriter {
   public:
     template <class Value>
@@ -57,7 +57,7 @@ class RecordWriter {
             *out++ = flag ? 1 : 0;
         }
     }
-    /// Indices that are not below the limit become `nowhere`.
+    /// Indices at or above the limit become `nowhere`.
     void polygons(const PolygonList& list, std::size_t limit) {
         count(list.size());
         std::uint8_t* out = room((list.size() + list.cornersFrom(0).size()) * 4);
@@ -94,7 +94,7 @@ class RecordWriter {
         out[3] = static_cast<std::uint8_t>(word >> 24U);
         return out + 4;
     }
-    /// Makes room for so many bytes more, which the caller has to fill in.
+    /// Appends bytes for the caller to fill in.
     std::uint8_t* room(std::size_t size) {
         const std::size_t used = this->size();
         if (size > mostBytes - used) {
@@ -104,7 +104,7 @@ class RecordWriter {
         return reinterpret_cast<std::uint8_t*>(bytes_.data()) + used;
     }
     [[nodiscard]] std::size_t size() const { return static_cast<std::size_t>(bytes_.size()); }
-    /// The bytes; the writer is used up.
+    /// Returns the bytes and leaves the writer empty.
     QByteArray take() { return std::move(bytes_); }
 
   private:
@@ -115,7 +115,7 @@ class RecordWriter {
     QByteArray bytes_;
 };
 
-/// Writes a frame with those below it.
+/// Writes a frame with its descendants.
 template <class Writer>
 void writeFrame(Writer& out, const FrameRecord& frame) {
     transferFrame(out, frame);
