@@ -5,19 +5,19 @@
 
 namespace korvane {
 
-/// How often copies of a model are made: they take no more than a share of the time, whatever one
-/// of them costs. Times count from a fixed moment.
+/// Limits how often copies of a model are made, so that they take at most a thirtieth of the time.
+/// Times count from a fixed moment.
 class CopyPace {
   public:
     using Time = std::chrono::microseconds;
 
-    /// A copy was made.
+    /// Call after making a copy.
     void made(Time begin, Time end) {
         next_ = begin + std::max<Time>(leastPause, share * (end - begin));
     }
-    /// None could be made: a full disk is not tried all the time.
+    /// Call after failing to make one: a full disk is not retried all the time.
     void failed(Time now) { next_ = now + pauseAfterFailure; }
-    /// How long it is until another one may be made; nothing where it may be now.
+    /// The time until another copy may be made; zero if it may be made now.
     [[nodiscard]] Time wait(Time now) const { return std::max(next_ - now, Time::zero()); }
 
   private:

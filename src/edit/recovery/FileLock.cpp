@@ -21,8 +21,8 @@ FileLock::~FileLock() = default;
 
 namespace {
 
-/// Whether the open file is still the one of its name: another program may have removed it before
-/// it was held.
+/// Whether the open file still has its name: another program may have removed it before we locked
+/// it.
 bool isStillThere(const QFile& file) {
     struct stat opened = {};
     struct stat named = {};
@@ -34,7 +34,7 @@ bool isStillThere(const QFile& file) {
 } // namespace
 
 std::optional<FileLock> FileLock::take(const QString& fileName) {
-    // not by the number of a process, which may be another's after this one
+    // not by process number, which another process may get later
     auto file = std::make_unique<QFile>(fileName);
     if (!file->open(QIODevice::ReadWrite | QIODevice::Unbuffered,
                     QFile::ReadOwner | QFile::WriteOwner) ||
@@ -59,7 +59,7 @@ std::optional<FileLock> FileLock::take(const QString& fileName) {
     return FileLock(std::move(file));
 }
 
-void FileLock::remove() {} // it goes when it is let go of
+void FileLock::remove() {} // releasing the lock removes the file
 
 #endif
 

@@ -10,20 +10,20 @@ class QLockFile;
 
 namespace korvane {
 
-/// A file that this program holds for itself as long as the object lives. However the program ends,
-/// the system lets go of it.
+/// Locks a file against other programs while the object lives. However the program ends, the system
+/// releases the lock.
 class FileLock {
   public:
-    /// Makes the file if it is not there. Nothing where somebody else holds it, or it cannot be
-    /// had.
+    /// Makes the file if it is missing. Returns nothing if another program holds it or it cannot be
+    /// opened.
     static std::optional<FileLock> take(const QString& fileName);
     FileLock(FileLock&& other) noexcept;
     FileLock& operator=(FileLock&& other) noexcept;
     ~FileLock();
 
-    /// False once it has been moved from.
+    /// False after moving from the object.
     [[nodiscard]] bool held() const { return handle_ != nullptr; }
-    /// Removes the file, which stays held: nobody else finds it any more.
+    /// Removes the file but keeps the lock: nobody else can find it any more.
     void remove();
 
   private:

@@ -21,10 +21,9 @@ constexpr std::string_view mark = "Korvane recovery";
 constexpr std::uint32_t version = 1;
 constexpr std::size_t fixedHeadSize = 16 + 4 + 4 + 8 + 8 + 8;
 constexpr std::size_t sumSize = 8;
-/// No index is wrong: it is kept as it is.
+/// Keeps all indices as they are.
 constexpr std::size_t anyIndex = std::size_t{nowhere} + 1;
 
-/// Writes what is in memory as it is.
 class Writer : public RecordWriter {
   public:
     void records(const ModelDocument& document) {
@@ -168,7 +167,7 @@ std::optional<ModelDocument> readCopy(std::span<const std::uint8_t> bytes,
     if (document) {
         document->FileName = head.model;
         for (MaterialRecord& material : document->Materials) {
-            // also of one that is switched off: it may be switched on
+            // even if the texture is off: the user may switch it on
             if (textures && !material.TextureFile.empty()) {
                 material.TextureImage = textures(material.TextureFile);
             }

@@ -14,20 +14,20 @@
 
 namespace korvane {
 
-// A recovery copy is what a file cannot be: all that a model holds, bit by bit, also where a saved
-// file would not give it back. Pictures are no part of it; they are looked for anew. The bytes:
+// A recovery copy holds all of a model bit by bit, including what a saved file would lose. Pictures
+// are left out and loaded again. The bytes:
 //
-//   "Korvane recovery", version (32 bits), bytes of the name (32), time (64, milliseconds since
-//   1970), bytes of the records (64), their checksum (64), the model's name, the checksum of all
-//   these (64); then the records: materials with their count, and the root frame.
+//   "Korvane recovery", version (32 bits), size of the name (32), time (64, milliseconds since
+//   1970), size of the records (64), their checksum (64), the model's name, the checksum of all
+//   these (64); then the records: the count of materials, these, and the root frame.
 //
-// The fields of the records and the order of the bytes are those of ClipboardLayout.h; indices and
-// floats may be any.
+// Record fields and byte order are those of ClipboardLayout.h; indices and floats may have any
+// value.
 
 /// What is wrong with a copy.
 enum class CopyFault { None, Damaged, OtherVersion };
 
-/// What a copy tells at its beginning.
+/// The head of a copy.
 struct CopyHead {
     CopyFault fault = CopyFault::Damaged;
     QString model;         ///< its FileName
@@ -37,26 +37,26 @@ struct CopyHead {
     std::size_t size = 0;       ///< of the head
 };
 
-/// No head is longer.
+/// The longest valid head.
 inline constexpr std::size_t longestCopyHead = 1U << 17U;
 
-/// Writes a copy of the model as it is now; false where the sink does not take it. Throws
-/// std::length_error where the model is too much for one copy.
+/// Writes a copy of the model. Returns false if the sink fails. Throws std::length_error if the
+/// model is too large for a copy.
 bool writeCopy(const ModelDocument& document, std::int64_t time, const TextSink& sink);
 
-/// The head of a copy, by the first bytes of it and its size.
+/// Reads the head of a copy from its first bytes, given its size in bytes.
 CopyHead readCopyHead(std::span<const std::uint8_t> start, std::uint64_t size);
 
-/// The model that a copy holds, named as before, never saved and modified; nothing unless every
-/// byte is as it was written.
+/// Reads the model of a copy, with its name, never saved and modified; nothing unless all bytes are
+/// as written.
 std::optional<ModelDocument> readCopy(std::span<const std::uint8_t> bytes,
                                       const TextureSource& textures);
 
-// The records alone.
+// Only the records, without a head.
 
 QByteArray encodeRecords(const ModelDocument& document);
-/// Trusts nothing: nothing unless the bytes can be read to their end. Takes memory in proportion to
-/// them.
+/// Trusts nothing in the bytes: returns nothing unless they can be read to their end. Takes memory
+/// in proportion to them.
 std::optional<ModelDocument> decodeRecords(std::span<const std::uint8_t> bytes);
 
 } // namespace korvane

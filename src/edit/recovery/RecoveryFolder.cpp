@@ -28,14 +28,14 @@ QString lockName(const QString& copy) {
 
 constexpr int idLength = 16;
 
-/// The number in the name of a copy, its lock or an unfinished copy; empty for any other file.
+/// The id in the name of a copy, its lock or an unfinished copy; empty for any other file.
 QString idOf(const QString& fileName) {
     static const QRegularExpression ours(
         QStringLiteral("^([0-9a-f]{16})\\.(lock|copy(\\..{6})?)$"));
     return ours.match(fileName).captured(1);
 }
 
-/// Newest first: by the system's time, which a damaged copy has as well.
+/// Newest first, by the file's time: damaged copies have one too.
 QFileInfoList copiesIn(const QString& folder) {
     QFileInfoList copies =
         QDir(folder).entryInfoList({QStringLiteral("*.copy")}, QDir::Files, QDir::Time);
@@ -113,7 +113,7 @@ CopyHead ClaimedCopy::head() const {
 
 std::optional<ModelDocument> ClaimedCopy::read(const TextureSource& textures) const {
     QFile file(fileName_);
-    // its size is checked before it is taken into memory
+    // checks the size before reading the file into memory
     if (head().fault != CopyFault::None ||
         !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return std::nullopt;
@@ -139,7 +139,7 @@ bool RecoveryFolder::prepare() const {
         QDir().mkpath(folder.path());
         return QDir().mkdir(path_, ours) || QFileInfo(path_).isDir(); // another program's, by now
     }
-    // the system tells the owner's permissions once more as those of the user
+    // permissions() also reports the owner's as the user's
     constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                             QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
     return !(folder.permissions() & others) || QFile::setPermissions(path_, ours);
@@ -149,7 +149,7 @@ std::optional<ClaimedCopy> RecoveryFolder::newPlace() const {
     if (!prepare()) {
         return std::nullopt;
     }
-    // another program may claim one for a moment, to see whether it was left
+    // another program may briefly claim it to see whether it was left behind
     constexpr int tries = 3;
     std::optional<ClaimedCopy> place;
     for (int i = 0; i < tries && !place; ++i) {
@@ -175,7 +175,7 @@ std::vector<LeftCopy> RecoveryFolder::claimLeft() const {
     for (const QString& id : std::as_const(ids)) {
         std::optional<ClaimedCopy> place = ClaimedCopy::claim(copyName(path_, id));
         if (!place) {
-            continue; // its program lives
+            continue; // its program still runs
         }
         for (const QString& unfinished :
              folder.entryList({id + QStringLiteral(".copy.??????")}, QDir::Files)) {
@@ -196,7 +196,7 @@ void RecoveryFolder::makeRoom() const {
         bytes += sizeOf(copy);
     }
     if (static_cast<std::size_t>(copies.size()) <= limits_.copies && bytes <= limits_.bytes) {
-        return; // with those of living programs, even
+        return; // even including those of running programs
     }
     std::size_t kept = 0;
     bytes = 0;

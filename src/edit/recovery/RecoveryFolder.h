@@ -13,28 +13,28 @@
 
 namespace korvane {
 
-/// The place of one copy, claimed by this program: until the object is gone no other program offers
-/// or removes what is there.
+/// The place of one copy, claimed by this program: while the object lives, no other program offers
+/// or removes the copy.
 class ClaimedCopy {
   public:
-    /// Nothing where another program has claimed it.
+    /// Returns nothing if another program has claimed it.
     static std::optional<ClaimedCopy> claim(const QString& fileName);
     ClaimedCopy(ClaimedCopy&& other) noexcept = default;
     ClaimedCopy& operator=(ClaimedCopy&& other) noexcept;
-    /// What was written stays for the next program.
+    /// Leaves the copy for the next program.
     ~ClaimedCopy();
 
     [[nodiscard]] const QString& fileName() const { return fileName_; }
-    /// Whether what is written here would still be claimed: somebody may have removed the folder.
+    /// Whether the place is still claimed: somebody may have removed the folder.
     [[nodiscard]] bool isThere() const;
-    /// Whether there is a copy here, still claimed.
+    /// Whether the place is still claimed and has a copy.
     [[nodiscard]] bool holdsCopy() const;
-    /// Writes the model in one step; false leaves what was there.
+    /// Replaces the copy atomically. If this fails, returns false and leaves the old copy.
     bool write(const ModelDocument& document);
     [[nodiscard]] CopyHead head() const;
-    /// The model; nothing where the copy is damaged.
+    /// Reads the model; returns nothing if the copy is damaged.
     [[nodiscard]] std::optional<ModelDocument> read(const TextureSource& textures) const;
-    /// Removes what is there.
+    /// Removes the copy.
     void remove();
 
   private:
@@ -44,41 +44,40 @@ class ClaimedCopy {
     FileLock lock_;
 };
 
-/// A copy whose program has ended, with what it tells of itself.
+/// A copy whose program has ended.
 struct LeftCopy {
     ClaimedCopy place;
     CopyHead head;
 };
 
-/// How much the folder may hold of programs that have ended.
+/// Limits for the copies of programs that have ended.
 struct RecoveryLimits {
     std::size_t copies = 100;
     std::uint64_t bytes = 1U << 30U;
     std::chrono::seconds age = std::chrono::hours(24 * 30);
 };
 
-/// The folder of the recovery copies, which is its user's alone.
+/// The folder of the recovery copies, private to its user.
 class RecoveryFolder {
   public:
     explicit RecoveryFolder(QString path, const RecoveryLimits& limits = {});
-    /// The one of this user: in XDG_STATE_HOME, which is .local/state of the home unless the
-    /// environment says otherwise, or where the platform has such data.
+    /// The folder of this user: below XDG_STATE_HOME, by default .local/state in the home, or
+    /// wherever the platform keeps such data.
     static RecoveryFolder ofUser();
 
     [[nodiscard]] const QString& path() const { return path_; }
-    /// A place for a new copy; makes the folder if need be. Nothing where that cannot be.
+    /// Claims a place for a new copy and makes the folder if needed. Returns nothing on failure.
     [[nodiscard]] std::optional<ClaimedCopy> newPlace() const;
-    /// Claims the copies whose programs have ended, the newest first, and removes what programs
-    /// have left unfinished.
+    /// Claims the copies whose programs have ended, newest first, and removes unfinished ones.
     [[nodiscard]] std::vector<LeftCopy> claimLeft() const;
 
-    // Both remove readable copies alone, and none that is claimed. What this version cannot read,
-    // another one may, or a person.
+    // Both remove only readable copies that nobody has claimed. Another version, or a person, may
+    // be able to read the others.
 
-    /// Removes the oldest copies until the limits allow what is left. The newest stays whatever its
+    /// Removes the oldest copies until the rest fits the limits. The newest stays whatever its
     /// size.
     void makeRoom() const;
-    /// Removes copies that are past their time. The user must have been offered them.
+    /// Removes copies past the age limit. Offer them to the user first.
     void removeOld() const;
 
   private:

@@ -17,7 +17,7 @@ RecoveryKeeper::RecoveryKeeper(RecoveryFolder folder, KeeperClock clock)
 
 KeepOutcome RecoveryKeeper::keep(const ModelDocument& document, When when) {
     const State state = stateOf(document);
-    // at the last moment it counts what is on the disk, which somebody may have cleared
+    // When::Now may be the last chance: check that the copy is still on the disk
     if (copied_ == state && (when == When::Due || (place_ && place_->holdsCopy()))) {
         return {};
     }
@@ -47,7 +47,7 @@ bool RecoveryKeeper::tryWrite(const ModelDocument& document) {
     try {
         return write(document);
     } catch (const std::exception&) {
-        return false; // memory ran out; what the user does comes first
+        return false; // out of memory: do not disturb the user's work
     }
 }
 
@@ -64,16 +64,16 @@ void RecoveryKeeper::leave() {
     if (place_) {
         place_.reset();
         try {
-            folder_.makeRoom(); // it is one more: the limits hold at any time
+            folder_.makeRoom(); // this adds a copy, and the limits always hold
         } catch (const std::exception&) {
-            // memory ran out: the next one makes room
+            // out of memory: the next leave() makes room
         }
     }
 }
 
 void RecoveryKeeper::adopt(ClaimedCopy place) {
     place_ = std::move(place);
-    copied_.reset(); // written anew it is as young as the work on it
+    copied_.reset(); // rewrite it, so that its age is that of the work
 }
 
 } // namespace korvane

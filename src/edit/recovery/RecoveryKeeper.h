@@ -12,35 +12,35 @@
 
 namespace korvane {
 
-/// What became of keeping a copy.
+/// The result of keep().
 struct KeepOutcome {
-    bool failed = false; ///< there should be a copy, but none can be made
+    bool failed = false; ///< a copy is needed, but none can be made
     std::optional<CopyPace::Time>
-        wait; ///< how long it is until the next one is due, if one will be
+        wait; ///< the time until the next copy is due, if there will be one
 };
 
-/// Tells the time since a fixed moment.
+/// Returns the time since a fixed moment.
 using KeeperClock = std::function<CopyPace::Time()>;
 KeeperClock steadyClock();
 
-/// Keeps the recovery copy of one model current. When it goes away, the copy stays.
+/// Keeps the recovery copy of one model current. The copy outlives the object.
 class RecoveryKeeper {
   public:
     explicit RecoveryKeeper(RecoveryFolder folder, KeeperClock clock = steadyClock());
 
-    /// Whether a copy waits for its time or is made at once.
+    /// Make a copy when it is due, or at once.
     enum class When { Due, Now };
-    /// The model differs from what is in a file: makes a copy unless the last one is current.
+    /// Call while the model differs from its file: makes a copy unless the last one is current.
     KeepOutcome keep(const ModelDocument& document, When when);
-    /// There is nothing to be kept (any more): removes the copy.
+    /// Call when nothing needs to be kept: removes the copy.
     void drop();
-    /// The model goes away: its copy stays for the next program.
+    /// Call when the model goes away: leaves its copy for the next program.
     void leave();
-    /// The model is what the copy holds, which is kept current from here on.
+    /// Call after loading the model from the copy: keeps that copy current from now on.
     void adopt(ClaimedCopy place);
 
   private:
-    /// What tells all states of a model apart.
+    /// Identifies a state of the model.
     struct State {
         std::uint64_t revision = 0;
         std::uint64_t liveChanges = 0;
@@ -52,7 +52,7 @@ class RecoveryKeeper {
         return {document.Revision, document.LiveChanges, document.FileName};
     }
     bool write(const ModelDocument& document);
-    /// The same, and false where memory runs out.
+    /// The same, but returns false on any exception.
     bool tryWrite(const ModelDocument& document);
 
     RecoveryFolder folder_;
