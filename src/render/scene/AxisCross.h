@@ -7,7 +7,7 @@
 
 namespace korvane {
 
-/// An axis of the world as the 3D view shows its direction, of the length 1 in space.
+/// The direction of a world axis as the 3D view shows it: a unit vector.
 struct CrossArm {
     char letter;
     float right;

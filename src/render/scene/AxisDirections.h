@@ -6,9 +6,9 @@
 
 namespace korvane {
 
-/// A way to look along an axis of the world.
+/// A view along a world axis.
 struct AxisDirection {
-    const char* name; ///< "+X" looks to where x grows
+    const char* name; ///< "+X" looks towards growing x
     Vec3 direction;
     CameraAngles angles;
 };

@@ -4,20 +4,20 @@
 
 namespace korvane {
 
-// The two matrices show the same picture. With a for 2 pi - a, c for 2 pi - c, b for b +- pi and
-// -distance, sin a, sin c, sin b and cos b change their signs. Without roll (sin c = 0) that leaves
-// the OpenGL matrix as the software one with the first and the third column negated, and so
+// The two matrices show the same picture. Replacing a by 2 pi - a, c by 2 pi - c, b by b +- pi and
+// distance by -distance changes the signs of sin a, sin c, sin b and cos b. Without roll (sin c =
+// 0) the OpenGL matrix is then the software one with the first and the third column negated, and so
 //
 //     x_gl = -x,   y_gl = y,   z_gl = -z.
 //
-// OpenGL projects to x_gl / -z_gl and y_gl / -z_gl, y up. In pixels from the top left corner, f
-// being the focal length, the software view therefore has to draw at
+// OpenGL projects to x_gl / -z_gl and y_gl / -z_gl, y up. So the software view, in pixels from the
+// top left corner and with the focal length f, has to draw at
 //
 //     cx - f x / z,   cy - f y / z.
 //
-// OpenGL counts faces as front faces whose corners run anticlockwise with y up. Seen with y down
-// the product of two edges (x1 y2 - y1 x2, taken in the order of the corners) is negative for them:
-// this is what the test against the negative back-face threshold asks for.
+// In OpenGL, front faces have anticlockwise corners with y up. With y down, the product of two of
+// their edges (x1 y2 - y1 x2, in the order of the corners) is negative: hence the test against the
+// negative back-face threshold.
 Matrix4 cameraMatrix(DrawApi api, const CameraAngles& angles, float distance) {
     float a = angles.pitch;
     float b = angles.yaw;

@@ -9,11 +9,11 @@
 
 namespace korvane {
 
-/// The matrix from world space, counted from the camera centre, to view space. The software view
-/// looks along +z and the OpenGL view along -z; distance is that of the eye from the centre.
+/// The matrix from world space relative to the camera centre to view space. The software view looks
+/// along +z, the OpenGL view along -z. `distance` is the eye's from the centre.
 Matrix4 cameraMatrix(DrawApi api, const CameraAngles& angles, float distance);
 
-/// World space to the view space of the software view, which has the world larger by a scale factor
+/// Transforms world space to the view space of the software view, scaling the world by a factor
 /// about the centre.
 class Camera {
   public:
@@ -28,7 +28,7 @@ class Camera {
         }
     }
 
-    /// The point in view space, x, y and z in the first three lanes. In single precision: this runs
+    /// The point in view space: x, y and z in the first three lanes. Single precision, as this runs
     /// for every vertex of every picture.
     [[nodiscard]] FloatLanes toViewLanes(const Vec3& p) const {
         return rows_[0] * allLanes(p.x - centre_.x) + rows_[1] * allLanes(p.y - centre_.y) +
@@ -38,16 +38,16 @@ class Camera {
         const FloatLanes view = toViewLanes(p);
         return {view[0], view[1], view[2]};
     }
-    /// A direction of view space in world space. The camera only turns directions, so the scalar
-    /// product of two is the same in both spaces.
+    /// Converts a direction from view space to world space. The camera only rotates directions, so
+    /// both spaces have the same scalar products.
     [[nodiscard]] Vec3 directionToWorld(const Vec3& d) const {
         return {d.x * matrix_[0] + d.y * matrix_[1] + d.z * matrix_[2],
                 d.x * matrix_[4] + d.y * matrix_[5] + d.z * matrix_[6],
                 d.x * matrix_[8] + d.y * matrix_[9] + d.z * matrix_[10]};
     }
 
-    /// How large the numbers are that the view position of a point is summed up from, in view
-    /// space.
+    /// A bound, in view space, on the terms that add up to a point's view position. Rounding errors
+    /// grow with it.
     [[nodiscard]] float magnitude(const Vec3& p) const {
         return std::max(std::abs(matrix_[14]), scale_ * std::max(largest(p), largest(centre_)));
     }
@@ -58,7 +58,7 @@ class Camera {
     }
 
     Matrix4 matrix_;
-    std::array<FloatLanes, 4> rows_{}; ///< of the matrix, the turning ones scaled
+    std::array<FloatLanes, 4> rows_{}; ///< of the matrix, with the scale factor in the first three
     Vec3 centre_;
     float scale_;
 };

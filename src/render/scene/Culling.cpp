@@ -9,7 +9,7 @@
 namespace korvane {
 
 bool usablePosition(const Vec3& p) {
-    // what is larger would leave the range of single precision on its way through the clipping
+    // larger numbers would overflow single precision while clipping
     constexpr float limit = 1e15F;
     return std::abs(p.x) < limit && std::abs(p.y) < limit && std::abs(p.z) < limit;
 }
@@ -30,7 +30,7 @@ Containment containment(const DrawContext& context, const DrawItem& item) {
         }
         size = std::max({size, std::abs(corner.x), std::abs(corner.y), std::abs(corner.z)});
     }
-    const float margin = size * 1e-5F; // well above the rounding of a vertex within the box
+    const float margin = size * 1e-5F; // well above the rounding error of a vertex in the box
     bool inside = cache.allFinite();
     for (const ClipPlane& plane : context.geometry.planes) {
         float least = std::numeric_limits<float>::max();

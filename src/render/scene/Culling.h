@@ -6,17 +6,17 @@
 
 namespace korvane {
 
-/// What one redraw of a 3D view sees with. Everything referred to outlives the redraw.
+/// The view that one redraw of a 3D view uses. The references must outlive the redraw.
 struct DrawContext {
     const ViewGeometry& geometry;
     const ViewState& state;
     const Camera& camera;
 };
 
-/// Whether a point of view space can be drawn: a finite one, not too far away.
+/// Whether a point of view space can be drawn: finite and not too far away.
 bool usablePosition(const Vec3& p);
 
-/// How a frame's mesh lies to the planes of the view, by its bounds.
+/// How the bounds of a frame's mesh lie relative to the planes of the view.
 enum class Containment { Outside, Crossing, Inside };
 
 /// The frame's drawing cache must be up to date.

@@ -8,8 +8,8 @@ namespace korvane {
 
 namespace {
 
-/// The matrix that turns normals: the inverse transpose of the upper 3 x 3 but for a positive
-/// factor, so that a matrix that flattens has one as well.
+/// The matrix for normals: the inverse transpose of the upper 3 x 3 up to a positive factor, which
+/// exists even for a singular matrix.
 struct NormalMatrix {
     explicit NormalMatrix(const Matrix4& m) {
         const auto minor = [&m](std::size_t a, std::size_t b, std::size_t c, std::size_t d) {
@@ -18,7 +18,7 @@ struct NormalMatrix {
         cofactors = {minor(5, 6, 9, 10),  -minor(4, 6, 8, 10), minor(4, 5, 8, 9),
                      -minor(1, 2, 9, 10), minor(0, 2, 8, 10),  -minor(0, 1, 8, 9),
                      minor(1, 2, 5, 6),   -minor(0, 2, 4, 6),  minor(0, 1, 4, 5)};
-        // the size does not matter: keep extreme matrices within range
+        // the factor is free: keep extreme matrices within range
         double largest = 0.0;
         for (const double c : cofactors) {
             largest = std::max(largest, std::abs(c));

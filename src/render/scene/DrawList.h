@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-/// Whether the views draw the frame's mesh: its first and third view flag are set.
+/// Whether the views draw the frame's mesh: its first and third view flags are set.
 inline bool isShown(const FrameRecord& frame) {
     return frame.ViewFlags[0] && frame.ViewFlags[2];
 }
@@ -17,8 +17,8 @@ struct DrawItem {
     Matrix4 world;
 };
 
-/// The frames of a tree that the views show, in pre-order, the root included. The children of a
-/// frame that is left out are still entered.
+/// The frames of a tree that the views show, in pre-order, the root included. A hidden frame's
+/// children are still visited.
 class DrawList {
   public:
     void rebuild(FrameRecord& root);
@@ -27,7 +27,7 @@ class DrawList {
 
   private:
     std::vector<DrawItem> items_;
-    std::vector<Matrix4> worlds_; ///< from the root down to the frame the walk stands on
+    std::vector<Matrix4> worlds_; ///< from the root down to the walk's current frame
 };
 
 } // namespace korvane

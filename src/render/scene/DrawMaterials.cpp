@@ -81,7 +81,7 @@ void DrawMaterials::select(const MeshRecord& mesh) {
         }
     }
     const auto slots = static_cast<std::int64_t>(slots_.size());
-    // looked for only where it decides whether the mesh has an opaque part
+    // searched only if that decides whether the mesh has an opaque part
     usesNowhere_ = any(false) || slots == 0 ||
                    std::any_of(mesh.FaceSlotIndex.begin(), mesh.FaceSlotIndex.end(),
                                [slots](std::int32_t slot) { return slot < 0 || slot >= slots; });

@@ -11,18 +11,18 @@
 
 namespace korvane {
 
-/// Whether the material has a picture that can be looked up: the single white pixel that stands for
-/// one that could not be loaded would change nothing.
+/// Whether the material has a picture to draw. The single white pixel that stands for a picture
+/// that failed to load is none, as it would change nothing.
 bool hasPicture(const MaterialRecord& material);
 
-/// Whether faces of the material go to the transparent pass: only smooth shading mixes colours.
+/// Whether faces of the material go to the translucent pass: only smooth shading blends.
 bool isTranslucent(const MaterialRecord& material, const ViewState& state);
 
-/// The opacity that the material is drawn with, 0 to 1.
+/// The opacity to draw the material with, 0 to 1.
 float shownOpacity(const MaterialRecord& material, const ViewState& state);
 
-/// The slot of a face in its mesh, which may lead nowhere: the last slot for faces without an
-/// entry, -1 in a mesh without materials.
+/// The slot of a face, which may lead nowhere: the last slot for faces without an entry, -1 in a
+/// mesh without materials.
 inline std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
     if (!mesh.HasMaterials) {
         return -1;
@@ -36,11 +36,11 @@ inline std::int64_t slotOfFace(const MeshRecord& mesh, std::size_t face) {
 const MaterialRecord* materialOfFace(const MeshRecord& mesh, std::size_t face,
                                      std::span<const MaterialRecord> table);
 
-/// The numbers of a face's texture coordinates, one for each of its corners; empty if one has none.
+/// The indices of a face's texture coordinates, one a corner; empty unless all are valid.
 std::span<const std::uint32_t> textureCorners(const MeshRecord& mesh, std::size_t face,
                                               std::size_t corners);
 
-/// A material as drawing needs it, taken once a redraw.
+/// A material prepared for drawing, once a redraw.
 struct DrawMaterial {
     DrawMaterial(const MaterialRecord& material, const ViewState& state);
 
@@ -51,8 +51,8 @@ struct DrawMaterial {
     float opacity; ///< 0 to 1
 };
 
-/// The materials of a document, and by slot those of the mesh at hand. The textures of the material
-/// records must outlive what was taken from them.
+/// The materials of a document, and by slot those of the selected mesh. The textures of the
+/// material records must outlive this.
 class DrawMaterials {
   public:
     /// Takes the document's table for one redraw.
@@ -60,7 +60,7 @@ class DrawMaterials {
     /// Finds the materials of a mesh's slots.
     void select(const MeshRecord& mesh);
 
-    /// How many slots the mesh has, with the one that stands for all that lead nowhere.
+    /// The number of the mesh's slots, plus one for faces that lead nowhere.
     [[nodiscard]] std::size_t slotCount() const { return slots_.size(); }
     /// The slot of a face, below slotCount().
     [[nodiscard]] std::size_t slot(const MeshRecord& mesh, std::size_t face) const {
@@ -75,9 +75,9 @@ class DrawMaterials {
     [[nodiscard]] bool any(bool translucent) const;
 
   private:
-    std::vector<DrawMaterial> table_; ///< the last one is a new material
+    std::vector<DrawMaterial> table_; ///< the last one is a default material
     std::vector<const DrawMaterial*> slots_;
-    bool usesNowhere_ = true; ///< whether some face may lead to no slot
+    bool usesNowhere_ = true; ///< whether some face may lead nowhere
 };
 
 } // namespace korvane

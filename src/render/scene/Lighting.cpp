@@ -4,9 +4,9 @@
 
 namespace korvane {
 
-// Exporters write an ambient of (0.5, 0.5, 0.5) into nearly every material, meant as the share of a
-// scene's dim ambient light that the surface gives back. Added as it is it would bleach every model
-// to grey. Half of it, of the face colour, lifts the sides that turn away and keeps the hue.
+// Exporters give nearly every material an ambient of (0.5, 0.5, 0.5), meaning the share of a
+// scene's dim ambient light that the surface reflects. Added unchanged it would bleach every model
+// to grey. Half of it, times the face colour, lifts the sides that turn away and keeps the hue.
 ColorRGB additiveColor(const MaterialRecord& material) {
     constexpr float ambientLight = 0.5F;
     const ColorRGBA& face = material.FaceColor;

@@ -8,21 +8,21 @@
 
 namespace korvane {
 
-/// The number in [0, 1]; 0 if it is none.
+/// Clamps to [0, 1]; NaN returns 0.
 inline float clampUnit(float value) {
     return value > 0.0F ? std::min(value, 1.0F) : 0.0F;
 }
 
-/// The colour that a material adds to whatever light falls on it, the same in every view: what it
-/// emits, and the ambient part.
+/// The colour that a material shows in any light, the same in every view: its emission and the
+/// ambient part.
 ColorRGB additiveColor(const MaterialRecord& material);
 
-/// What lighting makes of one corner: channels and intensity 0 to 1.
+/// The lighting of one corner: channels and intensity 0 to 1.
 struct LitColor {
     ColorRGB color;
-    float specular = 0.0F; ///< how much of the specular colour comes on top
+    float specular = 0.0F; ///< the share of the specular colour to add
 
-    /// Both together, as smooth shading shows them: like OpenGL, the sum.
+    /// The sum of both for smooth shading, as in OpenGL.
     [[nodiscard]] ColorRGB withHighlight(const ColorRGB& specularColor) const {
         return {clampUnit(color.red + specular * specularColor.red),
                 clampUnit(color.green + specular * specularColor.green),
@@ -30,7 +30,7 @@ struct LitColor {
     }
 };
 
-/// The values of a material that lighting needs, taken once a redraw.
+/// The values of a material that lighting needs, prepared once a redraw.
 struct SurfaceColors {
     explicit SurfaceColors(const MaterialRecord& material);
 
@@ -47,28 +47,28 @@ struct SurfaceColors {
 
     ColorRGB face;
     ColorRGB additive;
-    ColorRGB emissive; ///< the part of the additive colour that needs no light
+    ColorRGB emissive; ///< the emitted part of the additive colour
     ColorRGB specular;
     float power;
-    /// Products with the half vector up to this give no highlight that 16 bits could show.
+    /// Products with the half vector up to this make a highlight of 2^-16 at most: none is drawn.
     float noHighlight;
 };
 
-/// Where light comes from and how the eye looks, all in the space that normals are given in.
+/// The directions of the light and the eye, in the same space as the normals.
 struct LightDirections {
     Vec3 light; ///< to the light
     Vec3 half;  ///< halfway to the eye; deliberately not normalised
-    Vec3 depth; ///< that the eye looks in
+    Vec3 depth; ///< the direction in which the eye looks
 };
 
 /// The half vector of a light direction and a view vector.
 Vec3 halfVector(const Vec3& light, const Vec3& eye);
 
-/// Lights a corner with the normal. With `flipNormals` a normal that points away from the eye is
-/// turned round first.
+/// Lights a corner by its normal. `flipNormals` first reverses a normal that points away from the
+/// eye.
 inline LitColor lightNormal(const Vec3& normal, const LightDirections& directions,
                             const SurfaceColors& surface, bool flipNormals) {
-    // in single precision: this runs for every normal of every picture
+    // single precision, as this runs for every normal of every picture
     const auto dot = [&normal](const Vec3& v) {
         return normal.x * v.x + normal.y * v.y + normal.z * v.z;
     };
@@ -76,7 +76,7 @@ inline LitColor lightNormal(const Vec3& normal, const LightDirections& direction
     return surface.lit(sign * dot(directions.light), sign * dot(directions.half));
 }
 
-/// The one colour of a face in flat shading, channels 0 to 255, from the means of its corners.
+/// A face's colour in flat shading, channels 0 to 255, from the means of its corners.
 ColorRGB flatColor(const ColorRGB& meanColor, float meanSpecular, const ColorRGB& specularColor);
 
 } // namespace korvane

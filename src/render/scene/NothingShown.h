@@ -8,8 +8,7 @@ namespace korvane {
 
 struct ModelDocument;
 
-/// Why the 3D view shows no face of the model wherever the camera is, as a sentence; empty if it
-/// can show one.
+/// Why the 3D view shows no face from any camera position, as a sentence; empty if it can show one.
 QString whyNothingShows(const ModelDocument& document, const ViewState& state);
 
 } // namespace korvane

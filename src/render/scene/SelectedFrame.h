@@ -11,7 +11,7 @@ struct SelectedFrame {
     Matrix4 world; ///< its world matrix
 };
 
-/// The first frame of the walk that is marked as selected; the last frame of all if none is.
+/// The first selected frame of the walk, or the last frame if none is selected.
 SelectedFrame findSelectedFrame(FrameRecord& root);
 
 } // namespace korvane

@@ -20,7 +20,7 @@ double squaredDistance(const Vec3& a, const Vec3& b) {
     return x * x + y * y + z * z;
 }
 
-/// From how far a ball of radius 1 is seen whole.
+/// The distance at which a ball of radius 1 fits into the view.
 double fitDistance(const ViewGeometry& geometry) {
     const int shorter = std::max(std::min(geometry.cx, geometry.cy), 1);
     return 1.0 / std::sin(std::atan2(double(shorter), double{geometry.f}));
@@ -38,7 +38,7 @@ std::vector<DrawItem> shownItems(ModelDocument& document, Seen seen) {
     return items;
 }
 
-/// The bounds of all that the frames show, in world space.
+/// The bounds of all meshes of the frames, in world space.
 Bounds worldBounds(std::span<const DrawItem> items) {
     Bounds bounds;
     for (const DrawItem& item : items) {
@@ -51,7 +51,7 @@ Bounds worldBounds(std::span<const DrawItem> items) {
     return bounds;
 }
 
-/// Halved one by one: the sum may be out of range.
+/// Halves each bound, as the sum may overflow.
 Vec3 centreOf(const Bounds& bounds) {
     return {bounds.low.x / 2 + bounds.high.x / 2, bounds.low.y / 2 + bounds.high.y / 2,
             bounds.low.z / 2 + bounds.high.z / 2};
@@ -80,7 +80,7 @@ double radiusAround(const Vec3& centre, std::span<const DrawItem> items) {
     return std::sqrt(largest);
 }
 
-/// The origin of the selected frame, else another place.
+/// The selected frame's origin in world space, or `otherwise` without one.
 Vec3 selectedOrigin(ModelDocument& document, const Vec3& otherwise) {
     const SelectedFrame found = findSelectedFrame(document.Root);
     const Vec3 origin = VectorMatrix({}, found.world);
@@ -88,15 +88,15 @@ Vec3 selectedOrigin(ModelDocument& document, const Vec3& otherwise) {
                                                                                  : otherwise;
 }
 
-/// From how far a ball around the camera centre is seen whole, with the eye outside.
+/// The distance at which a ball around the camera centre fits into the view, with the eye outside.
 double startDistance(double radius, const ViewGeometry& geometry) {
     return std::max(radius * fitDistance(geometry), radius + double{ViewGeometry::nearZ});
 }
 
-/// The scale factor for a model of a radius.
+/// The scale factor for a model of that radius.
 double startScale(double radius, const ViewGeometry& geometry) {
     constexpr double radiusOfLarge = 100.0;
-    constexpr double most = 1e30; // stays within single precision with what it is multiplied by
+    constexpr double most = 1e30; // so that products stay within single precision
     const double diameter = 2 * radius;
     if (radius + startDistance(radius, geometry) > double{ViewGeometry::farZ}) {
         return radiusOfLarge / radius;
@@ -125,7 +125,7 @@ void startCamera(ModelDocument& document, ViewState& state, const ViewGeometry& 
     const double radius = radiusAround(document.CameraCenter, items);
     const double scale = startScale(radius, geometry);
     const double shown = radius * scale;
-    // a view of a few columns would have the eye beyond its depth
+    // a view a few columns wide would place the eye beyond its depth
     const double farthest = double{ViewGeometry::farZ} - shown;
     document.CameraDistance =
         static_cast<float>(std::min(startDistance(shown, geometry), farthest));
@@ -147,7 +147,7 @@ void startPlanes(ModelDocument& document, std::int32_t width, std::int32_t heigh
     const double x = double{bounds.high.x} - bounds.low.x;
     const double y = double{bounds.high.y} - bounds.low.y;
     const double z = double{bounds.high.z} - bounds.low.z;
-    // of the sides that lie across and upright in one of the views the longest
+    // the longest horizontal and vertical sides over the three views
     const double across = std::max(x, z);
     const double upright = std::max(y, z);
     double scale = ModelDocument().PlaneScale;

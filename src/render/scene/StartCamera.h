@@ -6,21 +6,21 @@
 
 namespace korvane {
 
-/// What is to be seen: the whole model, or the selected frame with all below it.
+/// What to show: the whole model, or the selected frame with its descendants.
 enum class Seen { Model, Selection };
 
-// Both move the document's views to where a just-opened model is seen whole and centred, whatever
-// its size, for an empty model to a sensible place. A selected frame with nothing to show is only
+// Both move the document's views so that a newly opened model of any size is seen whole and
+// centred; an empty model gets default values. A selected frame with nothing to show is only
 // centred. They bring the drawing caches up to date.
 
-/// Moves the camera, but does not turn it, to where the model and the box of the selected frame are
-/// seen whole whichever way they are turned, and sets the scale factor of the 3D view: 1 unless the
-/// model would reach out of the depth of the view, or is too small for its near plane.
+/// Moves the camera, without turning it, to where the model and the selected frame's box are seen
+/// whole from any angle. Sets the scale factor of the 3D view: 1 unless the model would reach
+/// beyond the depth of the view or is too small for its near plane.
 void startCamera(ModelDocument& document, ViewState& state, const ViewGeometry& geometry,
                  Seen seen = Seen::Model);
 
-/// Gives the 2D views, each of a size in device pixels, one scale and pan in which all three show
-/// the model whole. The scale may be beyond the limits of zooming.
+/// Sets one scale and pan with which all three 2D views, each of that size in device pixels, show
+/// the model whole. The scale may lie beyond the limits of zooming.
 void startPlanes(ModelDocument& document, std::int32_t width, std::int32_t height,
                  Seen seen = Seen::Model);
 

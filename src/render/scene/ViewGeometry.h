@@ -7,7 +7,7 @@
 
 namespace korvane {
 
-/// A plane of the view: a point p of view space is inside where the distance is 0 or more.
+/// A plane of the view: points of view space with a distance of 0 or more are inside.
 struct ClipPlane {
     Vec3 normal;
     float d = 0.0F;
@@ -15,12 +15,12 @@ struct ClipPlane {
     [[nodiscard]] float distance(const Vec3& p) const { return dotproduct(normal, p) - d; }
 };
 
-/// What the size of a view settles: its centre, focal length and clip planes, for a vertical field
-/// of view of 60 degrees. Sizes are in device pixels.
+/// What follows from a view's size in device pixels: its centre, focal length and clip planes, for
+/// a vertical field of view of 60 degrees.
 struct ViewGeometry {
     /// The near plane; the eye looks along +z.
     static constexpr float nearZ = 0.25F;
-    /// What the z-buffer starts with; nothing behind it is drawn.
+    /// The initial value of the z-buffer; nothing behind it is drawn.
     static constexpr float farZ = 5000.0F;
 
     /// A width or height of 0 or less counts as 1, but has its centre at 0.
@@ -31,8 +31,8 @@ struct ViewGeometry {
     std::int32_t cx;
     std::int32_t cy;
     float f; ///< focal length in pixels
-    /// Near, two side walls, two walls above and below. There is no far plane. The walls lean
-    /// inward by a ten thousandth of a radian from the true edges of the picture.
+    /// Near, right, left, bottom and top; there is no far plane. The last four lean inward by a ten
+    /// thousandth of a radian from the true edges of the picture.
     std::array<ClipPlane, 5> planes;
 };
 

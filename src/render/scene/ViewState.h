@@ -9,17 +9,16 @@
 
 namespace korvane {
 
-/// What the 3D view draws through. Direct3D can be set but no command does; it draws as Software.
+/// The renderer of the 3D view. No command sets Direct3D; it draws as Software.
 enum class DrawApi : std::int32_t { Software = 0, OpenGL = 1, Direct3D = 2 };
 
 /// How the 3D view draws faces.
 enum class RenderMode : std::int32_t { Wireframe = 0, FlatShading = 1, SmoothShading = 2 };
 
-/// Pi as the 3D view takes it for all its angles: deliberately the single-precision value just
-/// below.
+/// Pi for all angles of the 3D view: deliberately the next single-precision value below.
 inline constexpr float viewPi = 3.1415925F;
 
-/// How the camera is turned about the point it looks at, in radians.
+/// The camera's rotation about the point it looks at, in radians.
 struct CameraAngles {
     float pitch = 0.574F;
     float yaw = 4.168F;
@@ -28,7 +27,7 @@ struct CameraAngles {
     bool operator==(const CameraAngles&) const = default;
 };
 
-/// The colours that the 3D view draws with; the wire colours go by a frame's select state.
+/// The colours of the 3D view; a frame's select state chooses the wire colour.
 struct ViewColors {
     BitmapPixel background = 0xff000000U;
     BitmapPixel selected = 0xffff0000U;
@@ -36,7 +35,6 @@ struct ViewColors {
     BitmapPixel unselected = 0xff0000ffU;
 };
 
-/// The wire colour of a frame by how it stands to the selected one.
 inline BitmapPixel wireColor(const ViewColors& colors, SelectState state) {
     switch (state) {
     case SelectState::Selected:
@@ -49,7 +47,7 @@ inline BitmapPixel wireColor(const ViewColors& colors, SelectState state) {
     return colors.unselected;
 }
 
-/// The colours that the 2D views draw with.
+/// The colours of the 2D views.
 struct PlaneColors {
     /// The background, and the lines of frames by their select state.
     ViewColors frames{.background = 0xffffffffU};
@@ -59,7 +57,7 @@ struct PlaneColors {
     BitmapPixel cameraCentre = 0xff800080U; ///< purple
 };
 
-/// The settings of a 3D view, shared by both ways of drawing.
+/// The settings of a 3D view, shared by both renderers.
 struct ViewState {
     DrawApi api = DrawApi::OpenGL;
     RenderMode mode = RenderMode::SmoothShading;
@@ -72,10 +70,10 @@ struct ViewState {
     Vec3 light = {0, 0, -1}; ///< the direction to the light, in view space
     Vec3 eye = {0, 0, -1};   ///< the direction to the eye, in view space
     ViewColors colors;
-    /// How much larger than in the model everything shows, about the camera centre; the camera
-    /// distance is in what comes out. Lighting knows nothing of it.
+    /// The model is drawn larger by this factor about the camera centre, and the camera distance is
+    /// measured after scaling. Lighting ignores it.
     float scaleFactor = 1.0F;
-    /// Faces are drawn when the product of their projected edges, in pixels, is below this.
+    /// Draw faces whose product of projected edges, in pixels, is below this.
     std::int32_t backFaceThreshold = -6;
 };
 
