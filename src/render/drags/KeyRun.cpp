@@ -9,7 +9,7 @@ namespace korvane {
 
 namespace {
 
-/// A way of so many pixels in the plane, as one in world space.
+/// Converts a number of pixels along a key's direction to a vector in world space.
 Vec3 worldWay(const PlaneMapping& mapping, const KeyWay& way, float pixels) {
     return toWorld(mapping.plane, mapping.way(0, 0, static_cast<float>(way.right) * pixels,
                                               static_cast<float>(-way.up) * pixels));
@@ -44,10 +44,10 @@ bool KeyRun::moves() const {
 }
 
 StaleViews stepView(const PlaneMapping& mapping, ViewKey arrow, ModelDocument& document) {
-    constexpr float panStep = 16.0F; // pixels: one is too little to get anywhere
+    constexpr float panStep = 16.0F; // pixels: a single one would get nowhere
     const bool camera = document.Tool == ViewTool::MoveObjCoords;
     Vec3& place = camera ? document.CameraCenter : document.PanVector;
-    // the camera centre goes against the mouse, so it does here
+    // a drag moves the camera centre against the mouse, so the key does too
     const Vec3 moved = place + worldWay(mapping, keyWay(arrow), camera ? -1.0F : panStep);
     if (!isFinite(moved) || moved == place) {
         return {};

@@ -5,25 +5,24 @@
 
 namespace korvane {
 
-/// A run of arrow keys in a 2D view, with a tool that moves or turns the selected frame: each moves
-/// the frame by a pixel, or turns it by a degree, counterclockwise to the left and up. All of them
-/// count from where the frame was at the beginning, so that nothing adds up and the way back ends
-/// there.
+/// A run of arrow keys in a 2D view with a tool that moves or turns the selected frame. Each key
+/// moves the frame by a pixel, or turns it by a degree: counterclockwise for left and up. Each
+/// matrix derives from the first one, so errors do not add up and opposite keys cancel exactly.
 class KeyRun {
   public:
     KeyRun(const PlaneMapping& mapping, ViewTool tool, FrameMove start)
         : mapping_(mapping), tool_(tool), move_(std::move(start)) {}
 
-    /// Whether a key goes on with this run: in the same view with the same tool at the same frame.
+    /// Whether a key continues this run: the same view, tool and frame.
     [[nodiscard]] bool goesOn(const PlaneMapping& mapping, ViewTool tool,
                               const FramePath& frame) const {
         return mapping_ == mapping && tool_ == tool && move_.frame == frame;
     }
-    /// False for a key that would lead beyond all numbers, which does nothing.
+    /// Does nothing and returns false if the result would not be finite.
     bool press(ViewKey arrow);
 
     [[nodiscard]] const FrameMove& move() const { return move_; }
-    /// Whether the frame is elsewhere than at the beginning.
+    /// Whether the frame's matrix differs from the one at the beginning.
     [[nodiscard]] bool moves() const;
     [[nodiscard]] const DragProgress& progress() const { return progress_; }
 
@@ -35,8 +34,8 @@ class KeyRun {
     DragProgress progress_;
 };
 
-/// What an arrow key does in a 2D view with the other tools: as a drag by a pixel with that which
-/// moves the camera centre, else it pans by some pixels. False if nothing moved.
+/// Handles an arrow key in a 2D view with any other tool. The tool for the camera centre moves that
+/// as a drag by a pixel would; all others pan by 16 pixels. Returns no stale view if nothing moved.
 StaleViews stepView(const PlaneMapping& mapping, ViewKey arrow, ModelDocument& document);
 
 } // namespace korvane

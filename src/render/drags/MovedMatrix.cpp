@@ -9,9 +9,9 @@ namespace korvane {
 
 namespace {
 
-/// The rotation of world space that shows in the plane as one by an angle, counterclockwise.
+/// The rotation of world space that the plane shows as counterclockwise.
 Matrix4 planeRotation(ViewPlane plane, double cosine, double sine) {
-    // the images of the axes are those of the plane's two directions, which may run backwards
+    // signs differ from the textbook's because a plane's axes may run against the world's
     const auto c = static_cast<float>(cosine);
     const auto s = static_cast<float>(sine);
     Matrix4 rotation;
@@ -39,7 +39,7 @@ Matrix4 planeRotation(ViewPlane plane, double cosine, double sine) {
 
 Matrix4 movedMatrix(const Matrix4& matrix, const Vec3& way) {
     Matrix4 moved = matrix;
-    if (way != Vec3()) { // or a negative zero would become another number
+    if (way != Vec3()) { // adding 0 would turn -0 into 0
         moved[12] += way.x;
         moved[13] += way.y;
         moved[14] += way.z;
@@ -50,7 +50,7 @@ Matrix4 movedMatrix(const Matrix4& matrix, const Vec3& way) {
 Matrix4 turnedMatrix(const Matrix4& matrix, ViewPlane plane, double cosine, double sine) {
     const Matrix4 turned = MatrixMatrix(matrix, planeRotation(plane, cosine, sine));
     Matrix4 inPlace = matrix;
-    std::copy_n(turned.m.begin(), 12, inPlace.m.begin()); // its place is kept
+    std::copy_n(turned.m.begin(), 12, inPlace.m.begin()); // keep the translation
     return inPlace;
 }
 

@@ -5,14 +5,13 @@
 
 namespace korvane {
 
-/// The matrix of a frame whose place is moved by a way.
+/// The frame's matrix with its translation moved by `way`.
 Matrix4 movedMatrix(const Matrix4& matrix, const Vec3& way);
 
-/// The matrix of a frame that is turned about its own origin, by an angle that shows in the plane,
-/// counterclockwise.
+/// The frame's matrix turned about the frame's origin, counterclockwise as the plane shows it.
 Matrix4 turnedMatrix(const Matrix4& matrix, ViewPlane plane, double cosine, double sine);
 
-/// Whether the matrices are the same in every bit, so that a NaN is no change.
+/// Whether all bits are equal: unlike ==, this finds a NaN equal to itself.
 bool sameBits(const Matrix4& a, const Matrix4& b);
 
 } // namespace korvane

@@ -53,7 +53,7 @@ float wheelDistance(float distance, float notches) {
     if (distance == 0.0F && notches >= 0.0F) {
         return distance;
     }
-    // a camera in the centre has no distance to scale
+    // a distance of 0 cannot be scaled
     const float scaled = std::max(distance, 0.01F) * wheelFactor(-notches);
     return std::clamp(scaled, 0.0F, std::max(distance, farthest));
 }

@@ -6,19 +6,19 @@
 
 namespace korvane {
 
-/// The mouse in the 3D view: the left button turns the camera about its centre, the right button
-/// moves it nearer and farther, both together do both. Half the view's width turns by 180 degrees.
+/// Dragging in the 3D view: the left button turns the camera about its centre, the right button
+/// changes its distance, both together do both. Half the view's width turns by 180 degrees.
 class OrbitDrag {
   public:
-    /// A button went down: what follows counts from here.
+    /// A button went down; update() measures from here.
     void begin(const DragInput& input, const CameraAngles& angles, float distance);
-    /// The mouse moved. False when no drag runs and nothing changed.
+    /// The mouse moved. Returns false if no drag runs.
     bool update(const DragInput& input, const ViewGeometry& geometry, CameraAngles& angles,
                 float& distance) const;
-    /// A button was released: as update(), and the drag is over.
+    /// A button was released: does what update() does and ends the drag.
     bool end(const DragInput& input, const ViewGeometry& geometry, CameraAngles& angles,
              float& distance);
-    /// Puts the camera back where it was at the beginning. False when no drag runs.
+    /// Restores the camera from the beginning. Returns false if no drag runs.
     bool cancel(CameraAngles& angles, float& distance);
 
     [[nodiscard]] bool active() const { return zooming_ || rotating_; }
@@ -33,8 +33,8 @@ class OrbitDrag {
     float idleDistance_ = 0.0F;
 };
 
-/// The camera distance after the wheel turned by so many notches, forward being positive: a
-/// constant factor a notch.
+/// The camera distance after a turn of the wheel, by a constant factor a notch. Notches forward are
+/// positive and move the camera nearer.
 float wheelDistance(float distance, float notches);
 
 } // namespace korvane

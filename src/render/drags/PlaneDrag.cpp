@@ -10,7 +10,7 @@ namespace korvane {
 
 namespace {
 
-/// Where a drag leads, or the place from before where that is beyond all numbers.
+/// `place`, or `before` if that is not finite.
 Vec3 finiteOr(const Vec3& before, const Vec3& place) {
     return isFinite(place) ? place : before;
 }
@@ -21,7 +21,7 @@ StaleViews PlaneDrag::begin(const DragInput& input, PlaneMapping mapping, ModelD
     const bool left = input.button == DragButton::Left;
     StaleViews stale;
     if (plane_ != mapping.plane || (left && left_)) {
-        stale = cancel(document); // the release went elsewhere
+        stale = cancel(document); // its release never arrived
         mapping.scale = document.PlaneScale;
         mapping.pan = toPlane(mapping.plane, document.PanVector);
     }
@@ -64,7 +64,7 @@ StaleViews PlaneDrag::update(const DragInput& input, const PlaneMapping& mapping
     if (!left_ || plane_ != mapping.plane) {
         return {};
     }
-    // at an extreme scale a few pixels may be a way beyond all numbers: nothing goes there
+    // at an extreme scale a few pixels may overflow in model units
     const PlanePoint way = mapping.way(start_.x, start_.y, input.x, input.y);
     if (!isFinite(toWorld(mapping.plane, way))) {
         return {};
@@ -80,7 +80,7 @@ StaleViews PlaneDrag::update(const DragInput& input, const PlaneMapping& mapping
     case ViewTool::RotateFrame:
         return rotateFrame(input, mapping, document);
     case ViewTool::MoveObjCoords:
-        // the other way: the model seems to follow the mouse in the 3D view
+        // against the mouse, so that the model seems to follow it in the 3D view
         progress_.moved = toWorld(mapping.plane, {-way.u, -way.v});
         document.CameraCenter = finiteOr(document.CameraCenter, startCentre_ + progress_.moved);
         return {.planes = true, .space = true};
@@ -102,7 +102,7 @@ StaleViews PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& ma
         startDirection_ = direction;
     }
     if (!direction) {
-        return {}; // on the origin there is no angle: the frame stays as it was turned last
+        return {}; // the origin has no direction: keep the last turn
     }
     const double cosine = startDirection_->u * direction->u + startDirection_->v * direction->v;
     const double sine = startDirection_->u * direction->v - startDirection_->v * direction->u;
@@ -117,7 +117,7 @@ StaleViews PlaneDrag::rotateFrame(const DragInput& input, const PlaneMapping& ma
 
 bool PlaneDrag::setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const {
     FrameRecord* frame = frameAt(document.Root, frame_);
-    // a file could not give numbers back that are none
+    // a saved file could not restore infinities and NaN
     if (frame == nullptr || !isFinite(matrix) || sameBits(frame->Matrix, matrix)) {
         return false;
     }

@@ -8,24 +8,24 @@
 
 namespace korvane {
 
-/// What a drag did to a frame: its matrix from before and now.
+/// A change of a frame's matrix.
 struct FrameMove {
     FramePath frame;
     Matrix4 before;
     Matrix4 after;
 };
 
-/// How far a running drag has got, to be told to the user.
+/// The progress of a running drag, for the status bar.
 struct DragProgress {
     ViewTool tool = ViewTool::Zoom;
-    Vec3 moved;          ///< what was moved, in world space
+    Vec3 moved;          ///< the translation so far, in world space
     float turned = 0.0F; ///< radians, counterclockwise on the screen
 };
 
-/// Which pictures no longer show the document.
+/// Which views are out of date.
 struct StaleViews {
-    bool planes = false; ///< those of the 2D views
-    bool space = false;  ///< that of the 3D view
+    bool planes = false; ///< the 2D views
+    bool space = false;  ///< the 3D view
 
     StaleViews& operator|=(const StaleViews& other) {
         planes = planes || other.planes;
@@ -37,35 +37,35 @@ struct StaleViews {
 /// How a drag ended.
 struct DragEnd {
     StaleViews stale;
-    std::optional<FrameMove> move; ///< for the history, if a frame has another matrix now
+    std::optional<FrameMove> move; ///< to be recorded, if a frame's matrix changed
 };
 
-/// The mouse in the 2D views, from the button that goes down first until one is released. It does
-/// what the document's tool of that moment is for, live in the document. Cancelled, it leaves
-/// everything as it was. One drag runs at a time, in one plane.
+/// Dragging in the 2D views, from the first button down to the first one released. The document's
+/// tool at the press decides what the drag does, and each move changes the document at once.
+/// cancel() restores everything. One drag runs at a time, in one plane.
 class PlaneDrag {
   public:
-    /// A button went down. The zoom tool does its work at once: the left button doubles the scale,
-    /// the right one halves it. All others wait for the left button to move. A drag that was left
-    /// over in another plane is cancelled.
+    /// A button went down. The zoom tool acts at once: the left button doubles the scale, the right
+    /// one halves it. All others wait for the left button to move. Cancels a drag whose release
+    /// never arrived.
     StaleViews begin(const DragInput& input, PlaneMapping mapping, ModelDocument& document);
-    /// The mouse moved; nothing if that was in another plane.
+    /// The mouse moved. Ignored in another plane than the drag's.
     StaleViews update(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
-    /// A button was released: as update(), and the drag is over. One that was left over in another
-    /// plane is cancelled.
+    /// A button was released: does what update() does and ends the drag. Cancels a drag in another
+    /// plane, whose release never arrived.
     DragEnd end(const DragInput& input, const PlaneMapping& mapping, ModelDocument& document);
-    /// Puts everything back to where it was at the beginning.
+    /// Restores everything from the beginning.
     StaleViews cancel(ModelDocument& document);
 
     [[nodiscard]] bool active() const { return left_ || right_; }
-    /// Whether a frame is elsewhere than it was when the drag began.
+    /// Whether the drag has changed a frame's matrix.
     [[nodiscard]] bool moves(const ModelDocument& document) const;
     [[nodiscard]] bool activeIn(ViewPlane plane) const { return active() && plane_ == plane; }
-    /// How far the drag has got; nothing unless one runs that does anything by moving.
+    /// How far the drag has got; nothing unless one runs that reacts to moves.
     [[nodiscard]] std::optional<DragProgress> progress() const;
 
   private:
-    /// A way from the pointer to the frame's origin, one unit long.
+    /// The unit vector from the pointer to the frame's origin, in the plane.
     struct Direction {
         double u = 0.0;
         double v = 0.0;
@@ -75,7 +75,7 @@ class PlaneDrag {
     StaleViews moveFrame(ModelDocument& document);
     StaleViews rotateFrame(const DragInput& input, const PlaneMapping& mapping,
                            ModelDocument& document);
-    /// Whether that was a change.
+    /// Returns whether the matrix changed.
     bool setFrameMatrix(ModelDocument& document, const Matrix4& matrix) const;
     [[nodiscard]] std::optional<Direction> directionFrom(const DragInput& input,
                                                          const PlaneMapping& mapping) const;
@@ -85,12 +85,12 @@ class PlaneDrag {
     bool right_ = false;
     DragProgress progress_;
 
-    // for cancel(): from before the first button went down
+    // for cancel(): the values before the first button went down
     float idleScale_ = 0.0F;
     Vec3 idlePan_;
     Vec3 idleCentre_;
 
-    // from when the left button went down
+    // the values when the left button went down
     DragInput start_;
     Vec3 startPan_;
     Vec3 startCentre_;
@@ -100,8 +100,8 @@ class PlaneDrag {
     std::optional<Direction> startDirection_; ///< none while the pointer is on the origin
 };
 
-/// The wheel turned by so many notches, forward being positive, at a place in a 2D view: zooms by a
-/// factor a notch, keeping what is under the pointer there. False if the scale stays.
+/// Zooms a 2D view by the wheel, by a constant factor a notch, and keeps the point under the
+/// pointer there. Notches forward are positive. Returns false if the scale stays.
 bool zoomPlanes(const DragInput& place, float notches, PlaneMapping mapping,
                 ModelDocument& document);
 

@@ -18,7 +18,7 @@ constexpr bool isArrow(ViewKey key) {
     return key <= ViewKey::Down;
 }
 
-/// How far an arrow key goes to the right and up: one step in one of the two.
+/// The direction of an arrow key, as steps to the right and up.
 struct KeyWay {
     int right = 0;
     int up = 0;

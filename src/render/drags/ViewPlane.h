@@ -13,7 +13,7 @@ enum class ViewPlane : std::int32_t { XY = 0, XZ = 1, ZY = 2 };
 inline constexpr std::size_t planeCount = 3;
 inline constexpr ViewPlane viewPlanes[planeCount] = {ViewPlane::XY, ViewPlane::XZ, ViewPlane::ZY};
 
-/// A point or a way in a plane, in units of the model: u to the right, v upward.
+/// A point or a vector in a plane, in model units: u to the right, v upward.
 struct PlanePoint {
     float u = 0.0F;
     float v = 0.0F;
@@ -34,7 +34,7 @@ constexpr PlanePoint toPlane(ViewPlane plane, const Vec3& p) {
     return {-p.x, p.y};
 }
 
-/// A way in the plane as a way in world space.
+/// Converts a vector in the plane to one in world space.
 constexpr Vec3 toWorld(ViewPlane plane, const PlanePoint& way) {
     switch (plane) {
     case ViewPlane::XZ:
@@ -50,19 +50,19 @@ constexpr Vec3 toWorld(ViewPlane plane, const PlanePoint& way) {
 /// How a plane lies on a bitmap.
 struct PlaneMapping {
     ViewPlane plane = ViewPlane::XY;
-    std::int32_t centreX = 0; ///< in pixels, as the mouse positions are
+    std::int32_t centreX = 0; ///< in device pixels, like mouse positions
     std::int32_t centreY = 0;
     PlanePoint pan;     ///< added to every point of the plane
     float scale = 1.0F; ///< pixels a unit
 
     [[nodiscard]] double screenX(float u) const { return centreX + (double{u} + pan.u) * scale; }
     [[nodiscard]] double screenY(float v) const { return centreY - (double{v} + pan.v) * scale; }
-    /// What lies under a place on the screen.
+    /// The point of the plane under a pixel.
     [[nodiscard]] PlanePoint under(float x, float y) const {
         return {static_cast<float>((double{x} - centreX) / scale - pan.u),
                 static_cast<float>((centreY - double{y}) / scale - pan.v)};
     }
-    /// The way between two places on the screen.
+    /// The vector in the plane from one pixel to another.
     [[nodiscard]] PlanePoint way(float fromX, float fromY, float toX, float toY) const {
         return {static_cast<float>((double{toX} - fromX) / scale),
                 static_cast<float>((double{fromY} - toY) / scale)};
@@ -71,8 +71,8 @@ struct PlaneMapping {
     bool operator==(const PlaneMapping&) const = default;
 };
 
-/// How a plane lies on the bitmap of a 2D view, of a size in device pixels: centred, in a scale,
-/// and moved by a pan in world space.
+/// The mapping of a plane to a 2D view of a size in device pixels: centred, with a scale and a pan
+/// in world space.
 constexpr PlaneMapping planeMapping(ViewPlane plane, std::int32_t width, std::int32_t height,
                                     float scale, const Vec3& pan) {
     return {plane, width / 2, height / 2, toPlane(plane, pan), scale};
@@ -82,8 +82,8 @@ constexpr PlaneMapping planeMapping(ViewPlane plane, std::int32_t width, std::in
 inline constexpr float tooSmallScale = 0.01F;
 inline constexpr float largestScale = 5000.0F;
 
-/// The zoom scale after a change by a factor; as it was if that would be beyond the limit in that
-/// direction. A scale that started beyond the other limit can always come back.
+/// The zoom scale times the factor, or unchanged if that passes the limit in the factor's
+/// direction. So a scale beyond the other limit can always come back.
 constexpr float zoomedScale(float scale, float factor) {
     const float zoomed = scale * factor;
     const bool allowed = factor > 1.0F ? zoomed <= largestScale : zoomed > tooSmallScale;
