@@ -14,7 +14,7 @@ namespace korvane {
 
 namespace {
 
-/// A frame that was found, and by what it ranks.
+/// A picked frame with the value to sort by, the least first.
 struct Found {
     double rank;
     FramePath frame;
@@ -31,7 +31,7 @@ std::vector<FramePath> inOrder(std::vector<Found> found) {
     return frames;
 }
 
-/// The least of what `of` gives for the faces of a mesh, by their numbers.
+/// The least value of `of` over the face numbers of a mesh.
 template <class Of>
 std::optional<double> leastOf(const PolygonList& faces, const Of& of) {
     std::optional<double> least;
@@ -43,8 +43,8 @@ std::optional<double> leastOf(const PolygonList& faces, const Of& of) {
     return least;
 }
 
-/// Finds frames in one walk. `collect` puts the vertices of a frame's drawing cache into a space,
-/// `rank` ranks the frame by them, where it is found.
+/// Finds frames in one walk. `collect` puts a frame's vertices in world space into a pointer space;
+/// `rank` then returns the frame's rank, or nothing if the pointer misses it.
 template <class Collect, class Rank>
 std::vector<FramePath> findFrames(ModelDocument& document, const Collect& collect, Rank rank) {
     DrawList list;
@@ -62,7 +62,7 @@ std::vector<FramePath> findFrames(ModelDocument& document, const Collect& collec
     return inOrder(std::move(found));
 }
 
-/// Ranks a frame by how near its lines are.
+/// Ranks a frame by the distance to its nearest line.
 auto byLines(const PointerSpace& space) {
     return [&space](const DrawItem& item) {
         const PolygonList& faces = item.frame->Mesh.Faces;
@@ -112,7 +112,7 @@ std::vector<FramePath> framesInSpace(ModelDocument& document, const ViewState& s
                        wires ? static_cast<float>(pickReach) : 0.0F);
     const Camera camera(state.angles, document.CameraDistance, document.CameraCenter,
                         state.scaleFactor);
-    // seen through the middle of the pixel
+    // through the middle of the pixel
     const float right = static_cast<float>(geometry.cx) - (x + 0.5F);
     const float below = static_cast<float>(geometry.cy) - (y + 0.5F);
     const auto collect = [&](const std::vector<Vec3>& vertices) {
@@ -129,7 +129,7 @@ std::vector<FramePath> framesInSpace(ModelDocument& document, const ViewState& s
 
 std::vector<FramePath> framesInPlane(ModelDocument& document, const PlaneMapping& mapping, float x,
                                      float y) {
-    constexpr float depth = 1.0F; // of all points alike
+    constexpr float depth = 1.0F; // the same for all points
     PointerSpace space({depth, depth}, static_cast<float>(pickReach));
     const auto collect = [&](const std::vector<Vec3>& vertices) {
         space.clear(vertices.size());

@@ -10,16 +10,16 @@ namespace korvane {
 
 namespace {
 
-/// Set beyond all sides for a point that no face can be drawn with.
+/// A further bit, for a point that no face can be drawn with.
 constexpr std::uint32_t nowhere = 1U << 31U;
 
-/// Twice the area of the triangle that two points and the pointer show as.
+/// The cross product of x and y: its sign says how a and b run around the pointer.
 double product(const PointerPoint& a, const PointerPoint& b) {
     return double{a.x} * b.y - double{a.y} * b.x;
 }
 
-/// What part of a line lies within a range of depth, as shares of it; the first is larger than the
-/// second where none does.
+/// The start and end of the part of a line within a depth range, as fractions of the line; the
+/// start lies above the end if no part does.
 std::pair<double, double> partWithin(const DepthRange& depth, double from, double to) {
     if (from == to) {
         return from >= depth.nearest && from <= depth.farthest ? std::pair(0.0, 1.0)
@@ -34,7 +34,7 @@ std::pair<double, double> partWithin(const DepthRange& depth, double from, doubl
 } // namespace
 
 void PointerSpace::add(float x, float y, float z) {
-    // each side is one side of a plane through the eye, also behind it
+    // the first four sides are planes through the eye, so this also holds behind it
     const float edge = reach_ * z;
     std::uint32_t beyond = (x > edge ? 1U : 0U) | (x < -edge ? 2U : 0U) | (y > edge ? 4U : 0U) |
                            (y < -edge ? 8U : 0U) | (z < depth_.nearest ? 16U : 0U) |
@@ -69,7 +69,7 @@ std::optional<double> PointerSpace::depthUnder(std::span<const std::uint32_t> co
     for (std::size_t k = 2; k < corners.size(); ++k) {
         const PointerPoint& b = points_[corners[k - 1]];
         const PointerPoint& c = points_[corners[k]];
-        // how much each corner counts in the place under the pointer
+        // the weight of each corner at the pointer
         const double ofFirst = product(b, c);
         const double ofB = product(c, first);
         const double ofC = product(first, b);
@@ -121,7 +121,7 @@ std::optional<double> PointerSpace::distanceTo(const PointerPoint& a, const Poin
     const double wayX = toX - fromX;
     const double wayY = toY - fromY;
     const double squared = wayX * wayX + wayY * wayY;
-    // of the places on the line that which is nearest to the pointer
+    // the fraction of the line where it is nearest to the pointer
     const double at =
         squared > 0 ? std::clamp(-(fromX * wayX + fromY * wayY) / squared, 0.0, 1.0) : 0.0;
     const double distance = std::hypot(fromX + at * wayX, fromY + at * wayY);

@@ -10,28 +10,28 @@
 
 namespace korvane {
 
-/// A point as seen from the pointer: it shows x / z pixels to the left of it and y / z above, at
-/// the depth z. The pointer looks along the z axis.
+/// A point seen from the pointer, which looks along the z axis: it shows x / z pixels to the left
+/// and y / z above, at the depth z.
 struct PointerPoint {
     float x;
     float y;
     float z;
-    /// Bits of the sides that the point lies to beyond the reach: what has a bit in all its corners
-    /// is out of reach as a whole.
+    /// One bit for each side beyond the reach that the point lies on. If all corners of a shape
+    /// share a bit, the whole shape is out of reach.
     std::uint32_t beyond;
 };
 
-/// How deep the view shows.
+/// The depths that the view shows.
 struct DepthRange {
     float nearest;
     float farthest;
 };
 
-/// Collects the vertices of a mesh as seen from the pointer, and finds what of it is there. A face
-/// with a corner that leads nowhere, or to a place that cannot be drawn, is nowhere.
+/// Collects the vertices of a mesh as seen from the pointer and finds the faces and lines there.
+/// Ignores a face with a corner that leads nowhere or that cannot be drawn.
 class PointerSpace {
   public:
-    /// `reach` is how far from the pointer things still count, in pixels.
+    /// `reach` is the largest distance from the pointer that counts, in pixels.
     PointerSpace(DepthRange depth, float reach) : depth_(depth), reach_(reach) {}
 
     void clear(std::size_t vertices) {
@@ -42,13 +42,12 @@ class PointerSpace {
 
     /// Whether the face may be in reach.
     [[nodiscard]] bool reaches(std::span<const std::uint32_t> corners) const;
-    /// The depth of the nearest place of a face right under the pointer, if that is within the
-    /// range. `sides` tells which sides show: below 0 those whose corners run anticlockwise, above
-    /// 0 those that run clockwise, 0 both.
+    /// The least depth of a face right under the pointer, if within the range. `sides` says which
+    /// sides show: below 0 those with anticlockwise corners, above 0 those with clockwise ones, 0
+    /// both.
     [[nodiscard]] std::optional<double> depthUnder(std::span<const std::uint32_t> corners,
                                                    int sides) const;
-    /// How many pixels the nearest line around a face is away, if one shows within the range and
-    /// the reach.
+    /// The distance in pixels to the nearest edge of a face, if one lies within range and reach.
     [[nodiscard]] std::optional<double> lineDistance(std::span<const std::uint32_t> corners) const;
 
   private:
