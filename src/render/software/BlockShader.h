@@ -7,8 +7,8 @@
 
 namespace korvane {
 
-/// Puts colours into four neighbouring pixels of a row: the lit colour, multiplied by a texture and
-/// mixed with what is there as far as asked for.
+/// Writes four neighbouring pixels of a row: the lit colour, optionally multiplied by a texture and
+/// blended with the pixels' old colours.
 template <bool Textured, bool Blend>
 class BlockShader {
   public:
@@ -16,7 +16,7 @@ class BlockShader {
         : texture_(surface.texture), opacity_(surface.opacity) {}
 
     /// `light` is red, green and blue from 0 to 255, s and t are positions in the texture. Pixels
-    /// outside of `pass` keep what they hold.
+    /// outside `pass` keep their values.
     void put(BitmapPixel* pixels, IntLanes pass, const std::array<FloatLanes, 3>& light,
              FloatLanes s, FloatLanes t) const {
         const auto before = loadLanes<IntLanes>(pixels);
@@ -41,7 +41,7 @@ class BlockShader {
   private:
     static constexpr std::int32_t byteMask = 0xff;
 
-    /// Where red, green and blue stand in a pixel.
+    /// The bit positions of red, green and blue in a pixel.
     static constexpr int shift(std::size_t channel) { return 16 - 8 * static_cast<int>(channel); }
 
     void multiplyByTexture(std::array<FloatLanes, 3>& color, FloatLanes& share, IntLanes pass,

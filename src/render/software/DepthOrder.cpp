@@ -18,7 +18,7 @@ std::size_t digit(const DepthKey& key, unsigned pass) {
 } // namespace
 
 void orderFarToNear(std::vector<DepthKey>& keys, std::vector<DepthKey>& scratch) {
-    constexpr std::size_t few = 64; // below this counting digits costs more than comparing keys
+    constexpr std::size_t few = 64; // below this a comparison sort is faster
     if (keys.size() < few) {
         std::sort(keys.begin(), keys.end(), [](const DepthKey& a, const DepthKey& b) {
             return a.order != b.order ? a.order < b.order : a.index < b.index;

@@ -6,11 +6,11 @@
 
 namespace korvane {
 
-/// An entry of a list to be put in order by depth.
+/// An entry of a list to be sorted by depth.
 struct DepthKey {
-    /// For an entry with the depth, any number but NaN.
+    /// The depth must not be NaN.
     DepthKey(float depth, std::uint32_t entryIndex) : index(entryIndex) {
-        // of positive floats the bits have the order of the numbers, of negative ones the reverse
+        // positive floats order like their bits, negative ones in reverse
         const auto bits = std::bit_cast<std::uint32_t>(depth + 0.0F);
         order = (bits & 0x80000000U) != 0 ? bits : ~bits & 0x7fffffffU;
     }
@@ -19,8 +19,8 @@ struct DepthKey {
     std::uint32_t index;
 };
 
-/// Puts the entries into descending order of their depths; equal depths keep their order. In linear
-/// time, without allocating once `scratch` has grown.
+/// Sorts the entries, which come with ascending indices, by descending depth; equal depths keep
+/// their order. Takes linear time and allocates nothing once `scratch` has grown.
 void orderFarToNear(std::vector<DepthKey>& keys, std::vector<DepthKey>& scratch);
 
 } // namespace korvane

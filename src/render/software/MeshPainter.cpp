@@ -10,13 +10,12 @@ namespace korvane {
 
 namespace {
 
-/// Meshes whose front faces average less than this many pixels, or most of which have less, are
-/// dense.
+/// A mesh is dense if its front faces average less than this many pixels, or most have less.
 constexpr double denseFacePixels = 12.0;
 
-/// The products of the two edges of each triangle of the fan that starts at the first corner,
-/// summed up: twice the area of the face, also where corners lie on one line or turn inward.
-/// `corner` gives the corner of a number.
+/// The sum of the edge products of the triangles in the fan around the first corner: twice the
+/// face's area, even with collinear corners or concave ones. `corner` returns the corner at an
+/// index.
 template <class Corner>
 std::int64_t fanProduct(std::size_t corners, const Corner& corner) {
     const auto& first = corner(0);
@@ -30,15 +29,15 @@ std::int64_t fanProduct(std::size_t corners, const Corner& corner) {
     return sum;
 }
 
-/// The product of two edges, given in square subpixels, in pixels: negative for front faces.
+/// Converts an edge product from square subpixels to square pixels.
 float inPixels(std::int64_t product) {
     constexpr float unit = 1.0F / (static_cast<float>(subpixels) * subpixels);
     return static_cast<float>(product) * unit;
 }
 
-/// Where the corners of a face lie.
+/// The box around a face's corners.
 struct FaceExtent {
-    /// False if some corner leads nowhere.
+    /// Returns false if some corner leads nowhere.
     bool add(std::span<const std::uint32_t> corners, std::span<const ScreenVertex> screen) {
         for (const std::uint32_t corner : corners) {
             if (corner >= screen.size()) {
@@ -54,8 +53,7 @@ struct FaceExtent {
         }
         return true;
     }
-    /// Whether the centre of a pixel is within the box around the corners: in dense meshes many
-    /// faces lie between the centres.
+    /// Whether the box holds the centre of a pixel: in dense meshes many faces hold none.
     [[nodiscard]] bool holdsPixel() const {
         constexpr std::int32_t half = subpixels / 2;
         return (left + half - 1) / subpixels < (right + half) / subpixels &&
@@ -70,8 +68,7 @@ struct FaceExtent {
     std::int32_t bottom = std::numeric_limits<std::int32_t>::min();
 };
 
-/// Takes the corners the other way round, from the same first one, so that the fan keeps its
-/// triangles.
+/// Reverses the corners after the first one, so that the fan keeps its triangles.
 template <class Corner>
 void turnRound(std::vector<Corner>& corners) {
     std::reverse(corners.begin() + 1, corners.end());
@@ -127,12 +124,12 @@ void MeshPainter::setUp(const RasterContext& context, const DrawItem& item, bool
     const Vec3 half = halfVector(context.state.light, context.state.eye);
     light_ = {context.camera.directionToWorld(context.state.light),
               context.camera.directionToWorld(half), context.camera.directionToWorld({0, 0, 1})};
-    // far sides that are shown are lit as OpenGL lights them, from the side they are seen from
+    // like OpenGL, light far sides from the side they are seen from
     bothSides_ =
         item.frame->RenderBackwards || (translucentPass && context.state.showHiddenTransparent);
     flipNormals_ = bothSides_;
     mirrored_ = mirrors(item.world);
-    // one more for corners that have no normal at all
+    // plus one for corners without any normal
     const std::size_t normals = cache_->WorldCache2.size() + cache_->WorldCache3.size() + 1;
     if (litNormals_.size() < normals) {
         litNormals_.resize(normals);
@@ -143,8 +140,8 @@ void MeshPainter::setUp(const RasterContext& context, const DrawItem& item, bool
     }
 }
 
-/// Finds the faces that may show, and by the way how large front faces are. Those with a corner
-/// that leads nowhere are left out.
+/// Collects the faces that may show, without those with a corner that leads nowhere, and sets the
+/// back-face threshold by the sizes of front faces.
 void MeshPainter::collect(bool translucentPass) {
     candidates_.clear();
     const bool mixed = materials_.any(!translucentPass);
@@ -184,7 +181,7 @@ void MeshPainter::collect(bool translucentPass) {
         }
     }
     threshold_ = static_cast<float>(context_->state.backFaceThreshold);
-    // a few large faces in a mesh do not make the others sparse
+    // by count too: a few large faces must not make a dense mesh pass for a sparse one
     if (count > 0 && (area < denseFacePixels * static_cast<double>(count) || small * 2 > count)) {
         threshold_ = 0.0F;
     }
@@ -203,15 +200,14 @@ void MeshPainter::sortByDepth() {
             sum += screen_[corner].z;
         }
         const double mean = sum / static_cast<double>(corners.size());
-        if (!std::isnan(mean)) { // else some corner is nowhere, and the face is not drawn
+        if (!std::isnan(mean)) { // else some corner is not a number, and the face is not drawn
             keys_.emplace_back(static_cast<float>(mean), static_cast<std::uint32_t>(i));
         }
     }
     orderFarToNear(keys_, keyScratch_);
 }
 
-/// Calls `use` with the number of each corner's normal in turn: that of its own, else that of its
-/// face.
+/// Calls `use` with each corner and the index of its normal: its own, else the face's.
 template <class Use>
 void MeshPainter::forEachNormal(std::size_t face, std::size_t corners, const Use& use) const {
     const std::span<const Vec3> own = cache_->WorldCache2;
@@ -302,8 +298,8 @@ void MeshPainter::drawCrossing(std::uint32_t face, const DrawMaterial& material)
         if (!usablePosition(corner.position)) {
             return;
         }
-        // the colour goes through the clipping with the highlight in it, since the clipping does
-        // not interpolate the specular intensity
+        // the colour includes the highlight, as clipping does not interpolate the specular
+        // intensity
         corner.color = {flat.red, flat.green, flat.blue};
         const Vec2 at = coordinates.empty() ? Vec2() : mesh_->TexCoords[coordinates[k]];
         corner.u = at.u;
@@ -377,7 +373,7 @@ bool MeshPainter::placeTexture(const TextureSampler& sampler) {
         leastT = std::min(leastT, corner.t);
         mostT = std::max(mostT, corner.t);
     }
-    // a whole number of repeats off each direction keeps positions small and above 0
+    // subtracting whole repeats keeps positions small and above 0
     const float offS = std::floor(leastS) - 1.0F;
     const float offT = std::floor(leastT) - 1.0F;
     constexpr auto steps = static_cast<float>(TextureSampler::steps);
@@ -388,7 +384,7 @@ bool MeshPainter::placeTexture(const TextureSampler& sampler) {
         return false;
     }
     for (RasterCorner& corner : corners_) {
-        // far from 0 the next whole number may be the coordinate itself
+        // far from 0, floor() - 1 may round to the coordinate itself
         corner.s = std::max((corner.s - offS) * width - steps / 2, 0.0F);
         corner.t = std::max((corner.t - offT) * height - steps / 2, 0.0F);
     }

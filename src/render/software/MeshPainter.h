@@ -12,14 +12,14 @@
 
 namespace korvane {
 
-/// Draws the faces of meshes in flat and smooth shading. It keeps its working memory from mesh to
-/// mesh and from redraw to redraw, so that drawing allocates nothing once that has grown.
+/// Draws the faces of meshes in flat and smooth shading. It keeps its buffers between meshes and
+/// redraws, so that drawing allocates nothing once they have grown.
 class MeshPainter {
   public:
     /// Takes the materials for the meshes of one redraw.
     void begin(std::span<const MaterialRecord> materials, const ViewState& state);
-    /// Draws the faces that belong to a pass: in pass 0 the opaque ones as they come, in pass 1 the
-    /// translucent ones from the farthest to the nearest. The frame's cache must be up to date.
+    /// Draws the faces of a pass: the opaque ones in their order, or the translucent ones from far
+    /// to near. The frame's cache must be up to date.
     void draw(const RasterContext& context, const DrawItem& item, bool translucentPass);
 
   private:
@@ -28,12 +28,12 @@ class MeshPainter {
         float red;
         float green;
         float blue;
-        std::uint32_t stamp; ///< valid for the mesh and slot whose stamp this is
+        std::uint32_t stamp; ///< of the mesh and slot that the colour is valid for
     };
     /// A face that may show.
     struct Candidate {
         std::uint32_t face;
-        float product; ///< of its edges on the screen, in pixels; not set for faces to be clipped
+        float product; ///< of its edges on the screen, in pixels; 0 for faces to be clipped
         bool crossing; ///< has to be clipped
     };
 
@@ -51,22 +51,22 @@ class MeshPainter {
     const LitNormal& smoothColor(std::size_t normalNumber, const SurfaceColors& colors);
     [[nodiscard]] ColorRGB flatFaceColor(std::size_t face, std::size_t corners,
                                          const SurfaceColors& colors) const;
-    /// Turns the corners' coordinates in s and t into positions in the texture; false if they have
-    /// none that can be drawn.
+    /// Converts the corners' s and t from coordinates to positions in the texture. Returns false if
+    /// they are out of range or not finite.
     bool placeTexture(const TextureSampler& sampler);
 
     DrawMaterials materials_;
-    // of the mesh being drawn
+    // of the current mesh
     const RasterContext* context_ = nullptr;
     const MeshRecord* mesh_ = nullptr;
     const DrawCache* cache_ = nullptr;
     LightDirections light_; ///< in world space
     bool flipNormals_ = false;
     bool bothSides_ = false;
-    bool mirrored_ = false; ///< its faces run the other way on the screen
+    bool mirrored_ = false; ///< its corners run the other way on the screen
     float threshold_ = 0.0F;
     std::uint32_t nextStamp_ = 1; ///< of the first slot of the next mesh
-    std::uint32_t slotStamp_ = 0; ///< of the slot being drawn
+    std::uint32_t slotStamp_ = 0; ///< of the current slot
 
     std::vector<ScreenVertex> screen_;
     std::vector<LitNormal> litNormals_;

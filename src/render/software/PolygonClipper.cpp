@@ -41,7 +41,7 @@ int PolygonClipper::polyclip(int visible, float nx, float ny, float nz, float d)
         allInside = allInside && distances_[i] >= 0;
     }
     if (allInside) {
-        return 1; // comes back as it is
+        return 1; // unchanged
     }
     cut_.clear();
     for (std::size_t i = 0; i < count; ++i) {
@@ -52,7 +52,7 @@ int PolygonClipper::polyclip(int visible, float nx, float ny, float nz, float d)
         }
         const std::size_t previous = i == 0 ? count - 1 : i - 1;
         const std::size_t next = i + 1 == count ? 0 : i + 1;
-        // a neighbour on the plane itself stands for the crossing: it is kept as a corner
+        // a neighbour on the plane is itself the crossing and is kept as a corner
         for (const std::size_t neighbour : {previous, next}) {
             if (distances_[neighbour] > 0) {
                 cut_.push_back(lineclip(i, neighbour, inside / (inside - distances_[neighbour])));

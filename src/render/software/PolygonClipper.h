@@ -7,22 +7,22 @@
 
 namespace korvane {
 
-/// Cuts polygons at planes of view space. Holds the polygon being cut; polygons of any size fit,
-/// and once the buffers have grown nothing is allocated.
+/// Cuts polygons of any size at planes of view space. Holds the polygon being cut and allocates
+/// nothing once its buffers have grown.
 class PolygonClipper {
   public:
     /// The polygon to cut, for the caller to fill.
     std::vector<RenderVertex>& polygon() { return polygon_; }
 
-    /// Cuts the polygon at one plane if it is still visible: returns 1 if it is afterwards, else 0.
-    /// What keeps fewer than two corners is dropped and left as it was.
+    /// Cuts the polygon at one plane if `visible` is 1. Returns 1 if anything is left, else 0. A
+    /// polygon left with fewer than two corners counts as invisible and is not changed.
     int polyclip(int visible, float nx, float ny, float nz, float d);
 
-    /// Cuts the polygon at all planes of a view, in order; whether it is visible.
+    /// Cuts the polygon at all planes of a view, in order. Returns whether it is visible.
     bool clip(const ViewGeometry& geometry);
 
     /// The corner at t between the corners i (t = 0) and j (t = 1). The specular intensity is not
-    /// interpolated, it is that of a new vertex.
+    /// interpolated but that of a new vertex.
     [[nodiscard]] RenderVertex lineclip(std::size_t i, std::size_t j, float t) const;
 
   private:
@@ -31,7 +31,7 @@ class PolygonClipper {
     std::vector<float> distances_;
 };
 
-/// Cuts a line at all planes of a view; false if nothing is left of it.
+/// Cuts a line at all planes of a view. Returns false if nothing is left.
 bool clipLine(const ViewGeometry& geometry, Vec3& a, Vec3& b);
 
 } // namespace korvane

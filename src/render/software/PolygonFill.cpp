@@ -11,7 +11,7 @@ namespace {
 
 /// The pixels whose centres a triangle may cover.
 struct PixelBox {
-    std::int32_t left, top, right, bottom; // the last two belong to it
+    std::int32_t left, top, right, bottom; // all four inclusive
 
     [[nodiscard]] bool empty() const { return left > right || top > bottom; }
 };
@@ -29,8 +29,8 @@ struct Triangle {
     std::int64_t area; ///< twice its area in square subpixels, above 0
 };
 
-/// The line from p to q: 0 or more on its inner side, pixels that an edge runs through going to the
-/// triangle whose left or top edge it is.
+/// The edge from p to q: `value` is 0 or more on its inner side. A pixel centre on an edge belongs
+/// to the triangle of which that is a left or top edge.
 template <class Number>
 struct Edge {
     Edge(const RasterCorner& p, const RasterCorner& q, const PixelBox& box)
@@ -49,13 +49,13 @@ struct Edge {
     Number value; ///< at the box's left column in the current row
 };
 
-/// What is interpolated: z or 1 / z, red, green, blue and the position in the texture.
+/// The interpolated values: z or 1 / z, red, green, blue and the position in the texture.
 using Values = std::array<float, 6>;
 
 template <bool Textured>
 inline constexpr std::size_t usedValues = Textured ? 6 : 4;
 
-/// The values of a corner, in perspective divided by z.
+/// The values of a corner, divided by z for perspective.
 template <bool Perspective, bool Textured>
 Values cornerValues(const RasterCorner& corner) {
     const float z = corner.values[0];
@@ -72,9 +72,9 @@ Values cornerValues(const RasterCorner& corner) {
     return values;
 }
 
-/// Fills a triangle of a few pixels: every pixel of its box is tested, four at once, and values
-/// follow from the corners' shares in it. Without `Perspective` values run straight across the
-/// screen; with it they are divided by z at the corners and multiplied by it again in each pixel.
+/// Fills a triangle of a few pixels: tests each pixel of its box, four at once, and weights the
+/// corners' values by their shares. Without `Perspective` values are linear on the screen; with it
+/// they are divided by z at the corners and multiplied by it again in each pixel.
 template <bool Perspective, bool Textured, bool Blend>
 class SmallFill {
   public:
@@ -110,9 +110,9 @@ class SmallFill {
     }
 
   private:
-    /// From the parts of twice the area that belong to the corners b and c.
+    /// `partB` and `partC` are the shares of the corners b and c in twice the area.
     void fillBlock(std::size_t at, IntLanes inside, IntLanes partB, IntLanes partC) {
-        if (!ready_) { // only now: many triangles of a dense mesh hold no pixel
+        if (!ready_) { // deferred: many triangles of a dense mesh hold no pixel
             prepare();
         }
         const FloatLanes shareB = numbers(partB);
@@ -160,14 +160,14 @@ class SmallFill {
     BlockShader<Textured, Blend> shader_;
     bool ready_ = false;
     Values atA_;
-    Values toB_; ///< difference to the corner b for each part of twice the area
+    Values toB_; ///< difference to the corner b per unit of twice the area
     Values toC_;
 };
 
-/// A value over the plane of a triangle.
+/// A value that is linear over a triangle.
 struct Plane {
     Plane() = default;
-    /// From its values at three corners, whose positions relative to the first are given in pixels,
+    /// From the values at three corners. `relative` has the positions of b and c from a in pixels,
     /// divided by twice the area.
     Plane(float a, float b, float c, const std::array<float, 4>& relative)
         : dx((b - a) * relative[3] - (c - a) * relative[1]),
@@ -266,15 +266,15 @@ class RowFill {
     std::int32_t originX_;
     std::int32_t originY_;
     std::array<Plane, usedValues<Textured>> planes_;
-    // the ranges at the corners, which values may leave by a rounding error
+    // the ranges at the corners; rounding may take values beyond them
     std::array<float, 2> z_;
     std::array<float, 2> positionS_{};
     std::array<float, 2> positionT_{};
 };
 
-/// Narrows the run of pixels [left, right], counted from the box's left column, to those on the
-/// inner side of an edge. The quotients are exact: their parts are whole numbers below 2^53, and
-/// what they differ by from the next whole number is more than the rounding.
+/// Narrows the pixels [left, right], counted from the box's left column, to those on the inner side
+/// of an edge. The truncated quotients are exact: dividend and divisor are integers below 2^53, and
+/// no quotient comes closer to the next integer than the rounding error.
 inline void narrow(const Edge<std::int64_t>& edge, std::int32_t& left, std::int32_t& right) {
     const auto value = static_cast<double>(edge.value);
     if (edge.stepX > 0) {
@@ -310,9 +310,9 @@ void fillRows(const RasterTarget& target, const Triangle& triangle, const PixelB
     }
 }
 
-/// Whether values may run straight across the screen. Halfway along an edge they are then off by a
-/// quarter of the variation of z, as a part of how much they change: this has to stay below a grey
-/// level and half a pixel of the texture.
+/// Whether values may be linear on the screen. Halfway along an edge the error is then a quarter of
+/// the relative variation of z, times the change of the value: it must stay below a grey level and
+/// half a texture pixel.
 template <bool Textured>
 bool nearlyFlat(const Triangle& triangle) {
     const RasterCorner& a = *triangle.a;
@@ -337,7 +337,7 @@ void fillTriangle(const RasterTarget& target, const Triangle& triangle,
     constexpr std::int32_t half = subpixels / 2;
     const auto [minX, maxX] = range(triangle.a->x, triangle.b->x, triangle.c->x);
     const auto [minY, maxY] = range(triangle.a->y, triangle.b->y, triangle.c->y);
-    constexpr std::int32_t shift = 8; // divides by the subpixels, rounding down
+    constexpr std::int32_t shift = 8; // divides by `subpixels`, rounding down
     static_assert(1 << shift == subpixels);
     const PixelBox box = {std::max((minX + half - 1) >> shift, 0),
                           std::max((minY + half - 1) >> shift, 0),

@@ -9,14 +9,14 @@
 
 namespace korvane {
 
-/// Parts of a pixel that screen positions are counted in.
+/// The units of screen positions in a pixel.
 inline constexpr std::int32_t subpixels = 256;
 
-/// The pixels and depths that drawing goes into, row by row; Bitmap::slack entries behind the last
-/// one exist in both.
+/// The pixels and depths to draw into, row by row. Both have Bitmap::slack entries behind the last
+/// one.
 struct RasterTarget {
     BitmapPixel* pixels;
-    float* depths; ///< view space z of what was drawn
+    float* depths; ///< view space z of the pixels
     std::int32_t width;
     std::int32_t height;
 };
@@ -35,15 +35,15 @@ inline constexpr float maxTexturePosition = 1073741824.0F;
 
 /// How a polygon is filled.
 struct RasterSurface {
-    const TextureSampler* texture = nullptr; ///< multiplies the lit colour; none when null
-    bool blend = false;                      ///< mix with what is there and leave the depths alone
+    const TextureSampler* texture = nullptr; ///< multiplies the lit colour; may be null
+    bool blend = false;                      ///< blend with the old pixels, leave the depths
     float opacity = 1.0F;                    ///< 0 to 1, used when blending
 };
 
-/// Fills a polygon as the fan of triangles around its first corner, nearer pixels winning. A pixel
-/// belongs to the triangle that its centre lies in; of two triangles with a common edge exactly one
-/// takes a centre on it. Either way round is filled. Corners may lie off the picture as far as
-/// positions of 2^22 subpixels.
+/// Fills a polygon as a triangle fan around its first corner; nearer pixels win. A pixel belongs to
+/// the triangle that holds its centre; of two triangles with a common edge exactly one takes a
+/// centre on it. The corners may run either way round and may lie off the picture, at positions up
+/// to 2^22 subpixels.
 void fillPolygon(const RasterTarget& target, std::span<const RasterCorner> corners,
                  const RasterSurface& surface);
 

@@ -10,21 +10,20 @@
 
 namespace korvane {
 
-/// What one redraw draws with, and into.
+/// The view and the target of one redraw.
 struct RasterContext : DrawContext {
     RasterTarget target;
 };
 
-/// Where a point of view space in front of the near plane lies on the screen, in subpixels: x and
-/// y.
+/// The screen position, x and y in subpixels, of a point of view space beyond the near plane.
 std::array<std::int32_t, 2> projected(const ViewGeometry& geometry, const Vec3& p);
 
 /// A vertex on the screen.
 struct ScreenVertex {
-    std::int32_t x; ///< in subpixels; not set for vertices beyond a plane
+    std::int32_t x; ///< in subpixels; 0 for vertices outside a plane
     std::int32_t y;
     float z;               ///< in view space
-    std::uint32_t outside; ///< one bit for each plane that the vertex is beyond
+    std::uint32_t outside; ///< one bit for each plane that the vertex lies outside
 };
 
 /// Projects all vertices of a mesh.

@@ -5,7 +5,7 @@
 namespace korvane {
 
 void SoftwareView::resize(std::int32_t width, std::int32_t height) {
-    // whole or not at all: memory may run out at any step
+    // all or nothing: any allocation may fail
     const ViewGeometry geometry(width, height);
     std::vector<float> depths(static_cast<std::size_t>(geometry.width) *
                                   static_cast<std::size_t>(geometry.height) +

@@ -13,19 +13,19 @@ namespace korvane {
 /// Draws a model into a bitmap, without a graphics card.
 class SoftwareView {
   public:
-    /// Sets the size in device pixels; a side of 0 gives one pixel.
+    /// Sets the size in device pixels, each side taken as at least 1.
     void resize(std::int32_t width, std::int32_t height);
     [[nodiscard]] const ViewGeometry& geometry() const { return geometry_; }
     /// The picture of the last redraw.
     [[nodiscard]] const Bitmap& bitmap() const { return bitmap_; }
 
     /// Draws the document's frames as its camera sees them, and brings their drawing caches up to
-    /// date. Remembers the mode drawn in the state.
+    /// date. Records the mode drawn in the state.
     void redraw(ModelDocument& document, ViewState& state);
 
   private:
     void drawFrame(const RasterContext& context, const DrawItem& item, bool translucentPass);
-    /// Behind both passes: nothing that shines through is mixed over its lines.
+    /// Called after both passes, so that nothing blends over the box.
     void drawSelectedBox(const RasterContext& context);
 
     ViewGeometry geometry_{1, 1};

@@ -11,11 +11,11 @@
 
 namespace korvane {
 
-/// Looks colours of a texture up, four at once: bilinear between the centres of its pixels,
-/// repeating, at any size.
+/// Samples a texture of any size, four colours at once: bilinear between the centres of its pixels,
+/// repeating.
 class TextureSampler {
   public:
-    /// Fractions of a pixel that positions are counted in.
+    /// The units of positions in a pixel.
     static constexpr std::int32_t steps = 256;
 
     TextureSampler() = default;
@@ -32,7 +32,7 @@ class TextureSampler {
     using Colors = std::array<FloatLanes, 4>;
 
     /// The colours at positions in steps from the centre of the top left pixel, 0 or more. Lanes
-    /// outside of `wanted` may stand anywhere and come out as any colour.
+    /// outside `wanted` may have any position and return any colour.
     [[nodiscard]] Colors at(IntLanes x, IntLanes y, IntLanes wanted) const {
         const IntLanes fx = x & allLanes(steps - 1);
         const IntLanes fy = y & allLanes(steps - 1);
@@ -42,7 +42,7 @@ class TextureSampler {
         const PerLane lowerWeights((fy - both) | both << 16);
         const PerLane columns(wrapped(x >> stepBits, width_) & wanted);
         const PerLane rows(wrapped(y >> stepBits, height_) & wanted);
-        // also for lanes that are not wanted: to tell them apart here takes longer
+        // unwanted lanes too: a test would take longer
         const auto color = [&](std::size_t lane) -> ShortLanes {
             const std::uint32_t column = columns[lane];
             const std::uint32_t row = rows[lane];
@@ -68,7 +68,7 @@ class TextureSampler {
         std::array<std::uint32_t, laneCount> numbers_;
     };
 
-    /// Columns or rows of repetitions as those of the texture itself; within it for any number.
+    /// Maps columns or rows of repetitions into the texture, whatever the number.
     [[nodiscard]] IntLanes wrapped(IntLanes at, std::uint32_t size) const {
         const IntLanes side = allLanes(static_cast<std::int32_t>(size));
         return powersOfTwo_ ? at & (side - allLanes(1))
@@ -89,8 +89,8 @@ class TextureSampler {
         return widened(bytes);
     }
 
-    /// The lower sixteen bits in the first four lanes, the upper ones in the others; in two steps,
-    /// each of which is an instruction.
+    /// Copies the lower sixteen bits to the first four lanes and the upper ones to the others, in
+    /// two steps of one instruction each.
     static ShortLanes eachFourTimes(std::uint32_t two) {
         const IntLanes word = {static_cast<std::int32_t>(two), 0, 0, 0};
         const auto shorts = reinterpret_cast<ShortLanes>(word);
@@ -99,7 +99,7 @@ class TextureSampler {
         return reinterpret_cast<ShortLanes>(__builtin_shufflevector(doubled, doubled, 0, 0, 1, 1));
     }
 
-    /// From red, green, blue and alpha of two colours each.
+    /// Each argument has red, green, blue and alpha of two colours.
     static Colors channels(ShortLanes first, ShortLanes second) {
         constexpr std::int32_t lowHalf = 0xffff;
         const FloatLanes unit = allLanes(1.0F / static_cast<float>(255 * steps));

@@ -26,7 +26,7 @@ std::int32_t pixelOf(double subpixel) {
     return static_cast<std::int32_t>(subpixel) / subpixels;
 }
 
-/// A line between two points within the planes, one pixel in each column or row of its longer side.
+/// Draws a line between two points inside the planes, one pixel for each step of its longer side.
 void drawLine(const RasterTarget& target, const ScreenVertex& from, const ScreenVertex& to,
               BitmapPixel color) {
     const std::int32_t dx = to.x - from.x;
@@ -34,7 +34,7 @@ void drawLine(const RasterTarget& target, const ScreenVertex& from, const Screen
     const std::int32_t steps = std::max(std::abs(dx), std::abs(dy)) / subpixels + 1;
     const double stepX = static_cast<double>(dx) / steps;
     const double stepY = static_cast<double>(dy) / steps;
-    // 1 / z, not z, runs straight across the screen
+    // 1 / z, not z, is linear on the screen
     const double start = 1.0 / from.z;
     const double step = (1.0 / to.z - start) / steps;
     for (std::int32_t i = 0; i <= steps; ++i) {
@@ -43,7 +43,7 @@ void drawLine(const RasterTarget& target, const ScreenVertex& from, const Screen
     }
 }
 
-/// A line between two points of view space, cut at the planes.
+/// Draws a line between two points of view space, cut at the planes.
 void drawClipped(const RasterContext& context, Vec3 a, Vec3 b, BitmapPixel color) {
     if (!usablePosition(a) || !usablePosition(b) || !clipLine(context.geometry, a, b)) {
         return;

@@ -6,12 +6,12 @@
 
 namespace korvane {
 
-/// Draws lines and points into the 3D picture, nearer pixels winning. It keeps its working memory,
-/// so that drawing allocates nothing once that has grown.
+/// Draws lines and points into the 3D picture; nearer pixels win. It keeps its buffers, so that
+/// drawing allocates nothing once they have grown.
 class WirePainter {
   public:
-    /// Outlines every face of the frame's mesh, or with dots marks their corners only. The frame's
-    /// cache must be up to date.
+    /// Outlines each face of the frame's mesh; with `dots` set in the view's state, draws only the
+    /// corners. The frame's cache must be up to date.
     void drawMesh(const RasterContext& context, const DrawItem& item);
     /// Outlines the box around the mesh's vertices, turned as the frame is.
     static void drawBox(const RasterContext& context, const DrawItem& item);
