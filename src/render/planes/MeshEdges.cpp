@@ -10,7 +10,7 @@ namespace korvane {
 
 namespace {
 
-/// Calls `use` with the ends of every line of every face, the lower vertex first.
+/// Calls `use` with the vertex numbers of each edge of each face, the lower number first.
 template <class Use>
 void forEachLine(const MeshRecord& mesh, Use use) {
     const std::size_t vertices = mesh.Vertices.size();
@@ -30,7 +30,7 @@ void forEachLine(const MeshRecord& mesh, Use use) {
 } // namespace
 
 std::vector<MeshEdge> meshEdges(const MeshRecord& mesh) {
-    // the upper ends, grouped by the lower ones
+    // group the upper ends by the lower ones
     std::vector<std::size_t> ends(mesh.Vertices.size() + 1, 0);
     forEachLine(mesh, [&](std::uint32_t lower, std::uint32_t /*upper*/) {
         ++ends[std::size_t{lower} + 1];

@@ -15,8 +15,8 @@ struct MeshEdge {
     bool operator==(const MeshEdge&) const = default;
 };
 
-/// The lines around the mesh's faces, each pair of vertices once however many faces share it,
-/// ordered by their lower vertex. A face with a corner that leads nowhere is left out.
+/// The edges of the mesh's faces, ordered by their lower vertex; an edge that several faces share
+/// comes once. Leaves out a face with a corner that leads nowhere.
 std::vector<MeshEdge> meshEdges(const MeshRecord& mesh);
 
 } // namespace korvane

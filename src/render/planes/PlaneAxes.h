@@ -8,16 +8,16 @@
 
 namespace korvane {
 
-/// The end of one of the two lines of a 2D view, where an axis of the world points to.
+/// The end of one of the two axis lines of a 2D view that a world axis points to.
 struct PlaneAxis {
     char letter = 'X';
-    PlanePoint way; ///< of the axis in the plane: one unit to the left or right, or upward
+    PlanePoint way; ///< the axis in the plane: one unit to the left or right, or upward
     double x = 0.0; ///< the place of the end, in pixels
     double y = 0.0;
 };
 
-/// The ends of the axes in the plane, first that of the line across, then that of the line upright;
-/// none for a line that is out of sight.
+/// The ends of the two axes in the plane, the horizontal line's first; nothing for a line that is
+/// out of sight.
 std::array<std::optional<PlaneAxis>, 2> planeAxes(const PlaneMapping& mapping, std::int32_t width,
                                                   std::int32_t height);
 

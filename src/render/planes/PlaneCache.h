@@ -13,15 +13,15 @@
 
 namespace korvane {
 
-/// What the 2D views derive from a frame's mesh: its lines, and for each plane where its vertices
-/// show. Kept with the frame's DrawCache.
+/// What the 2D views derive from a frame's mesh: its edges, and the pixels of its vertices in each
+/// plane. Kept with the frame's DrawCache.
 class PlaneCache : public ViewData {
   public:
-    /// The lines around the mesh's faces, each once; the mesh is that of the frame each time.
+    /// The mesh's edges, each once. Always pass the mesh of the cache's own frame.
     const std::vector<MeshEdge>& edges(const MeshRecord& mesh);
 
-    /// Makes points() hold for the vertices in world space as the mapping shows them. True if they
-    /// had to be worked out. The drawing cache is that of the frame, and up to date.
+    /// Brings points() up to date for the mapping. Returns true if they had to be computed. `cache`
+    /// must be the frame's and up to date.
     bool project(const PlaneMapping& mapping, const DrawCache& cache);
     /// The pixel of each vertex in the plane, or noPixel.
     [[nodiscard]] const std::vector<PixelPoint>& points(ViewPlane plane) const {
@@ -30,17 +30,17 @@ class PlaneCache : public ViewData {
 
   private:
     struct Projection {
-        std::optional<PlaneMapping> mapping; ///< that the points hold for
-        std::uint64_t builds = 0;            ///< of the drawing cache that they were made from
+        std::optional<PlaneMapping> mapping; ///< the one that the points were computed with
+        std::uint64_t builds = 0;            ///< of the drawing cache that the points come from
         std::vector<PixelPoint> points;
     };
 
-    std::uint64_t shapeOfEdges_ = 0; ///< the mesh's revision that they were made for, 0 before
+    std::uint64_t shapeOfEdges_ = 0; ///< the mesh's revision for `edges_`; 0 before the first
     std::vector<MeshEdge> edges_;
     std::array<Projection, planeCount> projections_;
 };
 
-/// The plane cache that goes with a frame's drawing cache.
+/// The plane cache in a frame's drawing cache.
 inline PlaneCache& planeCache(DrawCache& cache) {
     return cache.further().get<PlaneCache>();
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int32_t markRadius = 4; ///< in pixels
 
-/// The lines of a mesh on a bitmap.
+/// Draws the edges of a mesh into a bitmap.
 class EdgePainter {
   public:
     EdgePainter(Bitmap& bitmap, const PlaneMapping& mapping, const DrawCache& cache,
@@ -74,7 +74,7 @@ void PlaneView::draw(ModelDocument& document, bool dots) {
             drawFrame(bitmap_, map, *item.frame, dots);
         }
     }
-    // last, since it mostly lies within the model
+    // last, as it usually lies within the model
     drawCameraCentre(bitmap_, map, document.CameraCenter);
 }
 
@@ -94,7 +94,7 @@ QImage PlaneView::selectionOverlay(const ModelDocument& document, bool dots) {
     }
     drawOriginRim();
     drawOrigin(overlay_);
-    drawCameraCentre(overlay_, map, document.CameraCenter); // which stays on top
+    drawCameraCentre(overlay_, map, document.CameraCenter); // always on top
     return overlayOf(overlay_);
 }
 
@@ -108,7 +108,7 @@ void PlaneView::drawAxes(const PlaneMapping& mapping) {
 void PlaneView::findOrigin(const PlaneMapping& mapping, FrameRecord& root) {
     origin_ = noPixel;
     const SelectedFrame found = findSelectedFrame(root);
-    // the mesh alone may be hidden: the mark stays
+    // the mark shows even if only the mesh is hidden
     if (found.frame->SelectState != SelectState::Selected || !found.frame->ViewFlags[0]) {
         return;
     }
@@ -118,7 +118,7 @@ void PlaneView::findOrigin(const PlaneMapping& mapping, FrameRecord& root) {
 
 void PlaneView::drawOrigin(Bitmap& bitmap) const {
     if (origin_ != noPixel) {
-        // two, since one is hard to see in yellow
+        // two lines, as one is hard to see in yellow
         drawEllipse(bitmap, origin_, markRadius, markRadius, colors_.objectAxes);
         drawEllipse(bitmap, origin_, markRadius + 1, markRadius + 1, colors_.objectAxes);
     }
@@ -129,7 +129,7 @@ void PlaneView::drawOriginRim() {
         return;
     }
     const auto channel = [this](unsigned shift) { return colors_.objectAxes >> shift & 0xffU; };
-    // as bright as the colour looks, in thousandths of a level
+    // perceived brightness, in thousandths of a level
     const std::uint32_t bright = 299 * channel(16) + 587 * channel(8) + 114 * channel(0);
     const BitmapPixel rim = bright < 128'000 ? 0xffffffffU : 0xff000000U;
     for (const std::int32_t radius : {markRadius - 1, markRadius + 2}) {

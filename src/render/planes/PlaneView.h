@@ -24,24 +24,24 @@ class PlaneView {
     void setColors(const PlaneColors& colors) { colors_ = colors; }
     [[nodiscard]] const PlaneColors& colors() const { return colors_; }
 
-    /// How the view lies on its bitmap: centred, in the document's scale, moved as its pan tells.
+    /// The mapping of the plane to the bitmap: centred, with the document's scale and pan.
     [[nodiscard]] PlaneMapping mapping(const ModelDocument& document) const;
 
-    /// Draws the document's frames, with dots only the ends of their lines, and brings their
+    /// Draws the edges of the document's frames, with `dots` only their ends, and brings the
     /// drawing caches up to date.
     void draw(ModelDocument& document, bool dots = false);
-    /// The selected frame's lines and mark, this with a rim, once more, to be laid over the picture
-    /// where other frames' lines cover them, as the last draw() had them; a null image if it drew
-    /// neither. It uses the view's memory until the next call.
+    /// An overlay with the selected frame's edges and rimmed mark, for where other frames' lines
+    /// cover them; they are those of the last draw(). A null image if that drew neither. It uses
+    /// the view's memory until the next call.
     [[nodiscard]] QImage selectionOverlay(const ModelDocument& document, bool dots = false);
-    /// Of how many frames the last draw() had to work out anew where their vertices show.
+    /// The number of frames whose vertices the last draw() had to project anew.
     [[nodiscard]] std::size_t projectedFrames() const { return projectedFrames_; }
 
   private:
     void drawAxes(const PlaneMapping& mapping);
     void findOrigin(const PlaneMapping& mapping, FrameRecord& root);
     void drawOrigin(Bitmap& bitmap) const;
-    /// Lines around the mark in a colour that it stands out from.
+    /// Draws lines around the mark in a contrasting colour.
     void drawOriginRim();
     void projectFrame(const PlaneMapping& mapping, const DrawItem& item);
     void drawFrame(Bitmap& bitmap, const PlaneMapping& mapping, FrameRecord& frame,
@@ -50,8 +50,8 @@ class PlaneView {
 
     ViewPlane plane_;
     Bitmap bitmap_;
-    Bitmap overlay_;              ///< of one pixel until it is asked for
-    PixelPoint origin_ = noPixel; ///< of the selected frame, if it has a mark
+    Bitmap overlay_;              ///< one pixel until it is first needed
+    PixelPoint origin_ = noPixel; ///< of the selected frame, if marked
     PlaneColors colors_;
     DrawList list_;
     std::size_t projectedFrames_ = 0;
