@@ -13,9 +13,9 @@ namespace korvane {
 
 namespace {
 
-/// A driver that draws in software takes the memory of each frame from the heap and gives it back
-/// at the frame's end. Lets the heap keep as much: handed to the system and taken again, page by
-/// page, it costs a twentieth of each frame.
+/// A driver that draws in software allocates the memory of each frame on the heap and frees it at
+/// the frame's end. Makes the heap keep that much: returning it to the system and faulting it in
+/// again, page by page, costs a twentieth of each frame.
 void keepFrameMemory() {
 #ifdef __GLIBC__
     constexpr int kept = 64 << 20;
@@ -40,7 +40,7 @@ QSurfaceFormat glFormat() {
 } // namespace
 
 bool GlDriver::create(QOpenGLContext& context) {
-    // these platforms crash instead of telling that they cannot
+    // these platforms crash instead of failing
     const QString platform = QGuiApplication::platformName();
     return platform != QStringLiteral("offscreen") && platform != QStringLiteral("minimal") &&
            !platform.isEmpty() && context.create();

@@ -8,37 +8,37 @@ class QSurface;
 
 namespace korvane {
 
-/// How far drawing with OpenGL got.
+/// Whether drawing with OpenGL works, or where it failed.
 enum class GlStatus {
     Works,
     NoContext,     ///< there is no context of the right kind
     NotCurrent,    ///< the context cannot be made current
-    NoFramebuffer, ///< no framebuffer of the size can be had
+    NoFramebuffer, ///< no framebuffer of that size can be made
 };
 
-/// How contexts are made and made current. Tests put one in its place that fails.
+/// Makes contexts and makes them current. Tests replace it by one that fails.
 class GlDriver {
   public:
     virtual ~GlDriver() = default;
     virtual bool create(QOpenGLContext& context);
     virtual bool makeCurrent(QOpenGLContext& context, QSurface& surface);
 
-    /// That of this machine.
+    /// The driver of this machine.
     static GlDriver& standard();
 };
 
-/// An OpenGL context to draw with off the screen: fixed functions, 32 bits of depth if there are,
-/// no alpha. Needs a QGuiApplication.
+/// An OpenGL context for drawing off the screen: fixed functions, 32 bits of depth if available, no
+/// alpha. Needs a QGuiApplication.
 class GlContext {
   public:
-    /// Tries to make one; see status().
+    /// Tries to make the context; see status().
     explicit GlContext(GlDriver& driver = GlDriver::standard());
     ~GlContext();
     GlContext(const GlContext&) = delete;
     GlContext& operator=(const GlContext&) = delete;
 
     [[nodiscard]] GlStatus status() const { return status_; }
-    /// Only where it works.
+    /// Call only if status() is Works.
     [[nodiscard]] QOpenGLContext& context() const { return *context_; }
 
   private:

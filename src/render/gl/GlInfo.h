@@ -13,8 +13,8 @@ struct GlInfo {
     QString version;
 };
 
-/// Asks the driver through a context of the kind that the 3D view draws with, off the screen.
-/// Nothing where there is no OpenGL.
+/// Queries the driver through a context like the one that the 3D view draws with. Returns nothing
+/// if OpenGL is missing.
 std::optional<GlInfo> probeGl();
 
 } // namespace korvane

@@ -92,7 +92,7 @@ bool GlLists::draw(Run& run, const Emit& emit) {
     glEndList();
     if (glGetError() == GL_OUT_OF_MEMORY) {
         emit();
-        free(run); // only now: it tells whether the faces are textured
+        free(run); // only now: emit() reads the run's `textured`
         return false;
     }
     glCallList(run.list);

@@ -11,33 +11,33 @@
 
 namespace korvane {
 
-/// The display lists of a document's meshes in one OpenGL context, which is current whenever this
-/// is called. A list holds geometry alone: moving a frame or changing a material leaves it as it
-/// is. Recording costs as much as several frames: a mesh is recorded once it has been drawn
+/// The display lists of a document's meshes in one OpenGL context, which must be current at each
+/// call. A list holds geometry alone, so moving a frame or changing a material leaves it valid.
+/// Recording costs as much as several frames, so a mesh is recorded only once it has been drawn
 /// unchanged a few times.
 class GlLists {
   public:
     /// How often a mesh is drawn directly before it is recorded.
     static constexpr int drawsBeforeRecording = 3;
 
-    /// Draws the faces of the frame's mesh whose materials are translucent, or those whose are not,
-    /// slot by slot. Returns the number of lists that this call recorded.
+    /// Draws either the translucent or the opaque faces of the frame's mesh, slot by slot. Returns
+    /// the number of lists that this call recorded.
     std::size_t drawFaces(const FrameRecord& frame, const DrawCache& cache,
                           const DrawMaterials& slots, const GlTextures& textures, bool translucent);
-    /// Draws the edges of the frame's mesh, or its corners, in the current colour.
+    /// Draws the edges or the corners of the frame's mesh in the current colour. Returns the same.
     std::size_t drawWires(const FrameRecord& frame, bool cornersOnly);
-    /// Keeps what is recorded of a frame's mesh although it was not drawn.
+    /// Keeps the lists of a frame's mesh that was not drawn.
     void keep(const FrameRecord& frame);
-    /// Frees what was recorded of meshes neither drawn nor kept since the last sweep.
+    /// Frees the lists of meshes neither drawn nor kept since the last sweep.
     void sweep();
     [[nodiscard]] std::size_t count() const;
 
   private:
-    /// What one list holds of a mesh, or would.
+    /// A part of a mesh that goes into one list.
     struct Run {
         bool textured = false; ///< with texture coordinates
         bool drawn = false;    ///< since the last sweep
-        int draws = 0;         ///< so far, at most one counted between sweeps
+        int draws = 0;         ///< so far, counting at most one between sweeps
         std::uint32_t list = 0;
     };
     struct Mesh {

@@ -8,11 +8,11 @@
 
 namespace korvane {
 
-/// The values of one material slot as OpenGL takes them.
+/// The values of one material slot in OpenGL's terms.
 struct GlMaterial {
     GlMaterial(const DrawMaterial& material, const GlTextures& textures);
 
-    /// Makes the material, its texture and its colour those of the current context.
+    /// Sets the material, its texture and its colour in the current context.
     void apply() const;
 
     std::array<float, 4> ambient;

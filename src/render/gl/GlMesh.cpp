@@ -20,7 +20,7 @@ void emitVertex(const Vec3& p) {
     glVertex3f(p.x, p.y, p.z);
 }
 
-/// Emits the triangles of faces in the order given, with the texture off for faces that have no
+/// Emits the triangles of faces in the order given. Turns the texture off for faces without
 /// coordinates.
 class TriangleEmitter {
   public:
@@ -88,7 +88,7 @@ class TriangleEmitter {
     bool textured_;
     bool useTexture_ = textured_;
     bool cornersHaveNormals_;
-    // of the face at hand
+    // of the current face
     std::span<const std::uint32_t> corners_;
     std::span<const std::uint32_t> coordinates_;
     std::span<const std::uint32_t> normals_;

@@ -10,8 +10,7 @@
 
 namespace korvane {
 
-/// The faces of a mesh that can be drawn, by the slots of their materials, in the order of the mesh
-/// within each.
+/// The drawable faces of a mesh, grouped by material slot; each group keeps the order of the mesh.
 class FacesBySlot {
   public:
     FacesBySlot(const MeshRecord& mesh, const DrawMaterials& slots);
@@ -21,16 +20,16 @@ class FacesBySlot {
     }
 
   private:
-    std::vector<std::size_t> starts_; ///< of each slot in `faces_`, with the end of the last
+    std::vector<std::size_t> starts_; ///< of each slot in `faces_`, then the end of the last
     std::vector<std::uint32_t> faces_;
 };
 
-// These hand a mesh to the current context, in the mesh's own space and with as few interruptions
-// as can be: a run of one kind costs a driver a fraction of what one call a face costs.
+// These hand a mesh to the current context, in the mesh's own space. They interrupt a run of
+// primitives as seldom as possible: a driver is several times slower with one call a face.
 
-/// Hands over faces as the triangles of their fans. The material is the current one; `textured`
-/// tells whether its texture is, which faces without coordinates for it turn off for themselves.
-/// The cache must be up to date.
+/// Hands over faces as triangle fans, with the current material. `textured` says whether a texture
+/// is current; faces without coordinates for it turn it off for themselves. The cache must be up to
+/// date.
 void emitFaces(const MeshRecord& mesh, const DrawCache& cache, std::span<const std::uint32_t> faces,
                bool textured);
 /// Hands over the edges of all faces, or their corners, in the current colour.

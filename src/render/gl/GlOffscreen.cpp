@@ -18,7 +18,7 @@ GlOffscreen::~GlOffscreen() {
     release();
 }
 
-/// What the context holds goes with it.
+/// Whatever the context holds goes with it.
 void GlOffscreen::release() {
     view_ = GlView();
     setUp_ = false;
@@ -35,7 +35,7 @@ GlStatus GlOffscreen::redraw(ModelDocument& document, ViewState& state, std::int
             status_ = draw(document, state, width, height);
         }
     } catch (...) {
-        release(); // commands that break off in the middle leave the context in any state
+        release(); // interrupted commands leave the context in an unknown state
         throw;
     }
     return status_;
@@ -44,7 +44,7 @@ GlStatus GlOffscreen::redraw(ModelDocument& document, ViewState& state, std::int
 GlStatus GlOffscreen::redraw(ModelDocument& document, ViewState& state, std::int32_t width,
                              std::int32_t height, Bitmap& picture) {
     redraw(document, state, width, height);
-    // a driver that was reset while it drew tells so only now
+    // a driver that was reset while it drew reports that only now
     if (status_ == GlStatus::Works && read(picture) != GlStatus::Works) {
         redraw(document, state, width, height);
         read(picture);
@@ -67,7 +67,7 @@ GlStatus GlOffscreen::draw(ModelDocument& document, ViewState& state, std::int32
     const QSize size(std::max(width, 1), std::max(height, 1));
     if (!framebuffer_ || framebuffer_->size() != size) {
         framebuffer_.reset();
-        // without alpha: mixing would leave one of no meaning, which would scale the colours
+        // no alpha: blending would leave meaningless values, which would then scale the colours
         framebuffer_ = std::make_unique<QOpenGLFramebufferObject>(
             size, QOpenGLFramebufferObject::Depth, GL_TEXTURE_2D, GL_RGB8);
     }
@@ -79,7 +79,7 @@ GlStatus GlOffscreen::draw(ModelDocument& document, ViewState& state, std::int32
         setUp_ = true;
     }
     view_.resize(width, height);
-    // whatever colour is drawn, every bit of the pixel is set
+    // whatever the colour, drawing sets every bit of the pixel
     glLogicOp(GL_SET);
     covering_ ? glEnable(GL_COLOR_LOGIC_OP) : glDisable(GL_COLOR_LOGIC_OP);
     view_.redraw(document, state);
@@ -111,7 +111,7 @@ GlStatus GlOffscreen::readCovered(ModelDocument& document, ViewState& state, Bit
     }
     ViewState over = state;
     over.colors.background = black;
-    // the background is part of what is set up with the mode, for this drawing and the next
+    // applyMode() sets the background: make it run for this drawing and the next
     over.lastDrawnMode.reset();
     state.lastDrawnMode.reset();
     covering_ = true;

@@ -13,8 +13,8 @@ namespace korvane {
 
 class Bitmap;
 
-/// An OpenGL view off the screen, with a context of its own. A driver that loses the context gets
-/// another try with a new one. Needs a QGuiApplication.
+/// An OpenGL view off the screen, with a context of its own. After a lost context it tries once
+/// more with a new one. Needs a QGuiApplication.
 class GlOffscreen {
   public:
     /// Tries to make the context; see status(). The driver must outlive the view.
@@ -23,20 +23,20 @@ class GlOffscreen {
     GlOffscreen(const GlOffscreen&) = delete;
     GlOffscreen& operator=(const GlOffscreen&) = delete;
 
-    /// What became of the context, or of the last redraw.
+    /// The outcome of making the context, or of the last redraw.
     [[nodiscard]] GlStatus status() const { return status_; }
-    /// Draws the model at the size in device pixels, of which a side of 0 counts as 1, and waits
-    /// until that is done. Returns the status.
+    /// Draws the model at a size in device pixels, each side taken as at least 1, and waits until
+    /// that is done. Returns the status.
     GlStatus redraw(ModelDocument& document, ViewState& state, std::int32_t width,
                     std::int32_t height);
-    /// Draws likewise, and reads the picture.
+    /// The same, then reads the picture.
     GlStatus redraw(ModelDocument& document, ViewState& state, std::int32_t width,
                     std::int32_t height, Bitmap& picture);
-    /// Reads what was drawn last into the picture, which gets its size. Returns the status; only
-    /// where it works there is a picture.
+    /// Reads the last drawing into the picture and sets its size. Returns the status; unless that
+    /// is Works, the picture holds nothing useful.
     GlStatus read(Bitmap& picture);
-    /// The same of what was drawn last with that state, with pixels of value 0 where nothing covers
-    /// the background. That takes another drawing.
+    /// The same for a drawing made with that state, with pixels of value 0 where nothing covers the
+    /// background. Draws once more to find those.
     GlStatus readCovered(ModelDocument& document, ViewState& state, Bitmap& picture);
     [[nodiscard]] const GlView& view() const { return view_; }
 
@@ -46,11 +46,11 @@ class GlOffscreen {
     void release();
 
     GlDriver& driver_;
-    std::optional<GlContext> gl_; ///< made with the next redraw where there is none
+    std::optional<GlContext> gl_; ///< empty after a failure; the next redraw makes it
     std::unique_ptr<QOpenGLFramebufferObject> framebuffer_;
     GlView view_;
-    bool setUp_ = false;    ///< the view in the context
-    bool covering_ = false; ///< draw where something is, in white, instead of what
+    bool setUp_ = false;    ///< whether the view has set up the context
+    bool covering_ = false; ///< draw everything in plain white
     GlStatus status_;
 };
 

@@ -12,7 +12,7 @@ namespace korvane {
 
 namespace {
 
-/// Makes a texture of the image; one that is too large for the driver is scaled down.
+/// Makes a texture of the image, scaled down if it is too large for the driver.
 GLuint upload(const TextureImage& image) {
     GLint largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);

@@ -9,11 +9,11 @@
 
 namespace korvane {
 
-/// The textures of a document in one OpenGL context, which is current whenever this is called.
+/// The textures of a document in one OpenGL context, which must be current at each call.
 class GlTextures {
   public:
-    /// Uploads what the materials show and is not there yet, and frees what none of them shows any
-    /// more. Gives the number of uploads.
+    /// Uploads the materials' images that are new, and frees those that no material shows any more.
+    /// Returns the number of uploads.
     std::size_t update(std::span<const MaterialRecord> materials);
     /// The texture's name; 0 for an image that no material showed at the last update.
     [[nodiscard]] std::uint32_t name(const TextureImage* image) const;
@@ -21,7 +21,7 @@ class GlTextures {
 
   private:
     struct Entry {
-        std::shared_ptr<const TextureImage> image; ///< held, so that no other takes its place
+        std::shared_ptr<const TextureImage> image; ///< owned, so that its address stays unique
         std::uint32_t name = 0;
         bool used = false;
     };

@@ -22,7 +22,7 @@ void setEnabled(GLenum what, bool enabled) {
 }
 
 void setLight(const ViewState& state) {
-    // given in the space of the eye: without a matrix of a frame
+    // in eye space: OpenGL transforms the position by the current matrix
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     const GLfloat position[] = {state.light.x, state.light.y, -state.light.z, 0.0F};
@@ -57,17 +57,17 @@ void applyMode(ViewState& state) {
     state.lastDrawnMode = state.mode;
 }
 
-/// The frame's matrix for OpenGL, where a point is multiplied from the other side: the same sixteen
-/// numbers in the same order.
+/// The frame's matrix for OpenGL. Column vectors and column-major storage cancel out: the same
+/// sixteen numbers in the same order.
 Matrix4 modelView(const DrawContext& context, const Matrix4& world, const ModelDocument& document) {
     Matrix4 fromCentre = world;
     fromCentre[12] -= document.CameraCenter.x;
     fromCentre[13] -= document.CameraCenter.y;
     fromCentre[14] -= document.CameraCenter.z;
-    // the last column takes no part in the model: it must neither move nor divide here
+    // the model ignores the last column, so it must not affect OpenGL's division
     fromCentre[3] = fromCentre[7] = fromCentre[11] = 0.0F;
     fromCentre[15] = 1.0F;
-    // rigid, which keeps the light: the projection scales
+    // no scaling here, which would change the light: the projection scales
     const float distance = document.CameraDistance / context.state.scaleFactor;
     return MatrixMatrix(fromCentre, cameraMatrix(DrawApi::OpenGL, context.state.angles, distance));
 }
@@ -79,7 +79,7 @@ void setColor(BitmapPixel color) {
               static_cast<float>(color & 0xffU) * unit, 1.0F);
 }
 
-/// The box of the selected frame, as two loops around it and four lines between them.
+/// Draws the box of the selected frame: two loops around it and four lines between them.
 void drawBox(const DrawContext& context, const DrawItem& item) {
     const Bounds& bounds = drawCache(*item.frame).bounds();
     if (bounds.empty) {
@@ -121,7 +121,7 @@ void GlView::setUp(const ModelDocument& document, ViewState& state) {
     glEnable(GL_LIGHTING);
     glEnable(GL_LIGHT0);
     glEnable(GL_COLOR_MATERIAL);
-    // deliberately: the current colour is that of the highlight
+    // deliberate: the current colour is the highlight's
     glColorMaterial(GL_FRONT_AND_BACK, GL_SPECULAR);
     glEnable(GL_NORMALIZE); // frames may scale
     glEnable(GL_TEXTURE_2D);
@@ -165,7 +165,7 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
         drawSelection(context, document);
     }
     for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
-        lists_.keep(walk.frame()); // hidden or out of view, a frame may come back as it was
+        lists_.keep(walk.frame()); // a hidden or culled frame may come back unchanged
     }
     lists_.sweep();
     checkErrors();
@@ -173,7 +173,7 @@ void GlView::redraw(ModelDocument& document, ViewState& state) {
 
 void GlView::drawPass(const DrawContext& context, const ModelDocument& document, bool translucent) {
     if (context.state.mode == RenderMode::SmoothShading) {
-        // the opaque pass covers whatever is behind, even with textures that have alpha
+        // the opaque pass ignores the alpha of textures
         setEnabled(GL_BLEND, translucent);
     }
     for (const DrawItem& item : list_.items()) {
@@ -204,10 +204,10 @@ void GlView::drawSelection(const DrawContext& context, const ModelDocument& docu
     glDepthMask(GL_TRUE);
 }
 
-/// In debug builds every redraw has to leave no error.
+/// In debug builds, counts and logs the errors of a redraw.
 void GlView::checkErrors() {
 #ifndef NDEBUG
-    constexpr int most = 16; // a context that is lost tells of errors without end
+    constexpr int most = 16; // a lost context reports errors without end
     for (int i = 0; i < most; ++i) {
         const GLenum error = glGetError();
         if (error == GL_NO_ERROR) {
@@ -224,7 +224,7 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
     const bool wires = state.mode == RenderMode::Wireframe;
     const bool mirrored = mirrors(item.world);
     if (mirrored) {
-        glFrontFace(GL_CW); // the fronts of such a frame run the other way on the screen
+        glFrontFace(GL_CW); // mirroring reverses the corners on the screen
     }
     materials_.select(item.frame->Mesh);
     glDepthMask(GL_TRUE);
@@ -237,10 +237,10 @@ void GlView::drawFrame(const DrawContext& context, const DrawItem& item, bool tr
     }
     glDepthMask(GL_FALSE);
     if (translucentPass && materials_.any(true)) {
-        // unwritten depths: what lies behind a translucent face shows whichever comes first
+        // depths stay unwritten: faces behind a translucent one show whatever the order
         glEnable(GL_CULL_FACE);
         if (state.showHiddenTransparent || item.frame->RenderBackwards) {
-            // the far sides first: they are not mixed over the near ones
+            // far sides first, so that they are not blended over the near ones
             glCullFace(GL_FRONT);
             drawFaces(*item.frame, true);
         }

@@ -11,24 +11,24 @@
 
 namespace korvane {
 
-/// What the OpenGL view has done so far.
+/// Statistics of an OpenGL view.
 struct GlCounts {
-    std::size_t meshes = 0;   ///< meshes drawn, each time anew
+    std::size_t meshes = 0;   ///< meshes drawn, counted each time
     std::size_t recorded = 0; ///< display lists recorded
     std::size_t uploads = 0;  ///< textures uploaded
-    std::size_t errors = 0;   ///< OpenGL errors that redraws left; debug builds look for them
+    std::size_t errors = 0;   ///< OpenGL errors after redraws; only debug builds count them
 };
 
-/// Draws a model with OpenGL into the framebuffer object that is bound. A view belongs to one
-/// context, a compatibility one, which is current at every call; textures and lists go with it.
+/// Draws a model with OpenGL into the bound framebuffer object. A view belongs to one compatibility
+/// context, which must be current at each call; textures and lists go with it.
 class GlView {
   public:
-    /// Sets the context up for the state, with the document's textures.
+    /// Sets up the context for the state and uploads the document's textures.
     void setUp(const ModelDocument& document, ViewState& state);
-    /// Sets the size in device pixels; a side of 0 gives one pixel.
+    /// Sets the size in device pixels, each side taken as at least 1.
     void resize(std::int32_t width, std::int32_t height);
     /// Draws the document's frames as its camera sees them, and brings their drawing caches up to
-    /// date. Remembers the mode drawn in the state. Showing the picture is the caller's.
+    /// date. Records the mode drawn in the state. Showing the picture is up to the caller.
     void redraw(ModelDocument& document, ViewState& state);
 
     [[nodiscard]] const GlCounts& counts() const { return counts_; }
@@ -40,7 +40,7 @@ class GlView {
     void checkErrors();
     void drawPass(const DrawContext& context, const ModelDocument& document, bool translucent);
     void drawFrame(const DrawContext& context, const DrawItem& item, bool translucentPass);
-    /// Outlines the box of the selected frame over what it would otherwise be hidden by later on.
+    /// Outlines the selected frame's box after both passes, so that nothing blends over it.
     void drawSelection(const DrawContext& context, const ModelDocument& document);
     void drawFaces(FrameRecord& frame, bool translucent);
 
