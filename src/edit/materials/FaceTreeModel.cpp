@@ -11,7 +11,7 @@ namespace korvane {
 
 namespace {
 
-// The id of an index tells its parent: this for a face, the row of the face for a vertex.
+// The id of an index identifies its parent: this for a face, the face's row for a vertex.
 constexpr quintptr ofTopLevel = std::numeric_limits<quintptr>::max();
 
 int rows(std::size_t size) {

@@ -13,25 +13,25 @@ namespace korvane {
 
 class PolygonList;
 
-/// The faces of a mesh with their vertices as an item model of one column. It holds nothing of its
-/// own, unless it shows some of the faces alone: rows are made as they are looked at, so that a
-/// large mesh costs no more than a small one.
+/// The faces of a mesh with their vertices as an item model of one column. Unless it shows only
+/// some faces it stores nothing: rows are made on demand, so that a large mesh costs no more than a
+/// small one.
 class FaceTreeModel : public QAbstractItemModel {
   public:
     using QAbstractItemModel::QAbstractItemModel;
 
     using Faces = std::function<const PolygonList*()>;
 
-    /// Shows the faces that the function leads to, which must stay the same until others are set.
-    /// It is asked anew for every row, as a mesh may move; it may answer null.
-    /// With `only` just those of them, given in order, are shown.
+    /// Shows the faces that `faces` returns, with `only` just those listed there in ascending
+    /// order. As a mesh may move, `faces` is called for each row; it must return the same faces, or
+    /// null, until the next setFaces().
     void setFaces(Faces faces, std::optional<std::vector<std::size_t>> only = {});
-    /// Those faces, or null where all show.
+    /// Those faces, or null if all show.
     [[nodiscard]] const std::vector<std::size_t>* only() const { return only_ ? &*only_ : nullptr; }
 
-    /// What a row stands for; nothing for an invalid index.
+    /// The part that a row shows; nothing for an invalid index.
     [[nodiscard]] std::optional<FacePart> partOf(const QModelIndex& index) const;
-    /// The row of a face or vertex; invalid where the face does not show.
+    /// The row of a face or vertex; invalid if the face does not show.
     [[nodiscard]] QModelIndex indexOf(const FacePart& part) const;
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent) const override;

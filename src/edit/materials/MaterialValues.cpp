@@ -10,13 +10,13 @@ namespace korvane {
 
 namespace {
 
-// in double: products of it with a float have no rounding of their own that cutting could show
+// double: the product with a float is exact, so truncation cannot amplify a rounding error
 constexpr double byteScale = 255.0;
-// in single precision, as the model keeps opacity: rounding makes up for what the float of a
-// hundredth lacks, which cutting would turn into a whole step
+// single precision, like the model's opacity: rounding the product makes up for the error of a
+// float hundredth, which truncation would turn into a whole step
 constexpr float opacityScale = static_cast<float>(lastOpacityPosition);
 
-/// The whole part of the product within 0 and the scale.
+/// The product truncated and clamped to 0 and the scale.
 template <class Number>
 std::int32_t cut(float value, Number scale) {
     const Number product = Number{value} * scale;
@@ -61,7 +61,7 @@ std::optional<float> powerOf(std::string_view text) {
         return std::nullopt;
     }
     text = text.substr(first, text.find_last_not_of(blanks) - first + 1);
-    // the conversion knows no plus sign, and nothing but digits may follow one
+    // from_chars accepts no plus sign; do not turn "+-1" into a number
     text.remove_prefix(text.size() > 1 && text[0] == '+' && text[1] != '-' ? 1 : 0);
     double number = 0.0;
     const char* end = text.data() + text.size();

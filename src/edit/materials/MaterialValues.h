@@ -10,28 +10,26 @@
 
 namespace korvane {
 
-// How the material editor shows the values of a material. What is shown is cut, not rounded, so
-// that showing a value and taking it back may lose a step: only what the user sets is taken back.
+// Conversions between the values of a material and the material editor's controls. Values shown are
+// truncated, so that converting back may lose a step: write back only what the user sets.
 
-/// The colour of the model for a colour of the screen; alpha takes no part.
+/// Converts a screen colour to a model colour, ignoring alpha.
 ColorRGB modelColor(Rgba8 color);
-/// The colour of the screen for a colour of the model, opaque; channels beyond 0 to 1 count as
-/// these.
+/// Converts a model colour to an opaque screen colour, clamping channels to 0 and 1.
 Rgba8 shownColor(const ColorRGB& color);
 
-/// Positions of the opacity bar.
+/// The opacity bar has positions from 0 to this.
 inline constexpr std::int32_t lastOpacityPosition = 100;
 
-/// The opacity, 0 to 1, of a position of the bar.
+/// The opacity, 0 to 1, at a position of the bar.
 float opacityAt(std::int32_t position);
-/// The position of the bar for an opacity: of two the lower one, and within the bar. All but two of
-/// the positions come back from their opacity.
+/// The position of the bar for an opacity, truncated and clamped. All but two positions survive the
+/// conversion to an opacity and back.
 std::int32_t opacityPosition(float opacity);
 
-/// A power as text, blind to the locale, which powerOf() gives back exactly.
+/// A power as text, independent of the locale. powerOf() returns exactly that power.
 std::string powerText(float power);
-/// The power that a text stands for, with blanks around it or not; nothing where it is no finite
-/// number of at least 0.
+/// Parses a power, ignoring surrounding blanks; nothing unless it is a finite number of at least 0.
 std::optional<float> powerOf(std::string_view text);
 
 } // namespace korvane

@@ -12,7 +12,7 @@ void PendingOpacity::commit(EditHistory& history, ModelDocument& document, std::
     if (remembered_ != current) {
         recordOpacity(history, document, material, remembered_, current);
     }
-    start(current); // only now: a record that fails is tried again
+    start(current); // only now, so that a failed record is tried again
 }
 
 } // namespace korvane

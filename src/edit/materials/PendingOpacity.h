@@ -6,20 +6,19 @@
 
 namespace korvane {
 
-/// Opacity and shininess follow the user's hand: each step writes the material at once, and only
-/// when something else is done is one entry recorded for all of them. One object serves each of the
-/// two values of the material that is being edited.
+/// Opacity and shininess follow the user's input: each change is written to the material at once,
+/// and a run of changes is recorded as one entry when the user does something else. This class does
+/// that for the opacity, PendingShininess for the shininess.
 class PendingOpacity {
   public:
-    /// Remembers the opacity that the next entry starts from, with nothing pending.
+    /// Remembers the opacity as the next entry's old value; nothing is pending.
     void start(float opacity) {
         remembered_ = opacity;
         pending_ = false;
     }
-    /// The user has changed the material's opacity.
+    /// Call after changing the material's opacity.
     void change() { pending_ = true; }
-    /// Records what is pending, if the material's opacity differs from the remembered one, which it
-    /// then becomes.
+    /// Records one step if the material's opacity changed since start(), then starts again.
     void commit(EditHistory& history, ModelDocument& document, std::size_t material);
 
   private:

@@ -16,12 +16,12 @@ void PendingShininess::commit(EditHistory& history, ModelDocument& document, std
     const float before = powerOf(remembered_).value_or(power_);
     std::string shown = text;
     if (before == power) {
-        power = power_; // "-0" is the same number, but saved as other bytes
+        power = power_; // "-0" is an equal number but is saved as other bytes
         ++document.LiveChanges;
     } else if (remembered_ != text) {
         recordPower(history, document, material, before, power);
     }
-    start(std::move(shown), power); // only now: a record that fails is tried again
+    start(std::move(shown), power); // only now, so that a failed record is tried again
 }
 
 } // namespace korvane

@@ -8,25 +8,25 @@
 
 namespace korvane {
 
-/// As PendingOpacity, for the shininess, whose start is remembered as the text of its field.
+/// Like PendingOpacity, for the shininess. Also remembers the text of its field.
 class PendingShininess {
   public:
-    /// The text of the field and the power that it shows.
+    /// Remembers the text of the field and the power that it shows.
     void start(std::string text, float power) {
         remembered_ = std::move(text);
         power_ = power;
         pending_ = false;
     }
     void change() { pending_ = true; }
-    /// Records what is pending, if the field's text differs from the remembered one, which it then
-    /// becomes, and the material's power from the number that the remembered one was. A text that
-    /// is no power stands for that which the material had then.
+    /// Records one step if both the text and the power changed since start(), then starts again.
+    /// The old power is the number in the old text, or the power from start() if that is no number.
+    /// If only the text changed, restores the power from start() bit by bit.
     void commit(EditHistory& history, ModelDocument& document, std::size_t material,
                 const std::string& text);
 
   private:
     std::string remembered_;
-    float power_ = 0.0F; ///< of the material when the text was remembered
+    float power_ = 0.0F; ///< of the material at start()
     bool pending_ = false;
 };
 

@@ -11,7 +11,7 @@ namespace korvane {
 
 struct MeshRecord;
 
-/// Texture coordinates that a drag has moved, by their numbers in the mesh. The lists are of one
+/// Texture coordinates that a drag has moved, by their numbers in the mesh. The lists have the same
 /// length.
 struct MovedTexCoords {
     std::vector<std::int32_t> numbers;
@@ -19,21 +19,21 @@ struct MovedTexCoords {
     std::vector<Vec2> after;
 };
 
-/// The mouse in the texture view: the left button moves the texture coordinates of a face or of one
-/// of its vertices, within 0 to 1. It works on one mesh and one view from begin() to the end.
+/// Dragging in the texture view: the left button moves the texture coordinates of a face or one of
+/// its vertices, within 0 to 1. Uses one mesh and one view from begin() to the end.
 class TexCoordDrag {
   public:
-    /// A button went down. False if it is not the left one, the texture is a single pixel or there
-    /// is nothing to move.
+    /// A button went down. Returns false unless it is the left one, the texture has more than one
+    /// pixel and there is something to move.
     bool begin(const DragInput& input, const TexCoordView& view, const MeshRecord& mesh,
                FacePart moved);
-    /// The mouse moved: the mesh holds the new coordinates. False when no drag runs.
+    /// The mouse moved: writes the new coordinates to the mesh. Returns false if no drag runs.
     bool update(const DragInput& input, const TexCoordView& view, MeshRecord& mesh) const;
-    /// What the drag has moved so far; nothing when none runs.
+    /// What the drag has moved so far; empty if none runs.
     [[nodiscard]] MovedTexCoords moved(const MeshRecord& mesh) const;
-    /// The drag is over; the mesh stays as it is.
+    /// Ends the drag and leaves the mesh as it is.
     void end() { active_ = false; }
-    /// Puts everything back where it was. False when no drag runs.
+    /// Restores the coordinates. Returns false if no drag runs.
     bool cancel(MeshRecord& mesh);
 
     [[nodiscard]] bool active() const { return active_; }

@@ -8,13 +8,13 @@
 
 namespace korvane {
 
-/// How many faces of the mesh may have texture coordinates.
+/// The number of faces that may have texture coordinates.
 inline std::size_t texCoordFaceCount(const MeshRecord& mesh) {
     return mesh.HasTexCoords ? std::min(mesh.Faces.size(), mesh.TexCoordFaces.size()) : 0;
 }
 
-/// Calls the function with the number of the texture coordinate of each vertex of the face and the
-/// number of that vertex, from 1; leaves out the vertices that have none.
+/// Calls the function for each vertex of the face with the number of its texture coordinate and its
+/// own number, from 1. Leaves out vertices without a valid texture coordinate.
 template <class Function>
 void forEachTexCoordNumber(const MeshRecord& mesh, std::size_t face, Function function) {
     if (face >= texCoordFaceCount(mesh)) {
@@ -29,7 +29,7 @@ void forEachTexCoordNumber(const MeshRecord& mesh, std::size_t face, Function fu
     }
 }
 
-/// The same with the texture coordinate itself alone.
+/// The same with the texture coordinate itself.
 template <class Function>
 void forEachTexCoord(const MeshRecord& mesh, std::size_t face, Function function) {
     forEachTexCoordNumber(mesh, face, [&](std::uint32_t number, std::size_t /*vertex*/) {

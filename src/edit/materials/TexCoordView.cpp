@@ -13,7 +13,7 @@ namespace korvane {
 
 namespace {
 
-/// The whole part; the nearest there is of what is out of range, 0 of what is no number.
+/// Truncates and clamps to the range of the result; NaN returns 0.
 std::int32_t whole(float value) {
     constexpr float limit = 2147483648.0F;
     if (!(std::abs(value) < limit)) {
@@ -27,15 +27,15 @@ BitmapPixel bitmapPixel(Rgba8 color) {
            color.blue;
 }
 
-/// How far the view can scroll along one side; nothing where the texture fits.
+/// The scroll range along one side; nothing if the texture fits.
 std::optional<std::int32_t> scrollRange(std::int32_t texture, std::int32_t view,
                                         std::int32_t zoom) {
     const std::int64_t rest = std::int64_t{texture} * zoom - view;
     return rest > 0 ? std::optional(static_cast<std::int32_t>(rest / zoom)) : std::nullopt;
 }
 
-/// Nobody reads the corners of a face that has thousands, and its text has to fit into a status
-/// bar.
+/// Appends a number up to a length: nobody reads thousands of corners, and the text has to fit into
+/// a status bar.
 void appendNumber(std::string& text, const char* separator, float pixels) {
     constexpr std::size_t longest = 4096;
     if (text.size() < longest) {
@@ -78,7 +78,7 @@ bool TexCoordView::zoomAbout(float x, float y, bool in) {
     if (!(in ? zoomIn() : zoomOut())) {
         return false;
     }
-    // the pixel that was there, less those that are now before it
+    // the texture pixel at the place, less the pixels now shown before it
     const auto offset = [&](std::int32_t old, float place) {
         const float at = static_cast<float>(old) + place / static_cast<float>(before);
         return whole(std::floor(at - place / static_cast<float>(zoom_) + 0.5F));
@@ -164,7 +164,7 @@ void TexCoordView::draw(Bitmap& bitmap, const TextureImage& texture, const MeshR
 
 void TexCoordView::drawTexture(Bitmap& bitmap, const TextureImage& texture,
                                BitmapPixel background) const {
-    // one texture pixel is a square of the zoom's side: the columns that show, and the rows
+    // the screen columns and rows that the texture covers
     const auto columns = static_cast<std::int32_t>(std::clamp<std::int64_t>(
         (std::int64_t{texture.width} - offsetX_) * zoom_, 0, bitmap.width()));
     const auto rows = static_cast<std::int32_t>(std::clamp<std::int64_t>(

@@ -12,7 +12,7 @@ QStringList driveRoots() {
     QStringList drives;
     for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
         const QString root = volume.rootPath();
-        // single files can be mounted, too
+        // single files can be mounted too
         if (volume.isValid() && volume.isReady() && QFileInfo(root).isDir() &&
             !drives.contains(root)) {
             drives.push_back(root);

@@ -5,20 +5,20 @@
 
 namespace korvane {
 
-/// The roots of what is mounted and ready, in order; the root folder where none tells of itself.
+/// The sorted roots of the mounted volumes that are ready; the root folder if none is found.
 QStringList driveRoots();
 /// The root of the drive that a folder is on.
 QString driveOf(const QString& folder);
 
-/// What the user means by a text typed for the name of a file.
+/// The meaning of a text typed as a file name.
 struct TypedName {
     enum class Kind { Nothing, Mask, Folder, File, Missing };
 
     Kind kind = Kind::Nothing;
-    QString text; ///< the mask, the full path of the folder or file, or what was typed
+    QString text; ///< the mask, the full path of the folder or file, or the text typed
 };
 
-/// Reads what was typed while a folder is shown; blanks around it do not count.
+/// Interprets a text typed while a folder is shown, ignoring surrounding blanks.
 TypedName typedName(const QString& typed, const QString& folder);
 
 } // namespace korvane
