@@ -4,18 +4,18 @@
 
 namespace korvane {
 
-/// What of the forms an operation has put out of date.
+/// The parts of the forms that an operation has put out of date.
 struct Changes {
     bool tree = false;      ///< the structure tree has other nodes
-    bool geometry = false;  ///< what all views show: frames, meshes, the mark of the selection
-    bool materials = false; ///< how the 3D view shows faces
-    bool camera = false;    ///< from where the 3D view shows them
-    bool planes = false;    ///< what part of the model the 2D views show
-    bool selection = false; ///< the selected node is another one
+    bool geometry = false;  ///< what all views show: frames, meshes, the selection's mark
+    bool materials = false; ///< the look of faces in the 3D view
+    bool camera = false;    ///< the camera of the 3D view
+    bool planes = false;    ///< the part of the model that the 2D views show
+    bool selection = false; ///< another node is selected
     bool title = false;
     bool status = false;
 
-    /// Whether the picture of the 3D view is out of date, and whether those of the 2D views are.
+    /// Whether the picture of the 3D view is out of date, or those of the 2D views.
     [[nodiscard]] bool space() const { return geometry || materials || camera; }
     [[nodiscard]] bool plane() const { return geometry || planes; }
 
@@ -34,7 +34,7 @@ struct Changes {
     bool operator==(const Changes&) const = default;
 };
 
-/// The same of what the mouse or a key has done in a 2D view.
+/// Converts the result of the mouse or a key in a 2D view.
 inline Changes changesOf(const StaleViews& stale) {
     return {.geometry = stale.space, .planes = stale.planes && !stale.space};
 }

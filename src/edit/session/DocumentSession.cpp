@@ -22,7 +22,7 @@ namespace korvane {
 
 namespace {
 
-/// The clipboard gives nothing, or only what does not fit: the words for the user.
+/// Tells the user why Paste did nothing.
 QString pasteRefusal(bool frameToFrame) {
     return frameToFrame ? QStringLiteral("Frames cannot be nested any deeper.")
                         : QStringLiteral("The clipboard gives nothing that can be pasted.");
@@ -42,7 +42,7 @@ DocumentSession::DocumentSession() {
 }
 
 void DocumentSession::startHistory() {
-    // a loader for each texture: the files may have changed since the last one
+    // a new loader for each texture: files may have changed since the last one
     history_ = EditHistory([this](const std::string& name) {
         return TextureLoader(folderOfModel(model_)).load(name);
     });
@@ -56,7 +56,7 @@ Changes DocumentSession::setName(const QString& name) {
 }
 
 OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& progress) {
-    // events run while progress shows: nobody must find half a model
+    // events run while progress shows: do not expose half a model
     ModelDocument read;
     OpenNotes notes;
     OpenOutcome outcome;
@@ -76,7 +76,7 @@ OpenOutcome DocumentSession::open(const QString& fileName, const ReadProgress& p
 Changes DocumentSession::takeModel(ModelDocument&& model) {
     cancelPlaneDrag();
     endKeys();
-    materials_.reset(); // of the former model
+    materials_.reset(); // belongs to the old model
     model_ = std::move(model);
     startHistory();
     cameraPlaced_ = planesPlaced_ = false;
@@ -97,7 +97,7 @@ SaveOutcome DocumentSession::save() {
         other = keepOtherSave(model_.FileName, file_);
     }
     if (other.fate == OtherSave::Fate::Kept) {
-        file_ = other.file; // a save that fails is tried again
+        file_ = other.file; // for another try if this save fails
     }
     return write(model_.FileName, other);
 }
@@ -115,11 +115,11 @@ SaveOutcome DocumentSession::saveAs(const QString& name) {
 SaveOutcome DocumentSession::write(const QString& former, const OtherSave& other) {
     SaveOutcome outcome;
     endKeys();
-    outcome.changes = cancelPlaneDrag(); // half of it is nothing to be saved
+    outcome.changes = cancelPlaneDrag(); // never save half a drag
     givenUp_.reset();
     const bool writes = modelFileKind(model_.FileName) == ModelFileKind::Xsi;
     if (writes && former == model_.FileName) {
-        fileRevision_.reset(); // a file that is written over may end up as half of one
+        fileRevision_.reset(); // overwriting may fail halfway
     }
     keepCopy(RecoveryKeeper::When::Now);
     if (!writes) {
@@ -133,7 +133,7 @@ SaveOutcome DocumentSession::write(const QString& former, const OtherSave& other
     outcome.changes |= setText(message_, savedText(model_, outcome.result, other));
     model_.NeverSaved = false;
     model_.Modified = false;
-    keepCopy(RecoveryKeeper::When::Due); // which goes where it has been saved
+    keepCopy(RecoveryKeeper::When::Due); // removes the copy after a save
     return outcome;
 }
 
@@ -293,7 +293,7 @@ Changes DocumentSession::remove() {
     return structureEdited();
 }
 
-// What dialogs bring back
+// Answers of dialogs
 
 FrameRecord* DocumentSession::stillThere(const DialogSubject& subject) {
     return acceptsEdits() && model_.Revision == subject.revision
@@ -316,7 +316,7 @@ Changes DocumentSession::rename(const RenameQuestion& question, const QString& n
     if (frame == nullptr) {
         return {};
     }
-    // a name that is left alone keeps its bytes, whatever they show as
+    // an unchanged name keeps its bytes, however they are displayed
     renameFrame(history_, model_, question.subject.frame,
                 name == question.shown ? frame->Name : modelText(name));
     return rebuildTree();
@@ -352,7 +352,7 @@ Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSu
             throw;
         }
     }
-    // what was clicked before Cancel stays in the frame, without an entry; it has to show as well
+    // flags clicked before Cancel stay without an entry; the views must show them too
     return structureEdited();
 }
 
@@ -374,7 +374,7 @@ Changes DocumentSession::endMaterials() {
     if (!materials_) {
         return {};
     }
-    const auto reset = qScopeGuard([this] { materials_.reset(); }); // whatever becomes of the rest
+    const auto reset = qScopeGuard([this] { materials_.reset(); }); // even if the rest throws
     const Changes changes = materials_->end();
     return changes.tree ? structureEdited() : changes;
 }

@@ -29,27 +29,27 @@
 
 namespace korvane {
 
-/// A frame that a dialog is about. What comes back from the dialog is dropped where anything else
-/// has changed the model meanwhile.
+/// A frame that a dialog is about. Its answer is dropped if anything else has changed the model
+/// meanwhile.
 struct DialogSubject {
     FramePath frame;
     std::uint64_t revision = 0;
 };
 
-/// What the rename dialog has to know.
+/// The input of the rename dialog.
 struct RenameQuestion {
     DialogSubject subject;
-    QString shown; ///< the name as the user sees it
+    QString shown; ///< the name as displayed
     NameUse use;
 };
 
-/// What the frame options dialog has to know.
+/// The input of the frame options dialog.
 struct OptionsQuestion {
     DialogSubject subject;
     FrameFlags flags;
 };
 
-// How opening, saving and pasting ended, and what is out of date since.
+// The results of opening, saving and pasting, and what they have put out of date.
 struct OpenOutcome {
     ReadStatus status = ReadStatus::Done;
     Changes changes;
@@ -64,11 +64,11 @@ struct MeshOutcome {
     Changes changes;
 };
 struct PasteOutcome {
-    QString refusal; ///< why nothing was pasted, to the user; empty when it was
+    QString refusal; ///< tells the user why nothing was pasted; empty on success
     Changes changes;
 };
 
-/// A mouse event of a 2D view, and the size of that view in device pixels.
+/// A mouse event in a 2D view, and the view's size in device pixels.
 struct PlaneInput {
     ViewPlane plane = ViewPlane::XY;
     std::int32_t width = 1;
@@ -77,12 +77,12 @@ struct PlaneInput {
 };
 
 /// One open model with everything that a user can do to it. The session owns the model, its history
-/// and what its views show of it, and is the one that changes them. Each operation answers what is
-/// out of date since. It asks nothing: what needs an answer of the user is a question that a form
-/// brings the answer to.
+/// and its view settings, and nothing else changes them. Each operation returns what it has put out
+/// of date. The session never asks the user: it returns a question, and a form brings back the
+/// answer.
 class DocumentSession {
   public:
-    /// An empty model that was never saved, with nothing selected.
+    /// Starts with an empty model, never saved, with nothing selected.
     DocumentSession();
     // the history and the editing of materials refer to the session
     DocumentSession(const DocumentSession&) = delete;
@@ -91,119 +91,119 @@ class DocumentSession {
     [[nodiscard]] const ModelDocument& model() const { return model_; }
     [[nodiscard]] const ViewState& view() const { return view_; }
     [[nodiscard]] const PlaneColors& planeColors() const { return planeColors_; }
-    // For drawing alone: it stores its caches in the model, and the mode drawn last in the view.
+    // Only for drawing, which stores its caches in the model and the last drawn mode in the view.
     [[nodiscard]] ModelDocument& model() { return model_; }
     [[nodiscard]] ViewState& view() { return view_; }
     [[nodiscard]] const EditHistory& history() const { return history_; }
-    /// The structure of the model, rebuilt by every operation that changes it.
+    /// The structure of the model. Every operation that changes it rebuilds this.
     [[nodiscard]] StructureTreeModel& tree() { return tree_; }
 
     // Opening and saving.
 
-    /// Gives a new model its name.
+    /// Names a new model.
     Changes setName(const QString& name);
-    /// Reads a model in place of this one, and forgets the history of that. A reading that fails
-    /// leaves an empty model, one that is cancelled leaves all as it was.
+    /// Reads a model in place of this one and starts a new history. A failed read leaves an empty
+    /// model, a cancelled one changes nothing.
     OpenOutcome open(const QString& fileName, const ReadProgress& progress = {});
-    /// Opens a binary mesh file, of which nothing is read.
+    /// Opens a binary mesh file, but reads nothing from it.
     MeshOutcome openMesh(const QString& fileName);
-    /// Whether saving needs a name of the user's choice first.
+    /// Whether the user must choose a name before saving.
     [[nodiscard]] bool needsName() const { return model_.NeverSaved; }
-    /// Whether there is anything for Save to do.
+    /// Whether Save has anything to do.
     [[nodiscard]] bool canSave() const { return model_.Modified || model_.NeverSaved; }
-    /// Saves under the model's name. It counts as saved whatever became of that, by design also
-    /// under names of kinds that are never written.
+    /// Saves under the model's name. By design the model counts as saved even if this fails or the
+    /// name is of a kind that is never written.
     SaveOutcome save();
     SaveOutcome saveAs(const QString& name);
-    /// Whether closing would lose changes, which needs a yes.
+    /// Whether closing would lose changes and needs the user's consent.
     [[nodiscard]] bool needsCloseQuestion() const { return model_.Modified; }
 
-    // Recovery copies, which keep what is in no file.
+    // Recovery copies, for work that is in no file.
 
-    /// From here on copies of the model are kept in the folder.
+    /// Keeps copies of the model in the folder from now on.
     void keepCopiesIn(const RecoveryFolder& folder, KeeperClock clock = steadyClock());
     /// Whether the model holds work that is in no file, whatever its flags say.
     [[nodiscard]] bool hasUnsavedWork() const;
-    /// Makes the copy current, at once or where one is due. A copy of what is in a file goes.
+    /// Makes the copy current, at once or when due. Removes it if all work is in a file.
     KeepOutcome keepCopy(RecoveryKeeper::When when);
-    /// The user has said that the work may go with the window, or has not. What is done after that
-    /// is not meant.
+    /// Records whether the user gives up the work with the window; this does not include later
+    /// changes.
     void giveUpWork(bool givenUp) {
         givenUp_ = givenUp ? std::optional(model_.Revision) : std::nullopt;
     }
-    /// The model goes away. The copy of its work stays, made current, unless the user has given all
-    /// of the work up.
+    /// The model goes away. Makes the copy of its work current and leaves it, unless the user has
+    /// given up all of the work.
     KeepOutcome endWork();
-    /// Opens a copy in place of this model, as one that was never saved. One that cannot be opened
-    /// is left as it is, and so is this model.
+    /// Opens a copy in place of this model, as one that was never saved. If that fails, the copy
+    /// and this model stay as they are.
     OpenOutcome recover(LeftCopy& copy, const ReadProgress& progress = {});
 
-    // Editing. Nothing is edited, and nothing taken back, while a drag changes the model or its
-    // materials are edited.
+    // Editing. Edits, undo and redo do nothing while a drag changes the model or materials are
+    // edited.
 
     [[nodiscard]] bool acceptsEdits() const { return !dragging() && !materials_; }
-    /// Whether there is something to take back, and to make again. True also while materials are
-    /// edited, though undo() and redo() then refuse: the dialog covers the commands.
+    /// Whether there is something to undo or redo. Also true while materials are edited, though
+    /// undo() and redo() then refuse: the dialog covers the commands.
     [[nodiscard]] bool canUndo() const { return !dragging() && history_.canUndo(); }
     [[nodiscard]] bool canRedo() const { return !dragging() && history_.canRedo(); }
     Changes undo();
     Changes redo();
 
-    /// Whether Copy takes something from the selection, and whether Paste puts such content there.
+    /// Whether Copy works with the selection, and Paste with such content.
     [[nodiscard]] bool canCopy() const;
     [[nodiscard]] bool canPaste(ClipboardContent content) const;
-    /// The clipboard block of the selection; empty if there is nothing that Copy takes. Throws as
+    /// The clipboard block of the selection; empty if Copy does not work with it. Throws as
     /// encoding does.
     [[nodiscard]] QByteArray copy();
-    /// Pastes a block into the selection. One that is damaged or does not fit changes nothing.
+    /// Pastes a block into the selection. A damaged or unsuitable one changes nothing.
     PasteOutcome paste(const QByteArray& block);
 
-    /// The tree has selected a node; an empty record means none.
+    /// Call when the tree selects a node; an empty record means none.
     Changes select(const NodeData& node);
     Changes selectRoot();
-    /// What the "Add" and "Delete" buttons do to the selected node.
+    /// The "Add" and "Delete" buttons, for the selected node.
     Changes add();
     Changes remove();
 
-    /// What the rename dialog asks about the selected frame, if there is one, and its answer.
+    /// The question of the rename dialog about the selected frame, if any, and its answer.
     [[nodiscard]] std::optional<RenameQuestion> renameQuestion() const;
     Changes rename(const RenameQuestion& question, const QString& name);
 
-    /// What the frame options dialog asks about the selected frame, if there is one. The dialog
-    /// writes flags at once; its end records them, or if it was cancelled deliberately leaves them
-    /// without an entry.
+    /// The question of the frame options dialog about the selected frame, if any. The dialog writes
+    /// flags at once; endOptions() records them, or, if cancelled, deliberately leaves them without
+    /// an entry.
     [[nodiscard]] std::optional<OptionsQuestion> optionsQuestion() const;
     void writeFlags(DialogSubject& subject, const FrameFlags& flags);
     Changes endOptions(const OptionsQuestion& asked, const DialogSubject& subject, bool confirmed);
 
     /// Begins editing the materials of the selected slot list or table; null if none is selected.
-    /// Nothing else is edited until that ends, and with it the object.
+    /// Until endMaterials() nothing else can be edited.
     MaterialEditing* editMaterials();
-    /// Records what is pending. After this the object is gone.
+    /// Records what is pending and destroys the object.
     Changes endMaterials();
 
     // The views.
 
-    /// What the mouse does in the 2D views, from the next press on.
+    /// Sets the tool of the mouse in the 2D views, from the next press on.
     Changes setTool(ViewTool tool);
     Changes setRenderMode(RenderMode mode);
     Changes setViewSetting(bool ViewState::*setting, bool on);
     Changes setDrawApi(DrawApi api);
-    /// Shows or hides the selected frame, or its mesh; a frame that is hidden hides its mesh for
-    /// later as well. The pictures follow when the mouse next comes to a view; so they do with
-    /// other colours.
+    /// Shows or hides the selected frame or its mesh. Hiding a frame hides its mesh too, which then
+    /// stays hidden when the frame shows again. The pictures follow when the mouse next enters a
+    /// view, also after setColors().
     void setFrameVisible(bool visible);
     void setMeshVisible(bool visible);
     void setColors(const ViewColors& colors, const PlaneColors& planeColors);
-    /// What such a change has put out of date, told once. Undo, redo and the mouse in a 2D view
-    /// tell it as well.
+    /// Returns once what such a change has put out of date. Undo, redo and the mouse in a 2D view
+    /// include it in theirs.
     Changes takeOverdue();
-    /// A view is about to be drawn in a size in device pixels. Where the model is another one since
-    /// the last time, this moves the camera, or the 2D views, to where it is seen whole.
+    /// Call before drawing a view of a size in device pixels. For a new model, this moves the
+    /// camera, or the 2D views, so that the model is seen whole.
     void placeCamera(const ViewGeometry& geometry);
     void placePlanes(std::int32_t width, std::int32_t height);
 
-    // The mouse in the views. In the 2D views it does what the tool is for.
+    // The mouse in the views. In the 2D views the tool decides what it does.
 
     Changes pressPlane(const PlaneInput& input);
     Changes movePlane(const PlaneInput& input);
@@ -211,7 +211,7 @@ class DocumentSession {
     Changes wheelPlane(const PlaneInput& input, float notches);
     /// The pointer has left the 2D views.
     Changes leavePlane();
-    /// Ends a running drag of a 2D view without a trace.
+    /// Cancels a running drag in a 2D view.
     Changes cancelPlaneDrag();
     [[nodiscard]] bool draggingPlane() const { return planeDrag_.active(); }
 
@@ -222,17 +222,17 @@ class DocumentSession {
     Changes cancelOrbit();
     [[nodiscard]] bool draggingOrbit() const { return orbit_.active(); }
 
-    /// Selects the frame that shows at a pixel of a view, another one there each time; nothing
-    /// where none shows.
+    /// Selects a frame at a pixel of a view; repeated picks there cycle through its frames. Without
+    /// a frame there, nothing changes.
     Changes pickPlane(const PlaneInput& input);
     Changes pickSpace(const DragInput& input, const ViewGeometry& geometry);
 
-    // The keyboard in the views. In the 2D views arrows do what the tool is for. Those that move or
-    // turn a frame in a run are one step of the history, which has the step from the first key on.
+    // The keyboard in the views. In the 2D views the tool decides what arrows do. A run of arrows
+    // that moves or turns a frame is one step of the history, present from the first key on.
 
     Changes keyPlane(const PlaneInput& view, ViewKey key);
     Changes keyOrbit(const ViewGeometry& geometry, ViewKey key);
-    /// Something else begins, as all other operations do: the next key is a step of its own.
+    /// Ends a run, as all other operations do: the next key starts a new step.
     void endKeys() { keys_.reset(); }
     /// Turns the camera.
     Changes lookAlong(const CameraAngles& angles);
@@ -243,50 +243,49 @@ class DocumentSession {
 
     // The status bar.
 
-    /// Where the pointer is in a 2D view and what it does there, else what the program has to say,
-    /// else what became of the last command, else how much the model holds.
+    /// The first of these that has something to say: the pointer in a 2D view, the program's
+    /// notice, the last command's message, the size of the model.
     [[nodiscard]] QString statusText(const QString& notice = {}) const;
-    /// A new command begins: what the last one said is out of date.
+    /// Call when a new command begins: clears the last one's message.
     Changes clearMessage();
 
   private:
     /// Whether the mouse is changing the model.
     [[nodiscard]] bool dragging() const;
-    /// Whether a dialog about the frame may still change it; the frame then.
+    /// The frame, if a dialog about it may still change it; else null.
     [[nodiscard]] FrameRecord* stillThere(const DialogSubject& subject);
     Changes setText(QString& text, const QString& value);
     void setVisible(bool frame, bool mesh);
     void startHistory();
-    /// The model is another one, to be seen from the start.
+    /// Replaces the model and shows the new one whole.
     Changes takeModel(ModelDocument&& model);
-    /// Writes the model under its name; `former` is the name of the file that it was in so far.
-    /// `other` is what became of another program's save there.
+    /// Writes the model under its name. `former` was its name so far; `other` says what happened to
+    /// another program's save there.
     SaveOutcome write(const QString& former, const OtherSave& other);
     Changes rebuildTree();
-    /// Makes the node of the tree that stands for the selection, or for what is nearest to it, the
-    /// selection.
+    /// Moves the selection to the tree's node for it, or the nearest one.
     void settleSelection();
-    /// After an undo or a redo, with the selection from before it.
+    /// Follows an undo or a redo. `before` was the selection.
     Changes stepped(const StepOutcome& outcome, const NodeData& before);
-    /// After a command of the user has changed the structure.
+    /// Follows a command that has changed the structure.
     Changes structureEdited();
     [[nodiscard]] PlaneMapping mappingOf(const PlaneInput& input) const;
-    /// Records that a frame has moved. One that cannot be recorded is back at its place.
+    /// Records that a frame has moved, or puts it back if that throws.
     void record(const FrameMove& move);
-    /// An arrow key of a run that moves or turns the selected frame.
+    /// Handles an arrow key that moves or turns the selected frame.
     Changes keyFrame(const PlaneMapping& mapping, ViewKey arrow);
     Changes pick(const PickSpot& spot,
                  const std::function<std::vector<FramePath>(const PickSpot&)>& framesAt);
-    /// The 2D views show another part of the model: other coordinates are under the pointer.
+    /// Call when the 2D views show another part of the model: updates the pointer's coordinates.
     Changes followPointer();
-    /// What a mouse event in a 2D view has put out of date: what was overdue, and the status bar.
+    /// Updates the status bar after a mouse event in a 2D view, and adds what was overdue.
     Changes afterPlane(const PlaneInput& input, const StaleViews& stale);
 
     ModelDocument model_;
-    std::optional<std::uint64_t> fileRevision_ = 0; ///< the Revision of what is in a file
-    std::optional<FileState> file_;                 ///< the file of the model's name, as last known
+    std::optional<std::uint64_t> fileRevision_ = 0; ///< the Revision that is in a file
+    std::optional<FileState> file_;                 ///< the model's file, as last known
     std::optional<RecoveryKeeper> keeper_;
-    std::optional<std::uint64_t> givenUp_; ///< the Revision that may go with the window
+    std::optional<std::uint64_t> givenUp_; ///< the Revision that the user gave up
     EditHistory history_;
     StructureTreeModel tree_;
     std::optional<MaterialEditing> materials_;
@@ -294,21 +293,21 @@ class DocumentSession {
     PlaneColors planeColors_;
     PlaneDrag planeDrag_;
     OrbitDrag orbit_;
-    /// A run of keys, and how the model was marked before it.
+    /// A run of keys, and the model's marks before it.
     struct Keys {
         KeyRun run;
         bool modified = false;
         std::uint64_t startRevision = 0;
-        std::uint64_t revision = 0; ///< since the last key
+        std::uint64_t revision = 0; ///< after the last key
     };
-    std::optional<Keys> keys_; ///< while the next key may go on with it
+    std::optional<Keys> keys_; ///< while the next key may continue it
     PickCycle picks_;
-    bool overdue_ = false; ///< the pictures do not show everything yet
+    bool overdue_ = false; ///< the pictures are out of date
     bool cameraPlaced_ = false;
     bool planesPlaced_ = false;
     QString counts_;
-    QString message_;                   ///< of the last command
-    std::optional<PlaneInput> pointer_; ///< while it is in a 2D view
+    QString message_;                   ///< from the last command
+    std::optional<PlaneInput> pointer_; ///< while in a 2D view
     QString pointerText_;
 };
 

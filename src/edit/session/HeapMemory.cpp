@@ -1,6 +1,6 @@
 #include "edit/session/HeapMemory.h"
 
-#include <cstdlib> // tells which C library it is
+#include <cstdlib> // defines __GLIBC__ with that library
 
 #ifdef __GLIBC__
 #include <malloc.h>

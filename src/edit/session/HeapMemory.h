@@ -2,8 +2,8 @@
 
 namespace korvane {
 
-/// Gives the system back what the heap keeps of memory that nobody uses: after a large model has
-/// gone that may be hundreds of megabytes.
+/// Returns unused heap memory to the system: after closing a large model this may be hundreds of
+/// megabytes.
 void trimHeap();
 
 } // namespace korvane

@@ -26,14 +26,14 @@ MaterialEditing::MaterialEditing(ModelDocument& model, EditHistory& history,
     startValues();
 }
 
-// What there is to show
+// What to show
 
 const FrameRecord* MaterialEditing::frame() const {
     return subject_.frame ? frameAt(model_.Root, *subject_.frame) : nullptr;
 }
 
 const MeshRecord& MaterialEditing::mesh() const {
-    // looked up anew: the frames may have moved; one that is gone is as one without materials
+    // looked up each time, as frames may move; a missing frame counts as one without materials
     const FrameRecord* found = frame();
     return found != nullptr ? found->Mesh : table_;
 }
@@ -111,7 +111,7 @@ QString MaterialEditing::textureSentence(const std::optional<FacePart>& selected
 }
 
 std::optional<std::int32_t> MaterialEditing::onlyMaterial() const {
-    // several slots of one material go together
+    // several slots of one material count as one
     const bool one = !slots().empty() && std::count(slots().begin(), slots().end(),
                                                     slots().front()) == std::ssize(slots());
     return one ? std::optional(slots().front()) : std::nullopt;
@@ -255,7 +255,7 @@ Changes MaterialEditing::useMaterials(const std::vector<bool>& wanted) {
         if (wanted[material]) {
             appendSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(material));
         } else if (onlyMaterial() == static_cast<std::int32_t>(material)) {
-            continue; // a mesh keeps one
+            continue; // a mesh must keep one
         } else {
             removeSlots(material);
         }
@@ -272,7 +272,7 @@ void MaterialEditing::removeSlots(std::size_t material) {
             continue;
         }
         removeSlot(history_, model_, *subject_.frame, static_cast<std::int32_t>(slot));
-        // the current slot moves as the slots of the faces do
+        // the current slot moves like the slots of faces
         std::int32_t& current = editedMesh().CurrentSlot;
         current -= current >= static_cast<std::int32_t>(slot) && current != 0 ? 1 : 0;
     }
@@ -282,7 +282,7 @@ void MaterialEditing::removeSlots(std::size_t material) {
 
 Changes MaterialEditing::beginDrag(const DragInput& input, const TexCoordView& view,
                                    std::optional<FacePart> selected) {
-    // a mesh outside the model has nothing that a history could refer to
+    // the history cannot refer to a mesh outside the model
     if (input.button != DragButton::Left || frame() == nullptr || !mesh().HasTexCoords) {
         return {};
     }
@@ -303,7 +303,7 @@ Changes MaterialEditing::endDrag(const DragInput& input, const TexCoordView& vie
     }
     drag_.update(input, view, editedMesh());
     const MovedTexCoords moved = drag_.moved(mesh());
-    // the drag goes on until this is done: if memory runs out it can still be cancelled
+    // only then end the drag: if memory runs out it can still be cancelled
     recordTexCoords(history_, model_, *subject_.frame, moved.numbers, moved.before, moved.after);
     drag_.end();
     return texCoordsMoved();
@@ -315,7 +315,7 @@ Changes MaterialEditing::cancelDrag() {
 
 Changes MaterialEditing::texCoordsMoved() {
     editedMesh().ListRevision.surfaceChanged();
-    ++model_.LiveChanges; // what the drag comes to is recorded when it ends
+    ++model_.LiveChanges; // the history records the drag when it ends
     return {.materials = true};
 }
 

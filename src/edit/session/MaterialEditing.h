@@ -19,33 +19,33 @@
 
 namespace korvane {
 
-/// Whose materials are edited.
+/// The owner of the edited materials.
 struct MaterialSubject {
-    std::optional<FramePath> frame; ///< whose mesh has the material slots; none means the table
-    std::int32_t slot = 0;          ///< the slot to begin with; of the table a material's number
+    std::optional<FramePath> frame; ///< its mesh has the material slots; none means the table
+    std::int32_t slot = 0;          ///< the first current slot; for the table, a material's number
 };
 
-/// A material that a dialog is about. What comes back from the dialog is dropped where anything
-/// else has changed the model or the choice of the material meanwhile.
+/// A material that a dialog is about. The answer is dropped if anything else has changed the model
+/// or the current material meanwhile.
 struct MaterialQuestion {
     std::size_t material = 0;
     std::uint64_t revision = 0;
 };
 
-/// What became of a shininess that the user typed.
+/// The result of typing a shininess.
 struct ShininessOutcome {
-    bool refused = false; ///< no number of at least 0: the material keeps what it has
+    bool refused = false; ///< not a number of at least 0: the material keeps its value
     Changes changes;
 };
 
-/// The colours of a material that are edited.
+/// The editable colours of a material.
 enum class MaterialColor { Ambient, Diffuse, Specular };
 
-/// The materials of a frame's mesh or of the table while the user edits them: one of them, in the
-/// current slot, has its values edited. Changes go into the model at once and into its history; a
-/// run of steps of one value as one entry when something else is done: other operations than its
-/// own first end a running drag without a trace and record what is pending. Answers of dialogs come
-/// after a commit() that the form makes before it asks.
+/// Edits the materials of a frame's mesh or of the table; the values edited are those of the
+/// material in the current slot. Changes go into the model at once; the history records a run of
+/// changes to one value as one entry when the user does something else. So every operation but that
+/// run's own first cancels a running drag and records what is pending. Before asking a dialog, a
+/// form must call commit().
 class MaterialEditing {
   public:
     /// Model and history must outlive this object.
@@ -54,87 +54,87 @@ class MaterialEditing {
     MaterialEditing(const MaterialEditing&) = delete;
     MaterialEditing& operator=(const MaterialEditing&) = delete;
 
-    // What there is to show.
+    // What to show.
 
     [[nodiscard]] const ModelDocument& model() const { return model_; }
     [[nodiscard]] bool ofMesh() const { return subject_.frame.has_value(); }
-    /// The mesh whose slots are edited; the table is edited as the slots of a mesh of its own.
+    /// The mesh whose slots are edited; the table poses as the slots of a mesh of its own.
     [[nodiscard]] const MeshRecord& mesh() const;
     [[nodiscard]] const std::vector<std::int32_t>& slots() const { return mesh().MaterialSlotList; }
     [[nodiscard]] std::int32_t currentSlot() const { return mesh().CurrentSlot; }
-    /// The number of the material in the current slot, if that leads to one.
+    /// The number of the material in the current slot, if valid.
     [[nodiscard]] std::optional<std::size_t> currentMaterial() const;
-    /// That material, or a new one.
+    /// That material, or a default one.
     [[nodiscard]] const MaterialRecord& material() const;
-    /// The text of the shininess, as shown or as the user has left it.
+    /// The text of the shininess field.
     [[nodiscard]] const std::string& shininess() const { return shininess_; }
-    /// Which materials of the table some slot of the mesh leads to.
+    /// For each material of the table, whether a slot of the mesh leads to it.
     [[nodiscard]] std::vector<bool> usedMaterials() const;
     /// The faces of the mesh that show the current material, in order.
     [[nodiscard]] std::vector<std::size_t> facesOfCurrent() const;
-    /// The number of the material that a face shows, if its slot leads to one.
+    /// The number of the material that a face shows, if its slot is valid.
     [[nodiscard]] std::optional<std::size_t> materialOf(std::size_t face) const;
-    /// The same in words; empty for no face.
+    /// The same in words; empty without a face.
     [[nodiscard]] QString faceText(const std::optional<FacePart>& selected) const;
     /// What the texture view shows, in one sentence for people who cannot see it.
     [[nodiscard]] QString textureSentence(const std::optional<FacePart>& selected) const;
-    /// The one material that all slots lead to, which the mesh must keep.
+    /// The material that all slots lead to, if it is one: the mesh must keep it.
     [[nodiscard]] std::optional<std::int32_t> onlyMaterial() const;
 
     // What the user does.
 
-    /// Ends a running drag and records what is pending: the user goes on to something else.
+    /// Cancels a running drag and records what is pending.
     Changes commit();
-    /// A question about the current material, if there is one.
+    /// A question about the current material, if any.
     [[nodiscard]] std::optional<MaterialQuestion> ask() const;
     Changes setColor(const MaterialQuestion& question, MaterialColor color, const ColorRGB& value);
-    /// `image` is that of the name where it is loaded already, else null.
+    /// `image` is the image of that name if already loaded, else null.
     Changes setTexture(const MaterialQuestion& question, std::string name,
                        std::shared_ptr<const TextureImage> image);
     Changes setTextureOn(bool on);
-    /// The user's hand moves the opacity bar, to a position from 0 to 100, or types a shininess.
-    /// These two commit what else is pending, but are pending themselves.
+    /// The user moves the opacity bar, to a position from 0 to 100, or types a shininess. Both
+    /// commit what else is pending but stay pending themselves.
     Changes moveOpacity(std::int32_t position);
     ShininessOutcome typeShininess(const std::string& text);
-    /// The slot becomes the current one, and that of a face if one is selected.
+    /// Makes the slot current, and assigns it to the selected face, if any.
     Changes chooseSlot(std::int32_t slot, std::optional<FacePart> selected);
-    /// The mesh uses these materials from here on: slots come and go.
+    /// Adds and removes slots so that the mesh uses these materials.
     Changes useMaterials(const std::vector<bool>& wanted);
 
-    // The mouse in the texture view. A drag changes the model, and ends as one entry.
+    // The mouse in the texture view. A drag changes the model and ends as one entry.
 
     Changes beginDrag(const DragInput& input, const TexCoordView& view,
                       std::optional<FacePart> selected);
     Changes moveDrag(const DragInput& input, const TexCoordView& view);
     Changes endDrag(const DragInput& input, const TexCoordView& view);
-    /// Ends a running drag without a trace.
+    /// Cancels a running drag.
     Changes cancelDrag();
     [[nodiscard]] bool dragging() const { return drag_.active(); }
-    /// Whether a running drag has texture coordinates elsewhere than they were.
+    /// Whether a running drag has changed texture coordinates.
     [[nodiscard]] bool dragMoves() const;
 
-    /// Records what is pending, and tells what has to follow when the user has done.
+    /// Records what is pending at the end of the editing. Returns what is then out of date.
     Changes end();
 
   private:
     [[nodiscard]] MeshRecord& editedMesh();
     [[nodiscard]] const FrameRecord* frame() const;
-    /// Whether what a dialog brings back may still change the current material.
+    /// Whether a dialog's answer may still change the current material.
     [[nodiscard]] bool stillCurrent(const MaterialQuestion& question) const;
     void commitOpacity();
     void commitShininess();
-    /// The values of the current material are those that pending entries start from.
+    /// Makes the current material's values the old values of pending entries.
     void startValues();
     void removeSlots(std::size_t material);
-    /// The model was changed past its history.
+    /// Call after changing the model without the history.
     Changes changedLive();
     Changes texCoordsMoved();
 
     ModelDocument& model_;
     EditHistory& history_;
     MaterialSubject subject_;
-    /// The table is edited as the slots of a mesh that is no part of the model. As that has no
-    /// path, nothing about it can be recorded.
+    /// Poses as a mesh whose slots are the table. Not part of the model, it has no path, so the
+    /// history cannot record its slots.
     MeshRecord table_;
     PendingOpacity pendingOpacity_;
     PendingShininess pendingShininess_;

@@ -14,14 +14,14 @@ struct PickSpot {
     float y = 0.0F;
 };
 
-/// Picks at one spot go through the frames there, one after the other and around.
+/// Repeated picks at one spot cycle through the frames there.
 class PickCycle {
   public:
-    /// Where to look for frames: at the spot of the last pick, where the new one is as good as
-    /// there.
+    /// Returns where to look for frames: the spot of the last pick if the new one is close enough,
+    /// else the new one.
     PickSpot settle(const PickSpot& spot);
-    /// Which of the frames found there, the likeliest first, to select; nothing where there are
-    /// none. A pick at another spot, or one where other frames show now, begins with the first.
+    /// Returns which of the frames there to select, if any; they come with the likeliest first.
+    /// Starts with the first one at a new spot, or if other frames show there now.
     std::optional<FramePath> next(const std::vector<FramePath>& frames,
                                   const std::optional<FramePath>& selected);
 

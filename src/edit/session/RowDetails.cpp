@@ -35,7 +35,7 @@ QString frameDetails(const FrameRecord& frame) {
     return text;
 }
 
-/// How many faces of the mesh show the slot.
+/// The number of faces that use the slot.
 std::size_t facesOfSlot(const MeshRecord& mesh, std::int32_t slot) {
     std::size_t count = 0;
     for (std::size_t face = 0; face < mesh.Faces.size(); ++face) {
@@ -88,7 +88,7 @@ QString materialDetails(const ModelDocument& document, const NodeData& node) {
            textureDetails(document, *material);
 }
 
-/// Of a node that lies in a mesh.
+/// The details of a node in a mesh.
 QString meshDetails(const ModelDocument& document, const NodeData& node, const MeshRecord& mesh) {
     switch (node.NodeKind) {
     case NodeKind::Mesh:

@@ -9,11 +9,11 @@
 
 namespace korvane {
 
-/// What a node of the structure tree stands for, in lines: how large it is, and for a material its
-/// opacity and its texture with the file that it came from. Empty for a node that is gone.
+/// Describes a node of the structure tree in lines: its size, and for a material its opacity, its
+/// texture and the file of that. Empty for a missing node.
 QString rowDetails(const ModelDocument& document, const NodeData& node);
 
-/// The diffuse colour of the material that a node stands for, as 0xffrrggbb.
+/// The diffuse colour of a node's material, as 0xffrrggbb.
 std::optional<std::uint32_t> rowSample(const ModelDocument& document, const NodeData& node);
 
 } // namespace korvane

@@ -1,4 +1,4 @@
-// The keyboard in the views, and picking there.
+// The keyboard in the views, and picking.
 
 #include "edit/history/StructureEdits.h"
 #include "edit/session/DocumentSession.h"
@@ -13,9 +13,9 @@ namespace korvane {
 
 namespace {
 
-constexpr int spaceView = planeCount; // the numbers below are those of the planes
+constexpr int spaceView = planeCount; // the numbers below are the planes
 
-/// The angles after an arrow key, which turns as the mouse does.
+/// The angles after an arrow key, which turns in the direction of a drag.
 CameraAngles turnedBy(CameraAngles angles, ViewKey arrow) {
     constexpr float step = viewPi / 36; // five degrees
     const KeyWay way = keyWay(arrow);
@@ -67,7 +67,7 @@ Changes DocumentSession::keyFrame(const PlaneMapping& mapping, ViewKey arrow) {
     const SelectedFrame found = findSelectedFrame(model_.Root);
     const bool goesOn = keys_ && keys_->revision == model_.Revision &&
                         keys_->run.goesOn(mapping, model_.Tool, found.path);
-    // left empty where something fails: the next key then starts from what there is
+    // if this throws, `keys_` stays empty and the next key starts a new run
     std::optional<Keys> keys = std::exchange(keys_, std::nullopt);
     if (!goesOn) {
         const Matrix4& matrix = found.frame->Matrix;
@@ -85,7 +85,7 @@ Changes DocumentSession::keyFrame(const PlaneMapping& mapping, ViewKey arrow) {
     const FrameMove& move = keys->run.move();
     if (keys->run.moves()) {
         record(move);
-    } else if (recorded) { // all is as it was before the run
+    } else if (recorded) { // back to the state before the run
         model_.Modified = keys->modified;
         model_.Revision = keys->startRevision;
         ++model_.LiveChanges;

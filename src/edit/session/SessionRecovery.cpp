@@ -1,4 +1,4 @@
-// How the work of a document outlives the program.
+// Recovery copies of a document's work.
 
 #include "edit/session/DocumentSession.h"
 #include "formats/textures/TextureLoader.h"
@@ -41,7 +41,7 @@ KeepOutcome DocumentSession::keepCopy(RecoveryKeeper::When when) {
 KeepOutcome DocumentSession::endWork() {
     cancelPlaneDrag();
     if (givenUp_ == model_.Revision) {
-        fileRevision_ = model_.Revision; // it is as good as saved
+        fileRevision_ = model_.Revision; // counts as saved
     }
     const KeepOutcome outcome = keepCopy(RecoveryKeeper::When::Now);
     if (keeper_) {
@@ -55,7 +55,7 @@ OpenOutcome DocumentSession::recover(LeftCopy& copy, const ReadProgress& progres
     std::optional<ModelDocument> read;
     try {
         read = copy.place.read([&](const std::string& name) {
-            // of all that is read only pictures can take long
+            // only pictures can take long
             if (progress && !progress(0, 1)) {
                 throw RecoveryCancelled();
             }
@@ -64,7 +64,7 @@ OpenOutcome DocumentSession::recover(LeftCopy& copy, const ReadProgress& progres
     } catch (const RecoveryCancelled&) {
         return {ReadStatus::Cancelled, {}};
     } catch (const std::exception&) {
-        return {ReadStatus::CannotOpen, {}}; // memory ran out
+        return {ReadStatus::CannotOpen, {}}; // out of memory
     }
     if (!read) {
         return {ReadStatus::NotValid, {}};

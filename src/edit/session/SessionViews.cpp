@@ -1,4 +1,4 @@
-// What the views of a document show, and the mouse in them.
+// The settings of a document's views, and the mouse in them.
 
 #include "edit/history/StructureEdits.h"
 #include "edit/session/DocumentSession.h"
@@ -59,7 +59,7 @@ void DocumentSession::setColors(const ViewColors& colors, const PlaneColors& pla
     view_.colors = colors;
     planeColors_ = planeColors;
     if (view_.api == DrawApi::OpenGL) {
-        // the background is part of what is set up when the mode differs from that drawn last
+        // the view sets its background only when the mode differs from the last one drawn
         constexpr auto noMode = static_cast<RenderMode>(10);
         view_.lastDrawnMode = noMode;
     }

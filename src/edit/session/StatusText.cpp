@@ -19,7 +19,7 @@ namespace korvane {
 
 namespace {
 
-/// "; not found: rock.tga, sail.pic and 2 more", or nothing where there are no names.
+/// "; not found: rock.tga, sail.pic and 2 more", or nothing without names.
 QString listed(const char* what, const QStringList& names) {
     constexpr qsizetype most = 2;
     if (names.isEmpty()) {
@@ -39,7 +39,7 @@ QStringList shown(const std::vector<std::string>& names) {
     return texts;
 }
 
-/// The names, in quotes and each once, that a reading of the saved file would not give back.
+/// The names, quoted and each once, that would not survive saving and reading.
 QStringList lostNames(const FrameRecord& root) {
     QStringList lost;
     std::unordered_set<std::string_view> known;
@@ -57,7 +57,7 @@ QString plainName(const QString& fileName) {
     return shortName(fileName.section(u'/', -1));
 }
 
-/// "; another program's save is kept as ship.xsi~", or nothing where there was none.
+/// "; another program's save is kept as ship.xsi~", or nothing without one.
 QString otherSaveText(const OtherSave& other) {
     switch (other.fate) {
     case OtherSave::Fate::Kept:
@@ -70,11 +70,11 @@ QString otherSaveText(const OtherSave& other) {
     return {};
 }
 
-/// The coordinates that the plane shows, in so many decimals: "x 1.25  y -3.50".
+/// The coordinates that the plane shows, to a number of decimals: "x 1.25  y -3.50".
 QString coordinates(ViewPlane plane, const Vec3& p, int decimals) {
     const auto shown = [decimals](const char* axis, float value) {
         const QString number = QString::number(double{value}, 'f', decimals);
-        // what rounds to nothing has no sign
+        // no "-0.00"
         const bool zero = number.toDouble() == 0.0;
         return QLatin1String(axis) + u' ' + (zero ? QString::number(0.0, 'f', decimals) : number);
     };
@@ -108,7 +108,7 @@ QString progressText(ViewPlane plane, const DragProgress& progress, int decimals
     return {};
 }
 
-/// As many decimals as a pixel is worth, for the tiniest models as well.
+/// As many decimals as a pixel resolves, even for the tiniest models.
 int decimalsOf(const PlaneMapping& mapping) {
     constexpr int most = 30;
     return std::clamp(static_cast<int>(std::ceil(std::log10(mapping.scale))), 0, most);
