@@ -20,7 +20,7 @@ Matrix4 scaling(float x, float y, float z) {
     return {{x, 0, 0, 0, 0, y, 0, 0, 0, 0, z, 0, 0, 0, 0, 1}};
 }
 
-/// Turned about x, then as far about z.
+/// Turned about x, then by the same angle about z.
 const Matrix4 turned = {
     {0.8F, 0.6F, 0, 0, -0.48F, 0.64F, 0.6F, 0, 0.36F, -0.48F, 0.8F, 0, 0, 0, 0, 1}};
 const Matrix4 turnedAndMoved = MatrixMatrix(turned, translation(1, 2, 3));
@@ -73,7 +73,7 @@ struct Desk {
     [[nodiscard]] PlaneMapping mapping(ViewPlane plane) const {
         return planeMapping(plane, 200, 160, document.PlaneScale, document.PanVector);
     }
-    /// Where the frame's origin shows.
+    /// The frame's origin on the screen.
     std::pair<double, double> origin(ViewPlane plane) {
         const PlanePoint at =
             toPlane(plane, VectorMatrix({}, findSelectedFrame(document.Root).world));
@@ -82,10 +82,10 @@ struct Desk {
 
     ModelDocument document;
     PlaneDrag mouse;
-    StaleViews stale; ///< since the test has forgotten it
+    StaleViews stale; ///< since the test last cleared it
 };
 
-/// In which direction the world runs for ten pixels to the right and ten upward.
+/// The world's directions to the right and upward in a plane.
 struct PlaneCase {
     ViewPlane plane;
     Vec3 right;
@@ -125,7 +125,7 @@ TEST(PlaneDrag, ZoomStepsByTwoBetweenItsLimits) {
 TEST(DragInput, StepsOfTheMouseAreStepsInPixelsAtAnyScaleFactor) {
     for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 4.0 / 3.0}) {
         for (int corner = 0; corner < 9; ++corner) {
-            // as the window system tells of pixels of the window
+            // as the window system reports window pixels
             const auto pixelAt = [&](int pixel) {
                 return devicePixel(pixel / ratio, corner, ratio);
             };
@@ -137,7 +137,7 @@ TEST(DragInput, StepsOfTheMouseAreStepsInPixelsAtAnyScaleFactor) {
     }
 }
 
-TEST(PlaneDrag, MovingAddsTheWayToTheFramesOwnPlace) {
+TEST(PlaneDrag, MovingTranslatesTheFramesOwnMatrix) {
     for (const auto& [name, parent] : parents) {
         for (const PlaneCase& plane : planes) {
             for (const float scale : {0.02F, 1.0F, 2.0F, 4096.0F}) {
@@ -181,7 +181,7 @@ TEST(PlaneDrag, TheCameraCentreGoesAgainstTheMouseAndThePanWithIt) {
     }
 }
 
-/// The place on the screen at an angle and distance from the frame's origin.
+/// The screen position at an angle and a distance from the frame's origin.
 std::pair<float, float> around(Desk& desk, ViewPlane plane, double angle, double distance) {
     const auto [x, y] = desk.origin(plane);
     return {static_cast<float>(x + distance * std::cos(angle)),
@@ -199,7 +199,7 @@ TEST(PlaneDrag, RotatingTurnsTheFrameByThePointersAngleAboutItsOrigin) {
                 desk.document.PlaneScale = scale;
                 Matrix4 expected = desk.frame().Matrix;
                 for (std::size_t k = 0; k < 12; k += 4) {
-                    // what was seen along an axis is then seen turned by the angle
+                    // each axis shows turned by the angle
                     const Vec3 was = {expected[k], expected[k + 1], expected[k + 2]};
                     const float u = dotproduct(was, plane.right);
                     const float v = dotproduct(was, plane.up);
@@ -225,7 +225,7 @@ TEST(PlaneDrag, RotatingTurnsTheFrameByThePointersAngleAboutItsOrigin) {
     }
 }
 
-TEST(PlaneDrag, PointersOnTheOriginTurnNothing) {
+TEST(PlaneDrag, APointerOnTheOriginTurnsNothing) {
     for (const ViewPlane plane : viewPlanes) {
         Desk desk({}, ViewTool::RotateFrame);
         desk.frame().Matrix = translation(8, 16, 32);
@@ -233,7 +233,7 @@ TEST(PlaneDrag, PointersOnTheOriginTurnNothing) {
         const auto [originX, originY] = desk.origin(plane);
         const auto x = static_cast<float>(originX);
         const auto y = static_cast<float>(originY);
-        // pressed there: the first way that leads away counts as the start
+        // pressed there: the first direction away from it counts as the start
         desk.press(plane, x, y);
         desk.move(plane, x, y);
         EXPECT_EQ(bits(desk.frame().Matrix), bits(before));
@@ -269,7 +269,7 @@ TEST(PlaneDrag, ClicksAndReturnsRecordNothing) {
     }
 }
 
-TEST(PlaneDrag, NoDragLeadsBeyondAllNumbers) {
+TEST(PlaneDrag, DragsKeepNumbersFinite) {
     constexpr float most = std::numeric_limits<float>::max();
     for (const ViewTool tool : {ViewTool::MoveFrame, ViewTool::MoveView, ViewTool::RotateFrame,
                                 ViewTool::MoveObjCoords}) {
@@ -293,7 +293,7 @@ TEST(PlaneDrag, NoDragLeadsBeyondAllNumbers) {
     }
 }
 
-TEST(PlaneDrag, OnlyTheLeftButtonMovesAndTheToolIsThatOfThePress) {
+TEST(PlaneDrag, OnlyTheLeftButtonMovesAndThePressDecidesTheTool) {
     Desk desk;
     const float before = desk.frame().Matrix[12];
     desk.press(ViewPlane::XY, 10, 10, DragButton::Right);
@@ -310,7 +310,7 @@ TEST(PlaneDrag, OnlyTheLeftButtonMovesAndTheToolIsThatOfThePress) {
     EXPECT_EQ(desk.document.PanVector, (Vec3{-20, 0, 0}));
 }
 
-TEST(PlaneDrag, WithNothingSelectedTheLastFrameIsTaken) {
+TEST(PlaneDrag, WithoutASelectionTheLastFrameMoves) {
     Desk desk;
     desk.document.markSelection(FramePath(std::vector<std::int32_t>{9}));
     const auto move = desk.drag(ViewPlane::XY, 0, 0, 7, 0);

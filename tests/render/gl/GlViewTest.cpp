@@ -26,7 +26,7 @@ Draw byOpenGl(int side = 200,
 const Renderer openGl = {"by OpenGL", [] { return byOpenGl(); }, std::numeric_limits<float>::max()};
 INSTANTIATE_TEST_SUITE_P(OpenGl, DrawnScenes, testing::Values(openGl));
 
-/// What only this renderer has. Skips clearly where a machine has no OpenGL.
+/// Covers what only this renderer has. Skips on machines without OpenGL.
 class GlViewTest : public testing::Test {
   protected:
     static constexpr int side = 512;
@@ -36,7 +36,7 @@ class GlViewTest : public testing::Test {
             KORVANE_SKIP("no OpenGL here");
         }
     }
-    /// Gives the square of half side 4 that the scene's mesh gets the whole of a texture.
+    /// Adds a square of half side 4 that shows the whole texture.
     void addTexturedSquare() {
         addSquare(scene_.mesh(), 4, 0);
         scene_.mesh().HasTexCoords = true;
@@ -54,7 +54,7 @@ TEST_F(GlViewTest, ShowsTheSamplesAsTheSoftwareViewDoes) {
     const Draw software = bySoftware(side, side);
     for (const char* sample : {"windmill.xsi", "skiff.xsi", "lighthouse.x"}) {
         scene_.open(sample, {side, side});
-        // black highlights: those of two views need not agree
+        // black highlights, as those of two views need not agree
         for (MaterialRecord& material : document_.Materials) {
             material.Specular = {};
         }
@@ -68,7 +68,7 @@ TEST_F(GlViewTest, ShowsTheSamplesAsTheSoftwareViewDoes) {
     }
 }
 
-TEST_F(GlViewTest, RecordsAMeshOnceItRestsAndNeverForMoving) {
+TEST_F(GlViewTest, RecordsAMeshOnceItRestsAndNotWhenItMoves) {
     scene_.open("windmill.xsi");
     const GlView& view = gl_->view();
     const auto turn = [&](int rounds) {
@@ -93,7 +93,7 @@ TEST_F(GlViewTest, RecordsAMeshOnceItRestsAndNeverForMoving) {
     }
     EXPECT_NE(scene_.draw(document_, state_), opaque);
     EXPECT_EQ(turn(10), recorded);
-    // out of sight and hidden nothing is drawn, and nothing is forgotten
+    // out of sight or hidden, frames are not drawn but keep their lists
     const auto before = std::pair(view.counts().meshes, view.listCount());
     document_.CameraCenter.x += 1e5F;
     turn(1);
@@ -114,7 +114,7 @@ TEST_F(GlViewTest, TexturesOfAnySizeFollowTheirMaterials) {
     const Rgba8 red{255, 0, 0, 255};
     const Rgba8 green{0, 255, 0, 255};
     std::size_t uploads = 0;
-    // the widest one has to be scaled down for any driver of today
+    // the widest one exceeds the limits of all current drivers
     for (const std::int32_t width : {2, 5, 7, 100, 70000}) {
         for (const std::int32_t height : {1, 5}) {
             std::vector<Rgba8> pixels;
@@ -193,11 +193,11 @@ TEST_F(GlViewTest, ListsShowWhatDirectDrawingDoes) {
 TEST_F(GlViewTest, ReadsWhatCoversTheBackground) {
     const auto over = [&](BitmapPixel background) {
         state_.colors.background = background;
-        state_.lastDrawnMode.reset(); // has the background set up
+        state_.lastDrawnMode.reset(); // makes redraw() set the background
         return scene_.draw(document_, state_);
     };
     Bitmap covered;
-    state_.allowTransparent = false; // what is opaque tells it apart from any background
+    state_.allowTransparent = false; // opaque faces differ from some background
     for (const RenderMode mode :
          {RenderMode::SmoothShading, RenderMode::FlatShading, RenderMode::Wireframe}) {
         scene_.open("windmill.xsi", {side, side});
@@ -217,7 +217,7 @@ TEST_F(GlViewTest, ReadsWhatCoversTheBackground) {
         EXPECT_LT(countOtherThan(overlayOf(covered), 0), covered.pixelCount() * 9 / 10);
     }
     EXPECT_EQ(over(0xffff0000U).pixel(0, 0), 0xffff0000U) << "the next drawing has its own colour";
-    // what is translucent covers even where it does not show
+    // invisible translucent faces cover too
     document_ = Scene({plain(1, 0, 0, 0)}).document;
     addSquare(scene_.mesh(), 1, 0);
     state_ = ViewState();
@@ -227,7 +227,7 @@ TEST_F(GlViewTest, ReadsWhatCoversTheBackground) {
     EXPECT_EQ(covered.at(0, 0), 0U);
 }
 
-TEST_F(GlViewTest, ASizeThatCannotBeHadIsAStatus) {
+TEST_F(GlViewTest, AnImpossibleSizeIsAStatus) {
     EXPECT_EQ(gl_->redraw(document_, state_, 1 << 20, 1), GlStatus::NoFramebuffer);
     Bitmap picture;
     EXPECT_EQ(gl_->read(picture), GlStatus::NoFramebuffer);

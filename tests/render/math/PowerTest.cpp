@@ -9,7 +9,7 @@
 namespace korvane {
 namespace {
 
-TEST(Power, IsTheNearestFloatOrOneBesideIt) {
+TEST(Power, IsTheNearestFloatOrItsNeighbour) {
     std::mt19937 random(7); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same numbers each time
     std::uniform_real_distribution<float> logarithm(-15, 15);
     for (int i = 0; i < 200'000; ++i) {
@@ -22,7 +22,7 @@ TEST(Power, IsTheNearestFloatOrOneBesideIt) {
     }
 }
 
-TEST(Power, KeepsToItsRange) {
+TEST(Power, IsClampedToItsRange) {
     constexpr float infinity = std::numeric_limits<float>::infinity();
     EXPECT_EQ(positivePower(1, 200), 1);
     EXPECT_EQ(positivePower(0.5F, 0), 1);

@@ -33,7 +33,7 @@ TEST(VectorMath, MatrixProductActsLeftToRight) {
 }
 
 TEST(VectorMath, ComponentsAreRoundedOnce) {
-    // In single precision 1e8 + 1 - 1e8 is 0; rounded once it is 1.
+    // in single precision 1e8 + 1 - 1e8 is 0; rounded once it is 1
     Matrix4 column;
     column[0] = 1e8F;
     column[4] = 1.0F;

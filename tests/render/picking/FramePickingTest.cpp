@@ -12,7 +12,7 @@
 namespace korvane::test {
 namespace {
 
-/// The names of the frames, with blanks between them.
+/// The names of the frames, separated by blanks.
 std::string names(const ModelDocument& document, const std::vector<FramePath>& frames) {
     std::string found;
     for (const FramePath& path : frames) {
@@ -21,14 +21,14 @@ std::string names(const ModelDocument& document, const std::vector<FramePath>& f
     return found;
 }
 
-/// A colour that tells a material from all others, in whatever light.
+/// A colour that is unique to a material in any light.
 ColorRGB colorOf(std::size_t material) {
     return {static_cast<float>(material % 6 + 1) * 0.125F,
             static_cast<float>(material / 6 % 6 + 1) * 0.125F, 0.5F};
 }
 
-/// Frames of triangles all over the view and behind the eye, each frame in its own colour: mirrored
-/// ones, hidden ones, such as show both sides or cannot be seen through opacity 0.
+/// Adds frames of triangles all over the view and behind the eye, each in its own colour. Some are
+/// mirrored, some hidden, some show both sides, some have opacity 0.
 void addRandomFrames(Scene& scene, std::mt19937& random, std::size_t count) {
     std::uniform_real_distribution<float> place(-4, 4);
     std::uniform_real_distribution<float> depth(-6, 13);
@@ -70,7 +70,7 @@ TEST(FramePicking, TheFirstFrameIsTheOneThatThePictureShows) {
                                    scene.picture.pixel(x, y - 1), scene.picture.pixel(x, y + 1)};
             if (std::any_of(std::begin(around), std::end(around),
                             [&](QRgb pixel) { return pixel != shown; })) {
-                continue; // at an edge the picture may have rounded to either side
+                continue; // at an edge, rounding may go either way
             }
             const std::vector<FramePath> frames =
                 framesInSpace(scene.document, scene.state, ViewGeometry(200, 200),
@@ -110,7 +110,7 @@ Scene threeSquares() {
 struct Change {
     const char* what;
     void (*make)(Scene&);
-    const char* space; ///< what is found in the centre of the 3D view then
+    const char* space; ///< the frames then in the centre of the 3D view
     const char* plane; ///< and 4 pixels to the left of the right edge of "middle" in a 2D view
 };
 
@@ -126,7 +126,7 @@ TEST(FramePicking, FramesRankByWhatShows) {
              scene.document.Root.Children[2].RenderBackwards = true;
          },
          "middle", "middle"},
-        {"far sides of what lets light through",
+        {"far sides of translucent faces",
          [](Scene& scene) {
              scene.state.angles.yaw = 0;
              scene.document.Materials[0].FaceColor.alpha = 0.5F;
@@ -147,7 +147,7 @@ TEST(FramePicking, FramesRankByWhatShows) {
         {"beyond the depth",
          [](Scene& scene) { scene.document.Root.Children[0].Matrix[14] = -5000; }, "front middle",
          "middle"},
-        {"corners that lead nowhere or are no places",
+        {"corners that lead nowhere or are not finite",
          [](Scene& scene) {
              addFace(scene.document.Root.Children[0].Mesh, {0, 1, 99});
              MeshRecord& front = scene.document.Root.Children[1].Mesh;
@@ -193,7 +193,7 @@ TEST(FramePicking, LinesInReachRankByDistance) {
     for (const auto& [x, expected] : inPlane) {
         EXPECT_EQ(find(x, 100, true), expected) << x;
     }
-    // from before the eye to behind it
+    // from in front of the eye to behind it
     FrameRecord& line = scene.document.Root.Children[1].Children.emplace_back();
     line.Name = "long";
     line.HasMesh = true;
@@ -207,7 +207,7 @@ TEST(FramePicking, LinesInReachRankByDistance) {
     for (const auto& [x, y, expected] : inSpace) {
         EXPECT_EQ(find(x, y, false), expected) << x << ' ' << y;
     }
-    scene.state.angles.yaw = 0; // wires show from behind as well
+    scene.state.angles.yaw = 0; // wires show from behind too
     EXPECT_EQ(find(157, 130, false), "back");
 }
 

@@ -31,7 +31,7 @@ std::string shown(const Bitmap& bitmap) {
     return text;
 }
 
-TEST(LineDrawing, LinesTakeTheNearestPixelOfEachStepAlsoWhereTheyAreCut) {
+TEST(LineDrawing, LinesTakeTheNearestPixelOfEachStepEvenWhenCut) {
     constexpr std::int32_t margin = 35;
     std::mt19937 random(7);
     std::uniform_int_distribution<std::int32_t> place(0, 99);
@@ -48,7 +48,7 @@ TEST(LineDrawing, LinesTakeTheNearestPixelOfEachStepAlsoWhereTheyAreCut) {
         int wrong = 0;
         for (std::int32_t y = 0; y < 100; ++y) {
             for (std::int32_t x = 0; x < 100; ++x) {
-                // how far off the line, along its shorter side, in units of its longer one
+                // the distance from the line along its shorter side, in units of its longer one
                 const int off = std::abs((x - from.x) * dy - (y - from.y) * dx);
                 wrong += whole.at(x, y) == ink && 2 * off > longer ? 1 : 0;
             }
@@ -66,7 +66,7 @@ TEST(LineDrawing, FarEndsAreSafeAndTakeNoTime) {
     constexpr double far = 1e12;
     constexpr double farthest = std::numeric_limits<double>::max();
     Bitmap bitmap = sheet(9, 5);
-    // drawn often: lines of four thousand million pixels must not be walked
+    // drawn often: stepping through four billion pixels would take forever
     for (int round = 0; round < 20'000; ++round) {
         drawLine(bitmap, {Limits::min(), 1}, {Limits::max(), 1}, ink);
         drawLine(bitmap, {4, Limits::max()}, {4, Limits::min()}, ink);

@@ -11,7 +11,7 @@
 namespace korvane::test {
 namespace {
 
-TEST(PlaneAxes, StandAtTheEndsOfTheLinesThatAreInSight) {
+TEST(PlaneAxes, LieAtTheEndsOfTheVisibleLines) {
     const std::tuple<ViewPlane, Vec3, const char*> rows[] = {
         {ViewPlane::XY, {}, "X 0 40 Y 50 0 "},  {ViewPlane::XZ, {}, "X 0 40 Z 50 0 "},
         {ViewPlane::ZY, {}, "Z 99 40 Y 50 0 "}, {ViewPlane::XY, {4, 3, 9}, "X 0 34 Y 42 0 "},
@@ -30,7 +30,7 @@ TEST(PlaneAxes, StandAtTheEndsOfTheLinesThatAreInSight) {
     }
 }
 
-TEST(AxisCross, LiesAsTheAxesOfThe2DViewsWhenLookingAsTheyDo) {
+TEST(AxisCross, MatchesTheAxesOfThe2DViewsFromTheirDirections) {
     const std::pair<const char*, ViewPlane> views[] = {
         {"+Z", ViewPlane::XY}, {"-Y", ViewPlane::XZ}, {"+X", ViewPlane::ZY}};
     for (const auto& [name, plane] : views) {

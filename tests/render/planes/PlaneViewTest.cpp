@@ -9,7 +9,7 @@
 namespace korvane::test {
 namespace {
 
-/// A frame with a square of half side 1 at z = 0, at a place.
+/// A frame at a place, with a square of half side 1.
 FrameRecord squareAt(float x, float y, float z) {
     FrameRecord frame;
     frame.HasMesh = true;
@@ -20,12 +20,12 @@ FrameRecord squareAt(float x, float y, float z) {
     return frame;
 }
 
-/// Views of 100 x 80 pixels at ten pixels a unit, their centre at pixel (50, 40).
+/// Views of 100 x 80 pixels at ten pixels a unit, centred at pixel (50, 40).
 class PlaneViewTest : public testing::Test {
   protected:
     PlaneViewTest() {
         document.PlaneScale = 10;
-        document.CameraCenter = {1e9F, 1e9F, 1e9F}; // its mark out of sight
+        document.CameraCenter = {1e9F, 1e9F, 1e9F}; // keeps its mark out of sight
         for (const ViewPlane plane : viewPlanes) {
             view(plane).resize(100, 80);
         }
@@ -64,7 +64,7 @@ TEST_F(PlaneViewTest, FramesShowWhereTheirWorldMatrixPutsThem) {
     const struct {
         ViewPlane plane;
         int left, right, top, bottom;
-        std::size_t pixels; ///< seen from the edge it is a line
+        std::size_t pixels; ///< from the side, the square is a line
     } rows[] = {{ViewPlane::XY, 10, 50, 10, 30, 120},
                 {ViewPlane::XZ, 10, 50, 10, 10, 41},
                 {ViewPlane::ZY, 80, 80, 10, 30, 21}};
@@ -77,7 +77,7 @@ TEST_F(PlaneViewTest, FramesShowWhereTheirWorldMatrixPutsThem) {
     EXPECT_EQ(count(ViewPlane::XY, line), 4U) << "the ends of the lines";
 }
 
-TEST_F(PlaneViewTest, ColoursTellTheSelectionAndCanBeReplaced) {
+TEST_F(PlaneViewTest, ColoursShowTheSelectionAndCanBeReplaced) {
     FrameRecord parent = squareAt(0, 0, 0);
     parent.Children.push_back(squareAt(2.5F, 0, 0));
     frames = {squareAt(-2.5F, 0, 0), parent};
@@ -127,7 +127,7 @@ TEST_F(PlaneViewTest, MarksShowWorldOriginFrameOriginAndCameraCentre) {
     }
 }
 
-TEST_F(PlaneViewTest, HidingAMeshKeepsTheMarkAndHidingAFrameNothing) {
+TEST_F(PlaneViewTest, HidingAMeshKeepsTheMarkAndHidingAFrameDoesNot) {
     frames.push_back(squareAt(0, 0, 0));
     frames[0].Children.push_back(squareAt(3, 0, 0));
     select(1);
@@ -178,7 +178,7 @@ TEST_F(PlaneViewTest, OnlyWhatMovedIsProjectedAnew) {
     EXPECT_EQ(projected(), (Counts{1, 1, 1}));
 }
 
-TEST_F(PlaneViewTest, TheSelectedFrameShowsOnceMoreOverOthersAndChangesNoPicture) {
+TEST_F(PlaneViewTest, TheOverlayShowsTheSelectedFrameAndLeavesThePictureAlone) {
     frames.assign(2, squareAt(0, 2, 0));
     frames[1].Matrix[12] = 1.0F; // its lines cross those of the first
     PlaneView& xy = view(ViewPlane::XY);
@@ -192,14 +192,14 @@ TEST_F(PlaneViewTest, TheSelectedFrameShowsOnceMoreOverOthersAndChangesNoPicture
     EXPECT_EQ(imageOf(xy.bitmap()), before);
     EXPECT_EQ(before.pixel(45, 30), colors.frames.unselected);
     EXPECT_EQ(overlay.pixel(45, 30), colors.frames.selected);
-    EXPECT_EQ(overlay.pixel(35, 30), 0U) << "nothing of the other frame";
+    EXPECT_EQ(overlay.pixel(35, 30), 0U) << "not the other frame";
     EXPECT_EQ(overlay.pixel(50, 16), colors.objectAxes);
     EXPECT_EQ(overlay.pixel(50, 17), 0xff000000U) << "a dark rim around a bright mark";
     EXPECT_EQ(overlay.pixel(50, 14), 0xff000000U);
     EXPECT_EQ(overlay.pixel(50, 30), colors.cameraCentre) << "stays on top";
     frames[0].ViewFlags[2] = false;
     draw();
-    EXPECT_EQ(overlay.pixel(45, 30), colors.frames.selected) << "until it is asked for again";
+    EXPECT_EQ(overlay.pixel(45, 30), colors.frames.selected) << "until the next overlay";
     EXPECT_EQ(xy.selectionOverlay(document).pixel(45, 30), 0U) << "the mesh is hidden";
 }
 
@@ -213,7 +213,7 @@ TEST_F(PlaneViewTest, OddSizesAndNumbersAreSafe) {
     frames = {wild, squareAt(huge, huge, huge), squareAt(0, 0, 0)};
     select(2);
     draw();
-    // from corner to corner, wherever its ends are
+    // from corner to corner, however far its ends
     EXPECT_EQ(at(ViewPlane::XY, 60, 50), colors.frames.unselected);
     EXPECT_EQ(at(ViewPlane::XY, 80, 70), colors.frames.unselected);
     view(ViewPlane::XY).resize(0, -5);
@@ -221,11 +221,11 @@ TEST_F(PlaneViewTest, OddSizesAndNumbersAreSafe) {
     EXPECT_EQ(view(ViewPlane::XY).bitmap().pixelCount(), 1U);
 }
 
-TEST_F(PlaneViewTest, AModelJustOpenedIsSeenWholeAndCentred) {
+TEST_F(PlaneViewTest, ANewlyOpenedModelIsSeenWholeAndCentred) {
     const struct {
         float z;
         std::int32_t width, height;
-        float scale; ///< nine tenths of the view for the side that fills it most
+        float scale; ///< nine tenths of the view for the side that fills most of it
     } rows[] = {{-12, 279, 310, 9}, {-12, 220, 400, 9}, {-32, 400, 300, 7.5F}, {-32, 120, 500, 3}};
     for (const auto& [z, width, height, scale] : rows) {
         frames = {squareAt(30, -20, 4), squareAt(50, 9, z)};

@@ -15,7 +15,7 @@ TEST(ViewGeometry, FollowsFromTheSize) {
     EXPECT_EQ(view.cy, 384);
     EXPECT_NEAR(view.f, 512 / std::tan(M_PI / 6) * 768 / 1025, 1e-3);
     EXPECT_EQ(view.planes[0].d, 0.25F);
-    // a hair inside of the corner of the picture, and a hair outside
+    // just inside the corner of the picture, and just outside
     const Vec3 corner = {512 / view.f, 384 / view.f, 1};
     EXPECT_LT(view.planes[2].distance(corner), 0);
     EXPECT_GT(view.planes[2].distance({corner.x * 0.999F, 0, 1}), 0);
@@ -111,14 +111,14 @@ void place(Scene& scene, std::int32_t width = 200, std::int32_t height = 200) {
     startCamera(scene.document, scene.state, ViewGeometry(width, height));
 }
 
-TEST(StartCamera, ShowsTheWholeModelAnyWayRoundAndScalesWhatTheDepthCannotHold) {
+TEST(StartCamera, ShowsTheWholeModelFromAnyAngleAndScalesWhatTheDepthCannotHold) {
     Scene scene({plain(1, 1, 1)});
     scene.document.Root.RenderBackwards = true;
     const struct {
         float radius;
         float offset;
         float scale;
-        float distance; ///< of the eye where the smaller side of the view is the upright one
+        float distance; ///< of the eye in the view whose height is the shorter side
     } rows[] = {{1e-20F, 0, 5e19F, 1},         {0.001F, 0, 500, 1},      {0.49F, 0, 1 / 0.98F, 1},
                 {0.51F, 0, 1, 1.02F},          {10, 100, 1, 20},         {1660, 3, 1, 3320},
                 {1670, 0, 100 / 1670.0F, 200}, {5e4F, 900, 0.002F, 200}, {1e12F, 0, 1e-10F, 200}};

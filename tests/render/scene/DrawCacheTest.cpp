@@ -6,7 +6,7 @@
 namespace korvane::test {
 namespace {
 
-TEST(DrawCache, IsBuiltWhenWhatItDependsOnChangedAndBelongsToOneFrame) {
+TEST(DrawCache, IsRebuiltWhenItsInputChangesAndBelongsToOneFrame) {
     Scene scene({plain(1, 0, 0)});
     addSquare(scene.mesh(), 1, 0);
     FrameRecord& frame = scene.document.Root;
@@ -28,7 +28,7 @@ TEST(DrawCache, IsBuiltWhenWhatItDependsOnChangedAndBelongsToOneFrame) {
     copy = frame;
     EXPECT_TRUE(drawCache(copy).WorldVertices.empty());
     EXPECT_TRUE(builds(copy));
-    // a mesh takes its revision along, and leaves another behind
+    // a moved mesh takes its revision along and leaves a new one behind
     FrameRecord taker = frame;
     taker.Mesh = std::move(copy.Mesh);
     EXPECT_TRUE(builds(taker));
@@ -54,7 +54,7 @@ TEST(NothingShown, IsExplained) {
     scene.state.allowTransparent = false;
     EXPECT_EQ(reason(), "");
     scene.state.allowTransparent = true;
-    for (const std::int32_t slot : {1, 2, -1}) { // of the other material, or of none at all
+    for (const std::int32_t slot : {1, 2, -1}) { // the other material, or none
         child.Mesh.FaceSlotIndex = {slot};
         EXPECT_EQ(reason(), "") << slot;
     }

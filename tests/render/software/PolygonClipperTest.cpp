@@ -19,17 +19,17 @@ RenderVertex vertex(float x, float y, float z) {
 
 TEST(PolygonClipper, FollowsItsRules) {
     using List = std::vector<float>;
-    // triangles by their x, cut at x = 0, the side of positive x being inside
+    // triangles by their x, cut at x = 0; positive x is inside
     const struct {
         List before;
         int visible;
         List after;
     } rows[] = {{{1, 2, 3}, 1, {1, 2, 3}},
-                {{-1, -2, -3}, 0, {-1, -2, -3}}, // left as it was
-                // one outside: two new corners in its place, that of the previous edge first
+                {{-1, -2, -3}, 0, {-1, -2, -3}}, // unchanged
+                // one outside: two new corners replace it, that of the previous edge first
                 {{2, -2, 6}, 1, {2, 0, 0, 6}},
                 {{-2, 2, 6}, 1, {0, 0, 2, 6}},
-                // on the plane counts as inside and gives no crossing
+                // corners on the plane are inside and make no crossing
                 {{0, -1, -1}, 0, {0, -1, -1}},
                 {{0, 0, -1}, 1, {0, 0}},
                 {{1, 0, -1}, 1, {1, 0, 0}},
@@ -52,7 +52,7 @@ TEST(PolygonClipper, FollowsItsRules) {
         }
         EXPECT_EQ(after, row.after) << &row - rows;
     }
-    EXPECT_EQ(cut({1, 2, 3}, 0), 0) << "what is no longer visible is not looked at";
+    EXPECT_EQ(cut({1, 2, 3}, 0), 0) << "an invisible polygon is ignored";
     cut({2, -2, 6});
     const std::vector<RenderVertex>& polygon = clipper.polygon();
     EXPECT_EQ(polygon[1].position.y, 0.5F);
@@ -61,7 +61,7 @@ TEST(PolygonClipper, FollowsItsRules) {
     EXPECT_EQ(polygon[2].v, 1.25F);
     EXPECT_EQ(polygon[2].specularIntensity, 0) << "not interpolated";
     EXPECT_EQ(polygon[3].specularIntensity, 1);
-    cut({-2, 2, 6}); // whose first corner comes after the last
+    cut({-2, 2, 6}); // the cut wraps round to the last corner
     EXPECT_EQ(polygon[0].position.y, 0.5F);
     EXPECT_EQ(polygon[1].position.y, 0.5F);
     List zigzag; // every other corner of a large polygon outside
@@ -75,7 +75,7 @@ TEST(PolygonClipper, FollowsItsRules) {
 TEST(PolygonClipper, CutsAtEveryPlaneOfTheView) {
     const ViewGeometry view(300, 200);
     PolygonClipper clipper;
-    // from far beside the view, and from behind the eye, to a point before it
+    // from far beside the view or behind the eye to a point in front of it
     for (const Vec3& far : {Vec3{-99, 0, 4}, {99, 0, 4}, {0, -99, 4}, {0, 99, 4}, {0, 0, -99}}) {
         clipper.polygon() = {vertex(0.1F, 0, 4), vertex(0, 0.1F, 4), vertex(far.x, far.y, far.z)};
         EXPECT_TRUE(clipper.clip(view));

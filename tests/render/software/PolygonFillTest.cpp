@@ -35,7 +35,7 @@ RasterCorner corner(double x, double y, float z, float red = 255, float s = 0, f
 }
 
 TEST(PolygonFill, TrianglesThatShareEdgesTakeEveryPixelOnce) {
-    // a net of jittered points; each pixel is blended once exactly if its red is half
+    // a net of jittered points; a pixel has half red if it was blended exactly once
     RasterSurface half;
     half.blend = true;
     half.opacity = 0.5F;
@@ -46,7 +46,7 @@ TEST(PolygonFill, TrianglesThatShareEdgesTakeEveryPixelOnce) {
         const double step = 100.0 / cells;
         const double reach = 0.2 * std::min(step, 20.0);
         std::uniform_real_distribution<double> jitter(-reach, reach);
-        // corners on pixel centres and edges along rows are the delicate ones
+        // corners on pixel centres and edges along rows are the tricky ones
         const auto place = [&](int number, bool onCentre) {
             const double at = number * step - 5;
             return step > 8 && onCentre ? std::floor(at) + 0.5 : at + jitter(random);
@@ -110,7 +110,7 @@ TEST(PolygonFill, ColoursAndTexturesRunInPerspective) {
 }
 
 TEST(PolygonFill, TexturesAreBilinearRepeatAndMultiplyTheLight) {
-    MaterialRecord material; // its texture of a size that is no power of two
+    MaterialRecord material; // its texture size is not a power of two
     setTexture(material, 3,
                {{0, 0, 0, 255},
                 {100, 0, 0, 255},
@@ -120,7 +120,7 @@ TEST(PolygonFill, TexturesAreBilinearRepeatAndMultiplyTheLight) {
                 {40, 40, 40, 128}});
     const TextureSampler sampler(*material.TextureImage);
     const auto channel = [&](std::size_t number, double column, double row) {
-        // lanes that are not wanted may stand anywhere
+        // unwanted lanes may have any position
         constexpr std::int32_t far = std::numeric_limits<std::int32_t>::max();
         const IntLanes x = {-far - 1, far, static_cast<std::int32_t>(column * steps), -1};
         const IntLanes y = {far, -far - 1, static_cast<std::int32_t>(row * steps), 7 * steps};
@@ -128,7 +128,7 @@ TEST(PolygonFill, TexturesAreBilinearRepeatAndMultiplyTheLight) {
     };
     EXPECT_EQ(channel(0, 1, 0), 100);
     EXPECT_EQ(channel(0, 1.5, 0), 150);
-    EXPECT_EQ(channel(0, 2.5, 0), 100) << "the last column goes over into the first";
+    EXPECT_EQ(channel(0, 2.5, 0), 100) << "the last column blends into the first";
     EXPECT_EQ(channel(0, 7, 0), 100);
     EXPECT_EQ(channel(0, 1, 0.5), 70);
     EXPECT_EQ(channel(0, 1, 1.5), 70) << "the last row into the first";

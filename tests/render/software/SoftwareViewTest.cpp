@@ -13,16 +13,15 @@ constexpr BitmapPixel black = 0xff000000U;
 constexpr BitmapPixel red = 0xffff0000U;
 constexpr BitmapPixel green = 0xff00ff00U;
 
-// larger coordinates would leave the range of single precision on their way through the clipping
+// larger coordinates would overflow single precision while clipping
 const Renderer software = {"by software", [] { return bySoftware(); }, 1e15F};
 INSTANTIATE_TEST_SUITE_P(Software, DrawnScenes, testing::Values(software));
 
-/// The samples as the start camera sees them, beside pictures that were looked at. A picture is
-/// made anew by
+/// Compares the samples, as the start camera sees them, with pictures checked by eye. Renew one by
 ///   korvane-tool render samples/NAME tests/render/software/baseline/NAME-MODE.png --mode MODE
 ///   --size 240x180
-/// It passes when at most one pixel in 200 differs by more than 24 levels in some channel:
-/// compilers round differently, which moves edges by a pixel here and there.
+/// At most one pixel in 200 may differ by more than 24 levels in a channel: compilers round
+/// differently, which moves edges by a pixel here and there.
 TEST(SoftwareView, SamplesLookAsTheyDid) {
     const std::pair<const char*, RenderMode> modes[] = {{"wireframe", RenderMode::Wireframe},
                                                         {"flat", RenderMode::FlatShading},
@@ -83,7 +82,7 @@ TEST(SoftwareView, DenseMeshesKeepTheirSmallFaces) {
     const int alone = scene.count(red);
     addSquare(mesh, 5, -1, 1);
     EXPECT_EQ(scene.shown(0, 3.5F), green);
-    EXPECT_EQ(scene.count(red), alone) << "a large face takes none of many small ones away";
+    EXPECT_EQ(scene.count(red), alone) << "a large face hides none of many small ones";
     // a small face beside large ones is left out
     scene.clearMesh();
     addSquare(mesh, 2, 0);
