@@ -6,7 +6,7 @@
 namespace korvane {
 namespace {
 
-/// A root with one meshed child that has all parts and one grandchild, and a table of materials.
+/// A root with a child that has all mesh parts and a child of its own, and a table of materials.
 ModelDocument example(std::size_t slots, std::size_t materials) {
     ModelDocument document;
     document.Root = test::named("root", {test::named("body", {test::named("")})});
@@ -55,7 +55,7 @@ TEST(StructureTree, MeshPartsNeedTheirFlags) {
     EXPECT_EQ(StructureTree(document).nodes().size(), 4U);
 }
 
-TEST(StructureTree, NodesTellWhatTheCommandsMayDo) {
+TEST(StructureTree, NodesSayWhatTheCommandsMayDo) {
     ModelDocument document = example(2, 2);
     const StructureTree tree(document);
     const FramePath body = test::path({1});
@@ -87,7 +87,7 @@ TEST(StructureTree, OneSlotAndOneMaterialCannotBeDeleted) {
     }
 }
 
-TEST(StructureTreeModel, TellsMoreOfARowThanItShows) {
+TEST(StructureTreeModel, DescribesARowBeyondItsText) {
     ModelDocument document = example(1, 1);
     document.Root.Children[0].ViewFlags[2] = false; // its mesh
     document.Root.Name = std::string(10'000, 'x');

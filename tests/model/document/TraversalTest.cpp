@@ -31,7 +31,7 @@ TEST(Traversal, WalkAgreesWithTheCursor) {
             document.IncRenderList();
         }
         EXPECT_FALSE(document.IncRenderList());
-        EXPECT_FALSE(document.IncRenderList()); // and stays at the end
+        EXPECT_FALSE(document.IncRenderList()); // stays at the end
     }
 }
 
@@ -71,7 +71,7 @@ TEST(DerivedData, BoundsIgnoreAllButTheLastCornerOfTheFirstFace) {
     EXPECT_EQ(document.Root.BoundMin, (Vec3{1, 2, 3}));
     EXPECT_EQ(document.Root.BoundMax, (Vec3{1, 2, 3}));
     addFace(mesh, {{0, 3, 3}, {2, 2, 5}});
-    const std::uint32_t wild[] = {0xFFFFFFFFU, 5}; // leads nowhere, and to nothing beyond the end
+    const std::uint32_t wild[] = {0xFFFFFFFFU, 5}; // both lead nowhere
     mesh.Faces.push_back(wild);
     document.computeDerivedData();
     EXPECT_EQ(document.Root.BoundMin, (Vec3{0, 2, 3}));
@@ -102,7 +102,7 @@ TEST(DerivedData, NonfiledataTakesThePathFromTheCursor) {
     EXPECT_EQ(document.Root.Children[1].PathDepth, 1);
 }
 
-TEST(Selection, MarksTheFrameAndWhatIsBelow) {
+TEST(Selection, MarksTheFrameAndItsDescendants) {
     ModelDocument document;
     document.Root = named("r", {named("a", {named("b")}), named("c")});
     const auto states = [&document](const FramePath& selected) {
