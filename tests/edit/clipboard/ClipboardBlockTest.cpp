@@ -23,7 +23,7 @@ namespace {
 using test::blockBytes;
 using test::Bytes;
 
-/// The bytes of the listings in the description of the format, one after the other.
+/// The bytes of each listing in the description of the format.
 std::vector<Bytes> documentedBlocks() {
     std::ifstream file(KORVANE_DOCS "/clipboard-format.md");
     EXPECT_TRUE(file.is_open());
@@ -66,7 +66,7 @@ TEST(ClipboardBlock, ExamplesOfTheDescription) {
     material.TextureImage = std::make_shared<TextureImage>(
         TextureImage{2, 1, {{255, 0, 0, 255}, {0, 0, 255, 128}}, true});
     const MaterialRecord* const one[] = {&material};
-    // a triangle with the first and the fourth of five materials, and an empty frame below it
+    // a triangle with the first and the fourth of five materials, with an empty child frame
     FrameRecord wing = test::named("wing", {test::named("tip")});
     wing.HasMesh = wing.Mesh.HasMaterials = true;
     wing.Mesh.Vertices = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
@@ -82,7 +82,7 @@ TEST(ClipboardBlock, ExamplesOfTheDescription) {
     EXPECT_EQ(blockBytes(encodeMaterials(one)), documented[0]);
     EXPECT_EQ(documented[0].size(), 12U + 236 + 5 + (4 + 4 + 1 + 8));
     EXPECT_EQ(frameBlock(wing, table), documented[1]);
-    // those that the fuzzer starts from
+    // the fuzzer's seeds
     EXPECT_EQ(test::seedFile("materials.clipboard"), documented[0]);
     EXPECT_EQ(test::seedFile("frame.clipboard"), documented[1]);
 
@@ -94,12 +94,12 @@ TEST(ClipboardBlock, ExamplesOfTheDescription) {
     EXPECT_TRUE(sameMaterial(materials[0], material));
 }
 
-TEST(ClipboardBlock, MaterialsThatAreUsedComeAlong) {
+TEST(ClipboardBlock, UsedMaterialsComeAlong) {
     const struct {
         std::vector<std::int32_t> slots;
         std::vector<std::int32_t> childSlots;
         std::size_t materials;
-        std::vector<std::int32_t> remap; ///< with the number of copied materials behind it
+        std::vector<std::int32_t> remap; ///< followed by the number of copied materials
         std::vector<std::int32_t> readSlots;
     } rows[] = {{{3, 0, 3}, {1}, 5, {0, 1, -1, 2, -1, 3}, {2, 0, 2}},
                 {{4, 4}, {4}, 5, {-1, -1, -1, -1, 0, 1}, {0, 0}},
@@ -107,7 +107,7 @@ TEST(ClipboardBlock, MaterialsThatAreUsedComeAlong) {
                 {{-1, 5, 2}, {}, 3, {-1, -1, 0, 1}, {-1, -1, 0}}};
     for (const auto& row : rows) {
         FrameRecord frame = test::named("", {FrameRecord()});
-        frame.Mesh.MaterialSlotList = row.slots; // also with the mesh switched off
+        frame.Mesh.MaterialSlotList = row.slots; // even with the mesh switched off
         frame.Children[0].Mesh.MaterialSlotList = row.childSlots;
         const Bytes block = frameBlock(frame, std::vector<MaterialRecord>(row.materials));
         for (std::size_t i = 0; i < row.remap.size(); ++i) {
@@ -122,7 +122,7 @@ TEST(ClipboardBlock, MaterialsThatAreUsedComeAlong) {
     EXPECT_EQ(std::get<CopiedMaterials>(decodeBlock(none).value()).size(), 0U);
 }
 
-/// Sets what a block says of wild indices: the model's own may be any numbers.
+/// Replaces invalid indices as a block does: the model may hold any numbers.
 void tame(PolygonList& list, std::size_t limit) {
     PolygonList tamed;
     for (std::size_t i = 0; i < list.size(); ++i) {
@@ -135,7 +135,7 @@ void tame(PolygonList& list, std::size_t limit) {
     list = tamed;
 }
 
-/// What the frame is after it went through a block, with the materials that are used.
+/// The frame as it comes out of a block, given the used materials.
 FrameRecord expectedCopy(FrameRecord top, const std::set<std::int32_t>& used) {
     for (FrameWalk walk(top); !walk.done(); walk.next()) {
         FrameRecord& frame = walk.frame();
@@ -202,7 +202,7 @@ TEST(ClipboardBlock, RandomFramesComeBackWhole) {
     EXPECT_GT(frames, 1000U);
 }
 
-/// Whether the block is read. No count in it is trusted with more memory than its bytes can fill.
+/// Whether the block can be read. No count in it may allocate more than its bytes can fill.
 bool accepts(const Bytes& block) {
     const test::AllocationWatch watch;
     const bool read = decodeBlock(block).has_value();
@@ -210,7 +210,7 @@ bool accepts(const Bytes& block) {
     return read;
 }
 
-/// A word of the block replaced.
+/// Replaces a word of the block.
 Bytes damaged(Bytes block, std::size_t offset, std::int32_t value) {
     test::setWord(block, offset, value);
     return block;
@@ -228,8 +228,8 @@ TEST(ClipboardBlock, NumbersComeBackBitByBitAndHaveToBeFinite) {
     frame.AnimationKeys = {{7, {1, 2}}};
     frame.Mesh.MaterialSlotList = {0};
     const Bytes block = frameBlock(frame, table);
-    // what is read as a number wherever 1 is welcome and a number that is none is not; where a
-    // count is read instead, all of these are huge
+    // a word that accepts 1 but not infinity is read as a number; read as counts, all of these are
+    // huge
     std::size_t numbers = 0;
     for (std::size_t at = 0; at + 4 <= block.size(); ++at) {
         const auto takes = [&](float number) {
@@ -245,7 +245,7 @@ TEST(ClipboardBlock, NumbersComeBackBitByBitAndHaveToBeFinite) {
             }
         }
     }
-    // matrices, elements of the lists, keys, and the material: all words but integers and counts
+    // matrices, elements of lists, keys and the material: all but integers and counts
     EXPECT_EQ(numbers, 2 * 16 + 3 + 3 + 2 + 4 + 2 + 34 + 7);
 }
 
@@ -255,22 +255,22 @@ TEST(ClipboardBlock, ABlockCutAnywhereIsRefused) {
         for (std::size_t size = 0; size < block.size(); ++size) {
             Bytes cut(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(size));
             ASSERT_FALSE(decodeBlock(cut).has_value()) << name << " cut to " << size;
-            if (size >= 12) { // one that owns to its size
+            if (size >= 12) { // with a matching payload size
                 test::setWord(cut, 4, static_cast<std::int32_t>(size) - 12);
                 const bool whole = decodeBlock(cut).has_value();
-                // the slack holds nothing, nor does the last word of the frame; of what is left
-                // four bytes are beyond the payload size
+                // neither the slack nor the last word of the frame holds anything; four of the
+                // remaining bytes lie beyond the payload size
                 const std::size_t spare = name[0] == 'f' ? 22 + 4 - 4 : 11 - 4;
                 ASSERT_EQ(whole, size + spare >= block.size()) << name << size;
             }
         }
         Bytes longer = block;
-        longer.resize(block.size() + 100); // a clipboard may round up
+        longer.resize(block.size() + 100); // a clipboard may round the size up
         EXPECT_TRUE(decodeBlock(longer).has_value());
     }
 }
 
-/// Damage to the frame of the description, by the offset of a word and its new value.
+/// Damages the frame of the description at the offset of a word.
 TEST(ClipboardBlock, WhatDoesNotFitIsRefused) {
     const Bytes block = test::seedFile("frame.clipboard");
     constexpr std::size_t remap = 12;
@@ -292,10 +292,10 @@ TEST(ClipboardBlock, WhatDoesNotFitIsRefused) {
         bool accepted;
     } rows[] = {
         {"unknown content", 0, 2, false},
-        {"materials, that are none", 0, 8, false},
+        {"a frame marked as materials", 0, 8, false},
         {"count of the source", 8, 4, false},
         {"a huge count", 8, -1, false},
-        {"used material told as unused", remap + 12, -1, false},
+        {"used material marked as unused", remap + 12, -1, false},
         {"remap out of order", remap, 1, false},
         {"remap beyond the copied", remap + 12, 2, false},
         {"one more remapped", remap + 16, 2, false},
@@ -320,7 +320,7 @@ TEST(ClipboardBlock, WhatDoesNotFitIsRefused) {
         {"no child", children, 0, true},
         {"more children", children, 2, false},
         {"end of the child", children + 4 + 209, 1, false},
-        {"end of the frame", children + 4 + 213, 1, true}, // may be beyond the payload size
+        {"end of the frame", children + 4 + 213, 1, true}, // may lie beyond the payload size
     };
     for (const auto& row : rows) {
         EXPECT_EQ(accepts(damaged(block, row.offset, row.value)), row.accepted) << row.what;
@@ -334,7 +334,7 @@ TEST(ClipboardBlock, TexturesThatDoNotFitAreRefused) {
     EXPECT_FALSE(accepts(damaged(textured, 8, 1 << 30))) << "a huge count";
     EXPECT_TRUE(accepts(damaged(textured, fileName, 0x67740a61)));
     EXPECT_FALSE(accepts(damaged(textured, fileName, 0x67740a22)))
-        << "a quote that ends the name, and a line behind it";
+        << "a quote that ends the name, then a new line";
     ASSERT_EQ(test::wordAt(textured, image), 2);
     using Size = std::pair<std::int32_t, std::int32_t>;
     for (const auto& [width, height] :
@@ -350,13 +350,13 @@ TEST(ClipboardBlock, DepthIsLimited) {
         test::chainBelow(top, depth);
         return frameBlock(top, {});
     };
-    // the copy stands below a root at the least
+    // the copy is below a root at least
     EXPECT_TRUE(accepts(nested(maxFrameDepth - 1)));
     EXPECT_FALSE(accepts(nested(maxFrameDepth)));
 }
 
-TEST(ClipboardBlock, CountsThatRepeatOnEveryLevelTakeNoMoreThanTheBytes) {
-    // a chain of frames, each of which claims as many children as could just follow
+TEST(ClipboardBlock, CountsOnEveryLevelTakeNoMoreMemoryThanTheBytes) {
+    // a chain of frames, each claiming as many children as the rest can hold
     FrameRecord top;
     test::chainBelow(top, 500);
     Bytes block = frameBlock(top, {});

@@ -15,8 +15,8 @@ namespace {
 
 using test::path;
 
-/// A document with its history: a root with a mesh of slots 2, 0, 2 and a child without one, and
-/// three materials told apart by their power.
+/// A document with its history: a root with a mesh of slots 2, 0, 2, a child without a mesh, and
+/// three materials that differ in power.
 struct Model {
     explicit Model(float firstPower = 1) {
         document.Root.Name = "root";
@@ -60,7 +60,7 @@ struct Model {
     TextureSource textures;
 };
 
-TEST(ClipboardEdit, WhatCopyTakesFromEachSelection) {
+TEST(ClipboardEdit, CopyTakesTheSelection) {
     Model model;
     model.document.Root.Mesh.MaterialSlotList.push_back(9); // leads to no material
     using enum NodeKind;
@@ -92,7 +92,7 @@ TEST(ClipboardEdit, WhatCopyTakesFromEachSelection) {
     EXPECT_FALSE(model.document.Modified);
 }
 
-TEST(ClipboardEdit, WherePasteIsPossible) {
+TEST(ClipboardEdit, PasteDependsOnTheSelection) {
     Model source;
     source.select(NodeKind::Frame);
     const test::Bytes frame = source.copied();
@@ -151,7 +151,7 @@ TEST(ClipboardEdit, AFrameIsTheLastChildWithItsMaterialsRenumbered) {
     EXPECT_EQ(pasted.Children[0].SelectState, SelectState::Descendant);
     EXPECT_EQ(target.document.Selected.Frame, path({1})); // stays selected
 
-    // into itself: what is pasted is what was copied
+    // pasting into the source adds what was copied
     source.select(NodeKind::Frame, 0, path({1}));
     const test::Bytes leaf = source.copied();
     ASSERT_TRUE(source.paste(leaf) && source.paste(leaf));
