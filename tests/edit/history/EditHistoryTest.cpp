@@ -30,7 +30,7 @@ class History : public ::testing::Test {
         document.computeDerivedData();
         document.Modified = false;
     }
-    /// Gives the mesh of a frame slots and faces.
+    /// Sets the slots and face slots of a frame's mesh.
     MeshRecord& mesh(FrameRecord& frame, std::vector<std::int32_t> slots,
                      std::vector<std::int32_t> faces) {
         frame.HasMesh = frame.Mesh.HasMaterials = true;
@@ -67,7 +67,7 @@ TEST_F(History, PositionAndTail) {
     EXPECT_TRUE(document.Modified);
 }
 
-TEST_F(History, StepsTellTheFrameOfTheirLastEntry) {
+TEST_F(History, StepsReturnTheFrameOfTheirLastEntry) {
     renameFrame(history, document, path({1, 2}), "n");
     EXPECT_EQ(history.undo(document).frame, path({1, 2}));
     deleteFrame(history, document, path({1, 1})); // drops the rename
@@ -120,7 +120,7 @@ TEST_F(History, FramesNestNoDeeperThanTheLimit) {
     EXPECT_TRUE(history.canUndo());
 }
 
-TEST_F(History, FacesOfSlotZeroStayWhenASlotGoes) {
+TEST_F(History, FacesOfSlotZeroStayWhenASlotIsRemoved) {
     MeshRecord& m = mesh(document.Root, {2, 0, 1}, {0, 1, 2, 7, -1});
     removeSlot(history, document, FramePath(), 0);
     EXPECT_EQ(m.MaterialSlotList, (std::vector<std::int32_t>{0, 1}));
@@ -129,7 +129,7 @@ TEST_F(History, FacesOfSlotZeroStayWhenASlotGoes) {
     EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{0, 1, 2, 7, -1}));
 }
 
-TEST_F(History, AFaceBeyondTheSlotsOfFacesGetsOneAndSoDoThoseBefore) {
+TEST_F(History, AFaceWithoutASlotGetsOneAndSoDoThoseBefore) {
     MeshRecord& m = mesh(document.Root.Children[0], {0, 1, 2}, {1});
     for (int face = 0; face < 5; ++face) {
         m.Faces.push_back(std::vector<std::uint32_t>{0, 0, 0});
@@ -146,14 +146,14 @@ TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
     MeshRecord& twice = mesh(document.Root, {1, 2, 1}, {0, 1, 2});
     MeshRecord& once = mesh(document.Root.Children[0].Children[1], {2, 1}, {1, 0});
     MeshRecord& hidden = mesh(document.Root.Children[1], {1, 2}, {0});
-    document.Root.Children[1].HasMesh = false; // it may be switched on again
+    document.Root.Children[1].HasMesh = false; // but may be switched on again
     deleteMaterial(history, document, 1);
     EXPECT_EQ(twice.MaterialSlotList, (std::vector<std::int32_t>{1}));
     EXPECT_EQ(twice.FaceSlotIndex, (std::vector<std::int32_t>{0, 0, 0}));
     EXPECT_EQ(once.MaterialSlotList, (std::vector<std::int32_t>{1}));
     EXPECT_EQ(once.FaceSlotIndex, (std::vector<std::int32_t>{0, 0}));
     EXPECT_EQ(hidden.MaterialSlotList, (std::vector<std::int32_t>{1}));
-    document.Root.Children[1].HasMesh = true; // without an entry, as by a cancelled dialog
+    document.Root.Children[1].HasMesh = true; // without an entry, like a cancelled dialog
     history.undo(document);
     EXPECT_EQ(hidden.MaterialSlotList, (std::vector<std::int32_t>{1, 2}));
     EXPECT_EQ(twice.MaterialSlotList, (std::vector<std::int32_t>{1, 2, 1}));
@@ -169,7 +169,7 @@ TEST_F(History, ExceptionFreshDefaultOnRedo) {
 }
 
 TEST_F(History, ExceptionFrameDialogCancelled) {
-    // what a cancelled dialog has written is no entry: the next step takes it along
+    // a cancelled dialog leaves its flags without an entry: the next step includes them
     FrameRecord& frame = document.Root.Children[0];
     const FrameFlags before = frameFlags(frame);
     frame.GFlag = true;
@@ -181,7 +181,7 @@ TEST_F(History, ExceptionFrameDialogCancelled) {
     EXPECT_TRUE(frame.GFlag && !frame.Emissive);
 }
 
-TEST_F(History, TexturesAreLoadedAnew) {
+TEST_F(History, TexturesAreReloaded) {
     std::vector<std::string> loaded;
     EditHistory withTextures([&loaded](const std::string& name) {
         loaded.push_back(name);
@@ -196,12 +196,12 @@ TEST_F(History, TexturesAreLoadedAnew) {
     EXPECT_NE(document.Materials[0].TextureImage, image);
     EXPECT_EQ(loaded, (std::vector<std::string>{"new.tga", "old.tga", "new.tga"}));
     const auto own = std::make_shared<const TextureImage>();
-    setTextureFile(withTextures, document, 0, "own.tga", own); // loaded already
+    setTextureFile(withTextures, document, 0, "own.tga", own); // already loaded
     EXPECT_EQ(document.Materials[0].TextureImage, own);
     EXPECT_EQ(loaded.size(), 3U);
 }
 
-TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
+TEST_F(History, EditsOfMeshListsChangeTheirRevision) {
     FrameRecord& frame = document.Root.Children[0];
     MeshRecord& list = mesh(frame, {0, 1}, {1});
     list.Vertices.resize(3);
@@ -222,7 +222,7 @@ TEST_F(History, ElementsOfMeshListsAreDrawnAnew) {
     }
 }
 
-TEST_F(History, WhatLeadsNowhereIsLeftAlone) {
+TEST_F(History, WhatLeadsNowhereIsIgnored) {
     setFaceSlot(history, document, path({1}), -1, 0);
     removeSlot(history, document, path({1}), -1);
     renameFrame(history, document, path({4}), "n");
@@ -230,7 +230,7 @@ TEST_F(History, WhatLeadsNowhereIsLeftAlone) {
     deleteFrame(history, document, FramePath()); // the root stays
     deleteFrame(history, document, path({4}));
     EXPECT_FALSE(history.canUndo());
-    // a change past the history: its entries find nothing, and the position moves all the same
+    // changes without the history: entries find nothing, but the position still moves
     recordTexCoords(history, document, path({1}), std::vector<std::int32_t>{5, -1}, {{}, {}},
                     {{}, {}});
     renameFrame(history, document, path({3}), "n");

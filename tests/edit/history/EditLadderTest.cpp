@@ -20,7 +20,7 @@ namespace {
 
 using test::EditSnapshot;
 
-/// A random model that can be compared.
+/// A random model without NaN normals, so that it can be compared.
 ModelDocument comparableModel(std::uint32_t seed) {
     constexpr int deepest = 2; // a snapshot is taken for every edit
     ModelDocument document = test::RandomModel(seed, deepest).make();
@@ -29,8 +29,8 @@ ModelDocument comparableModel(std::uint32_t seed) {
     return document;
 }
 
-/// Makes edits and keeps the rungs of the ladder: an edit that finds nothing to work on adds none,
-/// one after an undo takes away those that it cuts off.
+/// Makes edits and keeps the rungs of the ladder. An edit that finds nothing to work on adds none;
+/// one after an undo removes those that it cuts off.
 class Ladder {
   public:
     explicit Ladder(std::uint32_t seed)
@@ -65,7 +65,7 @@ class Ladder {
     [[nodiscard]] std::size_t rungs() const { return rungs_.size(); }
 
   private:
-    /// How many steps are applied.
+    /// The number of applied steps.
     [[nodiscard]] std::size_t steps() const {
         const auto applied =
             history_.entries().first(static_cast<std::size_t>(history_.position() + 1));
@@ -101,7 +101,7 @@ TEST(EditLadder, EveryKindAndAnySequenceGoDownAndUpTwice) {
     }
 }
 
-/// What the tree shows of a document, and where its frames are.
+/// What the tree shows of a document, and the matrices of its frames.
 std::pair<std::string, std::vector<Matrix4>> shown(ModelDocument& document) {
     std::pair<std::string, std::vector<Matrix4>> all;
     const StructureTree tree(document);
@@ -129,7 +129,7 @@ TEST(EditLadder, WhatChangesIsRefreshed) {
     }
 }
 
-/// All that stays as it was where an edit fails.
+/// All that a failed edit must not change.
 struct State {
     State(const ModelDocument& document, const EditHistory& history)
         : model(document), modified(document.Modified), revision(document.Revision),
@@ -150,12 +150,12 @@ struct State {
     bool operator==(const State&) const = default;
 };
 
-/// A document with its history, in which loading a texture takes memory.
+/// A document with its history; loading a texture allocates memory.
 struct Desk {
     explicit Desk(std::uint32_t seed)
         : document(comparableModel(seed)), edits(document, history, seed) {}
 
-    /// Several edits as one step; each can follow on the others.
+    /// Several edits as one step; each works after the others.
     [[nodiscard]] test::RandomEdits::Edit prepareStep() {
         std::vector<test::RandomEdits::Edit> parts;
         for (const EditKind kind :
@@ -181,7 +181,7 @@ struct Desk {
     test::RandomEdits edits;
 };
 
-/// Lets each of the requests for memory that an edit makes fail in turn, until it goes through.
+/// Makes each memory request of an edit fail in turn, until the edit succeeds.
 template <class Edit>
 void failAtEach(Desk& desk, const Edit& edit) {
     desk.document.Modified = false;
@@ -196,8 +196,8 @@ void failAtEach(Desk& desk, const Edit& edit) {
     }
 }
 
-TEST(EditLadder, WhereMemoryEndsAnEditHappensWholeOrNotAtAll) {
-    for (std::uint32_t kind = 1; kind <= 24; ++kind) { // the last one is several as a step
+TEST(EditLadder, WithoutMemoryAnEditHappensInFullOrNotAtAll) {
+    for (std::uint32_t kind = 1; kind <= 24; ++kind) { // the last one is a step of several
         for (std::uint32_t seed = 1; seed <= 5; ++seed) {
             SCOPED_TRACE("kind " + std::to_string(kind) + " seed " + std::to_string(seed));
             Desk desk(seed);
@@ -221,9 +221,9 @@ TEST(EditLadder, WhereMemoryEndsAnEditHappensWholeOrNotAtAll) {
     }
 }
 
-TEST(EditLadder, WhatCannotBeTakenBackStaysAStep) {
+TEST(EditLadder, WhatCannotBeUndoneStaysAStep) {
     for (const bool undoing : {false, true}) {
-        std::size_t left = 0; // times that the model stayed between two entries
+        std::size_t left = 0; // how often the model stayed between two entries
         std::uint32_t seed = 1;
         for (std::size_t request = 1; seed <= 5; ++request) {
             Desk desk(seed);
@@ -232,7 +232,7 @@ TEST(EditLadder, WhatCannotBeTakenBackStaysAStep) {
             if (undoing) {
                 std::exchange(edit, [&] { desk.undo(); })();
             }
-            try { // memory ends for good
+            try { // memory runs out for good
                 const test::AllocationWatch watch(request, std::numeric_limits<std::size_t>::max());
                 edit();
                 ++seed, request = 0;
@@ -250,7 +250,7 @@ TEST(EditLadder, WhatCannotBeTakenBackStaysAStep) {
     }
 }
 
-/// A model of so many frames, each with a mesh of so many faces and texture coordinates.
+/// A model of `size` frames, each with a mesh of as many faces and texture coordinates.
 ModelDocument modelOfSize(std::size_t size) {
     ModelDocument document;
     document.Materials.resize(3);
@@ -271,7 +271,7 @@ std::ptrdiff_t bytesOf(const ModelDocument& document) {
 }
 
 TEST(EditLadder, AStepKeepsNoMoreThanItChanges) {
-    // elements that a step changes where they are, at so many bytes, in a model of this size
+    // the bytes of the elements that a step changes in place
     const auto changed = [](EditKind kind, std::ptrdiff_t size) -> std::ptrdiff_t {
         switch (kind) {
         case EditKind::TexCoords:
