@@ -14,7 +14,7 @@
 namespace korvane {
 namespace {
 
-TEST(MaterialValues, EveryByteComesBackFromTheModel) {
+TEST(MaterialValues, EveryByteSurvivesTheModel) {
     for (int value = 0; value <= 255; ++value) {
         const auto byte = static_cast<std::uint8_t>(value);
         const ColorRGB color = modelColor({byte, 0, 255, 3});
@@ -23,11 +23,11 @@ TEST(MaterialValues, EveryByteComesBackFromTheModel) {
         EXPECT_EQ(color.blue, 1.0F);
         EXPECT_EQ(shownColor(color), (Rgba8{byte, 0, 255, 255}));
     }
-    EXPECT_EQ(shownColor({0.5F, 0.999F, 0.0039F}), (Rgba8{127, 254, 0, 255})) << "cut";
+    EXPECT_EQ(shownColor({0.5F, 0.999F, 0.0039F}), (Rgba8{127, 254, 0, 255})) << "truncated";
     EXPECT_EQ(shownColor({-1.0F, 1e30F, std::nanf("")}), (Rgba8{0, 255, 0, 255}));
 }
 
-TEST(MaterialValues, OpacityIsCut) {
+TEST(MaterialValues, OpacityIsTruncated) {
     EXPECT_EQ(opacityAt(40), 0.4F);
     EXPECT_EQ(opacityAt(100), 1.0F);
     EXPECT_EQ(opacityPosition(0.4F), 40);
@@ -44,7 +44,7 @@ TEST(MaterialValues, OpacityIsCut) {
     EXPECT_EQ(lost, (std::vector<std::int32_t>{53, 59}));
 }
 
-TEST(MaterialValues, PowersAreTextThatReadsBack) {
+TEST(MaterialValues, PowersSurviveAsText) {
     EXPECT_EQ(powerText(200.0F), "200");
     EXPECT_EQ(powerText(0.1F), "0.1");
     for (const float power : {0.0F, 12.345678F, 1e-30F, 3.4e38F, 1.0F / 3.0F}) {
@@ -60,7 +60,7 @@ TEST(MaterialValues, PowersAreTextThatReadsBack) {
     }
 }
 
-TEST(FaceTreeModel, HasARowForEachFaceAndVertexOnceSomebodyLooksAtIt) {
+TEST(FaceTreeModel, MakesRowsOfFacesAndVerticesOnDemand) {
     PolygonList faces;
     faces.push_back(std::vector<std::uint32_t>{4, 0, 4294967295U});
     faces.push_back(std::vector<std::uint32_t>{});
@@ -84,7 +84,7 @@ TEST(FaceTreeModel, HasARowForEachFaceAndVertexOnceSomebodyLooksAtIt) {
     EXPECT_EQ(text(0, face), "vertice 5");
     EXPECT_EQ(text(2, face), "vertice 4294967296");
     EXPECT_EQ(text(2, model.index(99'999, 0, {})), "vertice 100002");
-    EXPECT_LT(asked, 20) << "no row is made that nobody looks at";
+    EXPECT_LT(asked, 20) << "rows are made on demand";
     EXPECT_LT(watch.largest(), 1000U);
     EXPECT_EQ(model.rowCount({}), 100'000);
     EXPECT_EQ(model.rowCount(face), 3);

@@ -35,7 +35,7 @@ MeshRecord twoFaces() {
     return mesh;
 }
 
-/// A texture whose pixels tell where they are: red is the column, green the row.
+/// A texture whose pixels encode their place: red is the column, green the row.
 TextureImage mapTexture(std::int32_t width, std::int32_t height) {
     TextureImage image;
     image.width = width;
@@ -50,7 +50,7 @@ TextureImage mapTexture(std::int32_t width, std::int32_t height) {
     return image;
 }
 
-/// The button goes up.
+/// Releases the button.
 MovedTexCoords release(TexCoordDrag& drag, const DragInput& input, const TexCoordView& view,
                        MeshRecord& mesh) {
     drag.update(input, view, mesh);
@@ -103,7 +103,7 @@ TEST(TexCoordView, ScrollRanges) {
     }
     TexCoordView odd = viewOf(300, 300, 2);
     odd.setViewSize(383, 599); // 191.5 and 299.5 pixels of the texture
-    EXPECT_EQ(odd.scrollcheck(), (ScrollRanges{108, 0})) << "cut, not rounded";
+    EXPECT_EQ(odd.scrollcheck(), (ScrollRanges{108, 0})) << "truncated, not rounded";
 }
 
 TEST(TexCoordView, OffsetsComeBackIntoRange) {
@@ -126,7 +126,7 @@ TEST(TexCoordView, TheWheelZoomsAboutThePointer) {
         std::int32_t offset;
         float place;
         bool in;
-        std::int32_t then; ///< the offset
+        std::int32_t then; ///< the resulting offset
     } rows[] = {
         {1, 100, 0.0F, true, 100},  {1, 100, 128.0F, true, 164}, {2, 164, 128.0F, false, 100},
         {4, 20, 200.0F, true, 45},  {1, 0, 255.0F, true, 128},   {2, 0, 255.0F, false, 0},
@@ -140,7 +140,7 @@ TEST(TexCoordView, TheWheelZoomsAboutThePointer) {
     }
 }
 
-TEST(TexCoordView, RevealsTheSelectionByScrollingAsLittleAsItCan) {
+TEST(TexCoordView, RevealsTheSelectionByScrollingAsLittleAsPossible) {
     const MeshRecord mesh = twoFaces(); // at 128 and 384 of 512 pixels
     const struct {
         std::int32_t zoom;
@@ -165,7 +165,7 @@ TEST(TexCoordView, RevealsTheSelectionByScrollingAsLittleAsItCan) {
     EXPECT_FALSE(view.selectedVertex(mesh, FacePart{0, 9}));
 }
 
-TEST(TexCoordView, DrawsTheTextureMagnifiedAndShifted) {
+TEST(TexCoordView, DrawsTheTextureZoomedAndScrolled) {
     const TextureImage texture = mapTexture(200, 50);
     Bitmap bitmap;
     for (const std::int32_t zoom : {1, 2, 4, 8}) {
@@ -211,7 +211,7 @@ TEST(TexCoordView, OutlinesFacesAndTheSelectedOneOverThem) {
     EXPECT_EQ(bitmap.at(40 - 2, 40), selectedColor);
 }
 
-TEST(TexCoordView, TellsPixelsOfTheTexture) {
+TEST(TexCoordView, TextsShowPixelsOfTheTexture) {
     const MeshRecord mesh = twoFaces();
     for (const std::int32_t zoom : {1, 4}) {
         const TexCoordView view = viewOf(301, 99, zoom, 40, 10);
@@ -229,14 +229,14 @@ TEST(TexCoordView, TellsPixelsOfTheTexture) {
     EXPECT_EQ(texts.x, "X: (-3, 2147483647, -2147483648)");
     EXPECT_EQ(texts.y, "Y: (0, 0, -2147483648)");
     Bitmap bitmap;
-    viewOf(301, 99).draw(bitmap, mapTexture(301, 99), wild, FacePart{0, 0}, colors); // ends
+    viewOf(301, 99).draw(bitmap, mapTexture(301, 99), wild, FacePart{0, 0}, colors); // it ends
 }
 
 TEST(TexCoordView, ShortListsShowAsFarAsTheyGo) {
     MeshRecord mesh = twoFaces();
     mesh.TexCoordFaces = PolygonList();
-    addTexCoords(mesh, {0, 9});        // no third, and one that leads nowhere
-    test::addFace(mesh, {0, 1, 2, 3}); // a face without any
+    addTexCoords(mesh, {0, 9});        // no third, and an invalid one
+    test::addFace(mesh, {0, 1, 2, 3}); // a face without texture coordinates
     const TexCoordView view = viewOf(100, 100);
     EXPECT_EQ(view.texts(mesh, FacePart{0, 0}).x, "X: (25)");
     EXPECT_EQ(view.texts(mesh, FacePart{1, 0}).x, "X: ()");
@@ -260,7 +260,7 @@ TEST(TexCoordView, ShortListsShowAsFarAsTheyGo) {
     EXPECT_EQ(countOtherThan(imageOf(bitmap), inactiveColor), bitmap.pixelCount());
 }
 
-TEST(TexCoordDrag, MovesAFaceByTheWayOfTheMouse) {
+TEST(TexCoordDrag, MovesAFaceWithTheMouse) {
     const std::array<std::int32_t, 3> cases[] = {{256, 256, 1}, {512, 512, 2}, {301, 99, 1},
                                                  {37, 641, 4},  {301, 99, 8},  {1, 2, 8},
                                                  {2, 1, 4}};
@@ -269,7 +269,7 @@ TEST(TexCoordDrag, MovesAFaceByTheWayOfTheMouse) {
         MeshRecord mesh = twoFaces();
         TexCoordDrag drag;
         ASSERT_TRUE(drag.begin(left(100, 200), view, mesh, {0, 0}));
-        // a tenth of the texture to the right, a twentieth down, over a detour
+        // a tenth of the texture to the right and a twentieth down, with a detour
         const float dx = 0.1F * static_cast<float>(width * zoom);
         const float dy = 0.05F * static_cast<float>(height * zoom);
         EXPECT_TRUE(drag.update(left(-9000, 9000), view, mesh));
@@ -278,8 +278,8 @@ TEST(TexCoordDrag, MovesAFaceByTheWayOfTheMouse) {
         EXPECT_NEAR(mesh.TexCoords[0].v, 0.70F, 1e-5F) << "down is less";
         EXPECT_NEAR(mesh.TexCoords[2].u, 0.85F, 1e-5F);
         EXPECT_NEAR(mesh.TexCoords[2].v, 0.20F, 1e-5F);
-        EXPECT_EQ(mesh.TexCoords[3], twoFaces().TexCoords[3]) << "of the other face alone";
-        // pixels of the screen: the corner went with the mouse
+        EXPECT_EQ(mesh.TexCoords[3], twoFaces().TexCoords[3]) << "belongs to the other face only";
+        // on the screen the corner followed the mouse
         const Vec2 before = view.toScreen(twoFaces().TexCoords[1]);
         const Vec2 after = view.toScreen(mesh.TexCoords[1]);
         EXPECT_NEAR(after.u - before.u, dx, 1e-2F);
@@ -287,7 +287,7 @@ TEST(TexCoordDrag, MovesAFaceByTheWayOfTheMouse) {
     }
 }
 
-TEST(TexCoordDrag, MovesOneVertexAndGivesWhatItMoved) {
+TEST(TexCoordDrag, MovesOneVertexAndReturnsWhatItMoved) {
     const TexCoordView view = viewOf(100, 200, 2);
     MeshRecord mesh = twoFaces();
     TexCoordDrag drag;

@@ -10,14 +10,14 @@ namespace {
 
 using TextureViewTextTest = TestFiles;
 
-TEST_F(TextureViewTextTest, TellsWhyThereIsNoPicture) {
+TEST_F(TextureViewTextTest, SaysWhyThereIsNoPicture) {
     write("there.pic", "no picture");
     const auto picture = std::make_shared<TextureImage>();
     picture->width = 2;
     picture->pixels.resize(2);
     const auto dot = std::make_shared<TextureImage>();
     dot->pixels = {Rgba8{1, 2, 3, 255}};
-    const auto blank = std::make_shared<TextureImage>(); // as the clipboard brings it along
+    const auto blank = std::make_shared<TextureImage>(); // as it comes from the clipboard
     struct Case {
         bool on;
         const char* file;
