@@ -32,7 +32,7 @@ std::optional<ModelDocument> read(const QByteArray& copy) {
     return readCopy(bytesOf(copy), {});
 }
 
-/// A model of which every field can be told from that of a new one.
+/// A model whose fields all differ from the defaults.
 ModelDocument oddModel(std::uint32_t seed, int deepest = 3) {
     test::RandomModel random(test::seededNumbers(seed), test::RandomContent::Any, deepest);
     ModelDocument document = random.make();
@@ -71,7 +71,7 @@ TEST(RecoveryCopy, HoldsEveryFieldBitByBit) {
         ASSERT_TRUE(again.has_value()) << seed;
         EXPECT_TRUE(again->NeverSaved && again->Modified);
         EXPECT_EQ(again->FileName, document.FileName);
-        // what the bytes hold is the same in every bit, numbers that are none included
+        // the bytes are the same in every bit, even those of NaN
         EXPECT_EQ(copyOf(*again, time), copy) << seed;
         EXPECT_EQ(test::writeText(*again), test::writeText(document)) << seed;
     }
@@ -101,14 +101,14 @@ TEST(RecoveryCopy, LeavesOutNothingButPictures) {
         test::dropOddNormals(again->Root);
         EXPECT_EQ(again->Root, document.Root) << seed;
         for (MaterialRecord& material : document.Materials) {
-            // looked for anew, also where it is switched off
+            // loaded again, even if switched off
             material.TextureImage = material.TextureFile.empty() ? blankTextureImage() : picture;
         }
         EXPECT_EQ(again->Materials, document.Materials) << seed;
     }
 }
 
-TEST(RecoveryCopy, CutOrChangedInAnyByteItIsDamaged) {
+TEST(RecoveryCopy, EveryMissingOrChangedByteIsFound) {
     const QByteArray copy = copyOf(oddModel(5, 0));
     ASSERT_TRUE(read(copy).has_value());
     for (qsizetype size = 0; size < copy.size(); ++size) {
@@ -130,8 +130,8 @@ TEST(RecoveryCopy, CutOrChangedInAnyByteItIsDamaged) {
               CopyFault::OtherVersion);
 }
 
-/// Records that somebody has changed and given the right checksum.
-TEST(RecoveryCopy, DamagedRecordsAreReadWholeOrNotAndTakeNoMoreThanTheirBytes) {
+/// Records that were changed but have the right checksum.
+TEST(RecoveryCopy, DamagedRecordsAreReadInFullOrRefusedInLittleMemory) {
     const QByteArray records = encodeRecords(oddModel(8, 1));
     std::size_t refused = 0;
     for (qsizetype at = 0; at < records.size(); ++at) {

@@ -13,10 +13,10 @@
 namespace korvane {
 namespace {
 
-/// Another program, which runs until it is killed.
+/// Another program, which runs until killed.
 class Program {
   public:
-    /// Does what a program does, in one of its own, and goes on living.
+    /// Runs `work` in a process of its own, which then keeps running.
     explicit Program(const std::function<void()>& work) {
         int ready[2] = {};
         EXPECT_EQ(::pipe(ready), 0);
@@ -58,7 +58,7 @@ class Recovery : public test::TestFiles {
         document.FileName = name;
         return document;
     }
-    /// Leaves a copy as a program does that has ended.
+    /// Leaves a copy as an ended program does.
     QString leave(const QString& name, const RecoveryLimits& limits = {}) const {
         std::optional<ClaimedCopy> place = recovery(limits).newPlace();
         EXPECT_TRUE(place && place->write(model(name)));
@@ -81,7 +81,7 @@ class Recovery : public test::TestFiles {
     }
 };
 
-TEST_F(Recovery, FolderAndFilesAreTheUsersAlone) {
+TEST_F(Recovery, FolderAndFilesArePrivateToTheUser) {
     const mode_t usual = ::umask(0);
     const QString copy = leave(QStringLiteral("a.xsi"));
     ::umask(usual);
@@ -91,13 +91,13 @@ TEST_F(Recovery, FolderAndFilesAreTheUsersAlone) {
     for (const QString& file : files()) {
         EXPECT_FALSE(QFile::permissions(path("state/recovery/") + file) & others);
     }
-    // one that somebody has opened is closed again
+    // a folder opened to others is closed again
     QFile::setPermissions(path("state/recovery"), QFile::permissions(path("state")) | others);
     leave(QStringLiteral("b.xsi"));
     EXPECT_FALSE(QFile::permissions(path("state/recovery")) & others);
 }
 
-TEST_F(Recovery, OfTheUserStandsWhereTheEnvironmentSays) {
+TEST_F(Recovery, TheUsersFolderFollowsTheEnvironment) {
     const QByteArray before = qgetenv("XDG_STATE_HOME");
     const QString home = QDir::homePath() + QStringLiteral("/.local/state");
     const std::pair<QString, QString> rows[] = {
@@ -110,7 +110,7 @@ TEST_F(Recovery, OfTheUserStandsWhereTheEnvironmentSays) {
     qputenv("XDG_STATE_HOME", before);
 }
 
-TEST_F(Recovery, CopiesOfLivingProgramsAreNobodyElsesAndThoseOfKilledOnesAreClaimedOnce) {
+TEST_F(Recovery, CopiesOfRunningProgramsArePrivateAndThoseOfKilledOnesAreClaimedOnce) {
     Program program([this] {
         static std::optional<ClaimedCopy> place;
         place = recovery().newPlace();
@@ -122,7 +122,7 @@ TEST_F(Recovery, CopiesOfLivingProgramsAreNobodyElsesAndThoseOfKilledOnesAreClai
     const std::vector<LeftCopy> left = recovery().claimLeft();
     EXPECT_EQ(names(left), "theirs.xsi ");
     {
-        // another start offers none of them, whoever makes it
+        // no other start offers them
         EXPECT_EQ(names(recovery().claimLeft()), "");
         const Program other([this] {
             if (!recovery().claimLeft().empty()) {
@@ -133,7 +133,7 @@ TEST_F(Recovery, CopiesOfLivingProgramsAreNobodyElsesAndThoseOfKilledOnesAreClai
     }
 }
 
-TEST_F(Recovery, ACopyStaysUntilItIsRemovedAndLeavesNothing) {
+TEST_F(Recovery, ACopyStaysUntilItIsRemovedAndThenLeavesNoFiles) {
     leave(QStringLiteral("a.xsi"));
     for (int start = 0; start < 2; ++start) {
         EXPECT_EQ(names(recovery().claimLeft()), "a.xsi ") << "kept for later";
@@ -143,12 +143,12 @@ TEST_F(Recovery, ACopyStaysUntilItIsRemovedAndLeavesNothing) {
         ASSERT_EQ(left.size(), 1U);
         ASSERT_TRUE(left[0].place.read({}).has_value());
         EXPECT_TRUE(left[0].place.write(model(QStringLiteral("b.xsi"))));
-        EXPECT_EQ(names(recovery().claimLeft()), "") << "it is claimed still";
+        EXPECT_EQ(names(recovery().claimLeft()), "") << "still claimed";
     }
     EXPECT_EQ(names(recovery().claimLeft()), "b.xsi ");
     recovery().claimLeft().at(0).place.remove();
     EXPECT_EQ(files(), QStringList());
-    // what was begun and never finished goes as well
+    // unfinished copies are removed too
     recovery().newPlace().reset();
     const QString begun = leave(QStringLiteral("c.xsi"));
     write("state/recovery/0123456789abcdef.lock", "");
@@ -161,7 +161,7 @@ TEST_F(Recovery, ACopyStaysUntilItIsRemovedAndLeavesNothing) {
     EXPECT_EQ(files().size(), 3);
 }
 
-TEST_F(Recovery, DamagedCopiesAndOtherVersionsAreToldAndLeftAlone) {
+TEST_F(Recovery, DamagedCopiesAndOtherVersionsAreReportedAndKept) {
     const QString cut = leave(QStringLiteral("cut.xsi"));
     QFile(cut).resize(QFileInfo(cut).size() - 1);
     const QString newer = leave(QStringLiteral("newer.xsi"));

@@ -9,11 +9,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(CopyPace, CopiesTakeAShareOfTheTime) {
+TEST(CopyPace, LimitsCopiesToAShareOfTheTime) {
     using Time = CopyPace::Time;
     const struct {
         Time cost;
-        Time pause; ///< from its beginning to when the next one is due
+        Time pause; ///< from its beginning until the next one is due
     } rows[] = {{0ms, 100ms}, {1ms, 100ms}, {3ms, 100ms}, {4ms, 120ms}, {200ms, 6s}};
     for (const auto& row : rows) {
         CopyPace pace;
@@ -31,7 +31,7 @@ TEST(CopyPace, CopiesTakeAShareOfTheTime) {
 class Keeper : public test::TestFiles {
   protected:
     [[nodiscard]] RecoveryFolder recovery() const { return RecoveryFolder(path("recovery")); }
-    /// The name of the root that the one copy holds; "-" where there is none.
+    /// The root's name in the only copy; "-" without one.
     [[nodiscard]] std::string copied() const {
         const QStringList copies =
             QDir(path("recovery")).entryList({QStringLiteral("*.copy")}, QDir::Files);
@@ -53,12 +53,12 @@ class Keeper : public test::TestFiles {
     }
 
     CopyPace::Time now_ = 0ms;
-    CopyPace::Time step_ = 1ms; ///< by which the clock goes on whenever it is looked at
+    CopyPace::Time step_ = 1ms; ///< by which each look at the clock advances it
     RecoveryKeeper keeper_{recovery(), [this] { return std::exchange(now_, now_ + step_); }};
     ModelDocument document_;
 };
 
-TEST_F(Keeper, MakesACopyOfEachChangeInItsTime) {
+TEST_F(Keeper, CopiesEachChangeWhenDue) {
     using When = RecoveryKeeper::When;
     change("a");
     const KeepOutcome first = keeper_.keep(document_, When::Due);
@@ -66,15 +66,15 @@ TEST_F(Keeper, MakesACopyOfEachChangeInItsTime) {
     EXPECT_EQ(copied(), "a");
     change("b");
     KeepOutcome outcome = keeper_.keep(document_, When::Due);
-    EXPECT_EQ(outcome.wait, 98ms) << "the clock has gone on by two";
+    EXPECT_EQ(outcome.wait, 98ms) << "the clock has advanced by two";
     EXPECT_EQ(copied(), "a");
     now_ += 99ms;
     outcome = keeper_.keep(document_, When::Due);
     EXPECT_EQ(copied(), "b");
     change("c");
     keeper_.keep(document_, When::Now);
-    EXPECT_EQ(copied(), "c") << "out of its time";
-    // a running drag counts, and so does another name
+    EXPECT_EQ(copied(), "c") << "before it is due";
+    // a running drag counts, and so does a new name
     document_.Root.Name = "d";
     ++document_.LiveChanges;
     keeper_.keep(document_, When::Now);
@@ -90,7 +90,7 @@ TEST_F(Keeper, MakesACopyOfEachChangeInItsTime) {
     EXPECT_TRUE(QDir(path("recovery")).isEmpty());
 }
 
-TEST_F(Keeper, GoesOnWhereTheFolderIsGoneAndTriesLessOftenWhereItCannotBe) {
+TEST_F(Keeper, RemakesAMissingFolderAndRetriesLessOftenIfThatFails) {
     using When = RecoveryKeeper::When;
     change("a");
     keeper_.keep(document_, When::Now);
@@ -104,7 +104,7 @@ TEST_F(Keeper, GoesOnWhereTheFolderIsGoneAndTriesLessOftenWhereItCannotBe) {
     const KeepOutcome outcome = keeper_.keep(document_, When::Now);
     EXPECT_TRUE(outcome.failed);
     EXPECT_EQ(outcome.wait, 10s);
-    EXPECT_FALSE(keeper_.keep(document_, When::Due).failed) << "not tried again so soon";
+    EXPECT_FALSE(keeper_.keep(document_, When::Due).failed) << "not retried so soon";
     ASSERT_TRUE(QFile::remove(path("recovery")));
     now_ += 10s;
     EXPECT_FALSE(keeper_.keep(document_, When::Due).failed);
