@@ -14,7 +14,7 @@
 namespace korvane::test {
 namespace {
 
-/// What is out of date, in words.
+/// The changes in words.
 std::string told(const Changes& changes) {
     const std::pair<bool, const char*> names[] = {
         {changes.tree, "tree "},           {changes.geometry, "geometry "},
@@ -28,21 +28,21 @@ std::string told(const Changes& changes) {
     return text;
 }
 
-/// A user at work on a model, without windows: each line of a script is a command and its words.
+/// A user at work on a model, without windows. Each line of a script is a command with arguments.
 class Session : public TestFiles {
   protected:
     [[nodiscard]] std::string bytes() const { return writeText(session_.model()); }
     [[nodiscard]] const FrameRecord& root() const { return session_.model().Root; }
     [[nodiscard]] std::string status() const { return session_.statusText().toStdString(); }
 
-    /// What the selected node of the tree shows.
+    /// The text of the selected node.
     [[nodiscard]] std::string selected() {
         StructureTreeModel& tree = session_.tree();
         const std::int32_t node = tree.tree().nearestNode(session_.model().Selected);
         return tree.indexOf(node).data().toString().toStdString();
     }
 
-    /// Selects the node that texts with "/" between them lead to; "_" stands for a blank.
+    /// Selects a node by the texts on the path to it, separated by "/"; "_" stands for a blank.
     Changes select(const std::string& path) {
         StructureTreeModel& tree = session_.tree();
         QModelIndex at;
@@ -62,7 +62,7 @@ class Session : public TestFiles {
         return session_.rename(session_.renameQuestion().value(), QString::fromStdString(name));
     }
 
-    /// Clicks the flags of the selected frame one after the other.
+    /// Clicks flags of the selected frame one by one.
     Changes options(const std::vector<bool FrameFlags::*>& clicked, bool confirmed) {
         const OptionsQuestion question = session_.optionsQuestion().value();
         DialogSubject subject = question.subject;
@@ -74,7 +74,7 @@ class Session : public TestFiles {
         return session_.endOptions(question, subject, confirmed);
     }
 
-    /// A mouse event in a view of 200 x 160 pixels, whose centre is at (100, 80).
+    /// A mouse event in a view of 200 x 160 pixels, centred at (100, 80).
     static PlaneInput at(ViewPlane plane, float x, float y, DragButton button = DragButton::Left) {
         return {plane, 200, 160, {button, x, y}};
     }
@@ -136,7 +136,7 @@ class Session : public TestFiles {
     QByteArray clipboard_;
 };
 
-TEST_F(Session, StoriesAreTakenBackAndMadeAgainByteByByte) {
+TEST_F(Session, ScriptsAreUndoneAndRedoneByteByByte) {
     open();
     std::vector<std::string> rungs = {bytes()};
     for (const char* line : {"add",
@@ -193,8 +193,8 @@ TEST_F(Session, TheSelectionFollowsWhatHappensToItsNode) {
     const std::tuple<std::string, const char*, const char*> cases[] = {
         {"Frame_frm-body/Frame_frm-wing/Frame_frm-tip", "delete", "Frame frm-wing"},
         {slots, "add", "MeshMaterialList"},
-        {slots + "/Material_2", "delete", "Material 3"}, // the slot that has taken its place
-        {slots + "/Material_3", "delete", "Material 1"}, // the last one there is
+        {slots + "/Material_2", "delete", "Material 3"}, // the slot that took its place
+        {slots + "/Material_3", "delete", "Material 1"}, // the last one left
         {"Materials", "add", "Materials"},
         {"Frame_frm-body/Frame_frm-wing", "add", "Frame frm-wing"},
     };
@@ -208,10 +208,10 @@ TEST_F(Session, TheSelectionFollowsWhatHappensToItsNode) {
     const Changes undone = session_.undo();
     EXPECT_TRUE(undone.selection && undone.tree);
     EXPECT_EQ(selected(), "Frame frm-wing") << "the frame of the step";
-    EXPECT_FALSE(session_.undo().selection) << "a step of the table moves none";
+    EXPECT_FALSE(session_.undo().selection) << "a step of the table moves no selection";
 }
 
-TEST_F(Session, EveryOperationTellsWhatItPutsOutOfDate) {
+TEST_F(Session, EveryOperationReturnsWhatItPutsOutOfDate) {
     open();
     const std::pair<const char*, const char*> rows[] = {
         {"select Frame_frm-body/Frame_frm-wing", "geometry "},
@@ -255,9 +255,9 @@ TEST_F(Session, TogglesAndColorsShowWithTheNextMouseEvent) {
     EXPECT_EQ(root().ViewFlags, (std::array{true, true, false}));
     session_.setMeshVisible(true);
     session_.setFrameVisible(false);
-    EXPECT_EQ(root().ViewFlags, (std::array{false, true, false})) << "the mesh goes with its frame";
+    EXPECT_EQ(root().ViewFlags, (std::array{false, true, false})) << "its mesh hides too";
     session_.setFrameVisible(true);
-    EXPECT_EQ(root().ViewFlags, (std::array{true, true, false})) << "but does not come with it";
+    EXPECT_EQ(root().ViewFlags, (std::array{true, true, false})) << "the mesh stays hidden";
     EXPECT_EQ(told(session_.movePlane(at(ViewPlane::XZ, 1, 1))), "geometry status ");
     EXPECT_EQ(told(session_.movePlane(at(ViewPlane::XZ, 1, 1))), "");
     PlaneColors planes;
@@ -265,13 +265,13 @@ TEST_F(Session, TogglesAndColorsShowWithTheNextMouseEvent) {
     session_.setColors({.background = 0xff040506U}, planes);
     EXPECT_EQ(session_.view().colors.background, 0xff040506U);
     EXPECT_EQ(session_.planeColors().worldAxes, 0xff010203U);
-    EXPECT_NE(session_.view().lastDrawnMode, session_.view().mode) << "OpenGL is set up anew";
+    EXPECT_NE(session_.view().lastDrawnMode, session_.view().mode) << "OpenGL will be set up again";
     EXPECT_EQ(told(session_.takeOverdue()), "geometry ");
     EXPECT_EQ(told(session_.takeOverdue()), "");
     EXPECT_FALSE(session_.model().Modified);
 }
 
-TEST_F(Session, ADragCancelledOrLeftOverIsNoEdit) {
+TEST_F(Session, ACancelledOrAbandonedDragIsNoEdit) {
     open();
     const std::string before = bytes();
     session_.setTool(ViewTool::MoveFrame);
@@ -324,7 +324,7 @@ TEST_F(Session, TheMouseTurnsTheCameraOrPutsItBack) {
     EXPECT_EQ(placed(), std::pair(distance, scale)) << "another model";
 }
 
-TEST_F(Session, TheStatusBarTellsThePlaceAndTheDragThenTheCommandThenCounts) {
+TEST_F(Session, TheStatusBarShowsThePointerThenTheCommandThenTheCounts) {
     open();
     EXPECT_EQ(status(), "1 mesh, 2 faces");
     session_.model().PlaneScale = 20;
@@ -366,7 +366,7 @@ TEST_F(Session, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
     const bool before = root().Mesh.HasNormals;
     const Changes left = options({&FrameFlags::HasNormals}, false);
     EXPECT_NE(root().Mesh.HasNormals, before);
-    EXPECT_TRUE(left.tree && left.geometry) << "it has to show";
+    EXPECT_TRUE(left.tree && left.geometry) << "the views must show it";
     EXPECT_FALSE(session_.canUndo());
     options({&FrameFlags::HasNormals}, true);
     session_.undo();
@@ -401,16 +401,16 @@ TEST_F(Session, MaterialsAreEditedFromTheirNodes) {
     EXPECT_EQ(told(session_.endMaterials()), "");
 }
 
-TEST_F(Session, NamesThatAreLeftAloneKeepTheirBytes) {
+TEST_F(Session, UnchangedNamesKeepTheirBytes) {
     open();
-    session_.model().Root.Name = "\xC9"; // no UTF-8: one character a byte
+    session_.model().Root.Name = "\xC9"; // not UTF-8: one character a byte
     EXPECT_TRUE(rename("\u00c9").tree);
     EXPECT_EQ(root().Name, "\xC9");
     EXPECT_TRUE(rename("\u00e9").tree);
     EXPECT_NE(root().Name, "\xC9");
 }
 
-TEST_F(Session, WhatADialogBringsBackTooLateIsDropped) {
+TEST_F(Session, LateAnswersOfDialogsAreDropped) {
     open();
     const RenameQuestion name = session_.renameQuestion().value();
     const OptionsQuestion flags = session_.optionsQuestion().value();
@@ -426,7 +426,7 @@ TEST_F(Session, WhatADialogBringsBackTooLateIsDropped) {
     EXPECT_EQ(session_.history().position(), 0);
 }
 
-TEST_F(Session, SavingAsksForANameAndCountsWhateverBecameOfIt) {
+TEST_F(Session, SavingNeedsANameAndCountsEvenIfItFails) {
     EXPECT_TRUE(session_.needsName() && session_.needsCloseQuestion());
     for (const auto& [name, result] : {std::pair{"gone/m.xsi", SaveResult::Failed},
                                        {"m.x", SaveResult::NotWritten},
@@ -440,7 +440,7 @@ TEST_F(Session, SavingAsksForANameAndCountsWhateverBecameOfIt) {
     }
 }
 
-TEST_F(Session, PastesThatFitNothingSayWhy) {
+TEST_F(Session, RefusedPastesSayWhy) {
     open();
     EXPECT_EQ(session_.paste("damaged").refusal.toStdString(),
               "The clipboard gives nothing that can be pasted.");
@@ -451,7 +451,7 @@ TEST_F(Session, PastesThatFitNothingSayWhy) {
     EXPECT_FALSE(session_.canUndo());
 }
 
-TEST_F(Session, AReadingThatIsCancelledOrFailsLeavesNoHalfModel) {
+TEST_F(Session, ACancelledOrFailedReadLeavesNoHalfModel) {
     open();
     const std::string before = bytes();
     const QString name = write("other.xsi", "xsi 0101txt 0032\nframe frm-other {\n}\n");

@@ -20,7 +20,7 @@
 namespace korvane::test {
 namespace {
 
-/// A user at work on materials, without windows: each line of a script is a command and its words.
+/// A user at work on materials, without windows. Each line of a script is a command with arguments.
 struct Editing : MaterialModel {
     explicit Editing(std::optional<FramePath> frame = framePath(), std::int32_t slot = 0) {
         view.setViewSize(256, 256);
@@ -32,7 +32,7 @@ struct Editing : MaterialModel {
         materials.emplace(document, history, MaterialSubject{std::move(frame), slot});
     }
 
-    /// What the answer to a question about the current material does, if there is a question.
+    /// Asks about the current material and applies the reply, if there is a question.
     Changes answer(const std::function<Changes(const MaterialQuestion&)>& reply) {
         const Changes changes = materials->commit();
         const auto question = materials->ask();
@@ -90,7 +90,7 @@ struct Editing : MaterialModel {
         return commands.at(said[0])();
     }
 
-    /// The kinds of the entries that there are.
+    /// The kinds of all entries.
     [[nodiscard]] std::vector<EditKind> kinds() const {
         std::vector<EditKind> found;
         for (const EditAction& entry : history.entries()) {
@@ -134,7 +134,7 @@ TEST(MaterialEditing, RunsOfAValueAreOneEntryOnceSomethingElseIsDone) {
             while (user.history.position() > 0) {
                 user.history.undo(user.document);
             }
-            // a value that is pending in its turn is no entry yet
+            // a value that is itself pending has no entry yet
             user.material().FaceColor.alpha = pending.materials[0].FaceColor.alpha;
             user.material().Power = pending.materials[0].Power;
             EXPECT_EQ(user.snapshot(), pending) << end;
@@ -144,12 +144,12 @@ TEST(MaterialEditing, RunsOfAValueAreOneEntryOnceSomethingElseIsDone) {
     }
 }
 
-TEST(MaterialEditing, WhatIsNoShininessIsRefused) {
+TEST(MaterialEditing, AnInvalidShininessIsRefused) {
     Editing user;
     for (const char* text : {"-1", "letters", "", "1e99"}) {
         const ShininessOutcome outcome = user.materials->typeShininess(text);
         EXPECT_TRUE(outcome.refused && outcome.changes == Changes()) << text;
-        EXPECT_EQ(user.materials->shininess(), text) << "stays as the user has left it";
+        EXPECT_EQ(user.materials->shininess(), text) << "stays as typed";
         EXPECT_EQ(user.material().Power, 200.0F) << text;
     }
     user.work({"commit"});
@@ -197,7 +197,7 @@ TEST(MaterialEditing, SlotsComeAndGoAndTheCurrentOneFollows) {
     EXPECT_EQ(user.materials->usedMaterials(), (std::vector<bool>{false, false, true}));
 }
 
-TEST(MaterialEditing, MinusZeroIsNoOtherShininess) {
+TEST(MaterialEditing, MinusZeroIsTheSameShininess) {
     for (const float power : {0.0F, -0.0F}) {
         Editing user;
         user.document.Materials[0].Power = user.document.Materials[2].Power = power;
@@ -214,7 +214,7 @@ TEST(MaterialEditing, EachSlotHasItsOwnValues) {
     user.work(
         {"opacity 40", "shininess 5", "slot 1", "opacity 70", "shininess 3", "opacity 20",
          "opacity 70", "shininess 6", "slot 0", "shininess 5", "slot 1", "shininess 6.0",
-         "end"}); // a value that is back where it was, or the same in other digits, is no step
+         "end"}); // a value that returns to the old one, or is typed in other digits, is no step
     EXPECT_EQ(user.kinds(), (std::vector{EditKind::Opacity, EditKind::Power, EditKind::Opacity,
                                          EditKind::Power}));
     EXPECT_EQ(user.materials->shininess(), "6.0");
@@ -242,7 +242,7 @@ TEST(MaterialEditing, TheTableOfMaterialsHasNoFrame) {
     EXPECT_EQ(user.run("end"), Changes{.geometry = true});
 }
 
-TEST(MaterialEditing, WhatLeadsToNoMaterialEditsNone) {
+TEST(MaterialEditing, WithoutAMaterialNothingIsEdited) {
     const std::function<void(Editing&)> ways[] = {
         [](Editing& user) { user.document.Materials.clear(); },
         [](Editing& user) {
@@ -309,14 +309,14 @@ TEST(MaterialEditing, ADragIsOneEntryOrLeavesNoTrace) {
     for (const std::string end : others) {
         Editing other;
         other.selected = FacePart{1, 3};
-        other.mesh().TexCoords[3] = {-3.0F, 7.5F}; // beyond the edges, where moving pins it
+        other.mesh().TexCoords[3] = {-3.0F, 7.5F}; // beyond the edges, where a move would pin it
         const std::vector<Vec2> start = other.mesh().TexCoords;
         other.work({"press 100 100", "drag 90 70"});
         EXPECT_NE(other.mesh().TexCoords, start);
         const Changes told = other.run(end);
         EXPECT_EQ(other.mesh().TexCoords, start) << end;
         EXPECT_TRUE(told.materials) << end;
-        if (!other.materials->dragging()) { // another press begins the next drag
+        if (!other.materials->dragging()) { // another press starts the next drag
             other.work({"release 9 9"});
             EXPECT_EQ(other.mesh().TexCoords, start) << end;
         }
@@ -365,7 +365,7 @@ TEST(MaterialEditing, KnowsTheFacesOfAMaterialAndWhatAFaceShows) {
         EXPECT_EQ(user.materials->facesOfCurrent(), faces) << second;
         EXPECT_EQ(user.materials->faceText(FacePart{1, 2}).toStdString(), second);
     }
-    EXPECT_EQ(user.materials->faceText(FacePart{3, 0}), QString()) << "there is none";
+    EXPECT_EQ(user.materials->faceText(FacePart{3, 0}), QString()) << "no such face";
     EXPECT_EQ(user.materials->faceText({}), QString());
 }
 

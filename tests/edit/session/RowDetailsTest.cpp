@@ -10,10 +10,10 @@ namespace {
 
 class RowDetailsTest : public TestFiles, protected MaterialModel {};
 
-TEST_F(RowDetailsTest, TellWhatTheRowStandsFor) {
+TEST_F(RowDetailsTest, DescribeTheRow) {
     document.FileName = path("model.xsi");
-    mesh().FaceSlotIndex = {0};           // the other faces show the last slot
-    mesh().MaterialSlotList = {0, 1, 50}; // and that leads to no material
+    mesh().FaceSlotIndex = {0};           // the other faces use the last slot
+    mesh().MaterialSlotList = {0, 1, 50}; // which leads to no material
     mesh().Normals.resize(7);
     material().FaceColor = {1.0F, 0.5F, 0.0F, 0.29F};
     MaterialRecord& missing = document.Materials[1];

@@ -1,4 +1,4 @@
-// The keyboard in the views, and picking there.
+// The keyboard in the views, and picking.
 
 #include "edit/session/DocumentSession.h"
 #include "render/scene/AxisDirections.h"
@@ -31,7 +31,7 @@ class SessionKeys : public TestFiles {
                          DragButton button = DragButton::Left) {
         return {plane, 200, 160, {button, x, y}};
     }
-    /// Presses keys, each a letter, in a 2D view or, without one, in the 3D view.
+    /// Presses keys, one a letter, in a 2D view or, without `plane`, in the 3D view.
     Changes keys(std::string_view pressed, std::optional<ViewPlane> plane = ViewPlane::XY) {
         const std::map<char, ViewKey> meant = {
             {'l', ViewKey::Left},      {'r', ViewKey::Right},    {'u', ViewKey::Up},
@@ -113,7 +113,7 @@ TEST_F(SessionKeys, ARunIsOneStepUntilAnythingElseIsDone) {
     keys("r");
     for (const auto& [what, doing, added] : doings) {
         std::size_t before = steps();
-        keys("ru"); // goes on with what the last row ended with
+        keys("ru"); // continues the run of the last row
         EXPECT_EQ(steps(), before) << what;
         EXPECT_TRUE(session.canUndo() && session.canSave() && session.needsCloseQuestion());
         EXPECT_TRUE(session.hasUnsavedWork());
@@ -140,7 +140,7 @@ TEST_F(SessionKeys, ARunIsOneStepUntilAnythingElseIsDone) {
               "");
 }
 
-TEST_F(SessionKeys, AWayBackLeavesNothingToUndoOrSave) {
+TEST_F(SessionKeys, GoingBackLeavesNothingToUndoOrSave) {
     const std::string circle(360, 'l');
     const std::pair<ViewTool, std::string> ways[] = {{ViewTool::MoveFrame, "rrruuulllddd"},
                                                      {ViewTool::RotateFrame, "rrruul"},
@@ -160,7 +160,7 @@ TEST_F(SessionKeys, AWayBackLeavesNothingToUndoOrSave) {
     }
 }
 
-TEST_F(SessionKeys, ArrowsMoveAsADragOverAsManyPixelsAndTurnByDegrees) {
+TEST_F(SessionKeys, ArrowsMoveLikeADragOfAsManyPixelsAndTurnByDegrees) {
     for (const ViewPlane plane : viewPlanes) {
         for (const ViewTool tool : {ViewTool::MoveFrame, ViewTool::MoveObjCoords}) {
             session.setTool(tool);
@@ -196,7 +196,7 @@ TEST_F(SessionKeys, KeysMoveWhatTheViewsShow) {
         session.movePlane(at(ViewPlane::ZY, 100, 80));
         const QString under = session.statusText();
         EXPECT_EQ(keys("rru", ViewPlane::ZY), (Changes{.planes = true, .status = true}));
-        EXPECT_EQ(model().PanVector, pan + (Vec3{0, 8, 16})) << "16 pixels a key, as a drag does";
+        EXPECT_EQ(model().PanVector, pan + (Vec3{0, 8, 16})) << "16 pixels a key, like a drag";
         EXPECT_NE(session.statusText(), under) << "the pointer is elsewhere in the model";
     }
     session.leavePlane();
@@ -222,8 +222,8 @@ TEST_F(SessionKeys, KeysMoveWhatTheViewsShow) {
     EXPECT_EQ(steps(), 0U);
 }
 
-/// Squares of half sides 1, 2 and 3 one behind the other, "front" being the nearest in the 3D view
-/// of a camera that looks along -z.
+/// Squares of half sides 1, 2 and 3 one behind the other; "front" is the nearest for a camera that
+/// looks along -z.
 std::string threeSquares() {
     Scene scene({plain(1, 0, 0)});
     scene.document.Root.HasMesh = false;
@@ -255,7 +255,7 @@ TEST_F(SessionKeys, HomeShowsTheModelOrTheSelectedFrameWithoutTurning) {
     EXPECT_EQ(model().CameraCenter, (Vec3{50, 0, 1}));
     EXPECT_LT(model().CameraDistance, distance);
     EXPECT_EQ(session.view().angles, axisDirections[0].angles);
-    session.setFrameVisible(false); // nothing to measure: only its place counts
+    session.setFrameVisible(false); // nothing to measure: only its place matters
     const float scale = model().PlaneScale;
     keys("f");
     keys("f", std::nullopt);
@@ -265,7 +265,7 @@ TEST_F(SessionKeys, HomeShowsTheModelOrTheSelectedFrameWithoutTurning) {
     EXPECT_EQ(steps(), 0U);
 }
 
-TEST_F(SessionKeys, PicksAtOnePlaceGoThroughTheFramesThere) {
+TEST_F(SessionKeys, RepeatedPicksCycleThroughTheFrames) {
     open(threeSquares());
     session.lookAlong(axisDirections[5].angles);
     session.model().CameraDistance = 10;
@@ -287,7 +287,7 @@ TEST_F(SessionKeys, PicksAtOnePlaceGoThroughTheFramesThere) {
     }
     session.setTool(ViewTool::MoveFrame);
     session.pressPlane(at(ViewPlane::XY, 5, 5));
-    EXPECT_EQ(session.pickPlane(at(ViewPlane::XY, 104, 80)), Changes()) << "not while it drags";
+    EXPECT_EQ(session.pickPlane(at(ViewPlane::XY, 104, 80)), Changes()) << "not during a drag";
 }
 
 } // namespace

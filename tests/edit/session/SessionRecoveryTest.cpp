@@ -1,4 +1,4 @@
-// How the work of a session outlives the program.
+// Recovery copies of a session's work.
 
 #include "edit/session/DocumentSession.h"
 #include "formats/files/ByteReader.h"
@@ -32,7 +32,7 @@ class SessionRecovery : public TestFiles {
         return *session_;
     }
     [[nodiscard]] std::string bytes() const { return writeText(session_->model()); }
-    /// The saved bytes of the model whose copy there is; empty where there is none.
+    /// The bytes that the model in the copy would be saved as; empty without a copy.
     [[nodiscard]] std::string copied() const {
         const QDir folder(path("recovery"));
         const QStringList copies = folder.entryList({QStringLiteral("*.copy")}, QDir::Files);
@@ -45,7 +45,7 @@ class SessionRecovery : public TestFiles {
         const auto model = readCopy(bytesOf(file.readAll()), {});
         return model ? writeText(*model) : "damaged";
     }
-    /// The event loop is about to wait.
+    /// As if the event loop were about to wait.
     void wait() { session_->keepCopy(When::Now); }
     static PlaneInput at(float x, float y) {
         return {ViewPlane::XY, 200, 160, {DragButton::Left, x, y}};
@@ -73,15 +73,15 @@ class SessionRecovery : public TestFiles {
     std::unique_ptr<DocumentSession> session_;
 };
 
-TEST_F(SessionRecovery, WhateverChangesTheModelIsInTheCopy) {
+TEST_F(SessionRecovery, EveryChangeOfTheModelIsInTheCopy) {
     const std::pair<const char*, std::function<void()>> rows[] = {
         {"an edit", [&] { session_->add(); }},
-        {"what was taken back",
+        {"an undone edit",
          [&] {
              session_->add();
              session_->undo();
          }},
-        {"options that were cancelled", [&] { clickOption(false); }},
+        {"cancelled options", [&] { clickOption(false); }},
         {"a running drag", [&] { startDrag(); }},
         {"the end of a drag",
          [&] {
@@ -89,15 +89,15 @@ TEST_F(SessionRecovery, WhateverChangesTheModelIsInTheCopy) {
              wait();
              session_->releasePlane(at(140, 90));
          }},
-        {"the opacity under the hand",
+        {"an opacity while it is dragged",
          [&] {
              materials().moveOpacity(30);
              wait();
              session_->endMaterials();
              materials().moveOpacity(31);
          }},
-        {"a shininess that is being typed", [&] { materials().typeShininess("12"); }},
-        {"a zero shininess that is put back",
+        {"a shininess while it is typed", [&] { materials().typeShininess("12"); }},
+        {"a zero shininess that is restored",
          [&] {
              materials().typeShininess("0");
              session_->endMaterials();
@@ -137,7 +137,7 @@ TEST_F(SessionRecovery, WhatLeavesNoTraceLeavesNoCopy) {
     session_->setMeshVisible(false);
     session_->setRenderMode(RenderMode::Wireframe);
     EXPECT_FALSE(session_->hasUnsavedWork());
-    // a drag that begins where a copied one was taken back
+    // a drag that begins where a copied one was cancelled
     session_->add();
     startDrag();
     wait();
@@ -146,14 +146,14 @@ TEST_F(SessionRecovery, WhatLeavesNoTraceLeavesNoCopy) {
     EXPECT_EQ(copied(), bytes());
 }
 
-/// What becomes of the copy when the window closes, and of the flags, which tell other things.
+/// The copy when the window closes, beside the close question, which follows other rules.
 TEST_F(SessionRecovery, TheCopyStaysUnlessTheWorkIsInAFileOrGivenUp) {
     const QString file = path("m.xsi");
     const struct {
         const char* what;
         std::function<void()> story;
         bool asks;  ///< whether closing asks
-        bool stays; ///< whether the copy does
+        bool stays; ///< whether the copy stays
     } rows[] = {
         {"nothing done", [&] {}, false, false},
         {"a new model", [&] { begin(); }, true, false},
@@ -172,7 +172,7 @@ TEST_F(SessionRecovery, TheCopyStaysUnlessTheWorkIsInAFileOrGivenUp) {
              session_->saveAs(file);
          },
          false, false},
-        {"options that were cancelled", [&] { clickOption(false); }, false, true},
+        {"cancelled options", [&] { clickOption(false); }, false, true},
         {"given up", [&] { session_->add(), session_->giveUpWork(true); }, true, false},
         {"given up, but another window was kept open and a save failed",
          [&] {
@@ -183,9 +183,9 @@ TEST_F(SessionRecovery, TheCopyStaysUnlessTheWorkIsInAFileOrGivenUp) {
         {"given up, and then worked on",
          [&] { session_->add(), session_->giveUpWork(true), session_->add(); }, true, true},
         {"a drag that was running", [&] { startDrag(); }, false, false},
-        {"unchanged, and saved elsewhere in vain",
+        {"unchanged, after a failed save elsewhere",
          [&] { session_->saveAs(path("no/folder/m.xsi")); }, false, false},
-        {"unchanged, and its file written over in vain",
+        {"unchanged, after a failed save over its file",
          [&] {
              QFile::remove(file);
              QDir().mkdir(file);
@@ -222,7 +222,7 @@ TEST_F(SessionRecovery, AModelFromACopyIsNeverSavedAndKeepsItsName) {
     const std::string work = bytes();
     session_->endWork();
     for (int start = 0; start < 2; ++start) {
-        begin(); // the program before was killed
+        begin(); // the previous program was killed
         std::vector<LeftCopy> left = recovery().claimLeft();
         ASSERT_EQ(left.size(), 1U);
         EXPECT_EQ(session_->recover(left[0], [](auto...) { return false; }).status,
@@ -238,8 +238,8 @@ TEST_F(SessionRecovery, AModelFromACopyIsNeverSavedAndKeepsItsName) {
                     session_->hasUnsavedWork() && !session_->canUndo());
         left.clear();
         wait();
-        EXPECT_EQ(recovery().claimLeft().size(), 0U) << "its window has it";
-        EXPECT_EQ(copied(), work) << "until it is saved or refused";
+        EXPECT_EQ(recovery().claimLeft().size(), 0U) << "its window has claimed it";
+        EXPECT_EQ(copied(), work) << "until it is saved or given up";
     }
     session_->add();
     wait();
@@ -252,7 +252,7 @@ TEST_F(SessionRecovery, AModelFromACopyIsNeverSavedAndKeepsItsName) {
     EXPECT_EQ(content(path("models/m.xsi")), bytes());
 }
 
-TEST_F(SessionRecovery, WhatAnotherProgramSavedIsKeptAndTold) {
+TEST_F(SessionRecovery, AnotherProgramsSaveIsKeptAndReported) {
     open();
     session_->add();
     write("m.xsi", "theirs");
@@ -274,7 +274,7 @@ TEST_F(SessionRecovery, WhatAnotherProgramSavedIsKeptAndTold) {
     session_->add();
     session_->save();
     EXPECT_EQ(session_->statusText().indexOf(QStringLiteral("another")), -1);
-    EXPECT_EQ(filesInFolder(), 3) << "our own saves are nobody else's";
+    EXPECT_EQ(filesInFolder(), 3) << "our own saves are not kept";
     write("n.xsi", "theirs");
     session_->setName(path("n.x")); // which is never written
     session_->save();

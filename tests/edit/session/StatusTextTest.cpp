@@ -22,7 +22,7 @@ std::string modelWith(const QStringList& textures) {
     return text + "}\n}\n}\n";
 }
 
-TEST_F(StatusText, OpeningNamesTheTexturesThatNothingIsSeenOf) {
+TEST_F(StatusText, OpeningNamesTheTexturesThatDoNotShow) {
     QImage picture(2, 2, QImage::Format_RGB32);
     picture.fill(Qt::red);
     ASSERT_TRUE(picture.save(path("good.bmp")));
@@ -49,7 +49,7 @@ TEST_F(StatusText, OpeningNamesTheTexturesThatNothingIsSeenOf) {
     }
 }
 
-TEST_F(StatusText, SavingNamesTheFramesThatTheFileWillNotGiveBack) {
+TEST_F(StatusText, SavingNamesTheFramesWhoseNamesGetLost) {
     const std::pair<const char*, const char*> rows[] = {
         {"body", ""},
         {"a b", "; names that it will not give back: \"a b\""},
@@ -68,7 +68,7 @@ TEST_F(StatusText, SavingNamesTheFramesThatTheFileWillNotGiveBack) {
     }
 }
 
-TEST_F(StatusText, SavingTellsWhatWasWritten) {
+TEST_F(StatusText, SavingSaysWhatWasWritten) {
     const std::tuple<const char*, SaveResult, const char*> rows[] = {
         {"/models/ship.xsi", SaveResult::Written, "ship.xsi was written: 0 meshes, 0 faces"},
         {"/models/ship.x", SaveResult::NotWritten,
