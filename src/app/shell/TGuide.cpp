@@ -88,7 +88,26 @@ GuideKey::GuideKey(QWidget& frame) : frame_(frame) {
     qApp->installEventFilter(this);
 }
 
+void GuideKey::putOver(QWidget& window) {
+    const QRect place = guide_->geometry();
+    guide_->setParent(&window, Qt::Window); // hides it
+    guide_->setGeometry(place);
+}
+
+void GuideKey::leave(const QWidget& dialog) {
+    const bool shown = guide_->isVisible();
+    putOver(dialog.parentWidget() != nullptr ? *dialog.parentWidget()->window() : frame_);
+    guide_->setAttribute(Qt::WA_ShowWithoutActivating);
+    guide_->setVisible(shown);
+    guide_->setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
 bool GuideKey::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide && !event->spontaneous() && guide_ != nullptr &&
+        watched == guide_->parentWidget()) {
+        leave(*guide_->parentWidget());
+        return false;
+    }
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) {
         return false;
     }
@@ -103,10 +122,10 @@ bool GuideKey::eventFilter(QObject* watched, QEvent* event) {
         QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : &frame_;
     if (guide_.isNull()) {
         guide_ = new TGuide(over);
+    } else if (guide_->parentWidget() != over) {
+        putOver(*over); // a dialog takes no input from elsewhere
     } else if (focus == guide_) {
         return true;
-    } else if (guide_->parentWidget() != over) {
-        guide_->setParent(over, Qt::Window); // a dialog takes no input from elsewhere
     }
     guide_->show(); // at first: a heading is found in the text as it is laid out
     guide_->showSection(section);

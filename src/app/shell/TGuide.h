@@ -36,6 +36,10 @@ class GuideKey : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void putOver(QWidget& window);
+    /// The dialog below the guide goes away; the guide stays, over what the dialog lay over.
+    void leave(const QWidget& dialog);
+
     QWidget& frame_;
     QPointer<TGuide> guide_; ///< what it lies over owns it
 };

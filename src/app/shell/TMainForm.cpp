@@ -389,6 +389,7 @@ TMDIChild& TMainForm::addWindow() {
     connect(document, &TMDIChild::keepingFailed, this,
             [this](const QString& model) { tell(recovery_.lostText(model)); });
     document->session()->keepCopiesIn(recovery_.folder());
+    leaveKeysToFrame(*document);
     ui_->MDIArea->addSubWindow(document);
     document->showMaximized();
     return *document;

@@ -14,6 +14,7 @@
 #include <memory>
 
 class QAction;
+class QMdiSubWindow;
 
 namespace korvane {
 
@@ -116,6 +117,8 @@ class TMainForm : public QMainWindow {
     void connectActions();
     void connectEvents();
     void setUpWindowKeys();
+    /// A key that the window has in its own menu as well would do nothing.
+    static void leaveKeysToFrame(const QMdiSubWindow& window);
     void showBackground();
     void setIcons();
     void setUpToolBar();

@@ -7,6 +7,8 @@
 #include "ui_TMainForm.h"
 
 #include <QAction>
+#include <QMdiSubWindow>
+#include <QMenu>
 #include <QShortcut>
 
 #include <functional>
@@ -17,16 +19,29 @@ namespace korvane {
 void TMainForm::setUpWindowKeys() {
     // Not all desktops have these by themselves. They are no keys of the actions, whose menu items
     // show none.
-    const std::pair<QKeySequence, std::function<void()>> keys[] = {
-        {Qt::CTRL | Qt::Key_F4, [this] { ui_->FileClose1->trigger(); }},
-        {Qt::CTRL | Qt::Key_F6, [this] { ui_->MDIArea->activateNextSubWindow(); }},
-        {Qt::CTRL | Qt::SHIFT | Qt::Key_F6, [this] { ui_->MDIArea->activatePreviousSubWindow(); }}};
-    for (const auto& [key, act] : keys) {
-        connect(new QShortcut(key, this), &QShortcut::activated, this, [act = act] {
+    QList<QKeySequence> close = QKeySequence::keyBindings(QKeySequence::Close);
+    if (!close.contains(Qt::CTRL | Qt::Key_F4)) {
+        close.append(Qt::CTRL | Qt::Key_F4);
+    }
+    const std::pair<QList<QKeySequence>, std::function<void()>> commands[] = {
+        {close, [this] { ui_->FileClose1->trigger(); }},
+        {{Qt::CTRL | Qt::Key_F6}, [this] { ui_->MDIArea->activateNextSubWindow(); }},
+        {{Qt::CTRL | Qt::SHIFT | Qt::Key_F6},
+         [this] { ui_->MDIArea->activatePreviousSubWindow(); }}};
+    for (const auto& [keys, act] : commands) {
+        auto* shortcut = new QShortcut(this);
+        shortcut->setKeys(keys);
+        connect(shortcut, &QShortcut::activated, this, [act = act] {
             if (!ModalCall::running()) {
                 act();
             }
         });
+    }
+}
+
+void TMainForm::leaveKeysToFrame(const QMdiSubWindow& window) {
+    for (QAction* action : window.systemMenu()->actions()) {
+        action->setShortcuts(QList<QKeySequence>());
     }
 }
 

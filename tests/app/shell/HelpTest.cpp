@@ -71,7 +71,6 @@ TEST_F(HelpTest, TheStatusBarHasTheHintUntilSomethingIsToBeTold) {
         auto& guide = child<TGuide>(dialog, "Guide");
         EXPECT_EQ(guide.source().fragment(), QStringLiteral("the-structure"));
         EXPECT_TRUE(guide.isVisible());
-        QTest::keyClick(&guide, Qt::Key_Escape);
         dialog.close();
     });
     button("EditButton").click();
@@ -79,13 +78,37 @@ TEST_F(HelpTest, TheStatusBarHasTheHintUntilSomethingIsToBeTold) {
     EXPECT_EQ(status(), "1 mesh, 2 faces") << "the dialog has taken its hint along";
     const auto& open = child<QToolButton>(form(), "FileOpen1Button");
     EXPECT_EQ(open.toolTip(), QStringLiteral("Open (Ctrl+O)"));
-    answerCloseQuestion(path("m.xsi"), QMessageBox::No);
-    form().activateWindow(); // the guide went with its dialog before it had come up
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form()));
-    QTest::keyClick(&form(), Qt::Key_F4, Qt::ControlModifier);
-    settle();
-    EXPECT_TRUE(form().documents().isEmpty());
+    answer<QMessageBox>([](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_F1);
+        EXPECT_TRUE(child<TGuide>(box, "Guide").isVisible());
+        box.done(QMessageBox::No);
+    });
+    run("FileClose1");
+    auto* guide = form().findChild<TGuide*>({}, Qt::FindDirectChildrenOnly);
+    ASSERT_TRUE(guide != nullptr && guide->isVisible()) << "it stays where its dialog goes";
+    QTest::keyClick(guide, Qt::Key_Escape);
+    EXPECT_FALSE(guide->isVisible());
     EXPECT_TRUE(child<QLabel>(form(), "BeginHint").isVisible());
+}
+
+TEST_F(HelpTest, KeysGoFromWindowToWindowAndCloseThem) {
+    start();
+    for (int i = 0; i < 3; ++i) {
+        run("FileNew1");
+    }
+    const std::tuple<Qt::KeyboardModifiers, Qt::Key, const char*> keys[] = {
+        {Qt::ControlModifier, Qt::Key_F6, "Untitled 1"},
+        {Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_F6, "Untitled 3"},
+        {Qt::ControlModifier, Qt::Key_F4, "Untitled 1"},
+        {Qt::ControlModifier, Qt::Key_W, "Untitled 2"}}; // which this desktop has besides
+    for (const auto& [held, key, active] : keys) {
+        if (key != Qt::Key_F6) {
+            answerCloseQuestion(window().windowTitle(), QMessageBox::No);
+        }
+        QTest::keyClick(QApplication::focusWidget(), key, held);
+        settle();
+        EXPECT_EQ(window().windowTitle(), QString::fromLatin1(active));
+    }
 }
 
 } // namespace
