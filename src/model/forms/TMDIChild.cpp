@@ -333,6 +333,10 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
         focus_->give(*ui_->TreeView1); // the press has taken it
         return true; // one click deletes what was meant, a second one not what is selected then
     }
+    if (watched == ui_->TreeView1->viewport() && event->type() == QEvent::MouseButtonDblClick &&
+        dynamic_cast<const QMouseEvent&>(*event).button() != Qt::LeftButton) {
+        return true; // the tree would tell of it as of any double click
+    }
     return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
 }
 

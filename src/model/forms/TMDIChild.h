@@ -13,6 +13,7 @@
 #include <vector>
 
 class QItemSelection;
+class QModelIndex;
 class QKeyEvent;
 class QMenu;
 
@@ -169,6 +170,8 @@ class TMDIChild : public QMdiSubWindow {
     void setUpButtons();
     /// The menu of the tree, with the commands of the buttons and the keys that stand for them.
     void setUpStructureMenu();
+    /// Edits what the row stands for, unless it has rows below it.
+    void rowDoubleClicked(const QModelIndex& row);
     /// Carries out the command of the menu that a key stands for; whether there is one.
     bool structureKey(const QKeyEvent& key);
     /// An event of a view; whether that was all about it.

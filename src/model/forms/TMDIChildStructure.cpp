@@ -60,16 +60,18 @@ void TMDIChild::setUpStructureMenu() {
     connect(ui_->TreeView1, &QTreeView::customContextMenuRequested, this, [this](const QPoint& at) {
         structureMenu_->popup(ui_->TreeView1->viewport()->mapToGlobal(at));
     });
+    ui_->TreeView1->viewport()->installEventFilter(this); // for the button of a double click
+    connect(ui_->TreeView1, &QTreeView::doubleClicked, this, &TMDIChild::rowDoubleClicked);
+}
+
+void TMDIChild::rowDoubleClicked(const QModelIndex& row) {
+    const auto edit = [this, row = QPersistentModelIndex(row)] {
+        if (ui_->TreeView1->selectionModel()->isSelected(row) && row.model()->rowCount(row) == 0) {
+            ui_->EditButton->click();
+        }
+    };
     // later: the tree is still at work with the press
-    connect(
-        ui_->TreeView1, &QTreeView::doubleClicked, this,
-        [this] {
-            const QModelIndex row = ui_->TreeView1->currentIndex();
-            if (row.isValid() && row.model()->rowCount(row) == 0) {
-                ui_->EditButton->click();
-            }
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, edit, Qt::QueuedConnection);
 }
 
 void TMDIChild::addToStructureMenu(const QList<QAction*>& commands) {
