@@ -1,13 +1,13 @@
-#include "edit/forms/TTextureView.h"
-
 #include "app/widgets/ColorSwatch.h"
 #include "app/widgets/DevicePixels.h"
 #include "app/widgets/DragFilter.h"
 #include "app/widgets/ElidedLabel.h"
 #include "app/widgets/WidgetText.h"
+#include "edit/forms/TTextureView.h"
 #include "edit/materials/FaceTreeModel.h"
 #include "edit/materials/TextureViewText.h"
 #include "edit/session/MaterialEditing.h"
+#include "formats/textures/TextureLoader.h"
 #include "model/records/ModelText.h"
 #include "ui_TMaterial.h"
 
@@ -145,9 +145,12 @@ void TTextureView::showTextureName() {
 void TTextureView::showPicture() {
     const bool current = materials_->currentMaterial().has_value();
     const MaterialRecord& material = materials_->material();
+    const auto find = [this](const std::string& name) {
+        return TextureLoader(QFileInfo(materials_->model().FileName).path()).find(shownText(name));
+    };
     const QString message =
         current
-            ? textureViewText(material, QFileInfo(materials_->model().FileName).path(),
+            ? textureViewText(material, find,
                               elidedText(*ui_.TextureMessage, withoutFolder(material.TextureFile),
                                          ui_.Image1->minimumWidth() - textMargin))
             : QString();

@@ -1,6 +1,5 @@
 #include "edit/materials/TextureViewText.h"
 
-#include "formats/textures/TextureLoader.h"
 #include "model/records/MaterialRecord.h"
 #include "model/records/ModelText.h"
 
@@ -13,7 +12,7 @@ QString withoutFolder(const std::string& name) {
     return text.mid(std::max(text.lastIndexOf(u'/'), text.lastIndexOf(u'\\')) + 1);
 }
 
-QString textureViewText(const MaterialRecord& material, const QString& modelFolder,
+QString textureViewText(const MaterialRecord& material, const TextureFinder& find,
                         const QString& shownName) {
     const bool named = !material.TextureFile.empty();
     if (!material.HasTexture) {
@@ -26,9 +25,8 @@ QString textureViewText(const MaterialRecord& material, const QString& modelFold
     if (!named) {
         return QStringLiteral("No texture is chosen.");
     }
-    const bool found = TextureLoader(modelFolder).find(shownText(material.TextureFile)).has_value();
-    return shownName +
-           (found ? QStringLiteral(" cannot be shown") : QStringLiteral(" was not found"));
+    return shownName + (find(material.TextureFile) ? QStringLiteral(" cannot be shown")
+                                                   : QStringLiteral(" was not found"));
 }
 
 } // namespace korvane

@@ -36,7 +36,8 @@ QString folderOfModel(const ModelDocument& model) {
 
 DocumentSession::DocumentSession() {
     startHistory();
-    tree_.setSource({[this](const NodeData& node) { return rowDetails(model_, node); },
+    const auto find = [this](const std::string& name) { return textures_.find(model_, name); };
+    tree_.setSource({[this, find](const NodeData& node) { return rowDetails(model_, node, find); },
                      [this](const NodeData& node) { return rowSample(model_, node); }});
     rebuildTree();
 }
@@ -78,6 +79,7 @@ Changes DocumentSession::takeModel(ModelDocument&& model) {
     endKeys();
     materials_.reset(); // belongs to the old model
     model_ = std::move(model);
+    textures_ = {};
     startHistory();
     cameraPlaced_ = planesPlaced_ = false;
     Changes changes = rebuildTree();

@@ -4,6 +4,7 @@
 #include "edit/history/EditHistory.h"
 #include "edit/recovery/RecoveryKeeper.h"
 #include "edit/session/Changes.h"
+#include "edit/session/FoundTextures.h"
 #include "edit/session/MaterialEditing.h"
 #include "edit/session/PickCycle.h"
 #include "edit/session/StatusText.h"
@@ -288,6 +289,7 @@ class DocumentSession {
     std::optional<std::uint64_t> givenUp_; ///< the Revision that the user gave up
     EditHistory history_;
     StructureTreeModel tree_;
+    FoundTextures textures_; ///< for what the rows tell
     std::optional<MaterialEditing> materials_;
     ViewState view_;
     PlaneColors planeColors_;

@@ -1,8 +1,6 @@
 #include "edit/session/RowDetails.h"
 
 #include "edit/materials/MaterialValues.h"
-#include "edit/materials/TextureViewText.h"
-#include "formats/textures/TextureLoader.h"
 #include "model/records/ModelText.h"
 #include "render/scene/DrawMaterials.h"
 
@@ -63,14 +61,13 @@ const MaterialRecord* materialOf(const ModelDocument& document, const NodeData& 
     return number >= 0 && index < document.Materials.size() ? &document.Materials[index] : nullptr;
 }
 
-QString textureDetails(const ModelDocument& document, const MaterialRecord& material) {
-    const QString folder = QFileInfo(document.FileName).path();
+QString textureDetails(const MaterialRecord& material, const TextureFinder& find) {
     const QString name = withoutFolder(material.TextureFile);
-    QString unseen = textureViewText(material, folder, name);
+    QString unseen = textureViewText(material, find, name);
     if (!unseen.isEmpty()) {
         return unseen;
     }
-    const auto file = TextureLoader(folder).find(shownText(material.TextureFile));
+    const auto file = find(material.TextureFile);
     return QStringLiteral("Texture %1, %2 x %3, ")
                .arg(name, QString::number(material.TextureImage->width),
                     QString::number(material.TextureImage->height)) +
@@ -79,17 +76,19 @@ QString textureDetails(const ModelDocument& document, const MaterialRecord& mate
                  : QStringLiteral("whose file is gone"));
 }
 
-QString materialDetails(const ModelDocument& document, const NodeData& node) {
+QString materialDetails(const ModelDocument& document, const NodeData& node,
+                        const TextureFinder& find) {
     const MaterialRecord* material = materialOf(document, node);
     if (material == nullptr) {
         return QStringLiteral("The model has no such material");
     }
     return QStringLiteral("Opacity %1 %\n").arg(opacityPosition(material->FaceColor.alpha)) +
-           textureDetails(document, *material);
+           textureDetails(*material, find);
 }
 
 /// The details of a node in a mesh.
-QString meshDetails(const ModelDocument& document, const NodeData& node, const MeshRecord& mesh) {
+QString meshDetails(const ModelDocument& document, const NodeData& node, const MeshRecord& mesh,
+                    const TextureFinder& find) {
     switch (node.NodeKind) {
     case NodeKind::Mesh:
         return QStringLiteral("A ") + meshSize(mesh);
@@ -100,25 +99,25 @@ QString meshDetails(const ModelDocument& document, const NodeData& node, const M
     default:
         return QStringLiteral("A material of the mesh, on %1\n")
                    .arg(counted(facesOfSlot(mesh, node.ItemIndex), "face", "faces")) +
-               materialDetails(document, node);
+               materialDetails(document, node, find);
     }
 }
 
 } // namespace
 
-QString rowDetails(const ModelDocument& document, const NodeData& node) {
+QString rowDetails(const ModelDocument& document, const NodeData& node, const TextureFinder& find) {
     if (node.NodeKind == NodeKind::MaterialTable) {
         return QStringLiteral("All materials of the model: %1").arg(document.Materials.size());
     }
     if (node.NodeKind == NodeKind::TableMaterial) {
-        return QStringLiteral("A material of the model\n") + materialDetails(document, node);
+        return QStringLiteral("A material of the model\n") + materialDetails(document, node, find);
     }
     const FrameRecord* frame = frameOf(document, node);
     if (frame == nullptr) {
         return {};
     }
     return node.NodeKind == NodeKind::Frame ? frameDetails(*frame)
-                                            : meshDetails(document, node, frame->Mesh);
+                                            : meshDetails(document, node, frame->Mesh, find);
 }
 
 std::optional<std::uint32_t> rowSample(const ModelDocument& document, const NodeData& node) {

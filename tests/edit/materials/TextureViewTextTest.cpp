@@ -1,17 +1,16 @@
 #include "edit/materials/TextureViewText.h"
 
 #include "model/records/MaterialRecord.h"
-#include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
 
 namespace korvane::test {
 namespace {
 
-using TextureViewTextTest = TestFiles;
-
-TEST_F(TextureViewTextTest, SaysWhyThereIsNoPicture) {
-    write("there.pic", "no picture");
+TEST(TextureViewTextTest, SaysWhyThereIsNoPicture) {
+    const auto find = [](const std::string& name) {
+        return name == "THERE.PIC" ? std::optional(QStringLiteral("there.pic")) : std::nullopt;
+    };
     const auto picture = std::make_shared<TextureImage>();
     picture->width = 2;
     picture->pixels.resize(2);
@@ -40,8 +39,7 @@ TEST_F(TextureViewTextTest, SaysWhyThereIsNoPicture) {
         material.HasTexture = on;
         material.TextureFile = file;
         material.TextureImage = image;
-        EXPECT_EQ(textureViewText(material, path("."), withoutFolder(file)).toStdString(), text)
-            << file;
+        EXPECT_EQ(textureViewText(material, find, withoutFolder(file)).toStdString(), text) << file;
     }
 }
 

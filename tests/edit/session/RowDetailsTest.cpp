@@ -1,5 +1,6 @@
 #include "edit/session/RowDetails.h"
 
+#include "edit/session/FoundTextures.h"
 #include "support/MaterialModel.h"
 #include "support/TestFiles.h"
 
@@ -53,14 +54,20 @@ TEST_F(RowDetailsTest, DescribeTheRow) {
          "A material of the model\nThe model has no such material", 0},
         {NodeKind::None, 0, std::nullopt, "", 0},
     };
+    FoundTextures found;
+    const auto find = [&](const std::string& name) { return found.find(document, name); };
     for (const auto& row : rows) {
         const NodeData node = {.Frame = row.frame, .NodeKind = row.kind, .ItemIndex = row.item};
-        EXPECT_EQ(rowDetails(document, node).toStdString(), row.details);
+        EXPECT_EQ(rowDetails(document, node, find).toStdString(), row.details);
         EXPECT_EQ(rowSample(document, node).value_or(0), row.sample) << row.details;
     }
     ASSERT_TRUE(QFile::remove(path("body.tga")));
-    EXPECT_TRUE(rowDetails(document, {.NodeKind = NodeKind::TableMaterial})
-                    .endsWith(QStringLiteral("whose file is gone")));
+    const NodeData bodyRow = {.NodeKind = NodeKind::TableMaterial};
+    EXPECT_EQ(rowDetails(document, bodyRow, find).toStdString(),
+              "A material of the model\n" + first)
+        << "the files are looked at once";
+    ++document.Revision;
+    EXPECT_TRUE(rowDetails(document, bodyRow, find).endsWith(QStringLiteral("whose file is gone")));
 }
 
 } // namespace
