@@ -47,7 +47,7 @@ TMaterial::TMaterial(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui
     setHints(*this);
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     setUpLook();
-    texture_ = std::make_unique<TTextureView>(*ui_, *this);
+    texture_ = std::make_unique<TTextureView>(*ui_, faces_, *this);
     connect(texture_.get(), &TTextureView::edited, this, &TMaterial::tell);
     connectControls();
 }

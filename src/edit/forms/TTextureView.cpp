@@ -1,9 +1,10 @@
+#include "edit/forms/TTextureView.h"
+
 #include "app/widgets/ColorSwatch.h"
 #include "app/widgets/DevicePixels.h"
 #include "app/widgets/DragFilter.h"
 #include "app/widgets/ElidedLabel.h"
 #include "app/widgets/WidgetText.h"
-#include "edit/forms/TTextureView.h"
 #include "edit/materials/FaceTreeModel.h"
 #include "edit/materials/TextureViewText.h"
 #include "edit/session/MaterialEditing.h"
@@ -13,6 +14,7 @@
 
 #include <QFileInfo>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include <cmath>
@@ -35,8 +37,8 @@ void setUpBar(QScrollBar& bar, const std::optional<std::int32_t>& range, std::in
 
 } // namespace
 
-TTextureView::TTextureView(Ui::TMaterial& controls, QWidget& dialog)
-    : ui_(controls), dialog_(dialog) {
+TTextureView::TTextureView(Ui::TMaterial& controls, FaceTreeModel& faces, QWidget& dialog)
+    : ui_(controls), faces_(faces), dialog_(dialog) {
     setUpLook();
     connectControls();
     setUpMouse();
@@ -208,16 +210,16 @@ void TTextureView::offsetChanged() {
 
 std::optional<FacePart> TTextureView::selectedPart() const {
     const QModelIndexList selected = ui_.TreeView1->selectionModel()->selectedIndexes();
-    return dynamic_cast<const FaceTreeModel&>(*ui_.TreeView1->model()).partOf(selected.value(0));
+    return faces_.partOf(selected.value(0));
 }
 
 void TTextureView::showFaces() {
+    const QScopedValueRollback<bool> filling(filling_, true);
     const auto before = selectedPart();
-    auto& faces = dynamic_cast<FaceTreeModel&>(*ui_.TreeView1->model());
-    faces.setFaces([this] { return materials_ != nullptr ? &materials_->mesh().Faces : nullptr; },
-                   ui_.OnlyMaterialBox->isChecked() ? std::optional(materials_->facesOfCurrent())
-                                                    : std::nullopt);
-    const QModelIndex row = before ? faces.indexOf(*before) : QModelIndex();
+    faces_.setFaces([this] { return materials_ != nullptr ? &materials_->mesh().Faces : nullptr; },
+                    ui_.OnlyMaterialBox->isChecked() ? std::optional(materials_->facesOfCurrent())
+                                                     : std::nullopt);
+    const QModelIndex row = before ? faces_.indexOf(*before) : QModelIndex();
     if (row.isValid()) {
         ui_.TreeView1->setCurrentIndex(row);
     }
@@ -244,8 +246,7 @@ void TTextureView::DrawTexTri() {
     }
     const auto part = selectedPart();
     colors_.background = dialog_.palette().color(QPalette::Dark).rgb();
-    const auto& faces = dynamic_cast<const FaceTreeModel&>(*ui_.TreeView1->model());
-    view_.draw(picture_, *texture_, materials_->mesh(), part, colors_, faces.only());
+    view_.draw(picture_, *texture_, materials_->mesh(), part, colors_, faces_.only());
     ui_.Image1->showPicture(imageOf(picture_), vertexMark(part));
     ui_.FaceMaterial->setText(materials_->faceText(part));
     const TexCoordTexts texts = view_.texts(materials_->mesh(), part);
@@ -333,16 +334,28 @@ void TTextureView::TriInactiveChange() {
 }
 
 void TTextureView::VertChange() {
-    commitPending();
-    const auto part = selectedPart();
-    if (materials_ != nullptr && part && view_.reveal(materials_->mesh(), *part)) {
-        scrollcheck();
+    if (!filling_) {
+        commitPending();
+        revealSelection();
+        DrawTexTri();
     }
-    DrawTexTri();
 }
 
+// A click on the row that was selected before, whose face may have been scrolled out of sight.
 void TTextureView::VertChange1() {
-    VertChange();
+    commitPending();
+    if (revealSelection()) {
+        DrawTexTri();
+    }
+}
+
+bool TTextureView::revealSelection() {
+    const auto part = selectedPart();
+    const bool moved = materials_ != nullptr && part && view_.reveal(materials_->mesh(), *part);
+    if (moved) {
+        scrollcheck();
+    }
+    return moved;
 }
 
 void TTextureView::BMPRefresh() {

@@ -18,6 +18,7 @@ namespace korvane {
 
 class DragFilter;
 class ElidedLabel;
+class FaceTreeModel;
 class MaterialEditing;
 
 namespace Ui {
@@ -30,8 +31,8 @@ class TMaterial;
 class TTextureView : public QObject {
     Q_OBJECT
   public:
-    /// `dialog` is the editor whose controls these are.
-    TTextureView(Ui::TMaterial& controls, QWidget& dialog);
+    /// `dialog` is the editor whose controls these are, `faces` what its tree shows.
+    TTextureView(Ui::TMaterial& controls, FaceTreeModel& faces, QWidget& dialog);
     ~TTextureView() override;
 
     /// Shows these materials, which must stay until close().
@@ -82,11 +83,14 @@ class TTextureView : public QObject {
     const QImage& vertexMark(const std::optional<FacePart>& part);
     void showTextureName();
     void zoomChanged();
+    /// Scrolls to the selected face or vertex where it is out of sight; whether it was.
+    bool revealSelection();
     void offsetChanged();
     /// After the mouse, or the end of a drag, has moved texture coordinates.
     void texCoordsChanged(const Changes& changes);
 
     Ui::TMaterial& ui_;
+    FaceTreeModel& faces_;
     QWidget& dialog_;
     MaterialEditing* materials_ = nullptr; ///< while the editor is shown
     ElidedLabel* statusPanels_[2] = {};    ///< the dialog owns them
@@ -99,8 +103,9 @@ class TTextureView : public QObject {
         std::int32_t offsetX = 0;
         std::int32_t offsetY = 0;
     };
-    std::optional<Scroll> scroll_;                ///< by the middle button
-    float turned_ = 0.0F;                         ///< of a notch of the wheel, since the last step
+    std::optional<Scroll> scroll_; ///< by the middle button
+    bool filling_ = false;         ///< the tree is set to show the faces, not by the user
+    float turned_ = 0.0F;          ///< of a notch of the wheel, since the last step
     std::shared_ptr<const TextureImage> texture_; ///< the image that the view shows
     std::unique_ptr<DragFilter> mouse_;           ///< goes first: it calls back
 };
