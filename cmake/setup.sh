@@ -39,12 +39,12 @@ configure() {
     touch "$stamp"
 }
 
-# Runs a command on a display of its own with a window manager: without one no window is ever activated
-# or maximised.
+# Runs a command on a display of its own, of $screen_size if that is set, with a window manager: without
+# one no window is ever activated or maximised.
 on_display() {
     # in a Wayland session the toolkit would take that
     # shellcheck disable=SC2016 # expanded by the shell on the display
-    QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x1024x24" bash -c '
+    QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 ${screen_size:-1280x1024}x24" bash -c '
         openbox >/dev/null 2>&1 &
         manager=$!
         status=0
