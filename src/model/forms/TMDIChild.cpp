@@ -15,6 +15,7 @@
 #include "formats/xsi/XsiWriter.h"
 #include "model/forms/TReadProgress.h"
 #include "model/forms/TStructureView.h"
+#include "render/drags/ViewPlaces.h"
 #include "render/forms/ViewControls.h"
 #include "ui_TMDIChild.h"
 
@@ -344,17 +345,14 @@ void TMDIChild::FormResize() {
     if (!session_) {
         return;
     }
-    const int width = ui_->Panel3->width();
-    const int height = ui_->Panel3->height();
-    if (!ui_->TwoDVisibleAction->isChecked()) {
-        ui_->Panel1->setGeometry(0, 0, width, height);
-        return;
+    const bool planes = ui_->TwoDVisibleAction->isChecked();
+    const ViewPlaces places = viewPlaces(ui_->Panel3->size(), planes);
+    ui_->Panel1->setGeometry(places.space);
+    if (planes) { // those that are hidden keep their places
+        ui_->Panel5->setGeometry(places.xz);
+        ui_->Panel6->setGeometry(places.xy);
+        ui_->Panel7->setGeometry(places.zy);
     }
-    const QSize half(width / 2, height / 2); // all the same size: an odd pixel stays uncovered
-    ui_->Panel5->setGeometry({QPoint(0, 0), half});
-    ui_->Panel1->setGeometry({QPoint(half.width(), 0), half});
-    ui_->Panel6->setGeometry({QPoint(0, half.height()), half});
-    ui_->Panel7->setGeometry({QPoint(half.width(), half.height()), half});
 }
 
 void TMDIChild::setRenderMode(RenderMode mode) {

@@ -94,15 +94,8 @@ TEST_F(TMDIChildTest, ButtonsFollowTheModelAndItsSelection) {
     // once would be the mark of a changed window, twice is the text
     EXPECT_EQ(open(write("a[*].xsi", smallModel())).windowTitle(), path("a[*][*].xsi"));
     EXPECT_EQ(enabled(), "[Edit][Rename Frame][Add Frame]");
-    const std::pair<std::string, const char*> nodes[] = {
-        {bodyMesh, "[Rename Frame]"},
-        {bodyMaterials + "/Material 2", "[Edit][Rename Frame][Delete][Add Material]"},
-        {"Materials", "[Edit][Add Material]"},
-        {bodyNode + "/Frame frm-wing", "[Edit][Rename Frame][Delete][Add Frame]"}};
-    for (const auto& [at, buttons] : nodes) {
-        select(at);
-        EXPECT_EQ(enabled(), buttons);
-    }
+    select(bodyMaterials + "/Material 2");
+    EXPECT_EQ(enabled(), "[Edit][Rename Frame][Delete][Add Material]");
     tree().clearSelection();
     EXPECT_EQ(enabled(), "");
     open(untitled);
@@ -153,26 +146,6 @@ TEST_F(TMDIChildTest, KeysAndTheDoubleClickOfTheTreeActOnItsRow) {
     EXPECT_EQ(document().Root.Children[0].Children.size(), 2U);
     key(Qt::Key_Delete);
     EXPECT_TRUE(document().Root.Children.empty());
-}
-
-TEST_F(TMDIChildTest, LayoutHalvesTheDrawingAreaAndDropsTheOddPixel) {
-    using Places = QList<QRect>;
-    const Places odd = {
-        {0, 0, 150, 101}, {150, 0, 150, 101}, {0, 101, 150, 101}, {150, 101, 150, 101}};
-    const std::tuple<QSize, bool, Places> steps[] = {{{301, 203}, true, odd},
-                                                     {{301, 203}, false, {{0, 0, 301, 203}}},
-                                                     {{400, 300}, false, {{0, 0, 400, 300}}},
-                                                     {{301, 203}, true, odd}};
-    for (const auto& [size, planes, expected] : steps) {
-        child<QWidget>(window(), "Panel3").resize(size);
-        child<QCheckBox>(window(), "TwoDVisibleBox").setChecked(planes);
-        Places found;
-        for (const char* name : {"Panel5", "Panel1", "Panel6", "Panel7"}) {
-            const auto& panel = child<QWidget>(window(), name);
-            found += panel.isVisible() ? Places({panel.geometry()}) : Places();
-        }
-        EXPECT_EQ(found, expected);
-    }
 }
 
 TEST_F(TMDIChildTest, FailuresAreToldAndFlagsClearedAllTheSame) {
@@ -375,18 +348,14 @@ TEST_F(TMDIChildTest, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
 
 TEST_F(TMDIChildTest, EditOpensTheMaterialEditorAndFollowsIt) {
     drawBySoftware();
-    int opacity = 100;
-    for (const std::string& at : {std::string("Materials"), std::string("Materials/Material 2"),
-                                  bodyMaterials + "/Material 2", bodyMaterials}) {
-        select(at);
-        const QImage before = picture("Image1");
-        use("EditButton", "Material Editor", true, [&](QWidget& editor) {
-            child<QSlider>(editor, "opacitybar").setValue(opacity -= 20);
-            EXPECT_NE(picture("Image1"), before) << "live";
-            child<QListWidget>(editor, "CheckListBox1").item(0)->setCheckState(Qt::Unchecked);
-        });
-        EXPECT_EQ(tree().currentIndex(), node(at));
-    }
+    select(bodyMaterials);
+    const QImage before = picture("Image1");
+    use("EditButton", "Material Editor", true, [&](QWidget& editor) {
+        child<QSlider>(editor, "opacitybar").setValue(50);
+        EXPECT_NE(picture("Image1"), before) << "live";
+        child<QListWidget>(editor, "CheckListBox1").item(0)->setCheckState(Qt::Unchecked);
+    });
+    EXPECT_EQ(tree().currentIndex(), node(bodyMaterials));
     EXPECT_EQ(tree().model()->rowCount(node(bodyMaterials)), 1);
 }
 

@@ -1,5 +1,6 @@
 #include "render/forms/TThreeDWinFrame.h"
 
+#include "render/drags/ViewPlaces.h"
 #include "support/ModelWindowTest.h"
 
 namespace korvane::test {
@@ -20,8 +21,10 @@ TEST_F(TThreeDWinFrameTest, PicturesHaveTheSizeOfTheirControlsOnTheScreen) {
     window().showNormal();
     window().resize(511, 307);
     settle();
+    const auto& area = child<QWidget>(window(), "Panel3");
     for (const char* name : {"Image1", "Image2", "Image3", "Image4"}) {
         const QSize size = image(name).parentWidget()->size();
+        EXPECT_EQ(size, viewPlaces(area.size(), true).space.size()) << name;
         EXPECT_EQ(image(name).picture().size(), (QSizeF(size) * ratio).toSize()) << name;
     }
     EXPECT_NE(image("Image1").grab().toImage().convertToFormat(QImage::Format_RGB32), picture());
