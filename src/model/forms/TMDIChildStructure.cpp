@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QTimer>
 
 #include <optional>
 #include <utility>
@@ -70,8 +71,7 @@ void TMDIChild::rowDoubleClicked(const QModelIndex& row) {
             ui_->EditButton->click();
         }
     };
-    // later: the tree is still at work with the press
-    QMetaObject::invokeMethod(this, edit, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, edit); // the tree is still at work with the press
 }
 
 void TMDIChild::addToStructureMenu(const QList<QAction*>& commands) {

@@ -117,6 +117,7 @@ TEST_F(TMDIChildTest, KeysAndTheDoubleClickOfTheTreeActOnItsRow) {
              const QPoint at = tree().visualRect(tree().currentIndex()).center();
              QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, at);
              QTest::mouseDClick(tree().viewport(), Qt::MiddleButton, {}, at);
+             QTest::mouseRelease(tree().viewport(), Qt::MiddleButton, {}, at);
              settle(); // which opens nothing
              QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, at);
          }},

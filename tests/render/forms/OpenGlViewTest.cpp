@@ -142,7 +142,7 @@ TEST_F(OpenGlViewTest, ADriverThatFailsGetsAnotherTryAndIsThenDoneWithout) {
     EXPECT_EQ(pictureOf(window()), picture);
     const auto redrawn = [this] {
         window().render3d();
-        const QImage shown = pictureOf(window());
+        QImage shown = pictureOf(window());
         settle();
         EXPECT_TRUE(allAnswered());
         return shown;
