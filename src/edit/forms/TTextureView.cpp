@@ -94,7 +94,10 @@ void TTextureView::connectControls() {
 
 void TTextureView::setUpMouse() {
     ui_.Image1->setSentence([this] {
-        return materials_ != nullptr ? materials_->textureSentence(selectedPart()) : QString();
+        const QString message = ui_.TextureMessage->text(); // in place of a picture
+        return materials_ == nullptr || !message.isEmpty()
+                   ? message
+                   : materials_->textureSentence(selectedPart());
     });
     mouse_ = std::make_unique<DragFilter>(
         *ui_.Image1,

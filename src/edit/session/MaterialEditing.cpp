@@ -6,8 +6,6 @@
 #include "edit/materials/TextureViewText.h"
 #include "render/scene/DrawMaterials.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
@@ -98,12 +96,8 @@ QString MaterialEditing::faceText(const std::optional<FacePart>& selected) const
 }
 
 QString MaterialEditing::textureSentence(const std::optional<FacePart>& selected) const {
-    const QString name = withoutFolder(material().TextureFile);
-    QString text = textureViewText(material(), QFileInfo(model_.FileName).path(), name);
-    if (!text.isEmpty()) {
-        return text;
-    }
-    text = QStringLiteral("The texture %1 with the faces over it").arg(name);
+    QString text = QStringLiteral("The texture %1 with the faces over it")
+                       .arg(withoutFolder(material().TextureFile));
     if (selected) {
         text += QStringLiteral("; face %1 is selected").arg(selected->face + 1);
     }

@@ -76,7 +76,8 @@ class MaterialEditing {
     [[nodiscard]] std::optional<std::size_t> materialOf(std::size_t face) const;
     /// The same in words; empty without a face.
     [[nodiscard]] QString faceText(const std::optional<FacePart>& selected) const;
-    /// What the texture view shows, in one sentence for people who cannot see it.
+    /// What the texture view shows if there is a picture, in one sentence for people who cannot
+    /// see it.
     [[nodiscard]] QString textureSentence(const std::optional<FacePart>& selected) const;
     /// The material that all slots lead to, if it is one: the mesh must keep it.
     [[nodiscard]] std::optional<std::int32_t> onlyMaterial() const;

@@ -76,13 +76,22 @@ QString textureDetails(const MaterialRecord& material, const TextureFinder& find
                  : QStringLiteral("whose file is gone"));
 }
 
+/// The diffuse colour as shown, as 0xrrggbb.
+std::uint32_t diffuseColor(const MaterialRecord& material) {
+    const auto& [red, green, blue, alpha] = material.FaceColor;
+    const Rgba8 shown = shownColor({red, green, blue});
+    return std::uint32_t{shown.red} << 16U | std::uint32_t{shown.green} << 8U | shown.blue;
+}
+
 QString materialDetails(const ModelDocument& document, const NodeData& node,
                         const TextureFinder& find) {
     const MaterialRecord* material = materialOf(document, node);
     if (material == nullptr) {
         return QStringLiteral("The model has no such material");
     }
-    return QStringLiteral("Opacity %1 %\n").arg(opacityPosition(material->FaceColor.alpha)) +
+    return QStringLiteral("Diffuse color #%1\nOpacity %2 %\n")
+               .arg(diffuseColor(*material), 6, 16, QLatin1Char('0'))
+               .arg(opacityPosition(material->FaceColor.alpha)) +
            textureDetails(*material, find);
 }
 
@@ -122,13 +131,8 @@ QString rowDetails(const ModelDocument& document, const NodeData& node, const Te
 
 std::optional<std::uint32_t> rowSample(const ModelDocument& document, const NodeData& node) {
     const MaterialRecord* material = materialOf(document, node);
-    if (material == nullptr) {
-        return std::nullopt;
-    }
-    const auto& [red, green, blue, alpha] = material->FaceColor;
-    const Rgba8 shown = shownColor({red, green, blue});
-    return 0xff000000U | std::uint32_t{shown.red} << 16U | std::uint32_t{shown.green} << 8U |
-           shown.blue;
+    return material != nullptr ? std::optional(0xff000000U | diffuseColor(*material))
+                               : std::nullopt;
 }
 
 } // namespace korvane

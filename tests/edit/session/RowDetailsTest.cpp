@@ -23,7 +23,8 @@ TEST_F(RowDetailsTest, DescribeTheRow) {
     const FramePath frame = framePath();
     const std::string picture = path("body.tga").toStdString();
     write("body.tga", "bytes");
-    const std::string first = "Opacity 29 %\nTexture body.tga, 300 x 200, from " + picture;
+    const std::string first =
+        "Diffuse color #ff7f00\nOpacity 29 %\nTexture body.tga, 300 x 200, from " + picture;
     const struct {
         NodeKind kind;
         std::int32_t item;
@@ -47,9 +48,11 @@ TEST_F(RowDetailsTest, DescribeTheRow) {
         {NodeKind::TableMaterial, 0, std::nullopt, "A material of the model\n" + first,
          0xffff7f00U},
         {NodeKind::TableMaterial, 1, std::nullopt,
-         "A material of the model\nOpacity 100 %\ngone %1.tga was not found", 0xffbfbfbfU},
+         "A material of the model\nDiffuse color #bfbfbf\nOpacity 100 %\ngone %1.tga was not found",
+         0xffbfbfbfU},
         {NodeKind::TableMaterial, 2, std::nullopt,
-         "A material of the model\nOpacity 100 %\nThe texture is off.", 0xffbfbfbfU},
+         "A material of the model\nDiffuse color #bfbfbf\nOpacity 100 %\nThe texture is off.",
+         0xffbfbfbfU},
         {NodeKind::TableMaterial, 3, std::nullopt,
          "A material of the model\nThe model has no such material", 0},
         {NodeKind::None, 0, std::nullopt, "", 0},
