@@ -6,6 +6,9 @@ run_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev qt
 # shellcheck disable=SC2034 # for those who source this
 test_packages="$run_packages libgtest-dev libbenchmark-dev locales xvfb xauth openbox
     at-spi2-core dbus-daemon"
+# shellcheck disable=SC2034
+package_packages="dpkg-dev file fakeroot lintian desktop-file-utils appstream libxml2-utils shared-mime-info xdg-utils
+    libfile-mimeinfo-perl man-db zsh fish python3 xdotool xvfb xauth openbox"
 
 # Installs the Debian packages that are missing, and only those.
 ensure_packages() {
