@@ -10,6 +10,9 @@ test_packages="$run_packages libgtest-dev libbenchmark-dev locales xvfb xauth op
 package_packages="dpkg-dev file fakeroot lintian desktop-file-utils appstream libxml2-utils shared-mime-info xdg-utils
     libfile-mimeinfo-perl man-db zsh fish python3 xdotool xvfb xauth openbox"
 
+# shellcheck disable=SC2034
+coverage_packages="$test_packages gcovr python3"
+
 # Installs the Debian packages that are missing, and only those.
 ensure_packages() {
     local missing=()
