@@ -16,8 +16,8 @@ if(KORVANE_SANITIZE)
 endif()
 
 # Headers of the toolkit and the library are most of what is compiled. A target gets those that most of
-# its files include once, or REUSE_FROM another target. Presets without this show a file that lacks an
-# include of its own.
+# its files include once, or REUSE_FROM another target. ./lint and a plain configuration go without: they
+# show a file that lacks an include of its own.
 function(korvane_precompile target)
     if(KORVANE_PCH)
         if(ARGV1 STREQUAL "REUSE_FROM")
