@@ -8,7 +8,7 @@ test_packages="$run_packages libgtest-dev libbenchmark-dev locales xvfb xauth op
     at-spi2-core dbus-daemon"
 # shellcheck disable=SC2034
 package_packages="dpkg-dev file fakeroot lintian desktop-file-utils appstream libxml2-utils shared-mime-info xdg-utils
-    libfile-mimeinfo-perl man-db zsh fish python3 xdotool xvfb xauth openbox"
+    libfile-mimeinfo-perl man-db zsh fish python3 xdotool x11-utils xvfb xauth openbox"
 
 # shellcheck disable=SC2034
 coverage_packages="$test_packages gcovr python3"
