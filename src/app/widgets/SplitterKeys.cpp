@@ -25,7 +25,8 @@ bool SplitterKeys::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress: {
         const int key = dynamic_cast<const QKeyEvent&>(*event).key();
         if (key == Qt::Key_Left || key == Qt::Key_Right) {
-            move(key == Qt::Key_Left ? -step : step);
+            // the first pane is on the right where writing goes to the left
+            move((key == Qt::Key_Right) != splitter_.isRightToLeft() ? step : -step);
             return true;
         }
         break;
