@@ -11,24 +11,24 @@
 
 namespace korvane {
 
-/// Turns the letters A to Z into small ones, and nothing else.
+/// Converts the letters A to Z to lower case, and no others.
 void foldCase(std::string& text);
 
-/// Counts the braces of a line: a closing one, then an opening one, at most one of each.
+/// Changes `depth` by the braces of a line, counting at most one closing and one opening brace.
 void countBraces(std::string_view line, int& depth);
 
-/// The line-wise side of model reading: one buffer with the current line, folded to lower case,
-/// which the readers of all block kinds test for keywords in turn. Numbers are extracted from the
-/// scanner, right behind the current line. At the end of the text the buffer is empty.
+/// Reads a model line by line. The buffer holds the current line in lower case, and the readers of
+/// all block kinds test it for keywords in turn. Numbers are extracted from the scanner, which
+/// continues right after the current line. At the end of the text the buffer is empty.
 class LineReader {
   public:
-    /// `notes`, if given, is told what the readers note; it must outlive the reader.
+    /// `notes`, if given, receives the notes of the readers; it must outlive this reader.
     explicit LineReader(const TextScanner& text, ReadNotes* notes = nullptr)
         : scanner_(text), notes_(notes) {}
 
     [[nodiscard]] TextScanner& numbers() { return scanner_; }
 
-    /// Whether somebody wants to know what is noted.
+    /// Returns true if notes are wanted.
     [[nodiscard]] bool noting() const { return notes_ != nullptr; }
     /// Notes something about the current line.
     void note(NoteKind kind, std::int32_t value = 0) {
@@ -51,8 +51,8 @@ class LineReader {
     /// Blanks out the first closing brace of the buffer, so that no outer block sees it.
     void blankClosingBrace();
 
-    /// Counts the buffer's braces within a block that is read: at its own depth, 1, an opening
-    /// brace begins a block of which nothing is read, and is noted.
+    /// Counts the buffer's braces inside a block that is read. At depth 1, an opening brace begins
+    /// a nested block that is not read, which is noted.
     void countUnread(int& depth) {
         if (depth == 1 && noting() && holds('{')) {
             note(NoteKind::LeftOut);
@@ -72,8 +72,8 @@ class LineReader {
     std::string line_;
 };
 
-/// How many elements to make room for: as many as a file announces, but never more than its
-/// remaining bytes could hold, since the count alone is not to be trusted.
+/// Returns how many elements to reserve: as many as the file announces, but no more than its
+/// remaining bytes could hold, as the count cannot be trusted.
 inline std::size_t credible(std::int32_t announced, std::size_t possible) {
     return std::min(static_cast<std::size_t>(std::max(announced, 0)), possible);
 }

@@ -64,7 +64,7 @@ char* writeReal(char* out, float value) {
     if (!(exact >= powersOfTen.front() && exact < powersOfTen.back())) {
         return writeExactReal(out, value);
     }
-    // which power of ten the first digit stands for: powersOfTen[rank] <= value
+    // the power of ten of the first digit: powersOfTen[rank] <= value
     std::size_t rank = exact < 1.0 ? 3 : 8;
     while (exact < powersOfTen[rank]) {
         --rank;
@@ -72,8 +72,8 @@ char* writeReal(char* out, float value) {
     while (exact >= powersOfTen[rank + 1]) {
         ++rank;
     }
-    // A float times a power of ten up to 1e9 is exact in double precision, so that this rounds the
-    // true value, and a tie to the even digit.
+    // A float times a power of ten up to 1e9 is exact in double precision, so this rounds the true
+    // value, with ties to the even digit.
     auto digits = static_cast<std::size_t>(std::nearbyint(exact * scales[rank]));
     if (digits == 1000000) {
         if (++rank == 10) {

@@ -8,15 +8,15 @@
 
 namespace korvane {
 
-/// How many readable bytes the quick parsers below need from the first character on.
+/// The quick parsers below need this many readable bytes from the first character on.
 inline constexpr std::int64_t quickNumberReach = 32;
 
-/// Whether the character is an ASCII digit.
+/// Returns true if the character is an ASCII digit.
 inline bool isDigit(char c) {
     return static_cast<unsigned char>(c - '0') < 10;
 }
 
-/// The digits that a text begins with, eight at the most.
+/// The digits at the beginning of a text, at most eight.
 struct LeadingDigits {
     std::uint32_t value;
     std::uint32_t count;
@@ -34,7 +34,7 @@ inline LeadingDigits leadingDigits(const char* p) {
     if (count == 0) {
         return {0, 0};
     }
-    word <<= 64 - 8 * count; // zeros before the digits, nothing behind them
+    word <<= 64 - 8 * count; // zeros before the digits, the rest dropped
     word = word * 10 + (word >> 8U);
     word = ((word & 0x000000FF000000FFU) * 0x000F424000000064U +
             ((word >> 16U) & 0x000000FF000000FFU) * 0x0000271000000001U) >>
@@ -42,9 +42,9 @@ inline LeadingDigits leadingDigits(const char* p) {
     return {static_cast<std::uint32_t>(word), count};
 }
 
-/// Parses a short decimal integer (an optional minus sign and up to eight digits) the way
-/// std::from_chars does. Null where it is none of these: the exact parser has to decide. (Digit by
-/// digit: indices are short, and a predicted loop end is quicker than taking eight at once.)
+/// Parses a short decimal integer (an optional minus sign and up to eight digits) as
+/// std::from_chars does. Returns null for anything else: use the exact parser then. (Indices are
+/// short, so a digit loop with a predictable end beats taking eight at once.)
 inline const char* quickInteger(const char* p, std::int32_t& value) {
     const bool negative = *p == '-';
     p += negative ? 1 : 0;
@@ -63,8 +63,8 @@ inline const char* quickInteger(const char* p, std::int32_t& value) {
     return nullptr;
 }
 
-/// Parses the exponent of up to two digits that may follow a number and adds it. False where it is
-/// none or longer.
+/// Parses an exponent of up to two digits, if one follows a number, and adds it. Returns false if
+/// it has no digits or more.
 inline bool quickExponent(const char*& p, std::int32_t& exponent) {
     if (*p != 'e' && *p != 'E') {
         return true;
@@ -82,9 +82,9 @@ inline bool quickExponent(const char*& p, std::int32_t& exponent) {
     return !isDigit(*p);
 }
 
-/// Parses a decimal number of up to 19 digits, eight of them before the point, to the float that
-/// std::from_chars gives, bit by bit. Null where that takes more than one exact step: the exact
-/// parser has to decide.
+/// Parses a decimal number of up to 19 digits, at most eight of them before the point, to the same
+/// float, bit by bit, as std::from_chars. Returns null if that takes more than one exact step: use
+/// the exact parser then.
 inline const char* quickReal(const char* p, float& value) {
     static constexpr std::array<double, 23> powersOfTen = {
         1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
@@ -128,7 +128,7 @@ inline const char* quickReal(const char* p, float& value) {
     const auto exact = static_cast<double>(static_cast<std::int64_t>(digits));
     const double result = exponent < 0 ? exact / powersOfTen[static_cast<std::size_t>(-exponent)]
                                        : exact * powersOfTen[static_cast<std::size_t>(exponent)];
-    // ... and rounding again to single precision errs only from the very middle of two floats.
+    // ... and rounding again to single precision errs only at the exact midpoint of two floats.
     constexpr std::uint64_t droppedBits = (1U << 29U) - 1;
     if ((std::bit_cast<std::uint64_t>(result) & droppedBits) == 1U << 28U) {
         return nullptr;
@@ -137,14 +137,14 @@ inline const char* quickReal(const char* p, float& value) {
     return p;
 }
 
-/// No number is longer than this.
+/// No written number is longer than this.
 inline constexpr std::size_t mostNumberLength = 24;
 
-/// Writes a decimal integer and gives the position behind it.
+/// Writes a decimal integer and returns the position after it.
 char* writeInteger(char* out, std::int32_t value);
 
-/// Writes a number with six significant digits at the most, in general notation and without
-/// trailing zeros, as std::to_chars does, and gives the position behind it.
+/// Writes a number with at most six significant digits, in general notation and without trailing
+/// zeros, as std::to_chars does, and returns the position after it.
 char* writeReal(char* out, float value);
 
 } // namespace korvane

@@ -6,38 +6,38 @@
 
 namespace korvane {
 
-/// What a reading tells beside the model: where things began, and what it left out.
+/// What a reader notes besides the model: where parts begin, and what it leaves out.
 enum class NoteKind : std::uint8_t {
-    TopFrame,     ///< an outermost frame is declared; what an earlier one held is dropped
-    Frame,        ///< a frame is declared within another
-    FrameEnd,     ///< the last frame that is declared and not ended ends
-    TooDeep,      ///< a frame is skipped, as too many are around it
-    Matrix,       ///< the matrix of the frame that has not ended
-    Mesh,         ///< this and the next lists are those of the frame that has not ended
+    TopFrame,     ///< an outermost frame begins; the contents of an earlier one are dropped
+    Frame,        ///< a frame begins within another
+    FrameEnd,     ///< the innermost open frame ends
+    TooDeep,      ///< a frame is skipped because it is nested too deep
+    Matrix,       ///< the matrix of the innermost open frame
+    Mesh,         ///< the mesh of that frame, which the next lists belong to
     MaterialList, ///< the list of slots
     Normals,
     TexCoords,
     VertexColors,
-    ListEnd,         ///< the numbers that are read of the block noted last end here
+    ListEnd,         ///< the numbers read from the block noted last end here
     Material,        ///< a material begins
-    MaterialEnd,     ///< `value` is its place in the material table
-    MaterialName,    ///< a slot that only names a material, and is left out
-    MaterialMissing, ///< a list has fewer materials than it tells, and is closed
+    MaterialEnd,     ///< `value` is its index in the material table
+    MaterialName,    ///< a slot only names a material, and is left out
+    MaterialMissing, ///< a list ends with fewer materials than it announces
     MaterialListEnd, ///< what follows up to the end of the list is left out
     Texture,         ///< a texture block begins
     Animation,       ///< an animation begins, or a section of them
-    AnimationName,   ///< an animation names a frame; `value` is 0 if there is none of that name
-    Keys,            ///< a list of keys begins; `value` is the frame that gets them, in pre-order
-    LeftOut,    ///< a block that nothing is read of begins within what is read; `value` is 1 if
-                ///< a closing brace in the same line does not count
-    PassedOver, ///< a line behind such a block is not looked at, though it opens a block
-    LooseBlock, ///< the same at the top level, where its lines are passed over one by one
+    AnimationName,   ///< an animation names a frame; `value` is 0 if there is no such frame
+    Keys,            ///< a list of keys begins; `value` is the pre-order number of its frame
+    LeftOut,    ///< a nested block begins that is not read; `value` is 1 if a closing brace in the
+                ///< same line does not count
+    PassedOver, ///< the line after such a block is ignored, though it opens a block
+    LooseBlock, ///< a block at the top level that is not read, but skipped line by line
     Unclosed,   ///< the text ends before the frame or animation section is closed
-    EndedEarly, ///< an extraction failed; `value` is the character looked for, 0 for a number
+    EndedEarly, ///< an extraction failed; `value` is the expected character, 0 for a number
 };
 
-/// `left` is how many bytes of the text were left behind the line that is told of. EndedEarly and
-/// ListEnd tell of what these bytes begin with.
+/// `left` is the number of bytes after the line that the note is about. EndedEarly and ListEnd are
+/// about the beginning of those bytes.
 struct ReadNote {
     NoteKind kind = NoteKind::TopFrame;
     std::size_t left = 0;

@@ -11,11 +11,11 @@
 
 namespace korvane {
 
-/// Takes the next piece of a text; false stops the writing.
+/// Takes the next piece of a text; returning false stops the writing.
 using TextSink = std::function<bool(std::string_view)>;
 
-/// Builds a text in large pieces and hands each to a sink, with numbers formatted as a text stream
-/// in the classic locale would by default.
+/// Collects a text and passes it in large pieces to the sink, which must outlive it. Numbers are
+/// formatted as a text stream does by default in the classic locale.
 class TextOutput {
   public:
     explicit TextOutput(const TextSink& sink) : sink_(sink), buffer_(pieceSize) {}
@@ -29,9 +29,9 @@ class TextOutput {
         }
         return *this;
     }
-    /// Ends the line behind some more text.
+    /// Appends some text and ends the line.
     TextOutput& line(std::string_view last = {}) { return text(last).text("\n"); }
-    /// Indents by so many units of three blanks.
+    /// Indents by this many units of three blanks.
     TextOutput& indent(std::size_t units);
     TextOutput& integer(std::int32_t value) {
         makeRoom();
@@ -39,16 +39,16 @@ class TextOutput {
         return *this;
     }
     TextOutput& count(std::size_t value);
-    /// Six significant digits at the most, in general notation, without trailing zeros.
+    /// Writes at most six significant digits, in general notation, without trailing zeros.
     TextOutput& real(float value) {
         makeRoom();
         used_ = static_cast<std::size_t>(writeReal(next(), value) - buffer_.data());
         return *this;
     }
 
-    /// Hands on the rest; false when the sink stopped the writing.
+    /// Passes on the rest; false if the sink stopped the writing.
     bool finish();
-    /// Whether the sink stopped the writing: what follows is dropped.
+    /// Returns true if the sink stopped the writing; all further text is dropped.
     [[nodiscard]] bool stopped() const { return stopped_; }
 
   private:

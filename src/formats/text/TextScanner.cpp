@@ -11,14 +11,14 @@ namespace korvane {
 
 namespace {
 
-/// Steps over a plus sign, which may stand before a digit or a point but not before a minus.
+/// Skips a plus sign, unless a minus follows.
 const char* afterPlus(const char* next, const char* end) {
     const bool plus = next != end && *next == '+' && next + 1 != end && next[1] != '-';
     return plus ? next + 1 : next;
 }
 
-/// The value of a number text that std::from_chars found to be out of range: 0 with its sign when
-/// it is too small, nothing when it is too large.
+/// Returns the value of a number that std::from_chars found to be out of range: 0 with its sign if
+/// it is too small, nullopt if it is too large.
 std::optional<float> outOfRangeValue(std::string_view text) {
     const bool negative = text.front() == '-';
     const std::size_t exponentMark = text.find_first_of("eE");
@@ -32,7 +32,7 @@ std::optional<float> outOfRangeValue(std::string_view text) {
                                      : std::numeric_limits<std::int64_t>::max() / 2;
         }
     }
-    // the power of ten of the first digit that is not 0 decides: no such number is near 1
+    // the power of ten of the first nonzero digit decides, as no such number is near 1
     const std::string_view digits = text.substr(0, exponentMark);
     const std::size_t point = std::min(digits.find('.'), digits.size());
     const std::size_t first = digits.find_first_of("123456789");
@@ -44,7 +44,7 @@ std::optional<float> outOfRangeValue(std::string_view text) {
     return negative ? -0.0F : 0.0F;
 }
 
-/// The position behind the number, or null.
+/// Returns the position after the number, or null.
 const char* parse(const char* next, const char* end, std::int32_t& value) {
     const auto [stop, error] = std::from_chars(afterPlus(next, end), end, value);
     return error == std::errc() ? stop : nullptr;
@@ -63,7 +63,7 @@ const char* parse(const char* next, const char* end, float& value) {
     }
     if (stop < end && (*stop == 'e' || *stop == 'E') &&
         std::string_view(begin, stop).find_first_of("eE") == std::string_view::npos) {
-        return nullptr; // an exponent that was begun and has no digits
+        return nullptr; // an exponent without digits
     }
     if (error == std::errc::result_out_of_range) {
         const auto inRange = outOfRangeValue({begin, stop});
@@ -84,7 +84,7 @@ std::optional<std::string_view> TextScanner::line() {
     }
     auto line = find('\n');
     if (!line) {
-        // the last line has no end
+        // the last line has no line end
         line = std::string_view(next_, inSight());
         next_ = end_;
     } else if (line->ends_with('\r')) {
@@ -101,7 +101,7 @@ std::optional<std::string_view> TextScanner::until(char mark) {
     return text;
 }
 
-/// As until(), but leaves everything in sight where there is no mark.
+/// As until(), but consumes nothing if there is no mark.
 std::optional<std::string_view> TextScanner::find(char mark) {
     std::size_t searched = 0;
     do {
@@ -159,7 +159,7 @@ const char* TextScanner::exactNumber(Number& value) {
 template const char* TextScanner::exactNumber(std::int32_t& value);
 template const char* TextScanner::exactNumber(float& value);
 
-/// Brings so much into sight that no number that begins here is cut off.
+/// Shows enough of the text that no number beginning here is cut off.
 void TextScanner::showWholeNumber() {
     std::size_t length = 0;
     do {

@@ -11,45 +11,45 @@
 
 namespace korvane {
 
-/// Reads lines, numbers and single characters from a text, with the results that formatted stream
-/// extraction in the classic locale would give: numbers and characters skip the white space before
-/// them, a number is the longest text that could be one, and the first extraction that fails ends
-/// the text, so that all later ones fail too. (Unlike a stream a line may be of any length, and
-/// CR LF counts as one line end.)
+/// Reads lines, numbers and single characters from a text, with the results of formatted stream
+/// extraction in the classic locale: numbers and characters skip the white space before them, a
+/// number is the longest text that could be one, and the first extraction that fails ends the text,
+/// so that all later ones fail too. (Unlike in a stream, a line may have any length, and CR LF
+/// counts as one line end.)
 class TextScanner {
   public:
     /// Scans bytes in memory, which must outlive the scanner.
     explicit TextScanner(std::span<const char> bytes)
         : next_(bytes.data()), end_(bytes.data() + bytes.size()) {}
-    /// Scans what passes by in a window, which must outlive the scanner and serve no other. Of
-    /// several copies of a scanner only the one that went furthest can go on.
+    /// Scans a text through a window, which must outlive the scanner and serve no other. Of several
+    /// copies of a scanner, only the one that has read furthest can continue.
     explicit TextScanner(TextWindow& window) : window_(&window) {}
 
-    /// Whether nothing is left, or an extraction failed.
+    /// Returns true if nothing is left, or an extraction failed.
     [[nodiscard]] bool ended() { return next_ == end_ && !more(); }
-    /// The extraction that failed, if one did: how many bytes were left, of which the first could
-    /// not be used, and the character looked for, 0 for a number.
+    /// A failed extraction: the bytes left, the first of which did not fit, and the expected
+    /// character, 0 for a number.
     struct Failure {
         std::size_t left = 0;
         char wanted = 0;
     };
     [[nodiscard]] const std::optional<Failure>& failure() const { return failure_; }
-    /// How many bytes are left: no list that follows can have more elements.
+    /// The number of bytes left: no list that follows can have more elements.
     [[nodiscard]] std::size_t remaining() const {
         return inSight() + (window_ != nullptr ? window_->unread() : 0);
     }
 
-    /// Up to the next line end, which is consumed and not returned; nothing at the end. Valid until
-    /// the next call, as is what until() gives.
+    /// Returns the text up to the next line end, which is consumed; nullopt at the end of the text.
+    /// Like the result of until(), it is valid until the next call.
     std::optional<std::string_view> line();
-    /// Up to the next `mark`, which is consumed and not returned; nothing (and the end of the text)
-    /// when there is none.
+    /// Returns the text up to the next `mark`, which is consumed. Without one, returns nullopt and
+    /// ends the text.
     std::optional<std::string_view> until(char mark);
 
-    /// Consumes and gives the next `count` bytes, or as many as there are. Valid as above.
+    /// Consumes and returns the next `count` bytes, or all that are left. Valid as above.
     std::string_view take(std::size_t count);
 
-    /// Consumes one character, whatever it is; false at the end of the text.
+    /// Skips white space and consumes one character of any kind; false at the end of the text.
     bool separator() {
         skipSpace();
         if (next_ == end_) {
@@ -58,18 +58,17 @@ class TextScanner {
         ++next_;
         return true;
     }
-    /// Extracts a decimal integer. False, and the end of the text, when there is none or 32 bits do
-    /// not hold it; `value` is then unchanged.
+    /// Extracts a decimal integer. If there is none or 32 bits cannot hold it, returns false, ends
+    /// the text and leaves `value` unchanged.
     bool integer(std::int32_t& value) {
         skipSpace();
         const char* stop = reach() ? quickInteger(next_, value) : nullptr;
         return goOn(stop != nullptr ? stop : exactNumber(value));
     }
-    /// Extracts integers, each with a separator behind it (the very end of the text may take the
-    /// last one's place), as unsigned numbers of the same bits. False, and the end of the text,
-    /// when there are fewer.
+    /// Extracts integers as unsigned numbers of the same bits. A separator follows each, except
+    /// that the last may end the text. If there are fewer, returns false and ends the text.
     bool integers(std::span<std::uint32_t> values) {
-        // most stand close together, with just the separator between them
+        // usually only the separator stands between them
         const char* p = next_;
         for (std::uint32_t& value : values) {
             std::int32_t number = 0;
@@ -90,8 +89,8 @@ class TextScanner {
         return true;
     }
     /// Extracts a decimal number, rounded to the nearest float; tiny ones become 0 or a subnormal.
-    /// False, and the end of the text, when there is none or it is too large for a float; `value`
-    /// is then unchanged. "inf", "nan" and hexadecimal notation are no numbers.
+    /// If there is none or it is too large for a float, returns false, ends the text and leaves
+    /// `value` unchanged. "inf", "nan" and hexadecimal notation are not numbers.
     bool real(float& value) {
         skipSpace();
         const char* stop = reach() ? quickReal(next_, value) : nullptr;
@@ -99,10 +98,10 @@ class TextScanner {
     }
 
   private:
-    /// True for all white space (and for other control characters, rightly or not).
+    /// Also true for other control characters, which skipSpaces() then leaves in place.
     static bool isBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
     [[nodiscard]] std::size_t inSight() const { return static_cast<std::size_t>(end_ - next_); }
-    /// Whether the quick parsers can look ahead as far as they need.
+    /// Returns true if the quick parsers can look ahead as far as they need.
     [[nodiscard]] bool reach() {
         return inSight() >= quickNumberReach || (more() && inSight() >= quickNumberReach);
     }
@@ -114,7 +113,7 @@ class TextScanner {
     }
     void skipSpaces();
 
-    /// Goes on behind a number, or to the end of the text where there was none.
+    /// Continues after a number, or ends the text if `stop` is null.
     bool goOn(const char* stop) {
         if (stop == nullptr) {
             fail(0);
@@ -128,7 +127,7 @@ class TextScanner {
     template <class Number>
     const char* exactNumber(Number& value);
     void showWholeNumber();
-    /// Brings more of the text into sight; false at its end.
+    /// Shows more of the text; false at its end.
     bool more();
     void fail(char wanted);
 
