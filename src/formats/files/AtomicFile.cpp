@@ -22,14 +22,14 @@ namespace korvane {
 
 namespace {
 
-/// Where the links that begin at a name lead; nothing when they lead round in a circle.
+/// Follows symbolic links from a name; nullopt if they form a cycle.
 std::optional<QString> linkTarget(QString name) {
     constexpr int mostLinks = 40;
     for (int links = 0; links < mostLinks; ++links) {
         if (!QFileInfo(name).isSymbolicLink()) {
             return name;
         }
-        // ".." in a link counts from where the folder of the link really is
+        // ".." in a link is relative to the real folder of the link
         const QFileInfo folder(QFileInfo(name).path());
         name = QDir(folder.canonicalFilePath()).filePath(QFileInfo(name).fileName());
         name = QFileInfo(name).symLinkTarget();
@@ -48,8 +48,8 @@ bool writeAll(QFile& file, const QByteArray& bytes) {
     return file.seek(0) && file.write(bytes) == bytes.size() && file.resize(bytes.size());
 }
 
-/// Waits until the disk has all of the file: it could refuse some only now. Not all file systems
-/// can tell.
+/// Waits until the whole file is on the disk, which may report an error only now. A file system
+/// that cannot tell counts as success.
 bool reachesDisk([[maybe_unused]] const QFile& file) {
 #ifdef Q_OS_UNIX
     return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
@@ -58,18 +58,18 @@ bool reachesDisk([[maybe_unused]] const QFile& file) {
 #endif
 }
 
-/// Puts a file in another's place, in one step; false where the system cannot.
+/// Renames a file over another in one step; false if the system cannot.
 bool takePlace(const QString& from, const QString& to) {
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
-/// For a file that is there. The new one is nobody else's until it has the rights of the old one.
+/// Replaces an existing file. The new one stays private until it has the rights of the old one.
 bool replaceExisting(const QString& name, const std::function<bool(const TextSink&)>& write) {
     if (!QFileInfo(name).isWritable()) {
         return false;
     }
     QTemporaryFile file(name + QStringLiteral(".XXXXXX"));
-    // Buffered, an error of the last flush would go unnoticed and a cut file would count as saved.
+    // Buffered, the last flush could fail unnoticed, and a truncated file would count as saved.
     const bool made = static_cast<QFile&>(file).open(QIODevice::ReadWrite | QIODevice::Unbuffered);
     const std::optional<FileRights> rights = rightsOf(name);
     if (!made || !rights || !giveRights(file, *rights)) {
@@ -82,7 +82,7 @@ bool replaceExisting(const QString& name, const std::function<bool(const TextSin
         file.setAutoRemove(false);
         return true;
     }
-    // others' files in a shared folder may be written, but not replaced
+    // in a shared folder, files of other users can be written but not replaced
     return overwriteFile(name, write);
 }
 
@@ -106,7 +106,7 @@ bool replaceOrThrow(const QString& fileName, const std::function<bool(const Text
 }
 
 bool replaceOwnOrThrow(const QString& name, const std::function<bool(const TextSink&)>& write) {
-    QTemporaryFile file(name + QStringLiteral(".XXXXXX")); // which only the user may read
+    QTemporaryFile file(name + QStringLiteral(".XXXXXX")); // readable by the user only
     if (!static_cast<QFile&>(file).open(QIODevice::ReadWrite | QIODevice::Unbuffered) ||
         !write(sinkOf(file)) || !takePlace(file.fileName(), name)) {
         return false;
@@ -154,7 +154,7 @@ bool overwriteOrThrow(const QString& fileName, const std::function<bool(const Te
     if (writeAll(file, text) && reachesDisk(file)) {
         return true;
     }
-    writeAll(file, before); // these bytes had room
+    writeAll(file, before); // as this much fitted before
     return false;
 }
 

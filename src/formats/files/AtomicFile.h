@@ -9,27 +9,26 @@
 namespace korvane {
 
 /// Replaces the contents of a file by what `write` puts into its sink, all or nothing: the text
-/// goes into a file beside the target, which takes the target's place at the end. Symbolic links
-/// are followed. Mode, owner, group, access lists and the user's own attributes of the target are
-/// kept. A writable file is overwritten where no other can be made, have its rights or take its
-/// place. Devices and pipes are refused. False on failure, with the old file as it was; nothing is
-/// thrown.
+/// goes into a new file beside the target, which is renamed over the target at the end. Follows
+/// symbolic links. Keeps mode, owner, group, access lists and the user's own attributes of the
+/// target. Overwrites a writable target in place if a new file cannot be made, given the same
+/// rights or renamed. Refuses devices and pipes. Returns false on failure, with the old contents
+/// kept; does not throw.
 bool replaceFile(const QString& fileName, const std::function<bool(const TextSink&)>& write);
 
-/// The same for a file that is there and keeps its place: the new contents are written over the old
-/// ones, which are written back when that fails.
+/// The same for an existing file, which is overwritten in place. If that fails, the old contents
+/// are written back.
 bool overwriteFile(const QString& fileName, const std::function<bool(const TextSink&)>& write);
 
-/// The same for a file of the program's own, which is for its user alone. It takes its place in one
-/// step or not at all, and nobody waits for the disk: it outlives the program, but maybe not the
-/// machine.
+/// The same for a file of the program's own, readable by its user only. It is replaced in one step,
+/// without waiting for the disk: it survives the end of the program, but maybe not a system crash.
 bool replaceOwnFile(const QString& fileName, const std::function<bool(const TextSink&)>& write);
 
-/// How the making of a new file ended.
+/// The outcome of makeFile().
 enum class MadeFile { Done, NameTaken, Failed };
 
-/// Makes a file where there is none of that name, with the rights of another as far as the system
-/// gives them, else for the user alone. Nothing is left of one that fails.
+/// Makes a new file with the rights of `rightsFrom`, as far as the system grants them, otherwise
+/// for the user only. Never replaces a file, and leaves nothing behind on failure.
 MadeFile makeFile(const QString& fileName, const QString& rightsFrom,
                   const std::function<bool(const TextSink&)>& write);
 

@@ -9,20 +9,20 @@
 
 namespace korvane {
 
-/// The bytes of an array, valid as long as it stays as it is.
+/// Returns a view of the array's bytes, valid until the array changes.
 inline std::span<const std::uint8_t> bytesOf(const QByteArray& data) {
     return {reinterpret_cast<const std::uint8_t*>(data.constData()),
             static_cast<std::size_t>(data.size())};
 }
 
-/// The number in four bytes, the lowest first.
+/// Returns the number in four little-endian bytes.
 inline std::uint32_t littleEndian32At(std::span<const std::uint8_t, 4> bytes) {
     return bytes[0] | std::uint32_t{bytes[1]} << 8U | std::uint32_t{bytes[2]} << 16U |
            std::uint32_t{bytes[3]} << 24U;
 }
 
-/// Reads the bytes of a picture or a clipboard block one after the other. Past the end it gives
-/// zeros; check remaining() where that matters.
+/// Reads the bytes of a picture or a clipboard block in sequence. Returns zeros past the end; check
+/// remaining() where that matters.
 class ByteReader {
   public:
     explicit ByteReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
@@ -53,7 +53,7 @@ class ByteReader {
         const std::uint32_t high = bigEndian16();
         return high << 16U | bigEndian16();
     }
-    /// The next bytes, fewer where the end comes first.
+    /// Returns the next bytes, or fewer at the end.
     std::span<const std::uint8_t> take(std::size_t count) {
         const auto taken = bytes_.first(std::min(count, bytes_.size()));
         bytes_ = bytes_.subspan(taken.size());

@@ -6,7 +6,7 @@ namespace korvane {
 
 namespace {
 
-/// The same on every machine: the lowest byte first.
+/// Reads the lowest byte first, for the same sums on every machine.
 std::uint64_t wordOf(const std::uint8_t* bytes) {
     std::uint64_t word = 0;
     for (unsigned i = 0; i < 8; ++i) {
@@ -15,7 +15,7 @@ std::uint64_t wordOf(const std::uint8_t* bytes) {
     return word;
 }
 
-/// A word that differs in any bit gives another sum, as each of these steps can be taken back.
+/// Every step can be undone, so words that differ in any bit lead to different sums.
 std::uint64_t mixed(std::uint64_t sum, std::uint64_t word) {
     constexpr std::uint64_t odd = 0x9e3779b97f4a7c15U;
     sum = (sum ^ word) * odd;
@@ -43,7 +43,7 @@ void Checksum::add(std::span<const std::uint8_t> bytes) {
 }
 
 void Checksum::addBlocks(std::span<const std::uint8_t> blocks) {
-    // sums of their own: none waits for the step of another
+    // independent sums, so that no step waits for another
     std::array<std::uint64_t, sums> sum = sums_;
     for (std::size_t at = 0; at < blocks.size(); at += blockSize) {
         for (std::size_t i = 0; i < sums; ++i) {

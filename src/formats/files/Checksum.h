@@ -8,8 +8,8 @@
 
 namespace korvane {
 
-/// A number that differs for different bytes, whatever pieces they come in. Made for speed: it
-/// finds accidents, no forgeries.
+/// A checksum of bytes, whatever pieces they come in. Made for speed: it detects accidental
+/// changes, not forgeries.
 class Checksum {
   public:
     void add(std::span<const std::uint8_t> bytes);
@@ -17,7 +17,7 @@ class Checksum {
         add(std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()));
     }
     [[nodiscard]] std::uint64_t value() const;
-    /// How many bytes there were.
+    /// The number of bytes added.
     [[nodiscard]] std::uint64_t size() const { return size_; }
 
   private:
@@ -29,11 +29,11 @@ class Checksum {
 
     std::array<std::uint64_t, sums> sums_{};
     std::uint64_t size_ = 0;
-    /// The bytes that are not yet a whole block.
+    /// The bytes that do not yet fill a block.
     std::array<std::uint8_t, blockSize> rest_{};
 };
 
-/// The number of bytes that are there at once.
+/// Returns the checksum of bytes that are all available at once.
 inline std::uint64_t checksumOf(std::span<const std::uint8_t> bytes) {
     Checksum sum;
     sum.add(bytes);

@@ -19,7 +19,7 @@ namespace {
 
 using Attributes = std::map<QByteArray, QByteArray>;
 
-/// Calls for a size, then for so many bytes; nothing where that fails or the size has changed.
+/// Asks for the size, then for that many bytes; nullopt if a call fails or the size has changed.
 template <class Call>
 std::optional<QByteArray> bytesFrom(Call call) {
     const ssize_t size = call(nullptr, 0);
@@ -33,7 +33,7 @@ std::optional<QByteArray> bytesFrom(Call call) {
     return bytes;
 }
 
-// The system's calls for a file by its name (which need no right to read it) and for an open one.
+// System calls for a file by name, which need no permission to read it, and for an open file.
 
 int status(const char* file, struct stat& found) {
     return ::stat(file, &found);
@@ -63,7 +63,7 @@ std::optional<Attributes> attributesOf(File file) {
     }
     Attributes attributes;
     for (const QByteArray& name : names->split('\0')) {
-        // the others are the system's: it gives a new file those that are due
+        // the system gives a new file its other attributes
         if (name.startsWith("user.") || name.startsWith("system.")) {
             const auto value = bytesFrom([&](char* space, std::size_t size) {
                 return getAttribute(file, name.constData(), space, size);
@@ -99,19 +99,19 @@ std::optional<FileRights> rightsOf(const QString& fileName) {
 }
 
 bool giveRights(QFile& file, const FileRights& wanted) {
-    // not by its name, under which there may be another file by now
+    // by handle, as the name may lead to another file by now
     const int handle = file.handle();
     const auto before = rights(handle);
     if (!before) {
         return false;
     }
-    // Nobody else gets in before all is set: the mode, which a new owner or list changes, is last.
+    // The mode is last: a new owner or access list changes it, and nobody else may get in early.
     const bool sameOwner = before->owner == wanted.owner && before->group == wanted.group;
     if (!sameOwner && ::fchown(handle, wanted.owner, wanted.group) != 0) {
         return false;
     }
     for (const auto& [name, value] : before->attributes) {
-        // a folder may give lists to the files that are made in it
+        // files may inherit access lists from their folder
         if (!wanted.attributes.contains(name) && ::fremovexattr(handle, name.constData()) != 0) {
             return false;
         }

@@ -11,7 +11,7 @@ class QFile;
 
 namespace korvane {
 
-/// Who may do what with a file, and what its owner has noted about it.
+/// Permissions, ownership and attributes of a file.
 struct FileRights {
     std::uint32_t mode = 0;
     std::uint32_t owner = 0;
@@ -22,11 +22,11 @@ struct FileRights {
     bool operator==(const FileRights&) const = default;
 };
 
-/// The rights of a file; nothing where they cannot be told.
+/// Returns the rights of a file; nullopt if they cannot be read.
 std::optional<FileRights> rightsOf(const QString& fileName);
 
-/// Gives an open file the same rights as another has. False where the system does not let it have
-/// them all; it may then have some.
+/// Gives an open file the rights of another. Returns false if the system refuses some of them; the
+/// file may then have the others.
 bool giveRights(QFile& file, const FileRights& wanted);
 
 } // namespace korvane

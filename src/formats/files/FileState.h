@@ -9,25 +9,25 @@ class QFile;
 
 namespace korvane {
 
-/// What a system tells of a file that changes when somebody writes it.
+/// Metadata that changes when a file is written.
 struct FileStamp {
     std::uint64_t device = 0;
-    std::uint64_t number = 0; ///< of the file on its device
+    std::uint64_t number = 0; ///< inode
     std::int64_t size = 0;
-    std::int64_t time = 0; ///< nanoseconds
+    std::int64_t time = 0; ///< of the last change, in nanoseconds
 
     bool operator==(const FileStamp&) const = default;
 };
 
-/// The stamp of a file; nothing where there is none, or what is there is no file.
+/// Returns the stamp of a file; nullopt if there is no regular file of that name.
 std::optional<FileStamp> stampOf(const QString& fileName);
-/// The same of an open file, whatever its name leads to by now.
+/// The same for an open file; on Linux, even if its name leads to another one by now.
 std::optional<FileStamp> stampOf(const QFile& file);
 
-/// A file as it was when it was read or written.
+/// The state of a file when it was last read or written.
 struct FileState {
     FileStamp stamp;
-    std::optional<std::uint64_t> contents; ///< the checksum of its bytes, if they are known
+    std::optional<std::uint64_t> contents; ///< the checksum of its bytes, if known
 };
 
 } // namespace korvane

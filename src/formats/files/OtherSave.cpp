@@ -11,8 +11,7 @@ namespace korvane {
 
 namespace {
 
-/// Hands a file's bytes on, piece by piece; false where they cannot be read to their end or are not
-/// taken.
+/// Passes a file's bytes to the sink in pieces; false if reading fails or the sink refuses them.
 bool passOn(const QString& fileName, const TextSink& sink) {
     constexpr qint64 pieceSize = 1 << 18;
     QFile file(fileName);
@@ -31,7 +30,7 @@ bool passOn(const QString& fileName, const TextSink& sink) {
     }
 }
 
-/// Whether the file holds the same bytes as it did.
+/// Returns true if the file still has this checksum.
 bool holds(const QString& fileName, const std::optional<std::uint64_t>& contents) {
     Checksum sum;
     const bool read = contents && passOn(fileName, [&sum](std::string_view piece) {

@@ -8,21 +8,21 @@
 
 namespace korvane {
 
-/// What became of what another program has saved under a model's name.
+/// What has become of a file that another program saved under a model's name.
 struct OtherSave {
     enum class Fate {
-        None,    ///< no other program has saved anything there
-        Kept,    ///< it stands beside the file
-        NotKept, ///< it cannot be kept
+        None,    ///< no other program has saved there
+        Kept,    ///< it was copied beside the file
+        NotKept, ///< it could not be copied
     };
     Fate fate = Fate::None;
-    QString keptAs;                ///< the file that it is kept in
-    std::optional<FileState> file; ///< the model's file, whose bytes are those that were kept
+    QString keptAs;                ///< the name of the copy
+    std::optional<FileState> file; ///< the model's file, with the checksum of the copied bytes
 };
 
-/// A file is about to be written over, which was `known` when it was read or written last. Where it
-/// is there and holds other bytes now, another program has saved them: they are kept beside it
-/// under its name with "~", or "~2" and so on where that is taken.
+/// Call before overwriting a file, with its state when it was last read or written. If it has other
+/// contents now, or `known` is nullopt, another program has saved them: they are copied beside it,
+/// to its name with "~", or "~2" and so on if that is taken.
 OtherSave keepOtherSave(const QString& fileName, const std::optional<FileState>& known);
 
 } // namespace korvane
