@@ -9,24 +9,24 @@
 
 namespace korvane {
 
-// Every decoder refuses what it cannot decode, what memory cannot hold or what has more pixels than
-// it is told. It allocates no picture that the bytes at hand could not fill, but for small ones of
-// the formats whose runs may leave pixels out.
+// Every decoder refuses what it cannot decode, what does not fit into memory and what has more than
+// `mostPixels`. It allocates no picture that the given bytes could not fill, except small ones of
+// the formats whose runs may skip pixels.
 
-/// The pixels that the pictures of one reading may have together; past that, memory counts as not
-/// to be had.
+/// The most pixels that the pictures of one reading may have together; beyond that, they count as
+/// too large for the memory.
 inline constexpr std::size_t mostPicturePixels = std::size_t{256} << 20U;
-/// The pixels of one picture that is packed in its file (as runs): few bytes can claim many.
+/// The most pixels of one run-length encoded picture, in which a few bytes can claim many.
 inline constexpr std::size_t mostPackedPixels = std::size_t{64} << 20U;
 
 /// A picture decoded from bytes, or the reason why there is none.
 struct DecodedTexture {
-    TextureImage image;    ///< the 1 x 1 image where there is no picture
-    std::string refusal;   ///< a few words that end a sentence; empty where there is a picture
-    bool tooLarge = false; ///< refused for its size alone: allowed more pixels it might be decoded
+    TextureImage image;    ///< the 1 x 1 image if there is no picture
+    std::string refusal;   ///< a few words that end a sentence; empty if there is a picture
+    bool tooLarge = false; ///< refused for its size alone: a higher limit might admit it
 };
 
-/// Thrown by decoders, within them only.
+/// Thrown and caught within decoders only.
 class TextureRefusal : public std::runtime_error {
   public:
     explicit TextureRefusal(const std::string& reason, bool tooLarge = false)
@@ -39,7 +39,7 @@ class TextureRefusal : public std::runtime_error {
 
 inline constexpr char tooManyPixels[] = "it has too many pixels";
 
-/// Refuses a picture of no pixels, or of more than are allowed.
+/// Refuses a picture without pixels, or with more than are allowed.
 inline void checkPixels(std::size_t pixels, std::size_t mostPixels) {
     if (pixels == 0) {
         throw TextureRefusal("it has no pixels");
@@ -49,7 +49,7 @@ inline void checkPixels(std::size_t pixels, std::size_t mostPixels) {
     }
 }
 
-/// What `decode` gives, or the reason that it throws.
+/// Returns the result of `decode`, or the reason that it throws.
 template <class Decode>
 DecodedTexture decodedOrRefused(Decode decode) {
     try {

@@ -111,7 +111,7 @@ void PicDecoder::readRow(std::span<Rgba8> row, ChannelMask mask) {
     }
 }
 
-/// Reads a byte for each channel of the mask, as far as there are any.
+/// Reads a byte for each channel of the mask, while there are any.
 void PicDecoder::readPixel(Rgba8& pixel, ChannelMask mask) {
     const auto read = [&](ChannelMask channel, std::uint8_t& value) {
         if ((mask & channel) != 0 && in_.remaining() > 0) {

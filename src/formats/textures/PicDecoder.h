@@ -8,8 +8,8 @@
 
 namespace korvane {
 
-/// A Softimage PIC picture. Where its data breaks off, the rest stays opaque white, unless so much
-/// is missing that the longest runs could not make up for it.
+/// Decodes a Softimage PIC picture. If its data is cut short, the missing pixels are opaque white;
+/// it is refused if even the longest runs could not fill the picture.
 DecodedTexture decodePic(std::span<const std::uint8_t> bytes,
                          std::size_t mostPixels = mostPicturePixels);
 

@@ -13,9 +13,9 @@ namespace korvane {
 
 namespace {
 
-/// How many pixels are believed of the bytes of a bitmap file at the most: its rows have so many
-/// bits a pixel, or runs of up to 255 equal pixels in two bytes. Runs can also leave out any number
-/// of pixels, which is believed up to a small picture.
+/// Returns the most pixels that a bitmap file of these bytes may claim: its rows have a fixed
+/// number of bits a pixel, or runs of up to 255 equal pixels in two bytes. Runs can also skip any
+/// number of pixels, which is accepted for small pictures.
 std::size_t crediblePixels(std::span<const std::uint8_t> bytes) {
     constexpr std::uint32_t oldHeaderSize = 12;
     constexpr std::size_t pixelsPerRunByte = 128;
@@ -31,7 +31,7 @@ std::size_t crediblePixels(std::span<const std::uint8_t> bytes) {
                 : bytes.size() * 8 / bitsPerPixel;
 }
 
-/// While it lives Qt decodes no picture larger than the largest icon, 256 x 256.
+/// While it exists, Qt decodes pictures of up to 1 MB: the largest icon, 256 x 256, fits.
 class IconSizeLimit {
   public:
     IconSizeLimit() { QImageReader::setAllocationLimit(1); }
@@ -43,7 +43,7 @@ class IconSizeLimit {
     int before_ = QImageReader::allocationLimit(); ///< megabytes
 };
 
-/// Row by row, so that no second picture of the same size is needed in between.
+/// Copies row by row, which needs no second picture of the same size.
 TextureImage copyOf(const QImage& picture) {
     TextureImage image;
     image.width = picture.width();
@@ -75,8 +75,8 @@ TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> by
     if (pixels > crediblePixels(bytes)) {
         throw TextureRefusal("it has more pixels than its bytes can tell");
     }
-    // decoded into memory of ours, which unlike that of the reader is no left-over where the file
-    // sets no pixels, and is not limited in size
+    // decoded into memory of our own: unlike the reader's, it is defined where the file sets no
+    // pixels, and not limited in size
     QImage picture(static_cast<int>(width), static_cast<int>(height), reader.imageFormat());
     picture.fill(0);
     if (!reader.read(&picture)) {

@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-/// A picture that Qt reads: `format` is "BMP" or "ICO" and is not guessed. Alpha is 255.
+/// Decodes a picture with Qt: `format` is "BMP" or "ICO" and is not guessed. Alpha is 255.
 DecodedTexture decodeWithQt(std::span<const std::uint8_t> bytes, const char* format,
                             std::size_t mostPixels = mostPicturePixels);
 

@@ -28,7 +28,7 @@ constexpr Decoder decoders[] = {
     {".ICO", [](auto bytes, std::size_t most) { return decodeWithQt(bytes, "ICO", most); }},
 };
 
-/// The decoder for the extension, or null.
+/// Returns the decoder for the extension, or null.
 const Decoder* decoderOf(const QString& extension) {
     const QString upper = extension.toUpper();
     const auto* found =

@@ -10,12 +10,12 @@
 
 namespace korvane {
 
-/// Decodes the bytes of a picture by the extension of its file's name, with the dot and in any
-/// case. The bytes are never looked at to guess another kind.
+/// Decodes a picture. Its kind follows from the extension of its file name (with the dot, in any
+/// case), never from its bytes.
 DecodedTexture decodeTexture(std::span<const std::uint8_t> bytes, const QString& extension,
                              std::size_t mostPixels = mostPicturePixels);
 
-/// The same for a file, which folders and devices are not.
+/// The same for a file; refuses folders and devices.
 DecodedTexture decodeTextureFile(const QString& fileName,
                                  std::size_t mostPixels = mostPicturePixels);
 

@@ -13,7 +13,7 @@ namespace korvane {
 
 namespace {
 
-/// Whether there is a file of that name; folders and devices are none.
+/// Returns true for a file, false for folders and devices.
 bool isFile(const QString& name) {
     return QFileInfo(name).isFile();
 }
@@ -52,7 +52,7 @@ TextureOutcome TextureLoader::outcome(const FoundTexture& found) {
     return outcome;
 }
 
-/// The pixels of a file count once, whatever names lead to it.
+/// The pixels of a file count once, however many names lead to it.
 std::size_t TextureLoader::allowedFor(const TextureFile& file) const {
     return counted_.contains(file.path) ? mostPicturePixels : pixelsLeft_;
 }
@@ -81,7 +81,7 @@ std::optional<FoundTexture> TextureLoader::locate(const QString& name) {
     return std::nullopt;
 }
 
-/// The model names no extension: that the file has it in small letters is no other spelling.
+/// A lower-case extension is no other spelling if the model names none.
 FoundTexture TextureLoader::withSmallExtension(FoundTexture found, const QString& name) const {
     if (found.spelling == TextureSpelling::OtherCase) {
         QString separated = name;

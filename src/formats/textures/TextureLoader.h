@@ -15,19 +15,19 @@
 
 namespace korvane {
 
-/// The textures that nothing is seen of, by name, each once and in the order they were asked for.
+/// The names of textures that are not shown, each once and in the order of loading.
 struct UnseenTextures {
     std::vector<std::string> notFound;
-    std::vector<std::string> notShown; ///< there is a file, but no picture was made of it
+    std::vector<std::string> notShown; ///< the file exists, but was not decoded
 };
 
-/// Which spelling of a texture's name leads to its file. Only the first is sure to do so
-/// everywhere.
+/// The spelling of a texture's name that led to its file. Other programs are only sure to find the
+/// first.
 enum class TextureSpelling {
     AsNamed,     ///< the name itself
     Backslashes, ///< with backslashes as separators
-    OtherCase,   ///< with other capitals, and backslashes as separators
-    PlainName,   ///< what follows the last separator
+    OtherCase,   ///< in other letter case, with backslashes as separators
+    PlainName,   ///< the part after the last separator
 };
 
 struct FoundTexture {
@@ -36,31 +36,31 @@ struct FoundTexture {
 };
 
 /// Finds and decodes the textures that a model names. Each name is looked up once, each file
-/// decoded once and its image shared, whatever names lead to it. Use one for each reading: the
-/// pictures that it makes have together no more than so many pixels.
+/// decoded once and its image shared, whatever names lead to it. Use one loader for each reading:
+/// the total number of pixels is limited.
 class TextureLoader {
   public:
-    /// `modelFolder` is where the model file stands; it may be empty. Without a store, which
-    /// readings of several models can share, the loader has its own.
+    /// `modelFolder` is the folder of the model file; it may be empty. A store can be shared by the
+    /// readings of several models; without one, the loader makes its own.
     explicit TextureLoader(QString modelFolder, std::size_t mostPixels = mostPicturePixels,
                            std::shared_ptr<TextureStore> store = nullptr);
 
-    /// The image of a texture as the model names it; the 1 x 1 image where there is no such file
-    /// or none that can be decoded.
+    /// Returns the image of a texture as the model names it; the 1 x 1 image if there is no such
+    /// file or it cannot be decoded.
     std::shared_ptr<const TextureImage> load(const std::string& name);
 
     [[nodiscard]] const QString& folder() const { return folder_; }
 
-    /// Those of the textures loaded so far that are but the 1 x 1 image.
+    /// The textures loaded so far for which there is only the 1 x 1 image.
     [[nodiscard]] const UnseenTextures& unseen() const { return unseen_; }
 
-    /// The file that a name stands for. It is looked for as named, then beside the model, then both
-    /// ways with backslashes as separators, then beside the model in any case, at last there by
-    /// what follows the last separator. A name without extension stands for the first of .PIC, .TGA
-    /// and .BMP that exists.
+    /// Finds the file that a name stands for: as named, beside the model, both again with
+    /// backslashes as separators, then from the model's folder (or the root, if absolute) in any
+    /// letter case, and last in that folder by the part after the last separator. A name without
+    /// extension stands for the first of .PIC, .TGA and .BMP that exists.
     std::optional<FoundTexture> locate(const QString& name);
     std::optional<QString> find(const QString& name);
-    /// What loading the file comes to, without its picture.
+    /// Returns the outcome of loading the file, without the picture.
     TextureOutcome outcome(const FoundTexture& found);
 
   private:
@@ -73,14 +73,14 @@ class TextureLoader {
     QString folder_;
     std::size_t pixelsLeft_;
     std::unordered_map<std::string, std::shared_ptr<const TextureImage>> byName_;
-    QSet<QString> counted_; ///< the files whose pixels are counted, by canonical path
+    QSet<QString> counted_; ///< the files already counted, by canonical path
     std::shared_ptr<TextureStore> store_;
     UnseenTextures unseen_;
 };
 
-/// Decodes a file by its extension; the 1 x 1 image where that cannot be done.
+/// Decodes a file by its extension; returns the 1 x 1 image on failure.
 TextureImage loadTextureFile(const QString& fileName, std::size_t mostPixels = mostPicturePixels);
-/// The same, to be shared; the one blank image where it cannot be done. Never null.
+/// The same for sharing; returns the one blank image on failure. Never null.
 std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName,
                                                       std::size_t mostPixels = mostPicturePixels);
 

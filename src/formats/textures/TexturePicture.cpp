@@ -9,7 +9,7 @@ QImage imageOf(const TextureImage& texture) {
 }
 
 QImage texturePicture(const TextureImage& texture) {
-    // the opposite of premultiplied: the colours stay as they are when the alpha is left out
+    // not premultiplied: dropping the alpha leaves the colours as they are
     return imageOf(texture).convertToFormat(QImage::Format_RGB32);
 }
 

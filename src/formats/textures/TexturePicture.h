@@ -6,10 +6,10 @@
 
 namespace korvane {
 
-/// The pixels as a picture that uses their memory: valid as long as the texture stays as it is.
+/// Returns a picture that shares the texture's pixels; valid until the texture changes.
 QImage imageOf(const TextureImage& texture);
 
-/// A picture of the texture with each pixel copied, opaque as the texture is shown in dialogs.
+/// Returns an opaque copy of the texture, as dialogs show it.
 QImage texturePicture(const TextureImage& texture);
 
 } // namespace korvane

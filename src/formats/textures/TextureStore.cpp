@@ -10,7 +10,7 @@ namespace korvane {
 
 namespace {
 
-/// A picture that is known to have more pixels than are allowed counts as one that cannot be had.
+/// A picture with more pixels than allowed counts as refused.
 TextureOutcome limited(const TextureOutcome& outcome, std::size_t mostPixels) {
     return outcome.pixels <= mostPixels
                ? outcome

@@ -14,47 +14,47 @@
 
 namespace korvane {
 
-/// What became of a texture file.
+/// The outcome of decoding a texture file.
 struct TextureOutcome {
     std::size_t pixels = 0;  ///< of its picture
     std::int32_t width = 0;  ///< likewise
     std::int32_t height = 0; ///< likewise
-    std::string refusal;     ///< why there is no picture, as DecodedTexture has it; else empty
+    std::string refusal;     ///< as in DecodedTexture
     bool tooLarge = false;
 };
 
 /// A texture's file.
 struct TextureFile {
-    QString name; ///< as it was found, which tells its kind
-    QString path; ///< the canonical one, which tells it from others
+    QString name; ///< as found; its extension tells the kind
+    QString path; ///< canonical; identifies the file
 };
 
-/// What readings of many models in one run share: what became of each texture file, and the names
-/// in each folder, which is listed once. Files that change meanwhile go unnoticed, and so does a
-/// folder whose name comes to stand for another one.
+/// Shared by the readings of many models in one run: decodes each texture file once, and lists each
+/// folder once. Does not notice files that change meanwhile, nor a folder whose name comes to lead
+/// to another one.
 class TextureStore {
   public:
-    /// Keeps pictures of so many pixels for models to come; beyond that only what came of a file.
+    /// Keeps pictures up to this many pixels in all for later models; of others, only the outcome.
     explicit TextureStore(std::size_t keptPixels = 0) : keptPixelsLeft_(keptPixels) {}
 
-    /// What comes of a file where no more pixels are allowed. Decodes it only if that is not known.
+    /// Returns the outcome with this pixel limit; decodes the file only if it is not yet known.
     TextureOutcome outcome(const TextureFile& file, std::size_t mostPixels);
-    /// The picture as well; the blank image where there is none. Never null. Decodes the file anew
-    /// where its picture was neither kept nor is used any more.
+    /// Returns the picture, or the blank image if there is none. Never null. Decodes the file again
+    /// if its picture was not kept and is no longer in use.
     std::shared_ptr<const TextureImage> image(const TextureFile& file, std::size_t mostPixels);
 
-    /// The names in a folder by their case-folded form; valid until another folder is asked for.
+    /// Returns the names in a folder by case-folded form; valid until the next call for another.
     const QHash<QString, QString>& entries(const QString& folder);
 
   private:
     struct Entry {
         TextureOutcome outcome;
-        std::size_t allowed = 0; ///< the most pixels that it was decoded with
+        std::size_t allowed = 0; ///< the pixel limit that it was decoded with
         std::weak_ptr<const TextureImage> image;
     };
 
     std::shared_ptr<const TextureImage> decode(const TextureFile& file, std::size_t mostPixels);
-    /// Null where nothing is known of the file that holds for this many pixels.
+    /// Returns null if nothing is known of the file for this pixel limit.
     const Entry* known(const QString& path, std::size_t mostPixels) const;
 
     std::size_t keptPixelsLeft_;

@@ -11,7 +11,7 @@ namespace korvane {
 
 namespace {
 
-/// A five-bit channel as a byte.
+/// Scales a five-bit channel to a byte.
 std::uint8_t fromFiveBits(int value) {
     return static_cast<std::uint8_t>(value * 255 / 31);
 }

@@ -8,8 +8,8 @@
 
 namespace korvane {
 
-/// A Truevision TGA picture, uncompressed, with 16, 24 or 32 bits a pixel. The fourth byte of a
-/// pixel is ignored: alpha is 255.
+/// Decodes a Truevision TGA picture: true colour, uncompressed, with 16, 24 or 32 bits a pixel. The
+/// fourth byte of a pixel is ignored: alpha is 255.
 DecodedTexture decodeTga(std::span<const std::uint8_t> bytes,
                          std::size_t mostPixels = mostPicturePixels);
 
