@@ -10,8 +10,8 @@ bool holds(std::string_view name, std::string_view text) {
     return name.find(text) != std::string_view::npos;
 }
 
-/// Whether "__" ends the name too early, where there is none in the name itself: the last "_"
-/// of the name and the two of the suffix are three, and the first two of them count.
+/// Returns true if the name's last "_" and the suffix's "__" end the name one character early.
+/// (Only asked if the name itself has no "__".)
 bool runsIntoSuffix(std::string_view name, const NameUse& use) {
     const std::size_t least = use.animated ? 1 : 2;
     return use.flags && name.size() >= least && name.back() == '_';
@@ -46,8 +46,7 @@ QString lostNameReason(std::string_view name, const NameUse& use) {
     if (holds(name, "\n")) {
         return QStringLiteral("holds the end of a line");
     }
-    // the first character of a declaration belongs to the name whatever it is; an animation has
-    // no such rule
+    // in a declaration, the first character always belongs to the name; in an animation it does not
     const std::string_view ends = name.substr(use.animated ? 0 : 1);
     if (ends.find_first_of(" \t") != std::string_view::npos) {
         return QStringLiteral("holds a blank");
@@ -64,14 +63,14 @@ QString lostNameReason(std::string_view name, const NameUse& use) {
     if (runsIntoSuffix(name, use)) {
         return QStringLiteral("ends in \"_\" and the frame has flags");
     }
-    // keywords are found anywhere in a line; that of the frame itself is the first in its own
+    // keywords are found anywhere in a line; in its own declaration, the frame's comes first
     if (use.mesh && holds(name, "frame")) {
         return QStringLiteral("holds \"frame\" and the frame has a mesh");
     }
     if (!use.root && holds(name, "frametransformmatrix")) {
         return QStringLiteral("holds \"frametransformmatrix\"");
     }
-    // a line with "template" is passed over only where the root is looked for
+    // lines with "template" are skipped only at the top level
     if (use.root && holds(name, "template")) {
         return QStringLiteral("holds \"template\" and the frame is the outermost");
     }

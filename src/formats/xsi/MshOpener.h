@@ -7,15 +7,15 @@
 
 namespace korvane {
 
-/// How the opening of a binary mesh file ended.
+/// The outcome of opening a binary mesh file.
 struct MshOutcome {
     ReadStatus status = ReadStatus::Missing; ///< Done, Missing or CannotOpen
     QString saveFailed;                      ///< the file that could not be written, if any
 };
 
-/// "Opens" a file of the game's binary mesh format for a new document. The format is not decoded:
-/// when the file can be opened, the empty model is written as "loaded.xsi" into the current folder.
-/// Sets NeverSaved and, when the file cannot be opened, the FileName "Untitled".
+/// "Opens" a file of the game's binary mesh format for a new document, without decoding it: if it
+/// can be opened, saves the empty model as "loaded.xsi" in the current folder. Sets NeverSaved
+/// unless the file is missing, and the FileName "Untitled" if it cannot be opened.
 MshOutcome FileOpenMSH(const QString& fileName, ModelDocument& document);
 
 } // namespace korvane

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view framePrefix = "frm-";
 
-/// The name behind the prefix, up to a blank, a closing brace or the flag suffix.
+/// Returns the name after the prefix, up to a blank, a closing brace or the flag suffix.
 std::string_view referencedName(std::string_view line) {
     const std::string_view rest = line.substr(line.find(framePrefix) + framePrefix.size());
     return rest.substr(0, std::min(rest.find_first_of(" \t}"), rest.find("__")));
@@ -24,7 +24,7 @@ std::string_view referencedName(std::string_view line) {
 
 void XsiAnimationReader::forgetFrames() {
     target_ = {&root_};
-    framesByName_ = {}; // clearing would keep, and walk over, all the buckets it ever had
+    framesByName_ = {}; // clear() would keep and visit every bucket
     lastFrame_ = {};
 }
 
@@ -42,7 +42,7 @@ void XsiAnimationReader::readSection() {
     lines_.note(NoteKind::Unclosed);
 }
 
-/// Skips the block that the current line opens, if it does, and goes on to the line behind it.
+/// If the current line opens a block, skips it and reads the line after it.
 void XsiAnimationReader::skipUnknownBlock() {
     if (lines_.holds('{')) {
         lines_.note(NoteKind::LeftOut, 1);
@@ -72,8 +72,8 @@ void XsiAnimationReader::readAnimation() {
     }
 }
 
-/// Makes the frame that the current line names the target; an unknown name makes it the last frame
-/// of the tree, deliberately.
+/// Makes the frame that the current line names the target. For an unknown name that is the last
+/// frame of the tree, deliberately.
 void XsiAnimationReader::chooseTarget() {
     if (lastFrame_.frame == nullptr) {
         for (FrameWalk walk(root_); !walk.done(); walk.next()) {

@@ -9,13 +9,13 @@
 
 namespace korvane {
 
-/// Reads animation sections and hands their keys to the frames they name.
+/// Reads animation sections and adds their keys to the frames that they name.
 class XsiAnimationReader {
   public:
     XsiAnimationReader(LineReader& lines, FrameRecord& root)
         : lines_(lines), root_(root), target_{&root} {}
 
-    /// Tells that the frames were replaced: nothing of the old tree may be looked at any more.
+    /// Call when the frames are replaced: drops all pointers into the old tree.
     void forgetFrames();
     /// Reads one section; the current line is the one that opens it.
     void readSection();

@@ -8,7 +8,7 @@ namespace korvane {
 
 namespace {
 
-/// Takes the flags from the letters behind "__", up to a blank or an opening brace.
+/// Sets the flags from the letters after "__", up to a blank or an opening brace.
 void parseFlags(std::string_view letters, FrameDeclaration& declaration) {
     for (const char letter : letters.substr(0, letters.find_first_of(" \t{"))) {
         declaration.emissive = declaration.emissive || letter == 'e';
@@ -27,7 +27,7 @@ FrameDeclaration parseFrameDeclaration(std::string_view line) {
     if (start >= line.size()) {
         return declaration;
     }
-    // the first character belongs to the name whatever it is
+    // the first character always belongs to the name
     const std::size_t end = std::min(line.find_first_of(" \t{", start + 1), line.size());
     const std::size_t suffix = std::min(line.find("__", start + 1), end);
     declaration.name = line.substr(start, suffix - start);
@@ -62,7 +62,7 @@ void XsiFrameReader::readBody(FrameRecord& frame, const FrameDeclaration& declar
     frame.Mesh.HasMaterials = frame.Mesh.HasNormals = false;
     frame.Mesh.HasTexCoords = frame.Mesh.HasVertexColors = false;
 
-    // Each test looks at the line that the block before it left as the current one.
+    // Each test sees the line that the block before it left as the current one.
     while (lines_.next()) {
         bool consumed = false;
         if (lines_.holds("frametransformmatrix")) {
@@ -103,8 +103,8 @@ void XsiFrameReader::readChild(FrameRecord& parent, std::size_t depth) {
     readBody(child, declaration, depth + 1);
 }
 
-/// Sixteen numbers with a separator after each but the last. A matrix that breaks off leaves the
-/// frame's as it was.
+/// Reads sixteen numbers with a separator between them. An incomplete matrix leaves the frame's
+/// unchanged.
 void XsiFrameReader::readMatrix(Matrix4& matrix) {
     TextScanner& in = lines_.numbers();
     lines_.note(NoteKind::Matrix);
@@ -118,7 +118,7 @@ void XsiFrameReader::readMatrix(Matrix4& matrix) {
     matrix = read;
     lines_.note(NoteKind::ListEnd);
     in.until('}');
-    // The keyword itself holds "frame": no later test of this pass may find it.
+    // The keyword itself holds "frame", which no later test of this pass may find.
     lines_.clear();
 }
 

@@ -13,7 +13,7 @@
 
 namespace korvane {
 
-/// What the declaration line of a frame says.
+/// The contents of a frame's declaration line.
 struct FrameDeclaration {
     std::string name;
     bool emissive = false;
@@ -22,20 +22,20 @@ struct FrameDeclaration {
     bool gFlag = false;
 };
 
-/// Parses a declaration line, folded to lower case, that holds "frame". The name is found by
-/// counting characters from there, ten where the line holds "frm-" and six otherwise, and runs up
-/// to a space, an opening brace or the "__" before the flag letters.
+/// Parses a declaration line, folded to lower case, that holds "frame". The name begins ten
+/// characters after the start of "frame" if the line holds "frm-", else six, and ends at a blank,
+/// an opening brace or the "__" before the flag letters.
 FrameDeclaration parseFrameDeclaration(std::string_view line);
 
-/// Reads frames with all that they hold.
+/// Reads frames with all their contents.
 class XsiFrameReader {
   public:
     XsiFrameReader(LineReader& lines, std::vector<MaterialRecord>& table,
                    const TextureSource& textures);
 
     /// Reads the top-level frame that the current line declares into `root`, up to and including
-    /// its closing line. An earlier top-level frame's children, vertices and faces are dropped; its
-    /// other lists stay, and may not fit.
+    /// its closing line. Drops the children, vertices and faces of an earlier top-level frame; its
+    /// other lists stay, and may no longer fit.
     void readTopLevel(FrameRecord& root);
 
   private:

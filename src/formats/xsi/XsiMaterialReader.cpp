@@ -13,8 +13,8 @@ namespace korvane {
 
 namespace {
 
-/// Whether a line holds nothing but a name in braces: a material told elsewhere in the file. A
-/// remark behind it changes nothing.
+/// Returns true if the line holds only a name in braces: it refers to a material elsewhere in the
+/// file. A remark may follow.
 bool isReference(std::string_view line) {
     constexpr std::string_view blanks = " \t\v\f\r";
     const std::size_t open = line.find_first_not_of(blanks);
@@ -66,8 +66,8 @@ void XsiMaterialReader::readListEntry(FrameRecord& frame) {
             lines_.note(NoteKind::MaterialName);
             return;
         }
-        // Each material leaves the closing line of its block as the current one, where it closes
-        // the entry too.
+        // Each material leaves its closing line as the current one, so that it closes the entry
+        // too.
         if (lines_.holds("si_material")) {
             readDotXsiMaterial(frame);
         }
@@ -115,8 +115,8 @@ void XsiMaterialReader::readDirectXMaterial(FrameRecord& frame) {
     addToTable(std::move(material), frame.Mesh);
 }
 
-/// The values that both kinds of material begin with, up to the two separators behind the emissive
-/// colour.
+/// Reads the values that both kinds of material begin with, up to the two separators after the
+/// emissive colour.
 bool XsiMaterialReader::readSurface(MaterialRecord& material, bool emissiveFrame) {
     TextScanner& in = lines_.numbers();
     return readColor(material.FaceColor, emissiveFrame) && in.separator() &&
@@ -126,8 +126,8 @@ bool XsiMaterialReader::readSurface(MaterialRecord& material, bool emissiveFrame
            readColor(material.Emissive, emissiveFrame) && in.separator() && in.separator();
 }
 
-/// Three channels with a separator between them. Frames that glow keep pure red-green colours with
-/// these two channels exchanged, and exchange them again when they are written.
+/// Reads three channels with a separator between them. In files, colours of glowing frames with
+/// blue 0 have red and green exchanged; the writer exchanges them again.
 template <class Color>
 bool XsiMaterialReader::readColor(Color& color, bool emissiveFrame) {
     TextScanner& in = lines_.numbers();

@@ -13,8 +13,8 @@
 
 namespace korvane {
 
-/// Reads the material lists of meshes into the document's material table, where equal materials
-/// become one.
+/// Reads the material lists of meshes into the document's material table, and merges equal
+/// materials.
 class XsiMaterialReader {
   public:
     XsiMaterialReader(LineReader& lines, std::vector<MaterialRecord>& table,

@@ -16,7 +16,7 @@ void writeColor(TextOutput& out, ColorRGB color, bool emissiveFrame) {
     out.real(color.red).text(";").real(color.green).text(";").real(color.blue).text(";");
 }
 
-/// One line of integers, a semicolon behind each.
+/// Writes a line of integers, each followed by a semicolon.
 void writeIntegers(TextOutput& out, std::size_t units, std::initializer_list<std::int32_t> values) {
     out.indent(units);
     for (const std::int32_t value : values) {
@@ -25,7 +25,7 @@ void writeIntegers(TextOutput& out, std::size_t units, std::initializer_list<std
     out.line();
 }
 
-/// One line of numbers, a semicolon behind each.
+/// Writes a line of numbers, each followed by a semicolon.
 void writeReals(TextOutput& out, std::size_t units, std::initializer_list<float> values) {
     out.indent(units);
     for (const float value : values) {

@@ -8,12 +8,12 @@
 
 namespace korvane {
 
-/// Writes one material block at the given indentation. Colours of frames that glow have red and
-/// green exchanged where their blue is exactly 0, as the reader exchanges them again.
+/// Writes one material block at the given indentation. In frames that glow, exchanges red and green
+/// of colours whose blue is exactly 0; the reader exchanges them again.
 void writeMaterial(TextOutput& out, std::size_t units, const MaterialRecord& material,
                    bool emissiveFrame);
 
-/// Writes the four rows of a matrix, one a line.
+/// Writes the four rows of a matrix, each on its own line.
 void writeMatrixRows(TextOutput& out, std::size_t units, const Matrix4& matrix);
 
 } // namespace korvane

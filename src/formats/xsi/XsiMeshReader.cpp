@@ -24,7 +24,7 @@ std::array<float*, 4> components(ColorRGBA& c) {
     return {&c.red, &c.green, &c.blue, &c.alpha};
 }
 
-/// A count and that many elements, each number with a separator before it and one behind the last.
+/// Reads a count and its elements, with a separator before each number and after each element.
 template <class Element>
 bool readElements(TextScanner& in, std::vector<Element>& list) {
     std::int32_t count = 0;
@@ -46,14 +46,14 @@ bool readElements(TextScanner& in, std::vector<Element>& list) {
     return true;
 }
 
-/// Makes room for the announced polygons, taken to have four corners at the most.
+/// Reserves memory for the announced polygons, assuming up to four corners each.
 void makeRoom(const TextScanner& in, PolygonList& polygons, std::int32_t announced) {
     const std::size_t bytes = in.remaining();
     const std::size_t count = credible(announced, bytes / 3);
     polygons.reserveMore(count, std::min(4 * count, bytes / 2));
 }
 
-/// That many indices, each with a separator behind it, as one polygon.
+/// Reads `count` indices, each followed by a separator, as one polygon.
 bool readCorners(TextScanner& in, PolygonList& polygons, std::int32_t count) {
     constexpr std::int32_t mostAtOnce = 1024; // the count may be far beyond what follows
     while (count > 0) {
@@ -68,7 +68,7 @@ bool readCorners(TextScanner& in, PolygonList& polygons, std::int32_t count) {
     return true;
 }
 
-/// A count and that many corner lists, each with one more separator behind it.
+/// Reads a count and that many corner lists, each followed by one more separator.
 bool readFaces(TextScanner& in, PolygonList& faces) {
     std::int32_t count = 0;
     if (!(in.separator() && in.integer(count) && in.separator())) {
@@ -89,8 +89,8 @@ bool readFaces(TextScanner& in, PolygonList& faces) {
     return true;
 }
 
-/// The polygons behind a list of normals, coordinates or colours. Where the first number is 0 it
-/// cannot be a corner count: the polygons of this block are then numbered, and the numbers ignored.
+/// Reads the polygons after a list of normals, coordinates or colours. If the first number is 0, it
+/// cannot be a corner count: the polygons of this block are numbered, and the numbers are ignored.
 bool readCornerLists(TextScanner& in, PolygonList& polygons) {
     std::int32_t count = 0;
     if (!(in.separator() && in.integer(count))) {
@@ -119,7 +119,7 @@ bool readCornerLists(TextScanner& in, PolygonList& polygons) {
     return true;
 }
 
-/// Reads with a copy of the scanner, which can live in registers, and lets the original follow.
+/// Reads with a copy of the scanner, which can live in registers, and then updates the original.
 template <class Read>
 bool readWithCopy(TextScanner& scanner, Read read) {
     TextScanner in = scanner;
@@ -142,7 +142,7 @@ void XsiMeshReader::read(FrameRecord& frame) {
         return readElements(in, mesh.Vertices) && readFaces(in, mesh.Faces);
     });
     lines_.note(NoteKind::ListEnd);
-    // Every block read here ends with its closing line, which the mesh does not count.
+    // Every block read here consumes its closing line, which `depth` therefore does not count.
     int depth = 1;
     while (complete && depth > 0 && lines_.next()) {
         if (lines_.holds("meshmateriallist")) {
@@ -178,7 +178,7 @@ void XsiMeshReader::readParallelList(std::vector<Element>& elements, PolygonList
     lines_.skipToClosingBrace();
 }
 
-/// DirectX counts v downward and gives one pair for each vertex: the faces serve for both lists.
+/// In DirectX, v points down, and there is one pair for each vertex: the faces index both lists.
 void XsiMeshReader::readDirectXTexCoords(MeshRecord& mesh) {
     const std::size_t first = mesh.TexCoords.size();
     readWithCopy(lines_.numbers(),

@@ -19,7 +19,7 @@ class XsiMeshReader {
                   const TextureSource& textures);
 
     /// Reads a mesh into the frame, up to and including its closing line; the current line is the
-    /// one that opens it. What an earlier mesh of the frame left in the lists stays before it.
+    /// one that opens it. Appends to the lists of an earlier mesh of the frame.
     void read(FrameRecord& frame);
 
   private:
@@ -30,8 +30,8 @@ class XsiMeshReader {
 
     LineReader& lines_;
     XsiMaterialReader materials_;
-    /// How many more corners and polygons the copies of face lists may have in all, so that a text
-    /// that asks for the same copy over and over cannot fill the memory.
+    /// Limits the corners and polygons in all further copies of face lists, so that a text that
+    /// asks for the same copy over and over cannot fill the memory.
     std::size_t copiesLeft_;
 };
 

@@ -24,7 +24,7 @@ namespace korvane {
 
 namespace {
 
-/// Whether the text begins with one of the headers; steps over it.
+/// Consumes the header; returns true if it is one of those known.
 bool readHeader(TextScanner& text) {
     constexpr std::size_t headerSize = 16;
     constexpr std::array<std::string_view, 3> headers = {"xsi 0101txt 0032", "xof 0302txt 0032",
@@ -34,7 +34,7 @@ bool readHeader(TextScanner& text) {
     return std::find(headers.begin(), headers.end(), header) != headers.end();
 }
 
-/// Adds the bytes of a file behind those that were read; false where there is no reading them.
+/// Adds the rest of the file to the sum; false if it cannot be read.
 bool addRest(Checksum& sum, QFile& file, const std::function<void()>& goOn) {
     constexpr qint64 pieceSize = 1 << 18;
     while (!file.atEnd()) {
@@ -127,8 +127,8 @@ ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureS
     return ReadStatus::Done;
 }
 
-/// Half a model is worse than none: where the bytes break off, memory ends or the reading is
-/// cancelled the document is empty.
+/// Half a model is worse than none: if the bytes cannot be read, memory runs out or the user
+/// cancels, the document is left empty.
 template <class Read>
 ReadStatus wholeOrNothing(ModelDocument& document, Read read) {
     try {

@@ -15,41 +15,41 @@
 
 namespace korvane {
 
-/// How the reading of a model file ended.
+/// The outcome of reading a model file.
 enum class ReadStatus {
-    Done,       ///< the model is what the file held, up to the first number that is none
-    Missing,    ///< no file of that name; nothing was read
-    CannotOpen, ///< the file is there but cannot be read, or not into this memory
-    NotValid,   ///< the first 16 bytes are none of the headers
-    Cancelled,  ///< stopped by the one who asked for it; the document is empty
+    Done,       ///< the model holds what the file does, up to the first malformed number
+    Missing,    ///< there is no file of that name
+    CannotOpen, ///< the file exists but cannot be read, or does not fit into memory
+    NotValid,   ///< the first 16 bytes are not a known header
+    Cancelled,  ///< stopped by the caller; the document is empty
 };
 
-/// Told now and then, while a file is read, how many of its bytes are; false stops the reading.
+/// Called repeatedly with the bytes of the file read so far and its size; returning false cancels.
 using ReadProgress = std::function<bool(std::size_t done, std::size_t size)>;
 
-/// Reads a dotXSI or DirectX text file into a new document (empty root, empty table). On success
-/// NeverSaved and Modified are cleared and the derived data of all frames is computed. Text that
-/// follows the header never fails: reading ends where a number cannot be extracted, and everything
-/// completed by then is kept. Without a source of textures every image is the 1 x 1 one. Gives
-/// Done, NotValid, or CannotOpen with an empty document when the bytes cannot be read to their end
-/// or the model does not fit into memory; nothing is thrown. `notes`, if given, is told what the
-/// reading left out, and where the parts of the model began.
+/// Reads a dotXSI or DirectX text file into a new document (empty root, empty table). On success,
+/// clears NeverSaved and Modified and computes the derived data of all frames. Malformed text after
+/// the header is no failure: reading ends where a number cannot be extracted, and keeps what is
+/// complete by then. Without a texture source, every image is the 1 x 1 one. Returns Done,
+/// NotValid, or, with an empty document, CannotOpen if the bytes cannot be read to their end or the
+/// model does not fit into memory; does not throw. `notes`, if given, receives what the reader left
+/// out and where the parts of the model begin.
 ReadStatus readXsi(TextScanner text, ModelDocument& document, const TextureSource& textures = {},
                    ReadNotes* notes = nullptr);
 
-/// What else a reading has found out.
+/// Further results of reading a file.
 struct OpenNotes {
     UnseenTextures unseen;
     std::optional<FileState> file; ///< the state of the file that was read
 };
 
-/// Opens and reads the file into a new document, gives it the flags and the FileName that follow
-/// from the outcome, and selects the root. A missing file gives an empty document of that name that
-/// was never saved.
+/// Opens and reads the file into a new document, sets its flags and FileName according to the
+/// outcome, and selects the root. A missing file yields an empty, never saved document of that
+/// name.
 ReadStatus FileOpenXSI(const QString& fileName, ModelDocument& document,
                        const ReadProgress& progress = {}, OpenNotes* notes = nullptr);
 
-/// The caption of the message box for a failure, whose text is the file name; empty where no
+/// Returns the caption of the message box for a failure, whose text is the file name; empty if no
 /// message is shown.
 QString failureCaption(ReadStatus status, const QString& fileName);
 

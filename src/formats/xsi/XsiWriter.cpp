@@ -72,7 +72,7 @@ void writeComponents(TextOutput& out, const ColorRGBA& c) {
         ";");
 }
 
-/// What ends entry i of a list.
+/// Returns the end of entry i of a list.
 std::string_view entryEnd(std::size_t i, std::size_t size) {
     return i + 1 == size ? ";" : ",";
 }
@@ -87,7 +87,7 @@ void writeElements(TextOutput& out, std::size_t units, const std::vector<Element
     }
 }
 
-/// `numbered` puts its own number before each polygon, as the lists parallel to the faces have it.
+/// With `numbered`, each polygon begins with its number, as in the lists parallel to the faces.
 void writePolygons(TextOutput& out, std::size_t units, const PolygonList& polygons, bool numbered) {
     out.line().indent(units).count(polygons.size()).line(";");
     for (std::size_t i = 0; i < polygons.size(); ++i) {
@@ -124,7 +124,7 @@ void writeMaterialList(TextOutput& out, std::size_t units, const FrameRecord& fr
         out.line(entryEnd(i, mesh.FaceSlotIndex.size()));
     }
     out.line();
-    const MaterialRecord newMaterial; // stands in where a slot leads nowhere
+    const MaterialRecord newMaterial; // for slots that refer to no material
     for (const std::int32_t entry : mesh.MaterialSlotList) {
         const auto index = static_cast<std::size_t>(entry);
         writeMaterial(out, units + 1, index < table.size() ? table[index] : newMaterial,
@@ -241,7 +241,7 @@ std::string_view savedPreamble() {
 std::optional<FileState> SaveFileXSI(const ModelDocument& document, const QString& fileName) {
     Checksum sum;
     const auto write = [&](const TextSink& sink) {
-        sum = Checksum(); // it may be written a second time, to another place
+        sum = Checksum(); // replaceFile() may write a second time, to another place
         return writeXsi(document, [&](std::string_view piece) {
             sum.add(piece);
             return sink(piece);
@@ -250,7 +250,7 @@ std::optional<FileState> SaveFileXSI(const ModelDocument& document, const QStrin
     if (!replaceFile(fileName, write)) {
         return std::nullopt;
     }
-    // a file of another size is somebody else's already: its stamp is no mark of ours
+    // if the size differs, another program has replaced the file already, and the stamp is its own
     const std::optional<FileStamp> stamp = stampOf(fileName);
     const bool ours = stamp && stamp->size == static_cast<std::int64_t>(sum.size());
     return FileState{ours ? *stamp : FileStamp(), sum.value()};

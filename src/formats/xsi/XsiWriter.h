@@ -11,16 +11,16 @@
 
 namespace korvane {
 
-/// Writes the whole model as dotXSI text, piece by piece; false when the sink stopped it. A slot
-/// that leads to no material is written as a new material.
+/// Writes the whole model as dotXSI text, piece by piece; false if the sink stopped it. A slot that
+/// refers to no material is written as a new material.
 bool writeXsi(const ModelDocument& document, const TextSink& sink);
 
-/// What every saved file begins with: the header and the blocks that tell nothing of the model.
+/// Returns the beginning of every saved file: the header and blocks independent of the model.
 std::string_view savedPreamble();
 
-/// Saves the model as a dotXSI file. After a failure, at opening or later, the old file is as it
-/// was. Symbolic links are followed, the rights to the file kept. The state of the file that was
-/// written; nothing on failure.
+/// Saves the model as a dotXSI file. Any failure leaves the old file unchanged. Follows symbolic
+/// links, keeps the rights of the file. Returns the state of the written file, with an empty stamp
+/// if another program has replaced it already; nullopt on failure.
 std::optional<FileState> SaveFileXSI(const ModelDocument& document, const QString& fileName);
 
 /// The caption of the message box for a failed save, whose text is the file name.
