@@ -32,8 +32,8 @@ void BlockCheck::leaveOut(std::string_view name, TextPlace place) {
     leftOut_[folded(name)].meet(place, name);
 }
 
-/// The line that names the block: the one above where the line itself holds but a brace. Where
-/// that is the header, or has braces of its own, the block has no name.
+/// Returns the line that names the block: `line`, or the one above if `line` has only a brace. If
+/// the line above is the header or holds braces, the block has no name, and `line` is returned.
 TextLine BlockCheck::naming(const TextLine& line) const {
     if (!firstWord(line.text).empty()) {
         return line;
@@ -45,7 +45,7 @@ TextLine BlockCheck::naming(const TextLine& line) const {
 
 void BlockCheck::takeLoose(const TextLine& line) {
     if (line.place < looseEnd_) {
-        return; // within one that is told
+        return; // inside a block that was reported
     }
     const TextLine told = naming(line);
     const std::string word = folded(firstWord(told.text));
@@ -58,7 +58,7 @@ void BlockCheck::takeLoose(const TextLine& line) {
                       "A mesh stands outside of all frames, and is left out");
         return;
     }
-    // what is always the same in saved files is not lost
+    // saving writes these standard blocks again, so nothing is lost
     const std::string_view written = bytes_.substr(told.place, looseEnd_ - told.place);
     std::string block(written.substr(0, 2 * savedPreamble().size()));
     std::erase(block, '\r');

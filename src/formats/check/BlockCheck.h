@@ -10,21 +10,20 @@
 
 namespace korvane {
 
-/// Tells of the blocks of a file that are left out, or taken for something else.
+/// Reports blocks of a file that the reader skips or takes for something else.
 class BlockCheck {
   public:
     BlockCheck(std::string_view bytes, FindingList& findings)
         : bytes_(bytes), findings_(findings) {}
 
-    /// A block begins in the line, of which nothing is read. `closingLost` tells that a closing
-    /// brace in the same line does not count. Returns whether the block ends elsewhere than it
-    /// seems.
+    /// A block that is not read begins in the line. With `closingLost`, a closing brace in the same
+    /// line does not count. Returns true if the block ends elsewhere than it seems to.
     bool takeLeftOut(const TextLine& line, bool closingLost);
-    /// The same at the top level, where the lines of a block are looked at one by one.
+    /// The same at the top level, where the reader skips a block line by line.
     void takeLoose(const TextLine& line);
-    /// The line is read as the declaration of a frame of that name, though it declares none.
+    /// The line declares no frame, but is read as the declaration of one with this name.
     void takeFalseFrame(const TextLine& line, std::string_view frameName);
-    /// Tells what was met more than once.
+    /// Reports the findings that may occur several times.
     void finish();
 
   private:
@@ -32,14 +31,14 @@ class BlockCheck {
     void leaveOut(std::string_view name, TextPlace place);
 
     struct FalseFrames {
-        Repeated lines; ///< by their first word
+        Repeated lines; ///< lines with the same first word
         std::string frameName;
     };
 
     std::string_view bytes_;
     FindingList& findings_;
     TextPlace looseEnd_ = 0;
-    std::map<std::string, Repeated, std::less<>> leftOut_; ///< by name, in small letters
+    std::map<std::string, Repeated, std::less<>> leftOut_; ///< by name, in lower case
     std::map<std::string, FalseFrames, std::less<>> falseFrames_;
 };
 

@@ -8,8 +8,8 @@ namespace korvane {
 
 namespace {
 
-/// Whether the text at the place is a number that is not finite, as programs print it. Some print
-/// "-1.#IND", of which the part before the "#" has been read as a number.
+/// Returns true if the text at `place` is a non-finite number as programs print it. Of "-1.#IND"
+/// the part up to the "#" has already been read as a number.
 bool isNotFinite(std::string_view bytes, TextPlace place) {
     std::string word = folded(bytes.substr(place, 4));
     const std::size_t sign = word.find_first_not_of("+-");
@@ -19,7 +19,7 @@ bool isNotFinite(std::string_view bytes, TextPlace place) {
            (afterHash && (word == "ind" || word == "qna" || word == "sna"));
 }
 
-/// Whether what could not be used is made of the characters of a number: then it is too large.
+/// Returns true if the rejected word has the form of a number: it is then too large.
 bool isNumber(std::string_view word) {
     const std::size_t first = word.find_first_not_of("+-.");
     return first < word.size() && word[first] >= '0' && word[first] <= '9' &&
@@ -39,7 +39,7 @@ void tellEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingL
                      std::string("Reading ends here: ") +
                          (wanted == '"' ? "no quotation mark" : "no closing brace") + " follows");
     } else if (first == std::string_view::npos) {
-        // of the last line that holds anything
+        // report the last line that is not blank
         const std::size_t last = bytes.find_last_not_of(blanks);
         findings.add(FindingId::EndedEarly, last == std::string_view::npos ? 0 : last,
                      "The file ends where a number is expected");

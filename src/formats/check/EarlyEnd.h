@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-/// Tells why a reading ended at a place where it expected a number, or the character `wanted` if
+/// Reports why reading ended at `place`, where it expected a number, or the character `wanted` if
 /// that is not 0.
 void tellEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingList& findings);
 

@@ -9,7 +9,7 @@
 
 namespace korvane {
 
-/// What a finding tells of.
+/// What a finding is about.
 enum class FindingKind : std::uint8_t {
     LostInReading, ///< the model lacks something that the file has
     LostBySave,    ///< the model has it, a file saved from it would not
@@ -63,18 +63,18 @@ enum class FindingId : std::uint8_t {
 inline constexpr std::size_t findingKinds =
     static_cast<std::size_t>(FindingId::TextureTooLarge) + 1;
 
-/// What is known of all findings of one kind.
+/// What all findings of one id share.
 struct FindingRow {
     FindingId id;
     FindingKind kind;
-    std::string_view name;        ///< for the user: small letters and hyphens
+    std::string_view name;        ///< for the user: lower case and hyphens
     std::string_view explanation; ///< what it means and what to do, in a few lines
 };
 
 /// Something about a model that its maker may want to know.
 struct Finding {
     FindingId id = FindingId::EndedEarly;
-    std::size_t line = 0; ///< counted from 1; 0 where it is about no line
+    std::size_t line = 0; ///< counted from 1; 0 if it concerns no line
     std::string text;     ///< short sentences, with names as the file has them
 
     bool operator==(const Finding&) const = default;
@@ -83,10 +83,10 @@ struct Finding {
 /// All rows, in the order of the ids.
 [[nodiscard]] std::span<const FindingRow> findingRows();
 [[nodiscard]] const FindingRow& findingRow(FindingId id);
-/// The row of that name, or null.
+/// Returns the row with that name, or null.
 [[nodiscard]] const FindingRow* findingRow(std::string_view name);
 
-/// Whether the finding tells of something that a converted file does not have.
+/// Returns true if the finding reports something that a converted file lacks.
 [[nodiscard]] inline bool isLoss(const Finding& finding) {
     return findingRow(finding.id).kind != FindingKind::Hazard;
 }

@@ -51,7 +51,7 @@ std::string quoted(std::string_view name) {
     }
     std::size_t end = longest;
     while (end > longest - 4 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) {
-        --end; // not within a character of UTF-8
+        --end; // do not split a UTF-8 character
     }
     return '"' + std::string(name.substr(0, end)) + "...\"";
 }

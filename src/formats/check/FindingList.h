@@ -11,27 +11,26 @@
 
 namespace korvane {
 
-/// A place in a text, in bytes from its beginning; the end of a line belongs to it.
+/// A byte offset in a text. A line end belongs to the line before it.
 using TextPlace = std::size_t;
 inline constexpr TextPlace nowhere = static_cast<TextPlace>(-1);
 
-/// Collects what is found in a text, of each kind only so many, and brings it into the text's
-/// order.
+/// Collects the findings in a text, a limited number of each kind, and sorts them by place.
 class FindingList {
   public:
     /// The bytes must outlive the list.
     explicit FindingList(std::string_view bytes) : bytes_(bytes) {}
 
     void add(FindingId id, TextPlace place, std::string text);
-    /// Whether further findings of this kind are only counted.
+    /// Returns true if further findings of this kind are only counted.
     [[nodiscard]] bool isFull(FindingId id) const {
         return counts_[static_cast<std::size_t>(id)] >= mostOfAKind;
     }
     [[nodiscard]] bool has(FindingId id) const { return counts_[static_cast<std::size_t>(id)] > 0; }
-    /// What was found, in the order of the lines; what is about no line comes last.
+    /// Returns the findings in line order, those without a line last.
     [[nodiscard]] std::vector<Finding> finish();
 
-    /// How many findings of one kind are told one by one.
+    /// Further findings of the same kind are only counted.
     static constexpr std::size_t mostOfAKind = 10;
 
   private:
@@ -43,13 +42,12 @@ class FindingList {
     std::string_view bytes_;
     std::vector<Entry> entries_;
     std::array<std::size_t, findingKinds> counts_ = {}; ///< by id
-    std::array<TextPlace, findingKinds> more_ =
-        {}; ///< by id, where the first one stands that is not told
+    std::array<TextPlace, findingKinds> more_ = {}; ///< by id, place of the first one only counted
 };
 
-/// A name as a finding shows it: in quotation marks, long ones cut.
+/// Returns a name as findings show it: in quotation marks, shortened if it is long.
 [[nodiscard]] std::string quoted(std::string_view name);
-/// What follows the first of several: " (and 2 more)" of three, nothing of one.
+/// Returns what follows the first of several: " (and 2 more)" for three, nothing for one.
 [[nodiscard]] std::string andMore(std::size_t count);
 
 } // namespace korvane

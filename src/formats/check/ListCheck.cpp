@@ -18,8 +18,8 @@ bool isWordPart(char c) {
            static_cast<unsigned char>(c) >= 0x80U;
 }
 
-/// Whether a number stands in the text: digits in words, in quotation marks and in remarks are
-/// none.
+/// Returns true if the text holds a number. Digits in words, quotation marks and remarks do not
+/// count.
 bool holdsNumber(std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (isDigit(text[i])) {
@@ -34,7 +34,7 @@ bool holdsNumber(std::string_view text) {
                                                text.end(), isWordPart);
             i = static_cast<std::size_t>(end - text.begin()) - 1;
         }
-        i = std::min(i, text.size() - 1); // where no mark follows
+        i = std::min(i, text.size() - 1); // no closing mark follows
     }
     return false;
 }
@@ -54,8 +54,8 @@ bool ListCheck::takeOpening(const TextLine& line) {
     return true;
 }
 
-/// The numbers of a block end where a brace follows. If it opens another block, that one's keyword
-/// and name are no numbers.
+/// Checks the text up to the next brace. If that opens a block, the block's keyword and name do not
+/// count as numbers.
 bool ListCheck::takeEnd(TextPlace end) {
     std::string_view text = bytes_.substr(std::min(end, bytes_.size()));
     const std::size_t brace = std::min(text.find_first_of("{}"), text.size());

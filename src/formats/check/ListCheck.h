@@ -7,24 +7,24 @@
 
 namespace korvane {
 
-/// Tells which numbers and materials stand where the reading of a list does not reach them. Each
-/// check returns whether it has told something.
+/// Reports numbers and materials of a list that the reader does not reach. Each check returns true
+/// if it reported something.
 class ListCheck {
   public:
     ListCheck(std::string_view bytes, FindingList& findings) : bytes_(bytes), findings_(findings) {}
 
-    /// The line opens a block, whose numbers are read from the lines below.
+    /// The line opens a block. Its numbers are read from the next line on.
     bool takeOpening(const TextLine& line);
-    /// Nothing behind this place is read of the numbers of the block opened last.
+    /// Checks after `end`, where the reader stopped taking numbers of the last opened block.
     bool takeEnd(TextPlace end);
-    /// Nothing behind this place is read of a list of materials, which the line opens.
+    /// Checks after `behind`, where the reader stopped taking materials of the list at `opening`.
     bool takeMaterialsEnd(TextPlace behind, TextPlace opening);
 
   private:
     std::string_view bytes_;
     FindingList& findings_;
     TextLine opening_;
-    bool told_ = false; ///< that numbers stand in its line
+    bool told_ = false; ///< numbers in the opening line were reported
 };
 
 } // namespace korvane

@@ -12,19 +12,19 @@ namespace korvane {
 
 namespace {
 
-/// How many entries of a list are wrong, and the first of them.
+/// Counts the wrong entries of a list and remembers the first.
 struct Wrong {
     std::size_t count = 0;
     std::size_t first = 0;
 
     void meet(std::size_t i) { first = count++ == 0 ? i : first; }
-    /// "Face 7 (and 3 more)".
+    /// Returns text such as "Face 7 (and 3 more)".
     [[nodiscard]] std::string which(const std::string& one) const {
         return one + ' ' + std::to_string(first) + andMore(count);
     }
 };
 
-/// A list of a mesh and what its elements are called.
+/// A list of a mesh, with the words for its elements.
 struct MeshList {
     const char* one;
     const char* many;
@@ -72,7 +72,7 @@ class MeshCheck {
     const MeshRecord& mesh_;
     const FramePlaces& places_;
     FindingList& findings_;
-    std::string frame_; ///< its name, as findings tell it
+    std::string frame_; ///< as findings name it
 };
 
 void MeshCheck::checkIndices(const MeshList& list) {
@@ -98,7 +98,7 @@ void MeshCheck::checkIndices(const MeshList& list) {
                       andMore(wrong.count));
 }
 
-/// A list that has a polygon for each face.
+/// Checks a list that must have one polygon for each face.
 void MeshCheck::checkParallel(const MeshList& list) {
     checkIndices(list);
     if (!places_.broken && list.polygons.size() != mesh_.Faces.size()) {
@@ -145,8 +145,8 @@ void MeshCheck::checkFaces() {
     }
 }
 
-/// Compared with the square of the longest way from the first corner, what rounding makes of
-/// corners on one line is nothing. A face that leads past the vertices is told elsewhere.
+/// The limit is relative to the squared longest distance from the first corner, so that rounding
+/// gives collinear corners no area. Vertices out of range pass: checkIndices() reports them.
 bool MeshCheck::hasArea(std::span<const std::uint32_t> corners) const {
     const std::vector<Vec3>& vertices = mesh_.Vertices;
     if (std::any_of(corners.begin(), corners.end(),

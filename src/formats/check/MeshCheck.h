@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-/// Tells what is wrong with the meshes and materials of a model, though nothing of them is lost.
+/// Reports faults in a model's meshes and materials that cost no data.
 void checkMeshes(const ModelDocument& document, const ReadPlaces& places, FindingList& findings);
 
 } // namespace korvane

@@ -17,7 +17,7 @@ namespace korvane {
 
 namespace {
 
-/// Why a header that is told as `header` is refused.
+/// Returns why a file with this headerText() is refused.
 QString refusalOf(const QString& header) {
     if (header.isEmpty()) {
         return {};
@@ -32,8 +32,8 @@ QString refusalOf(const QString& header) {
     return QStringLiteral("%1: only %2 is read").arg(header, read);
 }
 
-/// What is known of the bytes of a model by their header, for people: "DirectX 0303 text". Empty
-/// where they are of no kind known.
+/// Describes the header of a model for people: "DirectX 0303 text". Returns an empty text for an
+/// unknown kind.
 QString headerText(std::string_view bytes) {
     const std::string header = folded(bytes.substr(0, 16));
     const std::string_view all = header;
@@ -60,7 +60,7 @@ QString headerText(std::string_view bytes) {
     QString text = QLatin1String(xsi ? "dotXSI " : "DirectX ") +
                    QString::fromStdString(std::string(version)) + u' ' +
                    QLatin1String(kind->second);
-    // how wide numbers are is no news, but where it is the reason
+    // the width of numbers matters only if it is the reason
     const bool read = kind == std::begin(kinds) && version == (xsi ? "0101" : "0302");
     return read ? text + u' ' + shownText(all.substr(12, 4)) : text;
 }
@@ -89,7 +89,7 @@ ModelCheck checkModel(std::string_view bytes, const CheckRequest& request) {
         check.findings = findings.finish();
         return check;
     } catch (const std::exception&) {
-        check = ModelCheck(); // memory ended
+        check = ModelCheck(); // out of memory
         check.status = ReadStatus::CannotOpen;
         return check;
     }

@@ -12,24 +12,24 @@
 
 namespace korvane {
 
-/// What to look for beside what reading and saving lose.
+/// What to check besides losses on reading and saving.
 struct CheckRequest {
     bool hazards = true;
-    TextureLoader* textures = nullptr; ///< looks for the textures; without one they are not told of
+    TextureLoader* textures = nullptr; ///< finds the textures; null skips their check
 };
 
-/// A model as it is read, and what there is to say of it.
+/// A model as read, with the findings about it.
 struct ModelCheck {
     ReadStatus status = ReadStatus::NotValid; ///< that of readXsi
-    /// Why the bytes are refused, if their header tells it ("DirectX 0303 text: only 0302 is
-    /// read"); empty otherwise, then the words of failureCaption hold.
+    /// The reason if the header shows why the bytes are refused ("DirectX 0303 text: only 0302 is
+    /// read"). If empty, show failureCaption() instead.
     QString refusal;
-    ModelDocument document;        ///< as Open makes it, without pictures
-    std::vector<Finding> findings; ///< in the order of lines; those of no line come last
+    ModelDocument document;        ///< as Open reads it, without images
+    std::vector<Finding> findings; ///< in line order, those without a line last
 };
 
-/// Reads the bytes of a model as Open does, and tells what a user would not see otherwise. Nothing
-/// is thrown.
+/// Reads the bytes of a model as Open does, and reports what a user would not notice otherwise.
+/// Does not throw: if memory runs out, the status is CannotOpen.
 ModelCheck checkModel(std::string_view bytes, const CheckRequest& request = {});
 
 } // namespace korvane

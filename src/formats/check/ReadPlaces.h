@@ -9,7 +9,7 @@
 
 namespace korvane {
 
-/// Where the parts of a frame stand, for those that it has.
+/// Where the parts of a frame are; `nowhere` for those that it lacks.
 struct FramePlaces {
     TextPlace frame = nowhere;
     TextPlace matrix = nowhere;
@@ -22,14 +22,14 @@ struct FramePlaces {
     std::size_t keyLists = 0;
     bool namedMaterials = false; ///< a slot only names its material
     bool secondMesh = false;
-    bool broken = false;     ///< its lists break off or went astray, which is told
-    bool braceFault = false; ///< a block in it is not closed where it seems, which is told
+    bool broken = false;     ///< its lists end early or are misread, as reported
+    bool braceFault = false; ///< a block in it does not end where it seems to, as reported
 };
 
-/// Where the parts of a model stand in the text that it was read from.
+/// Where the parts of a model are in its text.
 struct ReadPlaces {
     std::vector<FramePlaces> frames;                     ///< in pre-order
-    std::vector<TextPlace> materials;                    ///< by place in the material table
+    std::vector<TextPlace> materials;                    ///< by index in the material table
     std::unordered_map<std::string, TextPlace> textures; ///< by name
 };
 

@@ -42,7 +42,7 @@ class ReadingCheck {
     /// The places of the frame that the next list belongs to.
     FramePlaces& current() { return places_.frames[open_.empty() ? 0 : open_.back()]; }
     [[nodiscard]] std::string frameName(std::size_t number) const;
-    /// How findings tell of that frame.
+    /// Names that frame in findings.
     [[nodiscard]] std::string here() const {
         return "frame " + quoted(frameName(open_.empty() ? 0 : open_.back()));
     }
@@ -51,20 +51,20 @@ class ReadingCheck {
     FindingList& findings_;
     ReadPlaces places_;
     std::vector<const FrameRecord*> frames_; ///< those of the document, in pre-order
-    std::vector<std::size_t> open_;          ///< the frames that have not ended, by number
-    bool lastTree_ = false;                  ///< the frames met are those of the document
+    std::vector<std::size_t> open_;          ///< the frames not yet closed, by number
+    bool lastTree_ = false;                  ///< the current frames are those of the document
     std::size_t topFrames_ = 0;
     std::size_t topFramesMet_ = 0;
-    std::vector<TextPlace> roots_; ///< the outermost frames, without false ones that others replace
+    std::vector<TextPlace> roots_; ///< the outermost frames, except replaced false ones
     TextPlace material_ = nowhere;
-    bool materialMissing_ = false; ///< the current list is told to have too few
+    bool materialMissing_ = false; ///< the current list is known to have too few
     TextPlace animation_ = nowhere;
     bool animationTold_ = false;
     bool animationFault_ = false; ///< as FramePlaces::braceFault
-    bool animationKnown_ = false; ///< it names a frame that is there
+    bool animationKnown_ = false; ///< it names an existing frame
     std::string_view animationName_;
     Repeated tooDeep_, nameCase_, materialNames_, textureParameters_, unclosed_;
-    std::size_t cut_ = none; ///< the innermost frame that the text ends in
+    std::size_t cut_ = none; ///< the innermost frame still open at the end of the text
     bool endedEarly_ = false;
     BlockCheck blocks_;
     ListCheck lists_;
@@ -132,8 +132,8 @@ void ReadingCheck::take(const ReadNote& note) {
     }
 }
 
-/// A block is not closed where it seems: it takes the closing brace of what is around it, and that
-/// the next one.
+/// Marks the two innermost open frames: a block that does not end where it seems to takes the
+/// closing brace of its frame, and that frame takes the next one.
 void ReadingCheck::keepOpen() {
     animationFault_ = open_.empty();
     for (std::size_t i = open_.size() - std::min<std::size_t>(open_.size(), 2); i < open_.size();
@@ -142,7 +142,7 @@ void ReadingCheck::keepOpen() {
     }
 }
 
-/// A frame that the text ends in is told, unless something that is told has kept it open.
+/// Notes the frame or animation in which the text ends, unless a reported fault has kept it open.
 void ReadingCheck::takeUnclosed() {
     if (open_.empty()) {
         if (!animationFault_) {
@@ -184,7 +184,7 @@ void ReadingCheck::takeLine(const ReadNote& note, const TextLine& line) {
         takeKeys(note, line);
         break;
     case NoteKind::LeftOut:
-        if (note.left > 0) { // or it leaves out nothing
+        if (note.left > 0) { // at the end of the text, nothing is lost
             if (blocks_.takeLeftOut(line, note.value != 0)) {
                 keepOpen();
             }
@@ -214,7 +214,7 @@ void ReadingCheck::takeFrame(const ReadNote& note, const TextLine& line) {
     if (note.kind == NoteKind::TopFrame) {
         lastTree_ = ++topFramesMet_ == topFrames_;
         if (declared || lastTree_) {
-            roots_.push_back(line.place); // what replaces a false one takes nothing away
+            roots_.push_back(line.place); // replacing a false frame loses nothing
         }
         places_.frames.clear();
         open_.clear();
@@ -228,7 +228,7 @@ void ReadingCheck::takeFrame(const ReadNote& note, const TextLine& line) {
     blocks_.takeFalseFrame(line, parseFrameDeclaration(text).name);
 }
 
-/// `text` is the line in small letters.
+/// `text` is the line in lower case.
 void ReadingCheck::takeDeclaration(const TextLine& line, const std::string& text) {
     const FrameDeclaration declaration = parseFrameDeclaration(text);
     const std::string& name = declaration.name;
@@ -282,7 +282,7 @@ void ReadingCheck::takeMesh(const TextLine& line) {
     frame.mesh = std::min(frame.mesh, line.place);
 }
 
-/// Takes the line of the matrix of a frame, or of a list that its mesh has but once.
+/// Takes the line that opens a frame's matrix, or a list that a mesh may have only once.
 void ReadingCheck::takeList(NoteKind kind, const TextLine& line) {
     FramePlaces& frame = current();
     takeOpening(line);
@@ -309,7 +309,7 @@ void ReadingCheck::takeMaterial(const ReadNote& note, const TextLine& line) {
         material_ = line.place;
         takeOpening(line);
     } else if (note.kind == NoteKind::MaterialMissing) {
-        if (!materialMissing_ && note.left > 0) { // or the text ends there, which is told
+        if (!materialMissing_ && note.left > 0) { // the end of the text is reported elsewhere
             findings_.add(FindingId::CountWrong, current().materials,
                           "The list holds fewer materials than it counts: reading takes what "
                           "stands behind it for its own");
@@ -326,7 +326,7 @@ void ReadingCheck::takeMaterial(const ReadNote& note, const TextLine& line) {
     }
 }
 
-/// The names of one list are told together.
+/// Reports the named materials of one list together.
 void ReadingCheck::tellMaterialNames() {
     if (materialNames_.count > 0) {
         findings_.add(FindingId::MaterialByName, materialNames_.first,
@@ -345,7 +345,7 @@ void ReadingCheck::takeTexture(TextPlace behind, const TextLine& line) {
     }
     const TextureBlock block = readTextureBlock(bytes_.substr(behind));
     if (!block.named) {
-        return; // the reading ended there
+        return; // reading ended there
     }
     const std::size_t folder = block.name.rfind('/');
     const std::string_view kept = block.name.substr(folder + 1);
@@ -400,7 +400,7 @@ void ReadingCheck::takeKeys(const ReadNote& note, const TextLine& line) {
     }
 }
 
-/// Takes keys that stand before the frames of the document: those of the root alone are kept.
+/// Takes keys that come before the frames of the document: only those of the root are kept.
 void ReadingCheck::takeEarlyKeys(bool toRoot) {
     const std::string root = frames_.front()->Name;
     if (animationTold_ || (toRoot && folded(animationName_) == root)) {

@@ -9,8 +9,8 @@
 
 namespace korvane {
 
-/// Tells what a reading of the bytes has left out, by its notes and the document that it made.
-/// Returns where the parts of the model stand.
+/// Reports what a reader left out of the bytes, from its notes and the document that it made.
+/// Returns where the parts of the model are.
 ReadPlaces checkReading(std::string_view bytes, const ReadNotes& notes,
                         const ModelDocument& document, FindingList& findings);
 

@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-/// Something that is told once, with how often it was met.
+/// Something that may occur several times and is reported once.
 struct Repeated {
     TextPlace first = nowhere;
     std::size_t count = 0;
@@ -20,7 +20,7 @@ struct Repeated {
             name = what;
         }
     }
-    /// The name in quotation marks, and how many more there are.
+    /// Returns the name in quotation marks, and how many more there are.
     [[nodiscard]] std::string names() const { return quoted(name) + andMore(count); }
 };
 

@@ -14,7 +14,7 @@ namespace korvane {
 
 namespace {
 
-/// What a saved file does not give back of a frame: found by saving a small model with such a
+/// Lists what a saved file loses of a frame, by saving and rereading a small model with such a
 /// frame.
 std::string lostWith(const FrameRecord& frame, bool root) {
     FrameRecord small;
@@ -70,8 +70,8 @@ void checkName(const FrameRecord& frame, bool root, TextPlace place, FindingList
     findings.add(FindingId::NameNotSaved, place, std::move(text));
 }
 
-/// Tells of the entries of a list that hold nothing. A saved file has one separator too many behind
-/// each, which does no harm behind the last one only.
+/// Reports the empty entries of a list. Saving writes one separator too many after each, which is
+/// harmless only after the last.
 template <class List, class IsEmpty>
 void checkEmpty(const List& list, IsEmpty isEmpty, TextPlace place, const std::string& entry,
                 const char* lacks, FindingList& findings) {
@@ -122,7 +122,7 @@ void checkSaving(const ModelDocument& document, const ReadPlaces& places, Findin
         const FrameRecord& frame = walk.frame();
         const FramePlaces place =
             number < places.frames.size() ? places.frames[number] : FramePlaces();
-        if (place.frame != nowhere) { // without any frame in the file the root has no name
+        if (place.frame != nowhere) { // a file without frames leaves the root unnamed
             checkName(frame, walk.depth() == 0, place.frame, findings);
         }
         if (frame.HasMesh) {

@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-/// Tells what of the model a saved file would not give back.
+/// Reports what a saved file would lose of the model.
 void checkSaving(const ModelDocument& document, const ReadPlaces& places, FindingList& findings);
 
 } // namespace korvane

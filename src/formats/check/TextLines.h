@@ -7,25 +7,25 @@
 
 namespace korvane {
 
-/// A line of a text, without its end, and where it stands.
+/// A line of a text, without its line end, and its offset.
 struct TextLine {
     std::string_view text;
     TextPlace place = 0;
 };
 
-/// The line that ends before `end`, which is the beginning of the next one or the end of the text.
+/// Returns the line before `end`, which is the beginning of a line or the end of the text.
 [[nodiscard]] TextLine lineBefore(std::string_view bytes, TextPlace end);
-/// The next line above that is not blank; empty if there is none.
+/// Returns the nearest line above that is not blank; empty if there is none.
 [[nodiscard]] TextLine lineAbove(std::string_view bytes, const TextLine& line);
-/// Where the block that the line opens ends: the end of its last line. The line itself may
-/// close the block.
+/// Returns the end of the last line of the block that `line` opens. That line may itself close the
+/// block.
 [[nodiscard]] TextPlace blockEnd(std::string_view bytes, const TextLine& line);
 
-/// The first word of a line, without the braces and separators before it.
+/// Returns the first word of a line, after any blanks, closing braces and separators.
 [[nodiscard]] std::string_view firstWord(std::string_view line);
-/// The line without the blanks at both ends.
+/// Returns the line without the blanks at both ends.
 [[nodiscard]] std::string_view trimmed(std::string_view line);
-/// The text with small letters.
+/// Returns the text in lower case.
 [[nodiscard]] std::string folded(std::string_view text);
 
 } // namespace korvane

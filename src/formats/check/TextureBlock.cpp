@@ -12,7 +12,7 @@ namespace korvane {
 
 namespace {
 
-/// All numbers in a text, whatever stands between them; up to so many.
+/// Returns the numbers in a text, at most `most`, whatever separates them.
 std::vector<float> numbersIn(std::string_view text, std::size_t most) {
     std::vector<float> numbers;
     const char* next = text.data();
@@ -30,7 +30,7 @@ std::vector<float> numbersIn(std::string_view text, std::size_t most) {
     return numbers;
 }
 
-/// The numbers that saving writes behind a texture's name.
+/// Returns the numbers that saving writes after a texture's name.
 std::vector<float> savedNumbers() {
     std::string text;
     const TextSink sink = [&text](std::string_view piece) {

@@ -4,14 +4,14 @@
 
 namespace korvane {
 
-/// What a file says of a texture.
+/// The texture block of a file.
 struct TextureBlock {
     bool named = false; ///< there is a name in quotation marks
     std::string_view name;
-    bool standardValues = true; ///< the numbers behind the name are those of saved files, or fewer
+    bool standardValues = true; ///< the numbers begin like those that saving writes
 };
 
-/// Reads the text behind the line that opens a texture block.
+/// Reads the text after the line that opens a texture block.
 [[nodiscard]] TextureBlock readTextureBlock(std::string_view text);
 
 } // namespace korvane

@@ -25,7 +25,7 @@ const char* spelled(TextureSpelling spelling) {
     return "";
 }
 
-/// The name of a file as it is found from the model's folder.
+/// Returns the name of a file relative to the model's folder, if it is in that folder.
 std::string nameFrom(const QString& folder, const QString& file) {
     const QString relative = QDir(folder).relativeFilePath(file);
     return modelText(relative.startsWith(QLatin1String("../")) ? file : relative);

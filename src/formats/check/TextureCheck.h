@@ -7,7 +7,7 @@
 
 namespace korvane {
 
-/// Tells which textures of a model are not seen, or found by luck.
+/// Reports textures that cannot be shown, or are found only under another spelling.
 void checkTextures(const ModelDocument& document, const ReadPlaces& places, TextureLoader& loader,
                    FindingList& findings);
 
