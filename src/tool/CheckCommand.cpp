@@ -12,7 +12,7 @@ namespace korvane::tool {
 
 namespace {
 
-/// Grows when a member of the document goes or changes its meaning.
+/// Increases when a member of the document goes or changes its meaning.
 constexpr int checkVersion = 1;
 
 const char* kindName(FindingKind kind) {
@@ -38,7 +38,7 @@ QJsonObject findingJson(const Finding& finding) {
     return object;
 }
 
-/// Checks the files of one call, which share what is known of textures.
+/// Checks the files of one call, which share a store of textures.
 class Checker {
   public:
     explicit Checker(QString base) : base_(std::move(base)) {}
@@ -50,7 +50,7 @@ class Checker {
         found_ = found_ || !findings.empty();
         return findings;
     }
-    /// Whether there was anything to tell of some file.
+    /// Returns true if any file has findings.
     [[nodiscard]] bool found() const { return found_; }
 
   private:

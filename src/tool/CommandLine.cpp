@@ -50,7 +50,7 @@ void CommandLine::parse(const QStringList& words) {
     }
 }
 
-/// The toolkit's help names neither the command nor what stands behind its options.
+/// The toolkit's help names neither the command nor its operands.
 QString CommandLine::helpText() const {
     const QString text = parser_.helpText();
     return usage_ + u'\n' + text.mid(text.indexOf(u'\n'));

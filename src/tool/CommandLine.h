@@ -13,39 +13,39 @@
 
 namespace korvane::tool {
 
-/// The words of a call, read by the toolkit's rules: "--" ends the options, "-" is no option.
+/// Parses the words of a call by the toolkit's rules: "--" ends the options, "-" is no option.
 /// Whatever makes no sense throws WrongCall.
 class CommandLine {
   public:
-    /// How the call looks, a line for each way, and what it does, both for the help. With
-    /// `leading` options stand before the first other word only.
+    /// `usage` (a line for each form of the call) and `about` are for the help. With `leading`,
+    /// options are only those before the first other word.
     CommandLine(const char* usage, const char* about, bool leading = false);
 
     void addFlag(const char* name, const char* description);
     void addValue(const char* name, const char* valueName, const char* description);
     void parse(const QStringList& words);
 
-    /// What --help or --version asked for has been printed: nothing else is to be done.
+    /// Returns true if the call only asked for --help or --version, which has been printed.
     [[nodiscard]] bool answered() const { return answered_; }
-    /// The words that are no options.
+    /// Returns the words that are no options.
     [[nodiscard]] QStringList operands() const { return parser_.positionalArguments(); }
 
     [[nodiscard]] bool isSet(const char* option) const;
     [[nodiscard]] QString value(const char* option) const;
-    /// Where the option's value stands among the words, or nothing if it was not given.
+    /// Returns the index of the option's value in `known`; nullopt if the option is not set.
     [[nodiscard]] std::optional<std::size_t> choice(const char* option,
                                                     const QStringList& known) const;
-    /// As many finite numbers with the separator between them as asked for, or an empty list.
+    /// Returns `count` finite numbers, separated by `separator`; empty if the option is not set.
     [[nodiscard]] std::vector<float> numbers(const char* option, qsizetype count,
                                              QChar separator) const;
     [[nodiscard]] std::optional<float> number(const char* option) const;
-    /// An angle in radians; the value may have the unit "rad" or "deg".
+    /// Returns an angle in radians; the value may have the unit "rad" or "deg".
     [[nodiscard]] std::optional<float> angle(const char* option) const;
-    /// A whole number above 0.
+    /// Returns a whole number above 0.
     [[nodiscard]] std::optional<int> count(const char* option) const;
-    /// Throws: the option's value is none.
+    /// Throws WrongCall: the option's value is not valid.
     [[noreturn]] void refuseValue(const char* option) const;
-    /// Throws if any of the options is set, which have no meaning for the reason given.
+    /// Throws WrongCall with the reason if any of the options is set.
     void forbid(std::initializer_list<const char*> options, const QString& reason) const;
 
   private:

@@ -10,10 +10,10 @@ namespace korvane::tool {
 struct Command {
     const char* name;
     const char* summary; ///< one line, for the help of the program
-    const char* usage;   ///< how it is called, one line for each way
+    const char* usage;   ///< a line for each form of the call
     const char* about;   ///< what it does, for its own help
     void (*addOptions)(CommandLine& line);
-    /// Does the work of a call that asks for it. Throws WrongCall, Refusal or OutputFailure.
+    /// Runs a call that does not ask for help. Throws WrongCall, Refusal or OutputFailure.
     ExitStatus (*run)(const CommandLine& line);
 };
 

@@ -27,8 +27,8 @@ struct ConvertRequest {
     std::optional<int> repeat;
 };
 
-/// Lets each round reuse the memory of the one before: otherwise the system takes it back and hands
-/// it out again, which is a fifth of the time of a load and not what the medians are meant to tell.
+/// Lets each round reuse the memory of the one before. Otherwise, returning it to the system and
+/// getting it back takes a fifth of a load, which the medians are not meant to measure.
 void keepFreedMemory() {
 #ifdef __GLIBC__
     constexpr int largestKept = 32 << 20;
@@ -37,7 +37,7 @@ void keepFreedMemory() {
 #endif
 }
 
-/// Tells what is lost on the way; with "--strict" nothing may be.
+/// Reports losses; with "--strict", any is a refusal.
 void tellLosses(const ModelCheck& check, const ConvertRequest& request, const Job& job) {
     for (const Finding& finding : check.findings) {
         tell(warningLine(job.in, finding));
@@ -51,7 +51,7 @@ void save(const ModelDocument& document, const QString& out) {
     writeOutput(out, [&document](const TextSink& sink) { return writeXsi(document, sink); });
 }
 
-/// Open and then Save As, as the editor does them, over and over.
+/// Repeats what Open and Save As of the editor do, and times it.
 void convertRepeatedly(const Job& job, int rounds) {
     std::vector<double> loads;
     std::vector<double> saves;

@@ -15,7 +15,7 @@ namespace korvane::tool {
 
 namespace {
 
-constexpr unsigned strayByte = 0xdc00; ///< what is added to a byte that is no UTF-8
+constexpr unsigned strayByte = 0xdc00; ///< added to a byte that is not UTF-8
 
 bool isControl(QChar c) {
     return c.category() == QChar::Other_Control;
@@ -37,7 +37,7 @@ QString escaped(const QString& text) {
     return safe;
 }
 
-/// How many bytes from the beginning are one character in UTF-8; 0 if they are none.
+/// Returns the length in bytes of the first UTF-8 character; 0 if there is none.
 std::size_t characterLength(std::string_view bytes) {
     const auto ones =
         static_cast<std::size_t>(std::countl_one(static_cast<unsigned char>(bytes.front())));
@@ -47,7 +47,7 @@ std::size_t characterLength(std::string_view bytes) {
     return length <= bytes.size() && character.isValidUtf8() ? length : 0;
 }
 
-/// The number of a character in UTF-8.
+/// Returns the code point of a UTF-8 character.
 char32_t codePoint(std::string_view character) {
     const auto lead = static_cast<unsigned char>(character.front());
     char32_t code = character.size() == 1 ? lead : lead & (0x7fU >> character.size());
@@ -66,7 +66,7 @@ QString nameFromBytes(std::string_view bytes) {
         if (length == 0) {
             name += QChar(static_cast<char16_t>(strayByte + static_cast<unsigned char>(bytes[0])));
         } else {
-            // a character at a time: whole texts lose a byte order mark at their beginning
+            // one character at a time: a whole text would lose a byte order mark at its beginning
             for (const char16_t unit : QChar::fromUcs4(codePoint(bytes.substr(0, length)))) {
                 name += QChar(unit);
             }

@@ -14,7 +14,7 @@ namespace korvane::tool {
 
 namespace {
 
-/// What a node's line says beyond its text.
+/// Returns what a node's line says beyond its text.
 std::string counts(NodeKind kind, const FrameRecord& frame, const ModelDocument& document) {
     const MeshRecord& mesh = frame.Mesh;
     switch (kind) {
@@ -60,7 +60,7 @@ void printTree(ModelDocument& document) {
     }
 }
 
-/// "0.5 1 -2": each number in the shortest text that reads back as the same.
+/// Returns numbers as "0.5 1 -2", each in the shortest form that reads back as the same.
 std::string text(std::initializer_list<float> numbers) {
     std::string line;
     for (const float number : numbers) {

@@ -90,7 +90,7 @@ void InputFiles::keepFrom(const QString& out, const QString& own) const {
     }
 }
 
-/// Only what keeps its contents counts: a terminal may well be both ends.
+/// Only regular files count: a terminal may well be both input and output.
 std::optional<InputFiles::FileId> InputFiles::idOf(const QString& name, int standardStream) {
     struct stat about = {};
     const int result = isStandardStream(name) ? fstat(standardStream, &about)

@@ -13,34 +13,34 @@
 
 namespace korvane::tool {
 
-/// A name for standard input in messages, other names as they are.
+/// Returns a name for messages: "standard input" for "-", other names as they are.
 QString inputLabel(const QString& file);
 
-/// The folder that a file stands in.
+/// Returns the folder of a file.
 QString parentFolder(const QString& file);
 
 enum class InputState { Opened, Missing, CannotOpen };
 
-/// Opens a file, whatever bytes its name has. A folder cannot be read, and a pipe or a device might
-/// never end: they are refused.
+/// Opens a file, whatever bytes its name has. Refuses folders, which cannot be read, and pipes and
+/// devices, which might never end.
 InputState openInput(QFile& file, const QString& name);
 
-/// All of standard input. Throws Refusal where it cannot be read to its end.
+/// Returns all of standard input. Throws Refusal if it cannot be read to its end.
 std::string readStandardInput();
 
-/// A folder under a name that the toolkit can use, whatever bytes its own name has.
+/// Gives a folder a name that the toolkit can use, whatever bytes its own name has.
 class FolderAlias {
   public:
-    /// An empty name is the current folder.
+    /// An empty name means the current folder.
     explicit FolderAlias(const QString& folder);
     ~FolderAlias();
     FolderAlias(const FolderAlias&) = delete;
     FolderAlias& operator=(const FolderAlias&) = delete;
 
     [[nodiscard]] const QString& path() const { return path_; }
-    /// Whether that is the folder's own name.
+    /// Returns true if path() is the folder's own name.
     [[nodiscard]] bool isReal() const { return descriptor_ < 0; }
-    /// The name of a file under its real folder.
+    /// Converts the name of a file in path() to one in the real folder.
     [[nodiscard]] QString realName(const QString& file) const;
 
   private:
@@ -49,13 +49,13 @@ class FolderAlias {
     int descriptor_ = -1;
 };
 
-/// Knows which files are read, so that none is written.
+/// Identifies the files that are read, so that none is overwritten.
 class InputFiles {
   public:
     explicit InputFiles(const QStringList& inputs);
-    /// Throws Refusal where an output, by whatever spelling or link, is one of the inputs.
+    /// Throws Refusal if an output, by whatever spelling or link, is one of the inputs.
     void keepFrom(const QString& out) const;
-    /// The same, but lets a file be saved onto itself.
+    /// The same, but lets an input, `own`, be saved onto itself.
     void keepFrom(const QString& out, const QString& own) const;
 
   private:

@@ -18,7 +18,7 @@ QJsonValue jsonNumber(float number) {
     if (!std::isfinite(number)) {
         return {};
     }
-    // the toolkit writes doubles: the one that has the same shortest text
+    // the toolkit writes doubles: use the one with the same shortest text
     std::array<char, 32> text{};
     const char* end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
     double same = 0.0;

@@ -15,23 +15,23 @@
 
 namespace korvane::tool {
 
-// How the documents of all commands tell what they hold.
+// Shared by the JSON documents of all commands.
 
-/// A number that reads back as the same float; null where it is not finite.
+/// Returns a number that reads back as the same float; null if it is not finite.
 QJsonValue jsonNumber(float number);
-/// A list of such numbers.
+/// Returns a list of such numbers.
 QJsonArray jsonNumbers(std::span<const float> numbers);
 QJsonArray jsonNumbers(std::initializer_list<float> numbers);
 
-/// Adds bytes as `key`, shown as the editor shows them. Where they are no UTF-8 they follow in
-/// hexadecimal as `key` with "Bytes" behind it.
+/// Adds bytes as `key`, as the editor shows them. If they are not UTF-8, also adds them in
+/// hexadecimal, as `key` with "Bytes" appended.
 void addName(QJsonObject& object, const QString& key, std::string_view bytes);
 /// The same for the name of a file.
 void addFileName(QJsonObject& object, const QString& key, const QString& name);
 
-/// Prints one document of what `tell` says of each file, on a line as it comes:
-/// {"version": 1, "files": [...]}. A refused file stands there with its reason as "error", and is
-/// reported as by any other command.
+/// Prints one document, {"version": 1, "files": [...]}, with what `tell` returns for each file on a
+/// line of its own. A refused file has the reason as "error", and is reported as by any other
+/// command.
 ExitStatus printFiles(int version, const QStringList& files,
                       const std::function<QJsonObject(const QString&)>& tell);
 

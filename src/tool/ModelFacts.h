@@ -11,22 +11,21 @@
 
 namespace korvane::tool {
 
-/// A frame of a model with what the record does not tell.
+/// A frame of a model with derived facts.
 struct FrameFacts {
     const FrameRecord* frame = nullptr;
-    std::optional<std::size_t> parent; ///< its place in the list; nothing for the root
+    std::optional<std::size_t> parent; ///< its index in the list; nullopt for the root
     Bounds bounds;                     ///< of all vertices, in the frame's own space
 };
 
-/// What a program or a person may want to know of a model beyond its structure. Refers to the
-/// model, which must stay as it is.
+/// Facts about a model beyond its structure. Refers to the model, which must not change.
 struct ModelFacts {
     explicit ModelFacts(ModelInput& model);
 
     ModelCounts counts;
     std::vector<FrameFacts> frames; ///< in the order of the structure, the root first
     Bounds bounds;                  ///< of all vertices, in world space
-    /// For each material its texture, if it names one that is there.
+    /// The texture of each material; nullopt if it names none or none is found.
     std::vector<std::optional<TextureFacts>> textures;
 };
 

@@ -20,8 +20,8 @@ ReadStatus statusOf(InputState state) {
     return state == InputState::Missing ? ReadStatus::Missing : ReadStatus::CannotOpen;
 }
 
-/// What a text from standard input would be called as a file; empty where its first letters are
-/// those of no header.
+/// Returns a file name for a text from standard input; empty if its first letters are not those of
+/// a header.
 QString nameByHeader(std::string_view text) {
     const QString start = shownText(text.substr(0, 3));
     return start.compare(QLatin1String("xsi"), Qt::CaseInsensitive) == 0   ? QStringLiteral("-.xsi")

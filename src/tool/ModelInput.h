@@ -14,51 +14,50 @@
 
 namespace korvane::tool {
 
-/// Adds the option that tells where the textures of a model from standard input are.
+/// Adds the option for the folder of the textures of a model from standard input.
 void addBaseOption(CommandLine& line);
-/// Throws WrongCall where the inputs cannot all be read: standard input serves once.
+/// Throws WrongCall if standard input is among the inputs more than once.
 void checkStandardInput(const QStringList& inputs);
-/// The same, and "--base" is for standard input alone.
+/// The same, and also if "--base" is given without standard input.
 void checkModelInputs(const CommandLine& line, const QStringList& inputs);
 
-/// All of a model's text, from a file or from standard input.
+/// The whole text of a model, from a file or from standard input. The constructor throws Refusal.
 struct ModelText {
     explicit ModelText(const QString& file);
 
     std::string bytes;
-    QString name; ///< what tells the kind: that of the file, or "-.xsi" or "-.x" by the header
+    QString name; ///< tells the kind: the file's name, or "-.xsi" or "-.x" by the header
 };
 
-/// Refuses a model that could not be read.
+/// Throws Refusal for a model that could not be read.
 [[noreturn]] void refuseModel(ReadStatus status, const QString& file, const QString& name);
 
-/// The folder where the textures of a model are looked for, by its file and the value of "--base".
+/// Returns the folder of a model's textures: the file's own, or `base` for standard input.
 QString textureFolder(const QString& file, const QString& base);
 
-/// What the textures of inputs share; those of a folder whose alias may come to stand for another
-/// one share nothing.
+/// Returns `shared`, or null if the folder has an alias: that may lead to another folder later.
 std::shared_ptr<TextureStore> storeFor(const FolderAlias& folder,
                                        const std::shared_ptr<TextureStore>& shared);
 
 /// A texture that a model names.
 struct TextureFacts {
-    QString file; ///< where it was found
+    QString file; ///< the file found
     TextureOutcome outcome;
 };
 
-/// A model read as the editor's Open does. A file counts by its extension, what comes from standard
-/// input by its header.
+/// A model read as the editor's Open does. The kind of a file follows from its extension, that of
+/// standard input from its header.
 class ModelInput {
   public:
     /// Reads a file, or standard input with its textures in the folder `base` ("" is the current
-    /// one). Inputs of one call share a store of textures. Without `pictures` all images are the
-    /// 1 x 1 one. Throws Refusal.
+    /// one). Inputs of one call share a store of textures. Without `pictures`, every image is the
+    /// blank one. Throws Refusal.
     ModelInput(const QString& file, const QString& base,
                const std::shared_ptr<TextureStore>& store = nullptr, bool pictures = true);
 
     ModelDocument document;
 
-    /// What there is of a texture, or nothing if no file is found.
+    /// Returns the facts about a texture; nullopt if no file is found.
     [[nodiscard]] std::optional<TextureFacts> texture(const std::string& name);
 
   private:

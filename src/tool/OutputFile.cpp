@@ -17,7 +17,7 @@ namespace korvane::tool {
 
 namespace {
 
-/// Where a link leads, if that is a file that is there.
+/// Returns the existing file that a link leads to, otherwise the name itself.
 QString linkedFile(const QString& name) {
     struct stat about = {};
     if (lstat(nameBytes(name).c_str(), &about) != 0 || !S_ISLNK(about.st_mode)) {
@@ -28,8 +28,8 @@ QString linkedFile(const QString& name) {
     return real ? nameFromBytes(real.get()) : name;
 }
 
-/// Replaces a file whose name the toolkit cannot spell: a second link to it that it can spell is
-/// replaced, rights and all, and then takes the place of the first.
+/// Replaces a file whose name the toolkit cannot spell: makes a second link to it that it can,
+/// replaces that, rights and all, and renames it to the first.
 bool replaceOddName(const QString& name, const std::function<bool(const TextSink&)>& write) {
     const FolderAlias folder(parentFolder(name));
     const std::string target = nameBytes(name);
@@ -42,7 +42,7 @@ bool replaceOddName(const QString& name, const std::function<bool(const TextSink
     }
     const bool replaced =
         replaceFile(link, write) && std::rename(linkBytes.c_str(), target.c_str()) == 0;
-    unlink(linkBytes.c_str()); // there still after a failure, or where the file kept its place
+    unlink(linkBytes.c_str()); // left behind by a failure or an overwrite in place
     return replaced;
 }
 

@@ -6,12 +6,12 @@
 
 namespace korvane::tool {
 
-/// Adds the option that lets a picture go under a name that does not say what it is.
+/// Adds the option to write a picture under a name without ".png".
 void addFormatOption(CommandLine& line);
 
-/// Throws WrongCall where no picture can go to `out` with the options given. A picture goes under a
-/// name that ends in .png, under any name with "--format png", or to "-": a call that names models
-/// only must never write over one of them.
+/// Throws WrongCall if no picture may go to `out` with these options. It may go to a name that ends
+/// in ".png", to any name with "--format png", or to "-": a call that names only models must never
+/// overwrite one of them.
 void checkPictureOutput(const CommandLine& line, const QString& out);
 
 /// Writes a picture as PNG. Throws Refusal or OutputFailure.

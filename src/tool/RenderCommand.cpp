@@ -17,19 +17,19 @@ namespace korvane::tool {
 
 namespace {
 
-/// A view of one model. `redraw` draws once and tells whether it could, `picture` gives what was
-/// drawn, or a null image.
+/// A view of one model. `redraw` draws once and returns false if it cannot; `picture` returns what
+/// was drawn, or a null image.
 struct Drawing {
     std::function<bool()> redraw;
     std::function<QImage()> picture;
 };
 
-/// The pixels of a bitmap; over no background those are transparent that nothing was drawn on.
+/// Returns the bitmap as an image; without a background, pixels not drawn on are transparent.
 QImage pictureOf(const Bitmap& bitmap, BitmapPixel background) {
     return background == RenderRequest::noBackground ? overlayOf(bitmap) : imageOf(bitmap);
 }
 
-/// Draws as asked for and saves the picture.
+/// Draws, as often as requested, and saves the picture.
 void drawAndSave(const RenderRequest& request, const Job& job, const Drawing& drawing) {
     const Refusal failure(job.in, QStringLiteral("no OpenGL here"));
     if (!drawing.redraw()) {
@@ -96,7 +96,7 @@ void renderByOpenGl(RenderRequest& request, const Job& job, ModelDocument& docum
                  read});
 }
 
-/// What is given of the camera is in units of the model, and so is then all of it.
+/// Options place the camera in units of the model: if any is set, the rest is converted, too.
 void placeCamera(RenderRequest& request, ModelDocument& document) {
     startCamera(document, request.state, ViewGeometry(request.width, request.height));
     if (request.distance || request.centre) {
@@ -106,7 +106,7 @@ void placeCamera(RenderRequest& request, ModelDocument& document) {
     document.CameraCenter = request.centre.value_or(document.CameraCenter);
 }
 
-/// Each model gets its own copy of the request, in which the camera is placed.
+/// Takes the request by value: placing the camera changes it.
 void renderModel(RenderRequest request, const Job& job,
                  const std::shared_ptr<TextureStore>& store) {
     ModelInput model(job.in, request.base, store);

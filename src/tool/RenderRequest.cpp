@@ -8,7 +8,7 @@ namespace korvane::tool {
 
 namespace {
 
-/// A colour by name or as "#rrggbb"; "none" is no background.
+/// Parses a colour by name or as "#rrggbb"; "none" means no background.
 BitmapPixel backgroundOf(const CommandLine& line) {
     const QString text = line.value("background");
     if (text == QLatin1String("none")) {
@@ -21,7 +21,7 @@ BitmapPixel backgroundOf(const CommandLine& line) {
     return color.rgb();
 }
 
-/// The view, and what colour is behind it.
+/// Reads the view and its background.
 void readView(const CommandLine& line, RenderRequest& request) {
     const auto view = line.choice("view", {QStringLiteral("3d"), QStringLiteral("xy"),
                                            QStringLiteral("xz"), QStringLiteral("zy")});

@@ -11,7 +11,7 @@
 
 namespace korvane::tool {
 
-/// The pictures asked for; what was not asked for is left to the start camera.
+/// The pictures requested; unset values are left to the start camera.
 struct RenderRequest {
     QString base;
     ViewState state;
@@ -20,15 +20,15 @@ struct RenderRequest {
     std::optional<float> distance;
     std::optional<Vec3> centre;
     std::optional<int> repeat;
-    std::optional<ViewPlane> plane; ///< of a 2D view instead of the 3D one
-    /// Of the picture; noBackground leaves pixels that nothing covers transparent.
+    std::optional<ViewPlane> plane; ///< the 2D view to draw instead of the 3D one
+    /// With noBackground, pixels that nothing covers are transparent.
     BitmapPixel background = 0;
 
     static constexpr BitmapPixel noBackground = 0;
 };
 
 void addRenderOptions(CommandLine& line);
-/// Turns the options into a request. Throws WrongCall.
+/// Converts the options to a request. Throws WrongCall.
 RenderRequest renderRequest(const CommandLine& line);
 
 } // namespace korvane::tool

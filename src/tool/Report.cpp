@@ -15,7 +15,7 @@ namespace korvane::tool {
 
 namespace {
 
-/// Tells on standard error how far the work is, on one line that it takes away again.
+/// Shows progress on standard error, in a line that it erases again.
 class Counter {
   public:
     explicit Counter(bool wanted)
@@ -40,7 +40,7 @@ class Counter {
         }
     }
 
-    static Counter* current; ///< what stands on standard error, if anything does
+    static Counter* current; ///< the one shown, or null
 
   private:
     bool shows_;
@@ -56,7 +56,7 @@ void guardStandardStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(stream, F_GETFD) < 0) {
-            // the wrong way round, so that using it is an error still
+            // for the opposite direction, so that using it still fails
             open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
         }
     }

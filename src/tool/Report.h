@@ -11,17 +11,17 @@
 
 namespace korvane::tool {
 
-/// How a command ended, as the program's exit status.
+/// The program's exit status.
 enum class ExitStatus { Done = 0, Refused = 1, Usage = 2 };
 
-/// Thrown where a call makes no sense: the program says why, and where help is found.
+/// Thrown if a call makes no sense: the program says why, and where to find help.
 class WrongCall : public std::exception {
   public:
     explicit WrongCall(QString why) : reason(std::move(why)) {}
     QString reason;
 };
 
-/// Thrown where an input is refused or an output fails.
+/// Thrown if an input is refused or an output fails.
 class Refusal : public std::exception {
   public:
     Refusal(QString of, QString why) : file(std::move(of)), reason(std::move(why)) {}
@@ -29,30 +29,30 @@ class Refusal : public std::exception {
     QString reason;
 };
 
-/// Thrown where standard output takes no more. A reader that has gone, as `head` does, is no news.
+/// Thrown if standard output fails. If its reader has gone, like `head`, that is not reported.
 class OutputFailure : public std::exception {
   public:
     explicit OutputFailure(bool readerGone) : closed(readerGone) {}
     bool closed;
 };
 
-/// Prepares the standard streams: a closed pipe is an error of the write, and a stream that the
-/// caller has closed never becomes that of a file.
+/// Prepares the standard streams: writing to a closed pipe is an error, not a signal, and no file
+/// that is opened takes the place of a stream that the caller has closed.
 void guardStandardStreams();
 
-/// Puts text or bytes on standard output.
+/// Writes text or bytes to standard output. Throws OutputFailure.
 void print(std::string_view text);
-/// Hands on what standard output holds back; its failures show now at the latest.
+/// Flushes standard output. Throws OutputFailure.
 void finishOutput();
 
-/// Prints a line, with its end, on standard error.
+/// Prints a line, which includes its line end, to standard error.
 void tell(std::string_view line);
-/// Prints "FILE: reason" on standard error.
+/// Prints "FILE: reason" to standard error.
 void complain(const QString& file, const QString& reason);
 
-/// Does the work for each of several inputs, by its number. What refuses one does not stop the
-/// others: it is told and makes the status. With `count` a line of standard error counts along if
-/// that is a terminal.
+/// Calls `work` with the number of each input. A refusal does not stop the others: it is reported,
+/// and the status returned is Refused. With `count`, shows the progress on standard error if that
+/// is a terminal.
 ExitStatus forEachInput(const QStringList& inputs, bool count,
                         const std::function<void(qsizetype)>& work);
 

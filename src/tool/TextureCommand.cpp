@@ -17,8 +17,8 @@ namespace korvane::tool {
 
 namespace {
 
-/// Decodes bytes by the extension of their kind. Throws Refusal for `file` where that cannot be
-/// done: the white pixel that stands for them in a view is no picture.
+/// Decodes bytes by the extension of their kind. On failure, throws Refusal for `file`: the white
+/// pixel that views show instead is no picture.
 TextureImage decoded(const QByteArray& bytes, const QString& extension, const QString& file) {
     DecodedTexture texture = decodeTexture(bytesOf(bytes), extension);
     if (!texture.refusal.empty()) {
@@ -28,8 +28,7 @@ TextureImage decoded(const QByteArray& bytes, const QString& extension, const QS
     return std::move(texture.image);
 }
 
-/// The file that a name leads to, as the textures of models are found; the name itself if there is
-/// none.
+/// Finds a file as the textures of models are found; returns the name itself if there is none.
 QString foundFile(const QString& name) {
     const FolderAlias folder(parentFolder(name));
     const QString last = name.mid(name.lastIndexOf(u'/') + 1);
@@ -41,7 +40,7 @@ QString foundFile(const QString& name) {
     return found ? folder.realName(*found) : name;
 }
 
-/// The picture of a file, or of standard input, whose kind is told as an extension.
+/// Reads a picture from a file, or from standard input with the extension `type`.
 TextureImage readTexture(const QString& file, const QString& type) {
     if (isStandardStream(file)) {
         const std::string bytes = readStandardInput();
@@ -61,7 +60,7 @@ void addOptions(CommandLine& line) {
     addFormatOption(line);
 }
 
-/// The kind of what comes from standard input, as an extension.
+/// Returns the kind of the picture on standard input, as an extension.
 QString pipedType(const CommandLine& line, const QString& in) {
     const QStringList types = {QStringLiteral("pic"), QStringLiteral("tga"), QStringLiteral("bmp"),
                                QStringLiteral("ico")};

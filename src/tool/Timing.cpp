@@ -15,7 +15,7 @@ double millisecondsSince(Clock::time_point start) {
 void printMedian(const char* name, std::vector<double> milliseconds) {
     const auto middle = milliseconds.begin() + static_cast<std::ptrdiff_t>(milliseconds.size() / 2);
     std::nth_element(milliseconds.begin(), middle, milliseconds.end());
-    // not by printf, which would write the point of the locale
+    // printf would write the decimal point of the locale
     print(std::string(name) + " median " + QString::number(*middle, 'f', 3).toStdString() +
           " ms\n");
 }

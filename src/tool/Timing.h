@@ -8,20 +8,20 @@
 
 namespace korvane::tool {
 
-/// What times are taken with.
+/// The clock for all measurements.
 using Clock = std::chrono::steady_clock;
 
-/// How long ago that was, in milliseconds.
+/// Returns the time since then in milliseconds.
 double millisecondsSince(Clock::time_point start);
 
-/// Prints the middle one of at least one time, the upper one of two in the middle, as "frame median
-/// 1.250 ms" with the name given.
+/// Prints the median of one or more times (of an even number the upper middle one), with this name:
+/// "frame median 1.250 ms".
 void printMedian(const char* name, std::vector<double> milliseconds);
 
 /// Adds the option that repeats the work and times it.
 void addRepeatOption(CommandLine& line, const char* description);
-/// How often, if that was asked for. Throws WrongCall where the times would mix with a result, or
-/// the job is one of several.
+/// Returns the number of repetitions, if given. Throws WrongCall if the job uses a standard stream
+/// or is one of several.
 std::optional<int> repeatCount(const CommandLine& line, const Job& job);
 
 } // namespace korvane::tool

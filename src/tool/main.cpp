@@ -42,7 +42,7 @@ ExitStatus runCommand(const Command& command, const QStringList& words) {
     return line.answered() ? ExitStatus::Done : command.run(line);
 }
 
-/// A wrong call is told with the place where help is found.
+/// Reports a wrong call and where to find help.
 ExitStatus tellWrongCall(const WrongCall& fault, const char* command) {
     std::fprintf(stderr, "korvane-tool: %s. Try 'korvane-tool %s%s--help'.\n",
                  printable(fault.reason).c_str(), command, *command == '\0' ? "" : " ");
@@ -78,8 +78,8 @@ ExitStatus run(const QStringList& words) {
     }
 }
 
-/// Drawing with OpenGL needs the connection to the display, nothing else does. Where there is no
-/// display Qt would end the program: it gets a platform that needs none, which has no OpenGL.
+/// Only drawing with OpenGL needs a display. Without one, Qt would end the program: let it fall
+/// back to a platform that needs none, and has no OpenGL.
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
                                                   const QStringList& words) {
     const auto isOpenGl = [](const QString& word) {
@@ -121,10 +121,10 @@ ExitStatus runAndFinish(const QStringList& words) {
 
 int main(int argc, char** argv) {
     guardStandardStreams();
-    // What the toolkit and its decoders have to say is no news: a refusal tells all.
+    // Silences the toolkit and its decoders: a refusal says all there is to say.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QStringList words = wordsOf(argc, argv);
-    argc = std::min(argc, 1); // the toolkit would take a file's name for one of its options
+    argc = std::min(argc, 1); // the toolkit would take file names for its own options
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv, words);
     return static_cast<int>(runAndFinish(words));
 }
