@@ -29,7 +29,7 @@ void CopyAndPasteFrame(benchmark::State& state) {
     }
 }
 
-/// The yardstick: the same model by way of a file's text.
+/// For comparison: the same model through the text of a file.
 void SaveAndLoadXsi(benchmark::State& state) {
     const ModelDocument source = gridModel(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state) {

@@ -34,7 +34,7 @@ void LoadXsi(benchmark::State& state) {
     loadText(state, writeText(gridModel(static_cast<std::size_t>(state.range(0)))));
 }
 
-/// The yardstick for loading: every number of the text by std::from_chars, and no model.
+/// For comparison with loading: every number of the text by std::from_chars, without a model.
 void NumbersByFromChars(benchmark::State& state) {
     const std::string text = writeText(gridModel(static_cast<std::size_t>(state.range(0))));
     for (auto _ : state) {
@@ -66,7 +66,7 @@ void SaveXsi(benchmark::State& state) {
     setBytes(state, bytes);
 }
 
-/// The yardstick for saving: the numbers of the meshes by std::to_chars, with their separators.
+/// For comparison with saving: the numbers of the meshes by std::to_chars, with separators.
 void NumbersByToChars(benchmark::State& state) {
     const ModelDocument document = gridModel(static_cast<std::size_t>(state.range(0)));
     std::vector<char> out(1U << 18U);

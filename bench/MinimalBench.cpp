@@ -1,5 +1,5 @@
-// The smallest program of the toolkit that shows what the editor's idle main frame does: menus, a
-// tool bar, a status bar and an area for windows. The yardstick of bench/windows.
+// The smallest program of the toolkit with what the editor's idle main frame shows: menus, a tool
+// bar, a status bar and an area for windows. bench/windows compares the editor with it.
 
 #include <QApplication>
 #include <QFile>

@@ -16,7 +16,7 @@ namespace {
 
 using test::gridModel;
 
-/// Draws the model of so many faces, 1024 x 768, all of it in view.
+/// Draws the whole model at 1024 x 768.
 void drawFrames(benchmark::State& state, ModelDocument document, RenderMode mode) {
     SoftwareView view;
     view.resize(1024, 768);
@@ -32,8 +32,8 @@ void drawFrames(benchmark::State& state, ModelDocument document, RenderMode mode
         static_cast<double>(countOtherThan(imageOf(view.bitmap()), settings.colors.background));
 }
 
-/// As textbooks draw a line: ends out of sight are cut off one side at a time, then each step is
-/// decided by the error of the last one.
+/// The textbook line: clips the ends at one side of the view after the other, then decides each
+/// step by the error of the last one.
 void plainLine(Bitmap& bitmap, PixelPoint from, PixelPoint to, BitmapPixel color) {
     const std::int32_t right = bitmap.width() - 1;
     const std::int32_t low = bitmap.height() - 1;
@@ -119,7 +119,7 @@ void DrawTranslucent(benchmark::State& state) {
     drawFrames(state, std::move(document), RenderMode::SmoothShading);
 }
 
-/// The 2D view's picture, 800 x 600, with the whole model in view or part of it, drawn again as it
+/// Draws a 2D view at 800 x 600 with the whole model in view or part of it, either repeatedly as it
 /// is or after a pan.
 void DrawPlane(benchmark::State& state) {
     ModelDocument document = model(state);
@@ -136,8 +136,8 @@ void DrawPlane(benchmark::State& state) {
         countOtherThan(imageOf(view.bitmap()), view.colors().frames.background));
 }
 
-/// The bare lines of such a picture, to compare with: the same edges between pixels worked out
-/// before, by the plainest way to draw a line.
+/// For comparison: only the lines of that picture, between precomputed pixels, by the plainest way
+/// to draw a line.
 void DrawPlainLines(benchmark::State& state) {
     ModelDocument document = model(state);
     PlaneView view(ViewPlane::XY);

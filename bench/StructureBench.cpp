@@ -14,7 +14,7 @@ namespace {
 
 using test::groupedFrames;
 
-/// A document of ten thousand frames and the tree model that shows it.
+/// A document of ten thousand frames with its tree model.
 struct Tree {
     ModelDocument document = groupedFrames(10'000);
     StructureTreeModel model;
@@ -23,7 +23,7 @@ struct Tree {
     void refresh() { model.setTree(StructureTree(document)); }
 };
 
-/// The same on the page, with everything expanded.
+/// The same in the structure page's tree, with everything expanded.
 struct Page {
     ModelDocument document = groupedFrames(10'000);
     QTreeView widget;
@@ -97,7 +97,7 @@ void undo(Shown& shown) {
     show(shown, shown.history.undo(shown.document));
 }
 
-/// An edit with its undo, its redo and the undo of that, each shown: four times what one costs.
+/// An edit, its undo, its redo and another undo, each with a refresh: four times the cost of one.
 template <class Shown, Edit edit>
 void FourSteps(benchmark::State& state) {
     Shown shown;

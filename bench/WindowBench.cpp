@@ -1,5 +1,5 @@
-// Drives the real windows and tells what a user's step costs in processor time, all threads of the
-// process together: times on the clock say little on a busy machine. See bench/windows.
+// Drives the real windows and prints the processor time of a user's steps, over all threads of the
+// process: elapsed time says little on a busy machine. See bench/windows.
 
 #include "app/shell/EditorApplication.h"
 #include "app/shell/EditorForms.h"
@@ -35,7 +35,7 @@ double processorMs() {
     return ms(usage.ru_utime) + ms(usage.ru_stime);
 }
 
-/// The memory that the process has of its own at the moment, in MiB.
+/// The resident memory of the process in MiB.
 double memoryMiB() {
     QFile file(QStringLiteral("/proc/self/smaps_rollup"));
     double kib = 0;
@@ -54,14 +54,14 @@ void tell(const char* what, double value, const char* unit) {
     std::fflush(stdout);
 }
 
-/// Runs the event loop as the program does, which lets it wait.
+/// Runs the event loop as the program does, which lets it wait for events.
 void runLoop(int ms) {
     QEventLoop loop;
     QTimer::singleShot(ms, &loop, &QEventLoop::quit);
     loop.exec();
 }
 
-/// Runs the event loop until it has waited a while, so that everything asked for is on the screen.
+/// Runs the event loop until all requested updates are on the screen.
 void settle(int quietMs = 0) {
     for (int round = 0; round < 3; ++round) {
         QCoreApplication::sendPostedEvents();
@@ -72,7 +72,7 @@ void settle(int quietMs = 0) {
     }
 }
 
-/// The median cost of a step.
+/// Returns the median cost of a step.
 double stepMs(int steps, const std::function<void(int)>& step) {
     std::vector<double> costs;
     for (int i = -5; i < steps; ++i) {
@@ -101,7 +101,7 @@ class Bench {
     }
 
     void turn() {
-        // the picture gets the mouse, whoever draws it
+        // the picture gets the mouse, whatever renderer draws it
         QWidget* view = window().findChild<QWidget*>(QStringLiteral("ThreeDWin"));
         const QPoint middle = view->rect().center();
         QTest::mousePress(view, Qt::LeftButton, Qt::NoModifier, middle);
@@ -165,7 +165,7 @@ class Bench {
     [[nodiscard]] QTreeView& treeView() const {
         return *window().findChild<QTreeView*>(QStringLiteral("TreeView1"));
     }
-    /// The first rows of the tree whose text starts so.
+    /// The first rows of the tree whose text begins with `start`.
     [[nodiscard]] QModelIndexList nodes(const char* start, int count) const {
         const QAbstractItemModel& model = *treeView().model();
         return model.match(model.index(0, 0), Qt::DisplayRole, QString::fromLatin1(start), count,
@@ -189,7 +189,7 @@ int main(int argc, char** argv) {
     }
     int words = 1;
     const auto application = korvane::EditorApplication::onDisplay(words, argv);
-    QTemporaryDir state; // the user's own recovery copies are none of this
+    QTemporaryDir state; // keeps the user's own recovery copies out of this
     qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
     const double before = processorMs();
     Bench bench(models);
@@ -213,5 +213,5 @@ int main(int argc, char** argv) {
         return 2;
     }
     state.remove();
-    std::_Exit(0); // what is left to close is not measured
+    std::_Exit(0); // closing is not measured
 }
