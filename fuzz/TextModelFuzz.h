@@ -14,8 +14,8 @@
 
 namespace korvane::fuzz {
 
-/// Reads a text under the given header, at once and through a small window, which must give the
-/// same model; checks it, shows it and saves it.
+/// Reads a text with this header at once and through a small window, which must yield the same
+/// model; checks it, builds its tree and saves it.
 inline void readModel(std::string_view header, const std::uint8_t* data, std::size_t size) {
     std::string text(header);
     text.append(reinterpret_cast<const char*>(data), size);

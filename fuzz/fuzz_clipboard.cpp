@@ -37,7 +37,7 @@ void require(bool holds) {
     }
 }
 
-/// Pastes, shows, saves and takes back what a block holds.
+/// Pastes the contents of a block, shows and saves the model, and undoes the paste.
 void use(ClipboardItem item) {
     ModelDocument document;
     document.Materials.resize(1);
@@ -65,8 +65,7 @@ void readBlock(const Bytes& block) {
     if (!item) {
         return;
     }
-    // the first copy leaves materials behind that nothing uses, the second one has nothing to
-    // change
+    // the first copy drops unused materials, the second one must change nothing
     std::optional<ClipboardItem> once = decoded(encoded(*item));
     require(once.has_value());
     const QByteArray written = encoded(*once);
@@ -82,7 +81,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     readBlock(block);
     constexpr std::size_t header = 12;
     if (size >= header) {
-        // few inputs tell their own size
+        // few inputs state their own size correctly
         const std::size_t payload = size - header;
         for (std::size_t i = 0; i < 4; ++i) {
             block[4 + i] = static_cast<std::uint8_t>(payload >> 8 * i);

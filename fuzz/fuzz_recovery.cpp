@@ -8,7 +8,7 @@
 
 using namespace korvane;
 
-// The records are given as they are: no input has their checksum.
+// The records are passed without their checksum, which no input would match.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::span bytes(data, size);
     readCopyHead(bytes, size);

@@ -57,7 +57,7 @@ class Editing {
         note(edits_++);
         if (task_.saves && edits_ % editsToASave == 0) {
             worker_.finish();
-            session_.add(); // so that there is something to be saved
+            session_.add(); // gives the save something to do
             note(-1);
             session_.save();
         }

@@ -71,7 +71,7 @@ void Worker::begin() {
         break;
     }
     default:
-        // the views have a scale of their own, which depends on their size
+        // the views' own scale depends on their size
         session_.model().PlaneScale = 16.0F;
         session_.model().PanVector = {};
         session_.setTool(number(0, 1) == 0 ? ViewTool::MoveFrame : ViewTool::RotateFrame);

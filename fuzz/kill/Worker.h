@@ -7,14 +7,14 @@
 
 namespace korvane::killing {
 
-/// A user at work, the same one for the same seed: each step leaves the model in a state that does
-/// not depend on when it is made.
+/// Simulates a user. The same seed leads to the same states of the model, whenever the steps are
+/// made.
 class Worker {
   public:
     Worker(DocumentSession& session, std::uint32_t seed) : session_(session), random_(seed) {}
 
     void step();
-    /// Ends what is running, so that the next thing can be a save.
+    /// Ends a drag or the material editor, so that a save can follow.
     void finish();
 
   private:

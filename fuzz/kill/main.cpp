@@ -1,5 +1,4 @@
-// Kills editors at work, at moments that a seed decides, and looks at what the next start finds;
-// see run.
+// Kills editors at work, at seeded moments, and checks what the next start finds; see run.
 
 #include "Editor.h"
 #include "Worker.h"
@@ -61,7 +60,7 @@ class Killer {
   public:
     Killer(QString program, const Options& options)
         : program_(std::move(program)), options_(options) {
-        ::chmod(qPrintable(folder_.path()), 0777); // for the one who writes in place
+        ::chmod(qPrintable(folder_.path()), 0777); // for saves in place as another user
         qputenv("XDG_STATE_HOME", path("state").toLocal8Bit());
         writeFile(path("original.xsi"), test::writeText(test::gridModel(options.faces)));
         measure();
@@ -86,7 +85,7 @@ class Killer {
                     "%.1f ms were missing at the most, %.1f ms in the median, more than allowed "
                     "%td times\n",
                     options_.count, missing_.back(), missing_[missing_.size() / 2], late);
-        // one in a hundred is left to a machine that has other things to do
+        // tolerates one in a hundred, as the machine may be busy
         expect(late * 100 <= options_.count, "more was missing than is allowed");
         if (options_.saves != Saves::None) {
             std::printf("the file was old %d times, new %d times, and in pieces but whole in the "
@@ -172,7 +171,7 @@ class Killer {
         }
         expect(QFile::copy(path("original.xsi"), path("m.xsi")), "the model cannot be written");
         if (options_.saves == Saves::InPlace) {
-            // a file of somebody else's that all may write is written over
+            // another user's file that all may write is overwritten in place
             const QByteArray name = QFile::encodeName(path("m.xsi"));
             expect(::chown(name.constData(), 1000, 1000) == 0 &&
                        ::chmod(name.constData(), 0666) == 0,
@@ -196,7 +195,7 @@ class Killer {
         return editor;
     }
 
-    /// A state that the model was in, from a moment on.
+    /// A state of the model, from a moment on.
     struct State {
         std::uint64_t text = 0; ///< the checksum of its saved bytes
         std::int64_t time = 0;
@@ -208,15 +207,14 @@ class Killer {
         return sum.value();
     }
 
-    /// Makes the same edits again; the last states are those that the editor may not have come to
-    /// note.
+    /// Repeats the edits; the editor may not have noted the last ones.
     std::vector<State> statesOf(std::uint32_t seed, const std::vector<Note>& notes,
                                 std::int64_t killed, bool all) {
         DocumentSession session;
         expect(session.open(path("original.xsi")).status == ReadStatus::Done, "no original");
         Worker worker(session, seed);
         std::vector<State> states;
-        // the bytes of old states are worked out only where they are asked for
+        // serialises old states only on request
         const auto since =
             killed - static_cast<std::int64_t>((1000 + 3 * allowedMs()) * nanosecondsPerMs);
         const auto add = [&](std::int64_t time, bool saved) {
@@ -279,7 +277,7 @@ class Killer {
     }
 
     void checkFile(const std::vector<State>& states, bool copy) {
-        std::vector<std::uint64_t> saved; // the last one first
+        std::vector<std::uint64_t> saved; // the latest first
         for (auto state = states.rbegin(); state != states.rend(); ++state) {
             if (state->saved) {
                 saved.push_back(state->text);
@@ -303,7 +301,7 @@ class Killer {
     std::string original_; ///< the saved bytes of the model as it was opened
     double copyMs_ = 0;
     double saveMs_ = 0;
-    std::vector<double> missing_; ///< milliseconds, of each kill
+    std::vector<double> missing_; ///< in milliseconds, for each kill
     int old_ = 0;
     int new_ = 0;
     int pieces_ = 0;
@@ -318,7 +316,7 @@ int run(int argc, char** argv) {
         int words = 1;
         const auto application = EditorApplication::onDisplay(words, argv);
         constexpr uid_t nobody = 65534;
-        // only now: the display is not everybody's
+        // only now, as other users may not open the display
         return word(6) == "as nobody" && ::setuid(nobody) != 0 ? 3 : edit(task);
     }
     if (argc < 4) {

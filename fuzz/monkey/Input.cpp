@@ -11,7 +11,7 @@ namespace {
 
 int delivering = 0;
 
-/// While this lives, input is on its way to a widget.
+/// While one exists, input is being delivered to a widget.
 struct Delivery {
     Delivery() { ++delivering; }
     ~Delivery() { --delivering; }

@@ -6,11 +6,11 @@
 
 namespace korvane::monkey {
 
-/// The mouse. Its events take the way of those of the window system: windows that a dialog blocks
-/// get none, popups come first, a held button keeps its window.
+/// The mouse. Its events are routed as those of the window system: windows blocked by a dialog get
+/// none, popups come first, a held button keeps its window.
 class Mouse {
   public:
-    /// At a place of the widget; what is shown there gets it.
+    /// At a place of the widget; the event goes to what is shown there.
     void press(const QWidget& at, QPoint place, Qt::MouseButton button,
                Qt::KeyboardModifiers keys = Qt::NoModifier);
     void move(const QWidget& at, QPoint place, Qt::KeyboardModifiers keys = Qt::NoModifier);
@@ -20,23 +20,22 @@ class Mouse {
                Qt::KeyboardModifiers keys = Qt::NoModifier);
     void doubleClick(const QWidget& at, QPoint place);
     static void wheel(const QWidget& at, QPoint place, int notches, Qt::KeyboardModifiers keys);
-    /// Lets go of all buttons.
+    /// Releases all buttons.
     void letGo(const QWidget& at);
 
-    /// Whether a button is down.
+    /// Returns true if a button is down.
     [[nodiscard]] bool holds() const { return held_ != Qt::NoButton; }
 
   private:
     void send(const QWidget& at, QPoint place, QEvent::Type type, Qt::MouseButton button,
               Qt::KeyboardModifiers keys);
 
-    QPointer<QWindow> holder_; ///< got the press
+    QPointer<QWindow> holder_; ///< the window that got the press
     Qt::MouseButtons held_;
-    int time_ = 1000; ///< so far apart that only a double click is one
+    int time_ = 1000; ///< spaced so that only a double click counts as one
 };
 
-/// Whether input is on its way to a widget that has not taken it yet: a menu may be open that waits
-/// for more.
+/// Returns true while input is being delivered to a widget: a menu may be open that waits for more.
 bool inputWaits();
 
 /// Presses and releases a key in the widget's window.
@@ -44,7 +43,7 @@ void typeKey(const QWidget& in, Qt::Key key, Qt::KeyboardModifiers keys = Qt::No
 void typeText(const QWidget& in, const QString& text);
 /// Gives the window manager time to activate the window, which it may refuse.
 void waitForActive(QWidget& window);
-/// The user closes the window by its frame.
+/// Closes the window by its frame, as a user does.
 void closeByFrame(const QWidget& window);
 
 } // namespace korvane::monkey

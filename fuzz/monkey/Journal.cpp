@@ -24,7 +24,7 @@ std::atomic<std::int64_t> count = 0;
 std::uint32_t storySeed = 0;
 bool telling = false;
 
-/// Also from a signal handler: whatever that breaks, the program ends anyway.
+/// Also called from a signal handler: any damage is harmless, as the program ends anyway.
 void tellStory() {
     std::fprintf(stderr, "\nseed %u, action %lld; the last ones:\n", storySeed,
                  static_cast<long long>(count));

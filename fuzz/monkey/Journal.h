@@ -6,21 +6,21 @@
 
 namespace korvane::monkey {
 
-// What the monkey does, told to the user when something goes wrong. There is one journal, as the
-// program may end at any place: in a signal, in a sanitizer, in the middle of an event.
+// Records what the monkey does and prints it on a fault. There is one journal, as the program may
+// end anywhere: in a signal, in a sanitizer, in the middle of an event.
 
-/// From here on, a program that crashes or hangs tells the seed and the last actions.
+/// From now on, a crash or hang prints the seed and the last actions.
 void watchProgram();
-/// With it, each action is told when it begins.
+/// Chooses whether to print each action when it begins.
 void tellActions(bool tell);
 
 void beginStory(std::uint32_t seed);
-/// An action begins. It has a minute: then the program ends with status 1.
+/// Notes that an action begins. After a minute without another one, the program ends with status 1.
 void note(const QString& action);
-/// How many actions there were in all stories.
+/// Returns the number of actions in all stories.
 std::int64_t actionCount();
 
-/// Tells what is wrong, the seed and the last actions, and ends the program with status 1.
+/// Prints the fault, the seed and the last actions, and ends the program with status 1.
 [[noreturn]] void fail(const QString& fault);
 /// Fails unless `holds`.
 inline void expect(bool holds, const char* fault) {

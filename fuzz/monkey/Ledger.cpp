@@ -28,7 +28,7 @@ std::string written(const ModelDocument& document) {
     return text;
 }
 
-/// The lines around the first difference.
+/// Returns the text around the first difference.
 QString difference(const std::string& is, const std::string& should) {
     const auto [at, other] = std::mismatch(is.begin(), is.end(), should.begin(), should.end());
     const auto offset = static_cast<std::size_t>(at - is.begin());
@@ -50,7 +50,7 @@ void expectSame(const std::string& is, const std::string& should, const char* fa
     }
 }
 
-/// The texts of a tree as it is shown, each indented by its depth.
+/// Adds the texts of a tree as it is shown, each indented by its depth.
 void addTexts(const QAbstractItemModel& model, const QModelIndex& parent, const QString& indent,
               QStringList& texts) {
     for (int row = 0; row < model.rowCount(parent); ++row) {
@@ -60,7 +60,7 @@ void addTexts(const QAbstractItemModel& model, const QModelIndex& parent, const 
     }
 }
 
-/// The tree of the window shows the model that there is.
+/// Checks that the window's tree shows the current model.
 void checkTree(const TMDIChild& window) {
     ModelDocument copy = *window.document();
     StructureTreeModel fresh;
@@ -89,7 +89,7 @@ void checkTree(const TMDIChild& window) {
     }
 }
 
-/// Every frame knows its path, and exactly those below the selected one are marked as such.
+/// Checks that every frame knows its path, and that the selected one is marked.
 void checkFrames(const ModelDocument& document) {
     for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
         expect(walk.frame().Path == FramePath(walk.childNumbers()), "a frame has another path");
@@ -105,7 +105,7 @@ void checkShown(const TMDIChild& window) {
     checkFrames(*window.document());
 }
 
-/// Takes steps as long as there are any; how many there were.
+/// Takes all available steps and returns their number.
 int walkAll(TMDIChild& window, bool (TMDIChild::*can)() const, void (TMDIChild::*step)()) {
     constexpr int most = 20'000;
     int steps = 0;
@@ -197,8 +197,8 @@ void Ledger::check(TMDIChild& window) {
     }
     checkShown(window);
     if (found->flagsStay) {
-        // entries hold other flags than the model, in both directions: once all of them have been
-        // gone through they agree again
+        // entries hold other flags than the model in both directions; they agree again once all
+        // steps have been taken
         walkAll(window, &TMDIChild::canRedo, &TMDIChild::redo);
         walkAll(window, &TMDIChild::canUndo, &TMDIChild::undo);
         found->first = bytesOf(window);

@@ -14,29 +14,29 @@ class TMainForm;
 
 namespace korvane::monkey {
 
-/// What saving the model writes, and behind it the materials that no slot leads to.
+/// Returns what saving the model writes, followed by the materials that no slot uses.
 std::string bytesOf(const TMDIChild& window);
 
-/// Knows how every open model was when it was opened and when it was saved, and checks that the
-/// editor comes back to it.
+/// Remembers the state of every open model when opened and when saved, and checks that the editor
+/// returns to it.
 class Ledger {
   public:
-    /// To be called after every action, with no dialog open: takes in new windows, sees that closed
-    /// ones are gone and that what was saved is in its file.
+    /// Call after every action, with no dialog open: registers new windows, and checks that closed
+    /// ones are gone and that saved models are in their files.
     void follow(const TMainForm& form);
-    /// The frame options were left with flags changed but without a step, as they may be: what
-    /// comes back is settled anew.
+    /// The frame options were left with changed flags but without a step, which is allowed: the
+    /// states to compare with are taken anew.
     void flagsStay(const TMDIChild* window);
     /// Undoes and redoes everything as a user can, and compares the bytes.
     void check(TMDIChild& window);
-    /// As of all actions up to the last check.
+    /// Undo and redo steps taken by all checks so far.
     [[nodiscard]] std::size_t stepsTaken() const { return steps_; }
 
   private:
     struct Account {
         QPointer<TMDIChild> window;
-        std::string first;                ///< with nothing left to undo
-        std::optional<std::string> saved; ///< as it was when it was last in step with its file
+        std::string first;                ///< the state with nothing left to undo
+        std::optional<std::string> saved; ///< the state when last equal to its file
         bool modified = true;
         bool flagsStay = false;
     };

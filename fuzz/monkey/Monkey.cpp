@@ -55,14 +55,14 @@ void Monkey::settle() {
 
 void Monkey::watch() {
     constexpr int often = 2;
-    // first of all, as what follows may wait in a dialog of its own
+    // first, as what follows may wait in a dialog of its own
     QTimer::singleShot(often, &context_, [this] { watch(); });
     if (QWidget* menu = QApplication::activePopupWidget(); menu != nullptr && inputWaits()) {
         note(QStringLiteral("    leave menu"));
         menu->close();
     }
     QWidget* dialog = QApplication::activeModalWidget();
-    // the progress of a reading goes by itself
+    // the progress dialog of a reading closes by itself
     if (dialog == nullptr || !dialog->isVisible() || dialogs_.contains(dialog) ||
         dialog->objectName() == QStringLiteral("ReadProgress")) {
         return;
@@ -119,7 +119,7 @@ void Monkey::act() {
     choose(choices, "");
     settle();
     handlePopup();
-    // what was closed is deleted when the program is back in its outermost loop
+    // closed windows are deleted only in the program's outermost loop
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (open()) {
         if (wasActive && !forms_.mainForm.isActiveWindow() &&

@@ -22,11 +22,11 @@ class QMessageBox;
 
 namespace korvane::monkey {
 
-/// One story: an editor of its own, used by chance. Everything that is chosen comes from the seed,
-/// and each action waits until the program is idle, so that the same seed tells the same story.
+/// One story: an editor of its own, used at random. All choices come from the seed, and each action
+/// waits until the program is idle, so that the same seed gives the same story.
 class Monkey {
   public:
-    /// Reads and writes in the folder only, which holds models and textures.
+    /// Reads and writes only in the folder, which holds models and textures.
     Monkey(std::uint32_t seed, const QString& folder);
     ~Monkey();
     /// Returns how many steps the checks undid and redid.
@@ -46,12 +46,12 @@ class Monkey {
     void endBurst();
     /// Lets the program run until it is idle.
     void settle();
-    /// Runs now and then in whatever event loop is running, and takes care of a new dialog.
+    /// Runs periodically in whatever event loop is active, and handles a new dialog.
     void watch();
     [[nodiscard]] bool open() const { return forms_.mainForm.isVisible(); }
     [[nodiscard]] TMDIChild* active() const { return forms_.mainForm.activeDocument(); }
 
-    // What is there to be used (MonkeyChoice.cpp).
+    // What can be used (MonkeyChoice.cpp).
     [[nodiscard]] static std::vector<QWidget*> controls(const QWidget& in);
     [[nodiscard]] QWidget* control(const char* name) const;
     [[nodiscard]] QPoint anyPlace(const QWidget& in);
@@ -96,7 +96,7 @@ class Monkey {
     void dragModel();
     void wheel();
 
-    // Dialogs (MonkeyDialogs.cpp and MonkeyMaterial.cpp); they close it in the end.
+    // Dialogs (MonkeyDialogs.cpp and MonkeyMaterial.cpp), closed in the end.
     void answer(QWidget& dialog);
     void use(QWidget& dialog);
     void end(QWidget& dialog);
@@ -107,7 +107,7 @@ class Monkey {
 
     void typeName();
     void chooseTexture();
-    /// Events that wait while the dialog is open, and are delivered while it closes.
+    /// Queues events that wait while the dialog is open and are delivered while it closes.
     void queueBehind();
     void queueOne();
 
@@ -126,7 +126,7 @@ class Monkey {
     Mouse mouse_;
     EditorForms forms_;
     Ledger ledger_;
-    QObject context_;         ///< of everything queued; goes with the story
+    QObject context_;         ///< context of all queued calls; goes with the story
     QList<QWidget*> dialogs_; ///< being answered, the innermost last
 };
 

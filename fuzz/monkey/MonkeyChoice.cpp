@@ -1,4 +1,4 @@
-// What the monkey finds to use, and the ways in which it uses any control.
+// What the monkey can use, and how it uses any control.
 
 #include "Journal.h"
 #include "Monkey.h"
@@ -25,7 +25,7 @@ std::vector<QWidget*> Monkey::controls(const QWidget& in) {
     return found;
 }
 
-/// A control of the active document window that can be used.
+/// Returns a control of the active document window that can be used, or null.
 QWidget* Monkey::control(const char* name) const {
     QWidget* found =
         active() == nullptr ? nullptr : active()->findChild<QWidget*>(QString::fromLatin1(name));
@@ -112,7 +112,7 @@ void Monkey::dragIn(QWidget& view) {
     }
 }
 
-/// A node or row of the view, which may be hidden in a collapsed one.
+/// Returns a node or row of the view, which may be hidden in a collapsed one.
 QModelIndex Monkey::anyNode(const QAbstractItemView& view) {
     const QAbstractItemModel* model = view.model();
     QModelIndex at = view.rootIndex();
@@ -143,7 +143,7 @@ void Monkey::triggerAny(const QObject& in) {
     }
 }
 
-/// A file in the folder, which may not be a model, or a name of none there.
+/// Returns a file in the folder, possibly not a model, or the name of a missing one.
 QString Monkey::anyFile() {
     QStringList files = QDir(folder_).entryList(
         {QStringLiteral("*.xsi"), QStringLiteral("*.x"), QStringLiteral("*.msh")}, QDir::Files,

@@ -1,4 +1,4 @@
-// What the monkey does to dialogs, and to what is behind them.
+// What the monkey does to dialogs and to what is behind them.
 
 #include "Journal.h"
 #include "Monkey.h"
@@ -23,7 +23,7 @@ QWidget& innermost(const QList<QWidget*>& dialogs) {
     return *dialogs.last();
 }
 
-/// What the boxes of a dialog show.
+/// Returns the states of a dialog's check boxes.
 std::vector<bool> checks(const QWidget& dialog) {
     std::vector<bool> all;
     for (const QCheckBox* box : dialog.findChildren<QCheckBox*>()) {
@@ -267,7 +267,7 @@ void Monkey::queueBehind() {
     for (int i = 0; i < after; ++i) {
         queueOne();
     }
-    // what the user still did in the dialog itself
+    // what the user did in the dialog just before
     const std::vector<QWidget*> all = controls(dialog);
     for (int i = 0; i < 2 && !all.empty(); ++i) {
         QWidget* widget = dice_.of(all);

@@ -14,7 +14,7 @@ namespace korvane::monkey {
 
 namespace {
 
-/// A control of the editor that can be used.
+/// Returns a control of the editor that can be used, or null.
 template <class Control = QWidget>
 Control* usable(const QWidget& editor, const char* name) {
     auto* found = editor.findChild<Control*>(QString::fromLatin1(name));
@@ -72,7 +72,7 @@ void Monkey::slot() {
         return;
     }
     if (dice_.chance(60)) {
-        face(); // which is given the material
+        face(); // the face to give the material to
         settle();
     }
     box->setFocus();

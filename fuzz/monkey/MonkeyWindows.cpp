@@ -167,13 +167,13 @@ void Monkey::key() {
 
 void Monkey::clickAnywhere() {
     const std::vector<QWidget*> all = controls(forms_.mainForm);
-    // while a button is held a click would be the end of what is being dragged
+    // while a button is held, a click would end the drag
     if (!all.empty() && !mouse_.holds()) {
         randomClick(*dice_.of(all));
     }
 }
 
-/// A menu or list that has come up is used, or gone by the next click.
+/// Uses a menu or list that is open, then closes it.
 void Monkey::handlePopup() {
     if (QApplication::activePopupWidget() == nullptr) {
         return;
@@ -202,7 +202,7 @@ void Monkey::node() {
     }
     QModelIndex index = anyNode(*tree);
     if (!index.parent().isValid() && dice_.chance(80)) {
-        index = anyNode(*tree); // the two at the top have less to them
+        index = anyNode(*tree); // the two at the top have fewer uses
     }
     if (index.isValid()) {
         clickNode(*tree, index);
@@ -252,7 +252,7 @@ void Monkey::pageButton() {
     }
 }
 
-/// As a program that assists the user does, which needs no mouse.
+/// Presses a button as assistive software does, without the mouse.
 void Monkey::pressButton() {
     static const char* const names[] = {"EditButton", "RenameButton", "DeleteButton", "AddButton"};
     const char* name = dice_.of(names);
@@ -274,7 +274,7 @@ void Monkey::editNode() {
     }
 }
 
-/// The material editor on a mesh: chance alone seldom gets there.
+/// Opens the material editor on a mesh, which chance alone rarely does.
 void Monkey::editMesh() {
     auto* tree = qobject_cast<QTreeView*>(control("TreeView1"));
     if (tree == nullptr) {
@@ -334,8 +334,8 @@ void Monkey::dragPlane() {
     mouse_.letGo(forms_.mainForm);
 }
 
-/// A drag has changed the model. As long as it runs nothing else does, and what ends it before the
-/// release takes all of it back.
+/// A drag has changed the model. While it runs, nothing else may, and what ends it before the
+/// release must revert all of it.
 void Monkey::disturbDrag(const QPointer<TMDIChild>& window, const std::string& before) {
     const std::string dragged = bytesOf(*window);
     for (int i = dice_.between(1, 3); i > 0; --i) {

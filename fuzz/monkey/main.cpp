@@ -1,4 +1,4 @@
-// Uses the whole editor by chance, and checks that everything can be taken back; see run.
+// Uses the whole editor at random, and checks that everything can be undone; see run.
 
 #include "Journal.h"
 #include "Monkey.h"
@@ -26,7 +26,7 @@ void write(const QString& name, const QByteArray& content) {
            "the story's folder cannot be written");
 }
 
-/// What the story may open: copies of the samples, small models, and what is no model at all.
+/// What the story may open: copies of the samples, small models, and files that are no models.
 void fillFolder(const QDir& folder, std::uint32_t seed) {
     const QDir samples(QStringLiteral(KORVANE_SAMPLES));
     const QStringList files = samples.entryList(QDir::Files);
@@ -50,7 +50,7 @@ void fillFolder(const QDir& folder, std::uint32_t seed) {
 
 std::size_t tellStory(std::uint32_t seed) {
     beginStory(seed);
-    const QTemporaryDir state; // a story leaves copies, and the next one starts without
+    const QTemporaryDir state; // keeps one story's recovery copies from the next
     qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
     const QTemporaryDir folder;
     expect(folder.isValid(), "there is no folder for the story");
@@ -104,6 +104,6 @@ int main(int argc, char** argv) {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const auto application = korvane::EditorApplication::onDisplay(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setKeyboardInputInterval(0); // each letter is a search of its own
+    QApplication::setKeyboardInputInterval(0); // each letter starts a new search
     return korvane::monkey::run(words);
 }
