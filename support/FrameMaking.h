@@ -28,8 +28,8 @@ inline Matrix4 translation(float x, float y, float z) {
     return matrix;
 }
 
-/// Gives a frame a chain of frames, one below the other, for its children; the numbers that lead
-/// from it to the deepest.
+/// Replaces a frame's children by a chain of frames, each below the last; returns the child numbers
+/// from the frame to the deepest.
 inline std::vector<std::int32_t> chainBelow(FrameRecord& frame, std::size_t depth) {
     FrameRecord* deepest = &frame;
     for (std::size_t i = 0; i < depth; ++i) {
@@ -39,7 +39,7 @@ inline std::vector<std::int32_t> chainBelow(FrameRecord& frame, std::size_t dept
     return std::vector<std::int32_t>(depth, 1);
 }
 
-/// NaN differs from itself; some averaged normals are that, and cannot be compared.
+/// Replaces averaged normals that are not finite: NaN differs from itself and cannot be compared.
 inline void dropOddNormals(FrameRecord& top) {
     for (FrameWalk walk(top); !walk.done(); walk.next()) {
         for (Vec3& normal : walk.frame().Mesh.FaceNormals) {

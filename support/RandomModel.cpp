@@ -32,7 +32,7 @@ float RandomModel::real() {
     return any_ ? oddReal() : savableReal();
 }
 
-/// Everyday numbers mostly, anything finite now and then; with six digits, as files keep them.
+/// Mostly everyday numbers, sometimes any finite one; with six digits, as files keep them.
 float RandomModel::savableReal() {
     if (chance(70)) {
         return static_cast<float>(number(-100000, 100000)) / 1000.0F;
@@ -50,7 +50,7 @@ float RandomModel::savableReal() {
     }
 }
 
-/// Everyday numbers mostly, now and then such as nobody expects.
+/// Mostly everyday numbers, sometimes unexpected ones.
 float RandomModel::oddReal() {
     constexpr float infinity = std::numeric_limits<float>::infinity();
     constexpr std::array odd = {std::numeric_limits<float>::quiet_NaN(),
@@ -76,11 +76,11 @@ void RandomModel::fill(std::vector<Element>& list, int most, Make make) {
 
 FrameRecord RandomModel::frame(int depth) {
     FrameRecord frame;
-    // of the four letters a flag suffix is made of, on purpose
+    // made of the letters of flag suffixes, on purpose
     frame.Name = "ehg" + std::string(static_cast<std::size_t>(number(0, 1)), '_') +
                  std::to_string(frames_++);
     for (std::size_t k = 0; k < 16; ++k) {
-        // views see little through matrices of any numbers
+        // through arbitrary matrices, views see little
         frame.Matrix[k] = any_ && chance(90) ? frame.Matrix[k] : real();
     }
     frame.HasMesh = chance(80);
@@ -123,7 +123,7 @@ MeshRecord RandomModel::mesh() {
         flag = chance(percent);
         return flag || any_;
     };
-    // a list that goes with the faces, corner by corner or, in odd models, by itself
+    // one polygon for each face; in odd models, often with the corners of the faces
     const auto along = [&](std::size_t elements) {
         return any_ && chance(50) ? mesh.Faces : polygons(faces, elements);
     };
@@ -164,7 +164,7 @@ MaterialRecord RandomModel::material() {
     return material;
 }
 
-/// A name of characters that mean something elsewhere in a file; some names come more than once.
+/// Texture names have characters that mean something elsewhere in a file; some names are repeated.
 void RandomModel::addTexture(MaterialRecord& material) {
     constexpr std::array forms = {"Dir\\Skin {%} Frame.tga", "MESH%.BMP", "si_material__%",
                                   "  % ;;,.pic", "gr\xc3\xbc\xdf%.ICO"};
@@ -182,7 +182,7 @@ void RandomModel::addTexture(MaterialRecord& material) {
     }
 }
 
-/// No empty polygon where it has to be saved, but any index; in odd models most lead somewhere.
+/// Indices are arbitrary; in odd models, most are valid. Savable polygons are not empty.
 PolygonList RandomModel::polygons(std::size_t faces, std::size_t elements) {
     PolygonList list;
     const int least = any_ ? -1 : -2;

@@ -10,22 +10,22 @@
 
 namespace korvane::test {
 
-/// Gives a number between two others, which may come as well.
+/// Returns a number from `least` to `most`, both included.
 using NumberSource = std::function<int(int least, int most)>;
 
-/// The numbers of a generator with that seed.
+/// Returns the numbers of a generator with this seed.
 NumberSource seededNumbers(std::uint32_t seed);
 
 /// What a random model may hold.
 enum class RandomContent {
-    Savable, ///< every kind of content that comes back unchanged when it is saved and read
-    Any      ///< also lists that do not fit each other, numbers that are none, and pictures
+    Savable, ///< all content that survives saving and reading unchanged
+    Any      ///< also lists that do not match, numbers that are not finite, and pictures
 };
 
-/// Builds models of the numbers that a source gives.
+/// Builds models from the numbers of a source.
 class RandomModel {
   public:
-    /// A savable model, whose frames stand up to `deepest` below the root.
+    /// Builds savable models whose frames nest up to `deepest` below the root.
     explicit RandomModel(std::uint32_t seed, int deepest = 4)
         : RandomModel(seededNumbers(seed), RandomContent::Savable, deepest) {}
     RandomModel(NumberSource numbers, RandomContent content, int deepest)
@@ -33,7 +33,7 @@ class RandomModel {
 
     ModelDocument make();
 
-    // parts of it, and what else goes with such a model
+    // parts of a model, and other values that tests need with it
     bool chance(int percent) { return number(1, 100) <= percent; }
     float real();
     Vec3 vec3() { return {real(), real(), real()}; }

@@ -12,7 +12,7 @@ constexpr std::size_t cells = 1000; ///< squares a mesh, two triangles each
 constexpr std::size_t columns = 40;
 constexpr std::int32_t slots = 4;
 
-/// As exporters round.
+/// Rounds as exporters do.
 float sixDigits(double value) {
     return static_cast<float>(std::round(value * 1e5) / 1e5);
 }

@@ -7,17 +7,17 @@
 
 namespace korvane::test {
 
-// Models of a given size, the same ones every time: the figures of the benchmarks depend on them.
+// Models of a given size, always the same: the results of the benchmarks depend on them.
 
-/// A tree of frames, each with a wavy grid of 2000 triangles with normals, texture coordinates and
-/// four materials, of about so many faces in all.
+/// Returns a model of about `faces` faces, in frames that each have a wavy grid of 2000 triangles
+/// with normals, texture coordinates and four materials.
 ModelDocument gridModel(std::size_t faces);
 
-/// So many frames in groups of a hundred below the root, half of them with a child.
+/// Returns `count` frames in groups of a hundred below the root, half of them with a child.
 ModelDocument groupedFrames(std::size_t count);
 
-/// A model of grids as an exporter writes DirectX text: six decimals, texture coordinates counted
-/// downward, one for each vertex.
+/// Returns a model of grids as an exporter writes DirectX text: six decimals, one pair of texture
+/// coordinates for each vertex, with v pointing down.
 std::string directXText(const ModelDocument& document);
 
 } // namespace korvane::test

@@ -4,8 +4,8 @@
 
 namespace korvane::test {
 
-/// A model of three frames: "body" with a mesh of two triangles, two material slots and normals,
-/// and "wing" and "tip" one below the other without any.
+/// Returns a model of three frames: "body" with a mesh of two triangles, two material slots and
+/// normals, below it "wing", and below that "tip", both without a mesh.
 inline std::string smallModel() {
     const auto material = [](const char* color) {
         return std::string("SI_Material {\n") + color +

@@ -7,7 +7,7 @@
 
 namespace korvane::test {
 
-/// The bytes that saving the model gives.
+/// Returns the bytes that saving the model writes.
 inline std::string writeText(const ModelDocument& document) {
     std::string text;
     writeXsi(document, [&text](std::string_view piece) {
