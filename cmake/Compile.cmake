@@ -1,4 +1,4 @@
-# One interface target carries how every target of ours is compiled.
+# How all our targets are compiled.
 add_library(korvane_compile INTERFACE)
 target_include_directories(korvane_compile INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_definitions(korvane_compile INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS)
@@ -15,9 +15,9 @@ if(KORVANE_SANITIZE)
     target_link_options(korvane_compile INTERFACE -fsanitize=address,undefined)
 endif()
 
-# Headers of the toolkit and the library are most of what is compiled. A target gets those that most of
-# its files include once, or REUSE_FROM another target. ./lint and a plain configuration go without: they
-# show a file that lacks an include of its own.
+# Most of what is compiled are headers of the toolkit and the standard library. A target precompiles those that
+# most of its files include, or those of another target (REUSE_FROM). ./lint and a plain configuration go
+# without: they show a file that lacks an include of its own.
 function(korvane_precompile target)
     if(KORVANE_PCH)
         if(ARGV1 STREQUAL "REUSE_FROM")

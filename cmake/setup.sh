@@ -3,7 +3,7 @@
 
 run_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
     libqt6svg6 qt6-wayland libgl-dev libglu1-mesa-dev libopengl-dev libgl1-mesa-dri libxkbcommon-dev libxcb1-dev fonts-dejavu-core"
-# shellcheck disable=SC2034 # for those who source this
+# shellcheck disable=SC2034 # for the scripts that source this
 test_packages="$run_packages libgtest-dev libbenchmark-dev locales xvfb xauth openbox
     at-spi2-core dbus-daemon"
 # shellcheck disable=SC2034
@@ -31,8 +31,8 @@ ensure_packages() {
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Configures build/PRESET unless that was done since the presets or the packages changed. (The build
-# itself configures anew when a CMakeLists.txt changed, but with the values it has.)
+# Configures build/PRESET unless the presets and packages are unchanged since the last time. (The build itself
+# configures again when a CMakeLists.txt changes, but keeps the cached values.)
 configure() {
     local preset=$1
     local stamp=build/$preset/configured
@@ -45,10 +45,10 @@ configure() {
     touch "$stamp"
 }
 
-# Runs a command on a display of its own, of $screen_size if that is set, with a window manager: without
-# one no window is ever activated or maximised.
+# Runs a command on a display of its own, of $screen_size if that is set, with a window manager, without which no
+# window is ever activated or maximised.
 on_display() {
-    # in a Wayland session the toolkit would take that
+    # in a Wayland session, the toolkit would use that one
     # shellcheck disable=SC2016 # expanded by the shell on the display
     QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 ${screen_size:-1280x1024}x24" bash -c '
         openbox >/dev/null 2>&1 &
