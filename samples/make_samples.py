@@ -4,7 +4,7 @@
 import sys
 from pathlib import Path
 
-sys.dont_write_bytecode = True        # before the imports: the folder is to hold sources only
+sys.dont_write_bytecode = True        # before the imports, to keep caches out of the folder
 
 from maker.formats import write_x, write_xsi  # noqa: E402
 from maker.lighthouse import lighthouse  # noqa: E402

@@ -1,1 +1,1 @@
-"""What make_samples.py draws and writes the sample models with."""
+"""The modules that make_samples.py uses to draw and write the sample models."""

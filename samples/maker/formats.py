@@ -23,7 +23,7 @@ class Pool:
 
 
 def separated(lines, last=";"):
-    """Lines of a list: a comma after each but the last."""
+    """Ends each line of a list but the last with a comma."""
     return [line + "," for line in lines[:-1]] + [lines[-1] + last]
 
 
@@ -92,7 +92,7 @@ def xsi_material(m, emissive_frame):
 
 
 def xsi_block(name, faces_of_values):
-    """A numbered block: the values once each, then the polygons that point at them."""
+    """A numbered block: each value once, then the polygons that index them."""
     pool = Pool()
     polygons = [polygon([pool(v) for v in face], k) for k, face in enumerate(faces_of_values)]
     return ["", name + " {", "   %d;" % len(pool.items),
@@ -125,13 +125,13 @@ def suffix_of(frame):
 
 
 def check_name(frame):
-    # The reader looks for its keywords anywhere in a line, so no name may hold one.
+    # The reader finds its keywords anywhere in a line, so no name may contain one.
     assert frame.name == frame.name.lower()
     assert not any(word in frame.name for word in ("frame", "mesh", "template", "__"))
 
 
 def write_xsi(path, root):
-    """dotXSI in the very layout of the editor's own Save: opening and saving gives these bytes."""
+    """dotXSI as the editor's own Save lays it out: opening and saving reproduces these bytes."""
     lines = []
 
     def frame_lines(frame, depth):
@@ -165,7 +165,7 @@ def write_xsi(path, root):
 
 
 def write_x(path, root):
-    """DirectX text. Texture coordinates belong to the vertices here and v runs downward."""
+    """DirectX text. Here, texture coordinates belong to the vertices, and v points down."""
     out = ["xof 0302txt 0032", "", "Header {", "   1;", "   0;", "   1;", "}", ""]
 
     def vectors(rows):

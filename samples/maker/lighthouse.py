@@ -33,7 +33,7 @@ def islet_rock():
 
 
 def sea():
-    """A round block of clear water: the foot of the rock shows through."""
+    """A round block of clear water, through which the foot of the rock shows."""
     water = Material("water", (0.62, 0.92, 1.0), alpha=0.72, power=60.0, specular=(0.7, 0.7, 0.7),
                      texture="water.bmp")
     mesh = Mesh(crease=60)

@@ -88,7 +88,7 @@ class Material:
 
 
 class Mesh:
-    """Faces with their corner data. Normals are worked out at the end, by `normals`."""
+    """Faces with their corner data; `normals` computes the normals at the end."""
 
     def __init__(self, crease=50.0):
         self.faces = []               # (points, uvs, material, smooth, colours)
@@ -96,7 +96,7 @@ class Mesh:
         self.place = IDENTITY
 
     def at(self, *matrices):
-        """Faces added from now on are moved by these matrices, the first acting first."""
+        """Moves faces added from now on by these matrices, applied in order."""
         self.place = mul(IDENTITY, *matrices)
         return self
 
@@ -105,12 +105,12 @@ class Mesh:
             return tuple(round(v, digits) + 0.0 for v in values)      # + 0.0: no negative zero
 
         if not material.texture:
-            uvs = [(0.0, 0.0)] * len(points)          # nothing to place: keeps the files small
+            uvs = [(0.0, 0.0)] * len(points)          # unused: keeps the files small
         corners = []
         for k, point in enumerate(points):
             corner = [rounded(moved(point, self.place), 3), uvs[k], colours and colours[k]]
             if corners and corners[-1][0] == corner[0]:
-                # A lathe's pole: two corners fall together, the kept one takes the middle u, v.
+                # A lathe's pole: two corners coincide, and the one kept takes the mean u, v.
                 corners[-1][1] = tuple((a + b) / 2 for a, b in zip(corners[-1][1], uvs[k]))
             else:
                 corners.append(corner)
@@ -127,7 +127,7 @@ class Mesh:
                            colours and [rounded(c[2], 3) for c in corners]))
 
     def normals(self):
-        """Per face a list of corner normals: smooth across edges flatter than the crease."""
+        """A list of corner normals for each face: smooth across edges flatter than the crease."""
         flat = [area_normal(f[0]) for f in self.faces]
         around = {}
         for k, f in enumerate(self.faces):
@@ -171,7 +171,7 @@ class Frame:
 
 
 def planar(points, size):
-    """Texture coordinates by looking along the axis nearest to the face's normal."""
+    """Texture coordinates projected along the axis nearest to the face's normal."""
     n = area_normal(points)
     axis = max(range(3), key=lambda k: abs(n[k]))
     sign = 1.0 if n[axis] > 0 else -1.0
@@ -187,7 +187,7 @@ def ngon(mesh, points, material, uv=0.5, smooth=False):
 def loft(mesh, rings, material, us, vs=None, closed=True, smooth=True, split=False, caps=""):
     """Skins rings of equally many points. Seen from outside, points run to the right and rings
     upward. us and vs give the texture coordinates of points and rings; without vs the texture is
-    laid on flat, us being its size. The material may be a function of (ring, point). split makes
+    projected flat, with us as its size. The material may be a function of (ring, point). split makes
     triangles; caps "b" and "t" close the first and the last ring by one polygon each."""
     n = len(rings[0])
     pick = material if callable(material) else lambda i, j: material
@@ -242,7 +242,7 @@ def box(mesh, lo, hi, material, uv=0.5):
 
 
 def beam(mesh, a, b, width, depth, material, uv=0.5):
-    """A bar from a to b, the grain of its texture lengthwise."""
+    """A bar from a to b, with the grain of its texture lengthwise."""
     along = unit(minus(b, a))
     side = (0.0, 1.0, 0.0) if abs(along[1]) < 0.9 else (0.0, 0.0, 1.0)
     x = unit(cross(along, side))
@@ -255,7 +255,7 @@ def beam(mesh, a, b, width, depth, material, uv=0.5):
 
 
 def prism(mesh, outline, z0, z1, material, uv=0.5, sides=None):
-    """Pushes a convex outline in x, y (counter-clockwise seen from +z) from z0 to z1."""
+    """Extrudes a convex outline in x, y (counter-clockwise seen from +z) from z0 to z1."""
     ngon(mesh, [(x, y, z1) for x, y in outline], material, uv)
     ngon(mesh, [(x, y, z0) for x, y in reversed(outline)], material, uv)
     for (xa, ya), (xb, yb) in zip(outline, outline[1:] + outline[:1]):

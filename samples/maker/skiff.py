@@ -26,7 +26,7 @@ def landing_pad():
 
 
 def beacons():
-    """Blue-free colours in an emissive frame, as on the engines."""
+    """Colours without blue in an emissive frame, as on the engines."""
     amber = Material("amber", (1.0, 0.6, 0.0), power=0.0, specular=(0.5, 0.3, 0.0), emissive=(0.8, 0.42, 0.0))
     mesh = Mesh()
     for x, y, z in ring(4.2, 0, 6):
@@ -114,7 +114,7 @@ def engine_pod():
 
 
 def glow(size):
-    """A hot core and a plume that the eye sees through."""
+    """A hot core and a translucent plume."""
     core = Material("core", (1.0, 0.75, 0.0), power=0.0, specular=(0.5, 0.4, 0.0), emissive=(1.0, 0.7, 0.0))
     plume = Material("plume", (0.6, 0.2, 0.0), alpha=0.38, power=0.0, specular=(0.3, 0.1, 0.0),
                      emissive=(0.9, 0.32, 0.0))

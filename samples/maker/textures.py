@@ -1,4 +1,4 @@
-"""Textures of the sample models, drawn from nothing but arithmetic.
+"""Textures of the sample models, drawn by arithmetic alone.
 
 A picture is a list of rows, the top row first; a pixel is (red, green, blue, alpha), each 0 to 1.
 All pictures tile: noise is taken on a lattice that wraps round, and patterns divide the size.
@@ -14,7 +14,7 @@ import struct
 def hash01(*numbers):
     """A fixed pseudo-random number in [0, 1) for a tuple of integers.
 
-    Not the random module: a value must depend on its place only, never on the order of calls.
+    Not the random module: a value must depend only on its place, never on the order of calls.
     """
     h = 2166136261
     for n in numbers:

@@ -174,13 +174,13 @@ def pennant():
         u0, u1 = k / 7, (k + 1) / 7
         points, colours = [a, c, d, b], [here, there, there, here]
         uvs = [(u0, 1.0), (u1, 1.0), (u1, 0.0), (u0, 0.0)]
-        # At the tip the two right corners fall together, and the face becomes a triangle.
+        # At the tip, the two right corners coincide, and the face becomes a triangle.
         mesh.face(points, uvs, red, True, colours)
     return mesh
 
 
 def lantern():
-    # No blue at all: the emissive frame's red and green change places in the file.
+    # No blue at all: in the file, the emissive frame's red and green are exchanged.
     flame = Material("flame", (1.0, 0.66, 0.0), power=0.0, specular=(0.4, 0.2, 0.0),
                      emissive=(0.85, 0.5, 0.0))
     mesh = Mesh()
