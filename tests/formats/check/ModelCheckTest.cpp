@@ -20,7 +20,7 @@ using test::expectTold;
 using test::told;
 using Row = test::CheckedText;
 
-TEST(ModelCheck, TellsWhatASaveDrops) {
+TEST(ModelCheck, ReportsWhatASaveDrops) {
     const std::string keys = "AnimationKey {\n 0;\n 2;\n 0;1;1;;;\n 1;1;1;;;\n }\n }\n}\n";
     const Row rows[] = {
         {"frame a {\n}\nanimationset {\n animation m {\n  {frm-a}\n" + keys,
@@ -40,7 +40,7 @@ TEST(ModelCheck, TellsWhatASaveDrops) {
     expectTold(rows, false);
 }
 
-TEST(ModelCheck, TellsWhereASavedFileWouldEnd) {
+TEST(ModelCheck, ReportsWhereReadingASavedFileEnds) {
     const std::string head = "frame a {\nmesh a {\n1;\n0;0;0;;\n";
     const std::string list = " {\n0;\n3;\n0;0;,1;1;0;,2;1;0;;\n}\n";
     const std::string end = "}\n}\n";
@@ -78,7 +78,7 @@ TEST(ModelCheck, TellsWhereASavedFileWouldEnd) {
     }
 }
 
-TEST(ModelCheck, TellsWhatMayNotLookAsMeant) {
+TEST(ModelCheck, ReportsHazards) {
     const std::string head = "frame a {\nmesh a {\n4;\n0;0;0;,\n1;0;0;,\n0;1;0;,\n2;0;0;;\n";
     const std::string face = "1;\n3;0,1,2;;\n";
     const std::string normals = "SI_MeshNormals {\n1;\n0;0;1;;\n1;\n0;3;0,0,0;;\n}\n";
@@ -112,8 +112,8 @@ TEST(ModelCheck, TellsWhatMayNotLookAsMeant) {
     }
 }
 
-/// Only the frame that the reading broke off in has lists that cannot be judged.
-TEST(ModelCheck, TellsNoFaultsThatFollowFromOthers) {
+/// Only the frame where reading ended has lists that cannot be judged.
+TEST(ModelCheck, DoesNotReportFaultsCausedByOthers) {
     const std::string head = "mesh a {\n3;\n0;0;0;,\n1;0;0;,\n0;1;0;;\n1;\n3;0,1,2;;\n";
     const std::string keys =
         "animationset {\nanimation {\n{frm-a}\nanimationkey {\n1;\n0;\n7;\n}\n}\n}\n";
@@ -136,7 +136,7 @@ TEST(ModelCheck, TellsNoFaultsThatFollowFromOthers) {
     expectTold(rows);
 }
 
-TEST(ModelCheck, TellsOtherHeadersByName) {
+TEST(ModelCheck, NamesUnsupportedHeaders) {
     const std::pair<std::string, const char*> rows[] = {
         {"xof 0303txt 0032", "DirectX 0303 text: only 0302 is read"},
         {"XOF 0303TXT 0032", "DirectX 0303 text: only 0302 is read"},
@@ -160,7 +160,7 @@ TEST(ModelCheck, TellsOtherHeadersByName) {
     }
 }
 
-TEST(ModelCheck, WhereNothingIsLostSavingGivesTheSameFile) {
+TEST(ModelCheck, WithoutLossesSavingReproducesTheFile) {
     int whole = 0;
     for (std::uint32_t seed = 1; seed <= 60; ++seed) {
         const std::string saved = test::writeText(test::RandomModel(seed).make());
@@ -241,7 +241,7 @@ TEST(Findings, HaveNamesAndExplanations) {
 
 class TextureFindings : public test::TestFiles {
   protected:
-    /// What is told of the textures of a model that names them all.
+    /// Returns the findings about the textures of a model that names all of these.
     std::string checkedTextures(const std::vector<std::string>& names, TextureLoader& loader) {
         std::string text = std::string(test::xsiHeader) +
                            "frame a {\nmesh a {\n0;\n0;\nMeshMaterialList {\n" +
@@ -255,7 +255,7 @@ class TextureFindings : public test::TestFiles {
     }
 };
 
-TEST_F(TextureFindings, TellWhyATextureIsNotSeen) {
+TEST_F(TextureFindings, ExplainWhyATextureIsNotShown) {
     using namespace std::string_literals;
     const std::string header = "\0\0\2\0\0\0\0\0\0\0\0\0\4\0\4\0\x18\0"s; // 4 x 4 pixels
     write("good.tga", header + std::string(48, 'x'));

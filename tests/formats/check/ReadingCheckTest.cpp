@@ -8,10 +8,10 @@ namespace {
 using test::expectTold;
 using Row = test::CheckedText;
 
-/// A frame with a mesh, which is not closed.
+/// A frame with a mesh, both not closed.
 const std::string mesh = "frame a {\nmesh a {\n1;\n0;0;0;;\n0;\n";
 
-TEST(ReadingCheck, TellsWhereBlocksAndFilesEnd) {
+TEST(ReadingCheck, ReportsWhereBlocksAndFilesEnd) {
     const Row rows[] = {
         {"frame a {\n mesh a {\n  2;\n  1;2;x;;\n",
          "5 ended-early: Reading ends here: \"x\" is no number, and the rest of the file is left "
@@ -60,7 +60,7 @@ TEST(ReadingCheck, TellsWhereBlocksAndFilesEnd) {
     expectTold(rows);
 }
 
-TEST(ReadingCheck, TellsWhichBlocksAreLeftOut) {
+TEST(ReadingCheck, ReportsBlocksLeftOut) {
     const Row rows[] = {
         {"mesh {\n 1;\n normals {\n }\n}\nframe a {\n}\n",
          "2 mesh-outside-frame: A mesh stands outside of all frames, and is left out\n"},
@@ -86,7 +86,7 @@ TEST(ReadingCheck, TellsWhichBlocksAreLeftOut) {
     expectTold(rows);
 }
 
-TEST(ReadingCheck, TellsWhatIsLostOfFrames) {
+TEST(ReadingCheck, ReportsLossesOfFrames) {
     const std::string matrix = "1,0,0,0,0,1,0,0,0,0,1,0,0,0,0,1";
     const Row rows[] = {
         {"frame a {\n}\n", ""},
@@ -110,7 +110,7 @@ TEST(ReadingCheck, TellsWhatIsLostOfFrames) {
     expectTold(rows);
 }
 
-TEST(ReadingCheck, TellsWhatIsLostOfLists) {
+TEST(ReadingCheck, ReportsLossesOfLists) {
     const std::string material = "Material {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n}\n";
     const Row rows[] = {
         {mesh + "}\nmesh b {\n0;\n0;\n}\n}\n",
@@ -155,7 +155,7 @@ TEST(ReadingCheck, TellsWhatIsLostOfLists) {
     expectTold(rows);
 }
 
-TEST(ReadingCheck, TellsWhatIsLostOfAnimations) {
+TEST(ReadingCheck, ReportsLossesOfAnimations) {
     const std::string keys = "animationset {\n animation m {\n  {frm-a}\n  SI_AnimationKey {\n"
                              "   0;\n   1;\n   0; 1; 1;;;\n  }\n }\n}\n";
     const Row rows[] = {

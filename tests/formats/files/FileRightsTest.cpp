@@ -19,8 +19,8 @@ namespace {
 constexpr const char* accessList = "system.posix_acl_access";
 constexpr const char* listForNewFiles = "system.posix_acl_default";
 
-/// An access list as the kernel has it: the owner and one more user read and write, the group and
-/// all others do not.
+/// Returns an access list in the kernel's format: the owner and one more user may read and write,
+/// the group and all others may not.
 QByteArray listWith(std::uint32_t user) {
     struct Entry {
         std::uint16_t tag, permissions;
@@ -55,7 +55,7 @@ struct User {
     std::vector<gid_t> groups;
 };
 
-/// What a process of that user reports of its saving.
+/// Saves in a process of that user, and returns its result.
 bool saveAs(const User& user, const QString& file) {
     const pid_t child = ::fork();
     if (child == 0) {
@@ -81,7 +81,7 @@ class Rights : public test::TestFiles {
     QString model_;
 };
 
-TEST_F(Rights, OfAFileAreKeptWhoeverSaves) {
+TEST_F(Rights, AreKeptWhoeverSaves) {
     if (::geteuid() != 0) {
         GTEST_SKIP() << "only root can be several users";
     }

@@ -53,7 +53,7 @@ TEST_F(Files, OpeningSetsTheFlagsAndNames) {
     }
 }
 
-TEST_F(Files, NamesTellFolderKindAndWhatDialogsOffer) {
+TEST_F(Files, NamesGiveFolderKindAndSuggestion) {
     using enum ModelFileKind;
     const struct {
         const char* name;
@@ -80,7 +80,7 @@ TEST_F(Files, NamesTellFolderKindAndWhatDialogsOffer) {
     }
 }
 
-TEST_F(Files, ReadingTellsItsProgressAndCanBeCancelled) {
+TEST_F(Files, ReadingReportsProgressAndCanBeCancelled) {
     std::string text = "xof 0302txt 0064\nframe frm-a {\n";
     text.append(std::size_t{1} << 20U, '\n'); // several windows full
     const QString name = write("long.x", text + "frame b {\n}\n}\n");
@@ -104,7 +104,7 @@ TEST_F(Files, ReadingTellsItsProgressAndCanBeCancelled) {
     ModelDocument part;
     EXPECT_EQ(readUntil(3, part), ReadStatus::Cancelled);
     EXPECT_EQ(told.size(), 3U);
-    EXPECT_EQ(part.Root.Name, "") << "no half a model";
+    EXPECT_EQ(part.Root.Name, "") << "no partial model";
     EXPECT_EQ(failureCaption(ReadStatus::Cancelled, name), QString()) << "no failure";
 }
 
@@ -121,7 +121,7 @@ TEST_F(Files, SavingReplacesTheFileAndKeepsLinks) {
     EXPECT_TRUE(SaveFileXSI(document, path("new.xsi")));
     EXPECT_EQ(content(path("new.xsi")), expected);
     EXPECT_EQ(filesInFolder(), 4);
-    // ".." in a link is above the folder that the link is in, not above the link to that folder
+    // ".." in a link is the parent of the folder that holds the link, not of a link to that folder
     write("real/deep/file", "");
     ASSERT_TRUE(QFile::link(QStringLiteral("real/deep"), path("alias")));
     const QString above = write("real/t.xsi", "old");
@@ -132,7 +132,7 @@ TEST_F(Files, SavingReplacesTheFileAndKeepsLinks) {
     EXPECT_EQ(filesInFolder(), 4);
 }
 
-TEST_F(Files, WhatIsNoFileIsNotSavedInto) {
+TEST_F(Files, SavingRefusesWhatIsNoFile) {
     const ModelDocument document;
     EXPECT_FALSE(SaveFileXSI(document, path("no/such/folder.xsi")));
     QDir().mkdir(path("folder.xsi"));
@@ -144,7 +144,7 @@ TEST_F(Files, WhatIsNoFileIsNotSavedInto) {
     EXPECT_FALSE(QFileInfo(QStringLiteral("/dev/full")).isFile());
 }
 
-/// Lets no file of this process grow beyond a size, as a full disk would.
+/// Stops all files of this process from growing beyond a size, as a full disk would.
 class FileSizeLimit {
   public:
     explicit FileSizeLimit(rlim_t bytes) {
@@ -167,7 +167,7 @@ TEST_F(Files, ASaveThatFailsLeavesTheOldContents) {
     const QString target = write("old.xsi", "old contents");
     for (const Replace replace :
          {Replace(replaceFile), Replace(overwriteFile), Replace(replaceOwnFile)}) {
-        // far beyond the limit, and so little that it shows only when the last bytes are flushed
+        // far beyond the limit, and so little that only the last flush fails
         for (const rlim_t most : {10000U, 100U}) {
             const FileSizeLimit limit(most);
             EXPECT_FALSE(replace(target, [most](const TextSink& sink) {
@@ -186,7 +186,7 @@ TEST_F(Files, ASaveThatFailsLeavesTheOldContents) {
     EXPECT_TRUE(overwriteFile(target, [](const TextSink& sink) { return sink("new"); }));
     EXPECT_EQ(content(target), "new");
     EXPECT_FALSE(overwriteFile(path("none.xsi"), [](const TextSink&) { return true; }));
-    // a new file that breaks off does not come to be
+    // a new file whose writing fails is not created
     EXPECT_FALSE(replaceFile(path("none.xsi"), [](const TextSink& sink) {
         sink("half");
         return false;
@@ -194,7 +194,7 @@ TEST_F(Files, ASaveThatFailsLeavesTheOldContents) {
     EXPECT_EQ(filesInFolder(), 1);
 }
 
-TEST(Reading, WhereTheBytesBreakOffNothingIsKept) {
+TEST(Reading, AReadErrorLeavesTheDocumentEmpty) {
     const std::string text = "xof 0302txt 0064\nframe frm-a {\n}\n";
     std::size_t calls = 0;
     TextWindow window(

@@ -14,14 +14,14 @@ namespace {
 
 class OtherSaves : public test::TestFiles {
   protected:
-    /// Gives the file another time, as if somebody had written the same bytes again.
+    /// Gives the file another time, as if the same bytes had been written again.
     static void touch(const QString& name) {
         QFile file(name);
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));
         ASSERT_TRUE(
             file.setFileTime(QDateTime::fromSecsSinceEpoch(1), QFileDevice::FileModificationTime));
     }
-    /// What is in the folder, with contents.
+    /// Returns the names and contents of all files in the folder.
     [[nodiscard]] std::string listing() const {
         std::string all;
         for (const QString& name : QDir(folder()).entryList(QDir::Files, QDir::Name)) {
@@ -31,13 +31,13 @@ class OtherSaves : public test::TestFiles {
     }
 };
 
-TEST_F(OtherSaves, AreKeptBesideTheFileWhereTheyHoldOtherBytes) {
+TEST_F(OtherSaves, AreKeptBesideTheFileIfTheirBytesDiffer) {
     using Fate = OtherSave::Fate;
     constexpr const char* model = "xsi 0101txt 0032\nframe frm-a {\n}\n";
     const struct {
         const char* what;
-        const char* meanwhile; ///< the bytes that somebody has saved; null where nobody has
-        const char* taken;     ///< names that are taken
+        const char* meanwhile; ///< the bytes that another program saved; null if none did
+        const char* taken;     ///< names already taken
         Fate fate;
         const char* keptAs;
     } rows[] = {
@@ -77,7 +77,7 @@ TEST_F(OtherSaves, AreKeptBesideTheFileWhereTheyHoldOtherBytes) {
     }
 }
 
-TEST_F(OtherSaves, OurOwnSavesAreKnownAndAllThatWasReadCounts) {
+TEST_F(OtherSaves, ExcludeOurOwnAndCompareAllBytes) {
     const ModelDocument document;
     const QString file = path("m.xsi");
     std::optional<FileState> known = SaveFileXSI(document, file);
@@ -89,7 +89,7 @@ TEST_F(OtherSaves, OurOwnSavesAreKnownAndAllThatWasReadCounts) {
     EXPECT_EQ(keepOtherSave(file, {}).fate, OtherSave::Fate::Kept) << "nothing is known of it";
     EXPECT_EQ(keepOtherSave(path("none.xsi"), known).fate, OtherSave::Fate::None);
 
-    // what stands behind the end of the reading is part of the file
+    // bytes after the place where reading ended count as well
     const std::string broken = "xsi 0101txt 0032\nframe frm-a {\nmesh a {\nnone\n";
     const std::string text = broken + std::string(600'000, 'a');
     write("m.xsi", text);
@@ -103,11 +103,11 @@ TEST_F(OtherSaves, OurOwnSavesAreKnownAndAllThatWasReadCounts) {
     EXPECT_EQ(keepOtherSave(file, notes.file).fate, OtherSave::Fate::Kept);
 }
 
-TEST_F(OtherSaves, ThatCannotBeKeptAreToldOf) {
+TEST_F(OtherSaves, ThatCannotBeKeptAreReported) {
     const QString name = QString(251, u'n') + QStringLiteral(".xsi");
     const QString file = write(qPrintable(name), "theirs");
     const OtherSave other = keepOtherSave(file, FileState());
-    EXPECT_EQ(other.fate, OtherSave::Fate::NotKept) << "there is no longer name";
+    EXPECT_EQ(other.fate, OtherSave::Fate::NotKept) << "names cannot be longer";
     EXPECT_EQ(filesInFolder(), 1);
 }
 
@@ -131,7 +131,7 @@ TEST(Checksums, TellBytesApartWhateverPiecesTheyComeIn) {
     const std::string text = "The quick brown fox jumps over the lazy dog";
     for (std::size_t at = 0; at < text.size(); ++at) {
         add(text.substr(0, at));
-        add(std::string(at + 1, '\0')); // the empty one is there already
+        add(std::string(at + 1, '\0')); // the empty text was added above
         for (unsigned bit = 0; bit < 8; ++bit) {
             std::string flipped = text;
             flipped[at] = static_cast<char>(flipped[at] ^ 1 << bit);

@@ -30,7 +30,7 @@ std::string exact(float value) {
             std::to_chars(text.begin(), text.end(), value, std::chars_format::general, 6).ptr};
 }
 
-/// That a number, its two neighbours and their negatives are written as the library writes them.
+/// Expects a number, its two neighbours and their negatives to be written as the library does.
 void compareWriting(float value) {
     for (const float v : {value, std::nextafter(value, 0.0F), std::nextafter(value, 1e38F)}) {
         ASSERT_EQ(quick(v), exact(v));
@@ -56,7 +56,7 @@ TEST(NumberText, RealsAreWrittenAsTheLibraryDoes) {
 
 TEST(NumberText, TiesAndSixDigitBoundariesRoundAsTheLibraryDoes) {
     for (float scale = 1.0F; scale > 1e-5F; scale /= 2) {
-        // sums of powers of two: many end in a 5 behind the sixth digit
+        // sums of powers of two: many have a 5 after the sixth digit
         for (int n = 1; n < 2000; ++n) {
             compareWriting(static_cast<float>(n) * scale);
         }
@@ -87,7 +87,7 @@ TEST(NumberText, IntegersAreWrittenAsTheLibraryDoes) {
     }
 }
 
-/// That the quick parser either gives the library's bits and end, or leaves the number to it.
+/// Expects the quick parser to match the library's bits and end. Returns false if it declines.
 bool compareParsing(const std::string& number) {
     const std::string text = number + std::string(quickNumberReach, ';');
     float expected = 0;
@@ -121,7 +121,7 @@ TEST(NumberText, RealsAreParsedToTheLibrarysBits) {
 }
 
 TEST(NumberText, MiddlesBetweenFloatsAreParsedToTheLibrarysBits) {
-    // a middle of two floats is where rounding twice would show
+    // the midpoint of two floats is where rounding twice would show
     std::mt19937 random(5);
     for (int i = 0; i < 100000; ++i) {
         const float value = std::ldexp(static_cast<float>((random() >> 8U) | 1U << 23U),

@@ -14,13 +14,13 @@
 namespace korvane {
 namespace {
 
-/// A number bit by bit and what is left behind it, or that there was none.
+/// Returns a number's bits and the text left after it, or "none".
 template <class Number>
 std::string told(bool ok, Number value, const std::string& rest) {
     return ok ? std::to_string(std::bit_cast<std::int32_t>(value)) + '|' + rest : "none";
 }
 
-/// What a text stream in the classic locale makes of the text.
+/// Returns what a text stream in the classic locale makes of the text.
 template <class Number>
 std::string byStream(const std::string& text) {
     std::istringstream in(text);
@@ -43,7 +43,7 @@ std::string byScanner(TextScanner in) {
     return told(ok, value, std::string(in.take(in.remaining())));
 }
 
-/// Gives a text in pieces of the given size.
+/// Supplies a text in pieces of the given size.
 ByteSource inPieces(std::string_view text, std::size_t piece) {
     return [text, piece](std::span<char> space) mutable {
         const std::size_t size = std::min({piece, space.size(), text.size()});
@@ -53,7 +53,7 @@ ByteSource inPieces(std::string_view text, std::size_t piece) {
     };
 }
 
-/// Alone, with so much text behind it that the quick parsers take it, and through a tiny window.
+/// Compares the text alone, followed by enough text for the quick parsers, and in a tiny window.
 template <class Number>
 void compareWithStream(const std::string& text) {
     const std::string expected = byStream<Number>(text);

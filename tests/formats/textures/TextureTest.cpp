@@ -47,7 +47,7 @@ TEST(Tga, RowsFromBottomOrTop) {
         2, 2, {{9, 8, 7, 255}, {12, 11, 10, 255}, {3, 2, 1, 255}, {6, 5, 4, 255}}, false};
     EXPECT_EQ(decodeTga(tga(2, 2, rows)).image, expected);
     EXPECT_EQ(decodeTga(tga(2, 2, turned, {.descriptor = 0x20})).image, expected);
-    // the bit for right to left is not looked at; the identification and the colour map are skipped
+    // the bit for right to left is ignored; the identification and the colour map are skipped
     EXPECT_EQ(decodeTga(tga(2, 2, rows, {.descriptor = 0x10})).image, expected);
     EXPECT_EQ(decodeTga(tga(2, 2, rows, {.idLength = 7, .mapType = 1, .mapLength = 5})).image,
               expected);
@@ -113,11 +113,11 @@ TEST(Pic, RunsAndLiterals) {
         {{3, 1, 2, 3, 4}, {1, 2, 3, 4}},
         {{131, 9}, {9, 9, 9, 9}},
         {{129, 9, 1, 5, 6}, {9, 9, 5, 6}},
-        {{255, 9}, {9, 9, 9, 9}},               // stops at the end of the row
-        {{9, 1, 2, 3, 4}, {1, 2, 3, 4}},        // likewise
+        {{255, 9}, {9, 9, 9, 9}},               // runs stop at the end of the row
+        {{9, 1, 2, 3, 4}, {1, 2, 3, 4}},        // so do literals
         {{128, 7, 3, 9, 0, 8}, {9, 9, 9, 8}},   // only the second byte counts
-        {{128, 1, 0, 9, 131, 8}, {8, 8, 8, 8}}, // a run of none
-        {{129, 9}, {9, 9, 255, 255}},           // data that breaks off
+        {{128, 1, 0, 9, 131, 8}, {8, 8, 8, 8}}, // an empty run
+        {{129, 9}, {9, 9, 255, 255}},           // truncated data
     };
     for (const auto& row : rows) {
         Bytes reds;
@@ -157,14 +157,14 @@ TEST(Pic, WhatCannotBeDecodedIsBlank) {
 
 class Textures : public test::TestFiles {
   protected:
-    /// Writes a picture of one pixel that is told by its blue.
+    /// Writes a picture of one pixel, identified by its blue.
     void picture(const char* name, std::uint8_t blue) {
         const Bytes bytes = QByteArray(name).toLower().endsWith("pic")
                                 ? pic(1, 1, {rgb}, {0, 0, 0, blue})
                                 : tga(1, 1, {blue, 0, 0});
         write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     }
-    /// The blue of what is loaded under a name; 255 for the 1 x 1 image.
+    /// Returns the blue of the texture loaded under a name; 255 for the 1 x 1 image.
     [[nodiscard]] int load(const std::string& name) {
         return loader_.load(name)->pixels.at(0).blue;
     }
@@ -173,7 +173,7 @@ class Textures : public test::TestFiles {
     TextureLoader loader_{folder()};
 };
 
-TEST_F(Textures, AreLookedForInOrder) {
+TEST_F(Textures, AreSearchedInOrder) {
     picture("a.tga", 1);
     picture("Sub/Skin.TGA", 2);
     picture("both.pic", 3);
@@ -230,7 +230,7 @@ TEST_F(Textures, AreDecodedOnceForAllThatShareAStore) {
     }
 }
 
-TEST_F(Textures, WhatWasTooLargeForOneIsDecodedForAnother) {
+TEST_F(Textures, TooLargeForOneLoaderIsDecodedForAnother) {
     picture("a.tga", 1);
     const auto store = std::make_shared<TextureStore>();
     const auto outcome = [&](std::size_t mostPixels) {
@@ -242,7 +242,7 @@ TEST_F(Textures, WhatWasTooLargeForOneIsDecodedForAnother) {
     EXPECT_EQ(outcome(0).refusal, tooManyPixels);
 }
 
-TEST_F(Textures, RefusalsTellWhy) {
+TEST_F(Textures, RefusalsHaveReasons) {
     const std::string bytes(18, '\0');
     const std::pair<const char*, const char*> rows[] = {
         {"a.tga", "it is a TGA of type 0, and only type 2 is read (true colour, uncompressed)"},
@@ -290,7 +290,7 @@ TEST_F(Textures, BitmapsAndIconsGoByTheirExtensionAlone) {
     }
 }
 
-/// An icon of one picture in PNG form, which claims 16 x 16 pixels.
+/// Returns an icon of one picture in PNG form, which claims 16 x 16 pixels.
 std::string icon(int side) {
     QImage picture(side, side, QImage::Format_Mono);
     picture.fill(0);
@@ -313,7 +313,7 @@ TEST_F(Textures, PicturesThatUnpackIntoFarMoreAreBlank) {
     write("bomb.ico", bomb);
     EXPECT_EQ(loader.load("bomb.ico"), blankTextureImage());
 
-    // 100 x 100 pixels of 24 bits in 2000 bytes; the same as runs could be whole
+    // 100 x 100 pixels of 24 bits cannot be in 2000 bytes; as runs, they could
     std::string bmp = "BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x64\0\0\0\x64\0\0\0\1\0\x18"s;
     bmp.resize(2000);
     write("cut.bmp", bmp);
@@ -330,7 +330,7 @@ TEST_F(Textures, PicturesThatUnpackIntoFarMoreAreBlank) {
     EXPECT_EQ(loader.load("runs.bmp")->width, 100);
     EXPECT_EQ(loader.load("runs.bmp")->pixels.back(), (Rgba8{6, 5, 4, 255}));
 
-    // runs that leave all pixels out: the first colour everywhere, not what the memory held before
+    // runs that skip all pixels: the first colour everywhere, not what the memory held before
     bmp.replace(62, std::string::npos, "\0\1"s);
     write("empty.bmp", bmp);
     const auto empty = loader.load("empty.bmp");
@@ -338,7 +338,7 @@ TEST_F(Textures, PicturesThatUnpackIntoFarMoreAreBlank) {
 }
 
 TEST_F(Textures, PackedPicturesHaveALimitOfTheirOwn) {
-    // as many bytes of runs as 64 Mi pixels and one row or column more may take
+    // the bytes of runs needed for 64 Mi pixels and one row or column more
     const std::string runs((std::size_t{8192} + 1) * (8192 / 128 + 1), '\0');
     Bytes packed = pic(0, 1, {red}, {runs.begin(), runs.end()});
     packed[92] = packed[94] = 0x20; // 8192 each way, and one more row
@@ -358,7 +358,7 @@ TEST_F(Textures, PackedPicturesHaveALimitOfTheirOwn) {
     EXPECT_FALSE(isBlank(decodeWithQt(Bytes(bmp.begin(), bmp.end()), "BMP").image));
 }
 
-TEST_F(Textures, OfOneReadingHaveALimitTogether) {
+TEST_F(Textures, OfOneReadingShareALimit) {
     const auto square = [&](const char* name, std::uint8_t side) {
         const Bytes bytes = tga(side, side, Bytes(std::size_t{3} * side * side, 7));
         write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});

@@ -10,7 +10,7 @@
 namespace korvane {
 namespace {
 
-/// Real models and pictures, in a folder that the environment names; there may be none.
+/// Real models and pictures in a folder named by the environment; there may be none.
 class Corpus : public testing::Test {
   protected:
     void SetUp() override {
@@ -29,7 +29,7 @@ class Corpus : public testing::Test {
     }
 };
 
-/// Whether the file's first bytes are those of a format that is read.
+/// Returns true if the file begins with a header that is read.
 bool hasHeader(const QString& path) {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
@@ -38,7 +38,7 @@ bool hasHeader(const QString& path) {
 }
 
 TEST_F(Corpus, EveryModelIsReadOrRefusedAndSavesToAFixedPoint) {
-    // what some of them hold, so that none is read by halves
+    // what some of them hold, to catch a partial reading
     const std::map<QString, std::array<std::size_t, 3>> known = {
         {QStringLiteral("heli.x"), {9, 421, 377}},
         {QStringLiteral("airplane 2.x"), {8, 1282, 596}},
@@ -64,7 +64,7 @@ TEST_F(Corpus, EveryModelIsReadOrRefusedAndSavesToAFixedPoint) {
                 << qPrintable(path);
             ++met;
         }
-        // Names that the rules cut short may read back differently once, never twice.
+        // Names that the rules truncate may read back differently once, but not twice.
         const std::string again = test::writeText(test::readText(test::writeText(document)));
         EXPECT_EQ(test::writeText(test::readText(again)), again) << qPrintable(path);
     }

@@ -16,8 +16,8 @@ std::string document(const char* name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// How long the lists of a mesh are: vertices and faces, then slots and slots of faces, then for
-/// normals, coordinates and colours the elements and the polygons.
+/// The sizes of a mesh's lists: vertices and faces, slots and slots of faces, then the elements and
+/// polygons of normals, coordinates and colours.
 std::vector<std::size_t> sizes(const MeshRecord& mesh) {
     return {
         mesh.Vertices.size(),         mesh.Faces.size(),         mesh.MaterialSlotList.size(),

@@ -51,14 +51,14 @@ class RandomNames {
     std::mt19937 random_{15};
 };
 
-TEST(FrameNames, TheReasonTellsExactlyWhichFramesAReadingGivesBack) {
+TEST(FrameNames, ThereIsAReasonExactlyForFramesThatReadingLoses) {
     RandomNames random;
     int lost = 0;
     constexpr int rounds = 5'000;
     for (int round = 0; round < rounds; ++round) {
         const FrameRecord frame = random.frame();
         const bool root = random.number(3) == 0;
-        // the last frame is what an animation goes to whose frame is not found
+        // an animation whose frame is not found goes to the last frame
         const FrameRecord last = withMesh(test::named("last"));
         ModelDocument document;
         document.Root = root ? frame : test::named("top", {frame});

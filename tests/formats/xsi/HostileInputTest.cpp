@@ -43,10 +43,10 @@ TEST(HostileInput, AFileCutAnywhereKeepsWhatWasReadSoFar) {
     for (std::size_t size = 16; size <= text.size(); ++size) {
         const ModelDocument document = readText(text.substr(0, size));
         const ModelCounts counts = countModel(document.Root);
-        // a number cut behind its exponent's "e" is none, while its digits alone were one
+        // cut after its exponent's "e", a number is malformed, while its digits alone were valid
         ASSERT_GE(counts.vertices + 1, vertices);
         vertices = std::max(vertices, counts.vertices);
-        // a keyword cut short ("frametransf") may pass for one frame more
+        // a truncated keyword ("frametransf") may count as one more frame
         ASSERT_LE(frameCount(document.Root), frameCount(whole.Root) + 1);
     }
     EXPECT_EQ(vertices, countModel(whole.Root).vertices);
@@ -66,7 +66,7 @@ TEST(HostileInput, AVertexIsKeptOnceItsLastNumberIsThere) {
     }
 }
 
-/// How long each list of a frame is: vertices, faces, normals, coordinates, colours, slots, keys.
+/// The sizes of a frame's lists: vertices, faces, normals, coordinates, colours, slots, keys.
 std::string held(const FrameRecord& frame) {
     const MeshRecord& mesh = frame.Mesh;
     std::string text;
@@ -93,7 +93,7 @@ std::string held(const FrameRecord& frame) {
 TEST(HostileInput, CountsAreNotTrusted) {
     const std::string mesh = "mesh a {\n1;\n0;0;0;;\n1;\n3;0,0,0;;\n";
     const std::string keys = "}\nAnimationSet {\n Animation a {\n SI_AnimationKey {\n 0;\n ";
-    // where # is a count; what is read when it is too large, and when it is 0 or less
+    // # stands for a count; what is read if it is too large, and if it is 0 or less
     const struct {
         std::string text;
         std::string large;
@@ -117,7 +117,7 @@ TEST(HostileInput, CountsAreNotTrusted) {
     };
     for (const auto& row : rows) {
         for (const std::string count : {"2000000000", "2147483647", "0", "-1", "-2147483648"}) {
-            for (const std::size_t more : {0U, 1000000U}) { // bytes that could be a long list
+            for (const std::size_t more : {0U, 1000000U}) { // bytes that a long list could fill
                 std::string text = std::string(test::xsiHeader) + "frame a {\n" + row.text;
                 text.replace(text.find('#'), 1, count) += std::string(more, ' ');
                 ModelDocument document;
@@ -138,10 +138,10 @@ TEST(HostileInput, FramesNestNoDeeperThanTheCap) {
     }
     ModelDocument document = readXsiBody(text);
     EXPECT_EQ(frameCount(document.Root), maxFrameDepth + 1);
-    // Saving indents by depth; what comes back is the same tree.
+    // Saving indents by depth; the same tree comes back.
     EXPECT_EQ(frameCount(readText(test::writeText(document)).Root), maxFrameDepth + 1);
 
-    // Past the cap a frame is a block to skip, and what follows it is read on.
+    // Beyond the cap, a frame is skipped as a block, and reading continues after it.
     text =
         text.substr(0, 10 * (maxFrameDepth + 1)) + "frame x {\n mesh {\n }\n}\n}\nframe b {\n}\n";
     document = readXsiBody(text);
@@ -158,9 +158,8 @@ TEST(HostileInput, LongLinesAreReadWhole) {
     EXPECT_EQ(document.Root.Children[0].Name, std::string(size, 'b'));
 }
 
-// Many small parts must cost linear time. Their numbers are such that one step for each two of them
-// would take many times what a test may take: 40 thousand million steps and more, where each takes
-// tens of nanoseconds in a build with checks.
+// Many small parts must cost linear time. Quadratic time would far exceed the limit of a test: at
+// least 40 thousand million steps, at tens of nanoseconds each in a build with checks.
 constexpr int manyThings = 100000;
 constexpr int mentions = 4 * manyThings;
 
@@ -169,7 +168,7 @@ TEST(HostileInput, ManyMaterialsStayLinear) {
         return "Material m {\n" + std::to_string(number) + ";0;0;1;;\n1;\n0;0;0;;\n0;0;0;;\n" +
                "TextureFilename {\n\"" + texture + "\";\n}\n}\n";
     };
-    // of differing ones half name one texture, then comes the last of them over and over
+    // half of the different ones name one texture, then the last one is repeated
     std::string text =
         "1;\n0;0;0;;\n0;\nMeshMaterialList {\n" + std::to_string(manyThings + mentions) + ";\n0;\n";
     for (int i = 0; i < manyThings; ++i) {
@@ -190,7 +189,7 @@ TEST(HostileInput, ManyMaterialsStayLinear) {
     ASSERT_EQ(slots.size(), manyThings + mentions);
     EXPECT_EQ(slots[manyThings - 1], manyThings - 1);
     EXPECT_EQ(std::count(slots.begin(), slots.end(), manyThings - 1), mentions + 1);
-    // no more questions for textures than materials in the table
+    // textures are requested no more often than the table has materials
     EXPECT_EQ(asked.size(), manyThings / 2 + 1);
     EXPECT_EQ(asked["t0"], 1);
     EXPECT_LE(asked["same.tga"], manyThings / 2);
@@ -198,7 +197,7 @@ TEST(HostileInput, ManyMaterialsStayLinear) {
 
 TEST(HostileInput, ManyFramesAndAnimationsStayLinear) {
     std::string text = "frame r {\n";
-    for (int i = 0; i < manyThings; ++i) { // half of them of one name
+    for (int i = 0; i < manyThings; ++i) { // half of them with the same name
         text += "frame frm-f" + (i % 2 == 0 ? std::to_string(i) : "") + " {\n}\n";
     }
     text += "frame frm-last {\n}\n}\n";
@@ -211,13 +210,13 @@ TEST(HostileInput, ManyFramesAndAnimationsStayLinear) {
     ModelDocument document = readXsiBody(text);
     const std::vector<FrameRecord>& frames = document.Root.Children;
     ASSERT_EQ(frames.size(), manyThings + 1);
-    EXPECT_EQ(frames.back().AnimationKeys.size(), mentions / 2); // unknown names mean the last
+    EXPECT_EQ(frames.back().AnimationKeys.size(), mentions / 2); // unknown names lead to the last
     EXPECT_EQ(frames[manyThings - 2].AnimationKeys.size(), mentions / 4);
     EXPECT_EQ(frames[1].AnimationKeys.size(), mentions / 4); // the first of that name
     EXPECT_EQ(frames[1].AnimationKeys.back().Time, mentions - 1);
     EXPECT_FALSE(frames[3].HasAnimation);
 
-    // and so must showing and saving them
+    // showing and saving must be linear, too
     EXPECT_EQ(StructureTree(document).nodes().size(), manyThings + 3);
     document.markSelection(FramePath());
     EXPECT_EQ(frameCount(readText(test::writeText(document)).Root), manyThings + 2);
@@ -234,13 +233,13 @@ TEST(HostileInput, ManyMeshesOfOneFrameStayLinear) {
     EXPECT_EQ(readXsi(TextScanner(meshes), document), ReadStatus::Done);
     EXPECT_EQ(document.Root.Mesh.Faces.size(), mentions);
     EXPECT_EQ(document.Root.Mesh.TexCoords.size(), mentions);
-    // each such list takes the faces read so far over once more, until that is out of proportion
+    // each such list copies the faces read so far, until that is out of proportion
     EXPECT_GE(document.Root.Mesh.TexCoordFaces.size(), mentions);
     EXPECT_LT(watch.largest(), 10 * meshes.size());
 }
 
-/// Inputs that once did harm, each named after what was wrong.
-TEST(HostileInput, FormerHarmIsHarmless) {
+/// Inputs that once caused a failure, each named after it.
+TEST(HostileInput, PastFailuresStayFixed) {
     const QFileInfoList files = QDir(QStringLiteral(KORVANE_REGRESSION)).entryInfoList(QDir::Files);
     EXPECT_FALSE(files.isEmpty());
     for (const QFileInfo& file : files) {

@@ -25,7 +25,7 @@ TEST(RoundTrip, SavedModelsComeBackWithEveryListAndSaveToTheSameBytes) {
         document.computeDerivedData(); // as reading does
         FrameWalk now(back.Root);
         for (FrameWalk was(document.Root); !was.done() && !now.done(); was.next(), now.next()) {
-            // the table has another order: that of the slots
+            // the table is read in another order, that of the slots
             const std::vector<std::int32_t>& slots = was.frame().Mesh.MaterialSlotList;
             std::vector<std::int32_t>& read = now.frame().Mesh.MaterialSlotList;
             ASSERT_EQ(read.size(), slots.size()) << "seed " << seed;
@@ -42,7 +42,7 @@ TEST(RoundTrip, SavedModelsComeBackWithEveryListAndSaveToTheSameBytes) {
     }
 }
 
-/// Switches program and library to a locale with a comma for decimals and grouped digits.
+/// Sets a locale with decimal commas and grouped digits, for C++ and C.
 class CommaLocale : public testing::Test {
   protected:
     class Punctuation : public std::numpunct<char> {
@@ -62,10 +62,10 @@ class CommaLocale : public testing::Test {
     }
 };
 
-TEST_F(CommaLocale, NeitherReadsNorWritesByIt) {
+TEST_F(CommaLocale, AffectsNeitherReadingNorWriting) {
     std::ostringstream streamed;
     streamed << 1234.5;
-    ASSERT_EQ(streamed.str(), "1.234,5") << "the locale is at work";
+    ASSERT_EQ(streamed.str(), "1.234,5") << "the locale is in effect";
 
     const ModelDocument document = test::RandomModel(7).make();
     const std::string saved = writeText(document);

@@ -10,7 +10,7 @@ std::string keys(int type, std::string_view list) {
     return "SI_AnimationKey {\n" + std::to_string(type) + ";\n" + std::string(list) + "\n}\n";
 }
 
-/// For each frame in pre-order "name:type:times", those without animation left out.
+/// Returns "name:type:times" for each animated frame in pre-order.
 std::string animated(std::string_view text) {
     const ModelDocument document = test::readXsiBody(std::string(frames) + std::string(text));
     std::string result;
@@ -38,22 +38,22 @@ TEST(Animation, KeysGoToTheFrameNamed) {
         const char* expected;
     } rows[] = {
         {"AnimationSet {\n Animation anim-b {\n {frm-b}\n" + two + " }\n}\n", "b:1:0/3,10/3, "},
-        // the first of that name, whatever its suffix; an unknown name means the last frame
+        // the first of that name, whatever its suffix; an unknown name leads to the last frame
         {"AnimationSet {\n Animation x {\n {frm-A__h}\n" + two + " }\n}\n", "a1:1:0/3,10/3, "},
         {"AnimationSet {\n Animation x {\n {frm-zzz}\n" + two + " }\n}\n", "a2:1:0/3,10/3, "},
-        // without a reference the root, or the frame of the animation before
+        // without a reference, the root or the frame of the previous animation
         {"AnimationSet {\n Animation x {\n" + two + " }\n}\n", "r:1:0/3,10/3, "},
         {"AnimationSet {\n Animation x {\n {frm-b}\n" + two + " }\n Animation y {\n" +
              keys(2, "1;\n5;1;9;;;") + " }\n}\n",
          "b:2:0/3,10/3,5/1, "},
-        // a second set, and blocks that mean nothing
+        // a second set, and blocks without meaning
         {"AnimationSet {\n Animation x {\n {frm-b}\n" + two +
              " Options {\n 1;\n }\n }\n Other {\n {frm-b}\n }\n}\n"
              "AnimationSet {\n Animation y {\n {frm-a}\n" +
              keys(0, "1;\n7;12;1,2,3,4,5,6,7,8,9,10,11,12;;;") + " }\n}\n",
          "a1:0:7/12, b:1:0/3,10/3, "},
         {"template AnimationSet {\n [Animation]\n}\n", ""},
-        // a reference without the prefix is a block to skip, and takes the keys with it
+        // a reference without the prefix is skipped as a block, and the keys with it
         {"AnimationSet {\n Animation x {\n {b}\n" + two + " }\n}\n", ""},
         // frames that were replaced are forgotten
         {"AnimationSet {\n Animation x {\n {frm-b}\n" + two +

@@ -25,7 +25,7 @@ ModelDocument readMaterials(int count, const std::string& materials) {
                         ";\n1;\n0;\n" + materials + "}\nMeshNormals {\n1;\n0;0;1;;\n0;\n}\n");
 }
 
-/// That everything behind the material list was read, so that the list ended where it should.
+/// Expects that all after the material list was read, so that the list ended where it should.
 void expectReadOn(const ModelDocument& document) {
     EXPECT_TRUE(document.Root.Mesh.HasNormals);
     EXPECT_EQ(document.Root.Mesh.Normals.size(), 1U);
@@ -62,7 +62,7 @@ TEST(Materials, TakeTheirSlots) {
         std::string materials;
         std::vector<std::int32_t> slots;
     } rows[] = {
-        // equal ones become one
+        // equal ones are merged
         {6,
          directX("1;1;1") + directX("1;1;0.5") + directX("1;1;1") + directX("1;1;1", texture) +
              directX("1;1;1", texture) + directX("1;1;1", "TextureFilename {\n\"A.bmp\";\n}\n"),
@@ -71,7 +71,7 @@ TEST(Materials, TakeTheirSlots) {
         {5,
          directX("1;0;0") + " { some material }\n{frame}\n{ name } // remark\n" + directX("0;1;0"),
          {0, 1}},
-        // the lines of blocks that mean nothing are counted
+        // the braces of unknown blocks are counted
         {2,
          directX("1;0;0", "EffectInstance {\n \"x\";\n Param { 1; }\n Deep {\n }\n}\n") +
              directX("0;1;0"),

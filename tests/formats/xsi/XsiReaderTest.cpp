@@ -10,7 +10,7 @@ namespace {
 using test::readMeshBody;
 using test::readXsiBody;
 
-/// The names of a frame's subtree, "a(b c(d))".
+/// Returns the names of a frame's subtree, "a(b c(d))".
 std::string outline(const FrameRecord& frame) {
     std::string text = frame.Name;
     for (const FrameRecord& child : frame.Children) {
@@ -57,9 +57,9 @@ TEST(FrameDeclaration, CountsCharactersFromTheKeyword) {
         {"frame frm-a__gxh{e", "a", "hg"},
         {"frame frm-a__ e {", "a", ""},
         {"frame frm-a_b_ {", "a_b_", ""},
-        {"frame {", "{", ""}, // the first character is taken whatever it is
+        {"frame {", "{", ""}, // the first character always belongs to the name
         {"frame  box {", " box", ""},
-        {"frame ___e {", "_", "e"}, // so the suffix begins behind it
+        {"frame ___e {", "_", "e"}, // so the suffix begins after it
         {"frame", "", ""},
         {"frame ", "", ""},
         {"frame frm-", "", ""},
@@ -80,7 +80,7 @@ TEST(FrameDeclaration, CountsCharactersFromTheKeyword) {
     }
 }
 
-TEST(XsiReader, WhatIsTakenAsAFrame) {
+TEST(XsiReader, LinesReadAsFrames) {
     const struct {
         const char* body;
         const char* expected;
@@ -89,7 +89,7 @@ TEST(XsiReader, WhatIsTakenAsAFrame) {
         {"template X {\n Matrix4x4 frameMatrix;\n}\n", "atrix;"},
         {"frame frm-a\n{\n frame frm-b {\n }\n}\n", "a"}, // the brace must be on the keyword's line
         {"frame frm-a {\n frame frm-b\n {\n  frame frm-c {\n  }\n }\n}\n", "a(b)"},
-        {"frame frm-a {\n frame frm-b { }\n}\n", "a(b)"}, // braces of one line: the body goes on
+        {"frame frm-a {\n frame frm-b { }\n}\n", "a(b)"}, // the body continues
         {"frame frm-a {\n { x }\n frame frm-b {\n }\n}\nframe frm-c {\n}\n", "a(c)"},
         {"frame frm-a {\n SI_Unknown {\n  { x }\n  frame { \n }\n }\n frame frm-c {\n }\n}\n",
          "a(c)"},
@@ -99,7 +99,7 @@ TEST(XsiReader, WhatIsTakenAsAFrame) {
         {"frame frm-a {\nSI_FrameBasePoseMatrix {\n 1,0,0,0,\n 0,1,0,0,\n 0,0,1,0,\n"
          " 5,0,0,1;;\n}\nframe frm-b {\n}\n}\n",
          "a(aseposematrix b)"},
-        // whatever follows the closing brace of a matrix on its line is the next line
+        // text after the closing brace of a matrix counts as the next line
         {"frame frm-a {\n FrameTransformMatrix {\n 2,0,0,0,0,2,0,0,0,0,2,0,0,0,0,1;; junk } frame "
          "frm-b {\n }\n}\n",
          "a(b)"},
@@ -134,7 +134,7 @@ TEST(XsiReader, NumberedOrPlainPolygons) {
         {"2;\n3;0,0,0;,\n2;0,0;;\n", {{0, 0, 0}, {0, 0}}},
         {"2;\n0;3;0,0,0;,\n1;2;0,0;;\n", {{0, 0, 0}, {0, 0}}},
         {"2;\n0;3;0,0,0;,\n9;1;7;;\n", {{0, 0, 0}, {7}}},
-        {"2;\n3;0,0,0;,\n0;;\n", {{0, 0, 0}, {}}}, // only the first number tells
+        {"2;\n3;0,0,0;,\n0;;\n", {{0, 0, 0}, {}}}, // only the first number decides
         {"0;\n", {}},
     };
     for (const auto& row : rows) {
@@ -142,21 +142,21 @@ TEST(XsiReader, NumberedOrPlainPolygons) {
             readMeshBody(std::string(oneFace) + "SI_MeshNormals {\n1;\n0;0;1;;\n" + row.polygons +
                          "}\nMeshNormals {\n1;\n0;1;0;;\n1;\n1;5;;\n}\n");
         Corners expected = row.expected;
-        expected.push_back({5}); // each block decides for itself, and adds to what is there
+        expected.push_back({5}); // each block decides for itself, and appends
         EXPECT_EQ(corners(document.Root.Mesh.NormalFaces), expected) << row.polygons;
         EXPECT_EQ(document.Root.Mesh.Normals.size(), 2U);
     }
 }
 
 TEST(XsiReader, ASecondMeshAddsToTheFirst) {
-    // DirectX's texture coordinates count downward and follow the faces
+    // in DirectX, v points down, and the faces index texture coordinates
     const std::string mesh =
         "mesh a {\n" + std::string(oneFace) + "MeshTextureCoords {\n1;\n0.5;0.25;;\n}\n}\n";
     const ModelDocument document = readXsiBody("frame a {\n" + mesh + mesh + "}\n");
     EXPECT_EQ(document.Root.Mesh.Vertices.size(), 2U);
     EXPECT_EQ(document.Root.Mesh.Faces.size(), 2U);
     EXPECT_EQ(document.Root.Mesh.TexCoords, (std::vector<Vec2>{{0.5F, 0.75F}, {0.5F, 0.75F}}));
-    const std::vector<std::uint32_t> face = {0, 0, 0}; // one copy, then one of both
+    const std::vector<std::uint32_t> face = {0, 0, 0}; // one copy, then a copy of both
     EXPECT_EQ(corners(document.Root.Mesh.TexCoordFaces), (Corners{face, face, face}));
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 using test::writeText;
 
-/// A root without a mesh and two children, the first with everything that a frame can have.
+/// Returns a root without a mesh and two children, the first with everything a frame can have.
 ModelDocument fullExample() {
     ModelDocument document;
     document.Root.Name = "root";
