@@ -1,4 +1,4 @@
-// What calls are right, where they read from and write to, and how they end.
+// Which calls are valid, where they read from and write to, and how they end.
 
 #include "tool/ToolRun.h"
 
@@ -11,7 +11,7 @@ using namespace std::string_literals;
 
 class ToolCalls : public ToolRun {};
 
-TEST_F(ToolCalls, SayInOneLineWhyTheyAreRefused) {
+TEST_F(ToolCalls, GiveTheReasonOfARefusalInOneLine) {
     write("broken.bmp", "BM\x1a\0\0\0\0\0\0\0\x1a\0\0\0\x0c\0\0\0\xff\xff\xff\xff\1\0\x18\0"s);
     write("odd.png", "");
     ASSERT_TRUE(QDir().mkpath(path("folder.x")));
@@ -42,7 +42,7 @@ TEST_F(ToolCalls, SayInOneLineWhyTheyAreRefused) {
     EXPECT_EQ(filesInFolder(), files);
 }
 
-TEST_F(ToolCalls, ThatMakeNoSenseTellWhereHelpIs) {
+TEST_F(ToolCalls, ThatMakeNoSensePointToTheHelp) {
     const std::pair<const char*, const char*> rows[] = {
         {"", ";frobnicate;--frobnicate;-x info"},
         {"info", ";--;--frobnicate good.x;-x.x;- -;--base . good.x;--json=1 good.x"},
@@ -97,12 +97,12 @@ TEST_F(ToolCalls, ReadAndWritePipes) {
         {"cat good.x | $T info - | head -1", 0, "standard input: 1 mesh, 1 vertex, 1 face\n", ""},
         {"$T render good.x r.png; $T render - - < good.x | cmp - r.png", 0, "", ""},
         {"$T texture a.tga t.png; $T texture - - --type tga < a.tga | cmp - t.png", 0, "", ""},
-        // textures are found beside the file, or in the folder told
+        // textures are found beside the file, or in the folder of --base
         {"cd sub; $T render m.xsi r.png; rm -f n.png; cd ..; rm a.tga;"
          "$T info - < sub/m.xsi | grep -c 'not found'; $T render - - --base sub < sub/m.xsi | "
          "cmp - sub/r.png",
          0, "1\n", ""},
-        // what ends early keeps what was complete, but a header is needed
+        // truncated input keeps what is complete, but needs a header
         {"head -c 44 good.x | $T info - | head -1", 0,
          "standard input: 1 mesh, 0 vertices, 0 faces\n", ""},
         {"$T info - < /dev/null", 1, "", "standard input: Not a model file (.xsi or .x)\n"},
@@ -117,7 +117,7 @@ TEST_F(ToolCalls, ReadAndWritePipes) {
         {"$T convert good.x - > /dev/full", 1, "", "standard output: Unable to save\n"},
         {"$T render good.x - > /dev/full", 1, "", "standard output: Unable to save\n"},
         {"$T info good.x >&-", 1, "", "standard output: Unable to save\n"},
-        // a stream that is closed must not become that of the output
+        // a closed stream must not become that of the output
         {"$T convert good.x q.xsi >&- 2>&- <&-; cmp q.xsi o.xsi", 0, "", ""},
         {"$T convert bad.x q.xsi >&- 2>&- <&-", 1, "", ""}};
     for (const auto& row : rows) {
@@ -128,7 +128,7 @@ TEST_F(ToolCalls, ReadAndWritePipes) {
     }
 }
 
-TEST_F(ToolCalls, AClosedPipeEndsThemWithoutALine) {
+TEST_F(ToolCalls, AClosedPipeEndsThemSilently) {
     std::string frames; // more than a pipe holds
     for (int i = 0; i < 20000; ++i) {
         frames += "frame child {\n}\n";
@@ -144,7 +144,7 @@ TEST_F(ToolCalls, AClosedPipeEndsThemWithoutALine) {
     }
 }
 
-TEST_F(ToolCalls, TakeNamesOfAnyBytes) {
+TEST_F(ToolCalls, AcceptNamesOfAnyBytes) {
     const std::pair<std::string, std::string> names[] = {
         {"a\nb.xsi", "a\\x0ab.xsi"},
         {"-x.xsi", "-x.xsi"},
@@ -171,12 +171,12 @@ TEST_F(ToolCalls, TakeNamesOfAnyBytes) {
             EXPECT_TRUE(outcome.output.ends_with(counts)) << folder << shown;
         }
     }
-    // in a folder of such a name
+    // in a folder with such a name
     const Outcome outcome =
         shell("mkdir 'd\xfe'; cd 'd\xfe'; cp ../a.tga A.TGA; $T convert ../good.x o.xsi;"
               "$T convert ../good.x o.xsi; $T texture a o.png; $T render --size 9x9 o.xsi o.png;"
               "ls -A; $T info \"$PWD/no.x\" 2>&1 | LC_ALL=C sed 's|.*/d|d|'");
-    EXPECT_EQ(shell("rm -r w d*").status, 0); // the toolkit cannot
+    EXPECT_EQ(shell("rm -r w d*").status, 0); // the toolkit cannot remove these
     EXPECT_EQ(outcome.output, "A.TGA\no.png\no.xsi\nd\xfe/no.x: No such file\n");
     EXPECT_EQ(outcome.errors, "");
 }

@@ -27,7 +27,7 @@ class ToolCheck : public ToolRun {
     static constexpr char refusal[] = "newer.x: DirectX 0303 text: only 0302 is read\n";
 };
 
-TEST_F(ToolCheck, TellsEachFindingInALineAndGoesOnBehindARefusedFile) {
+TEST_F(ToolCheck, ReportsEachFindingInALineAndContinuesAfterARefusal) {
     const Outcome outcome = run("check newer.x lossy.x clean.x");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, refusal);
@@ -42,10 +42,10 @@ TEST_F(ToolCheck, TellsEachFindingInALineAndGoesOnBehindARefusedFile) {
     EXPECT_EQ(shell("$T check lossy.x lossy.x lossy.x >&-").status, 1);
     EXPECT_EQ(run("convert lossy.x o.xsi").errors,
               std::string(warnings).substr(0, std::string(warnings).find('\n') + 1))
-        << "what is no loss is not told";
+        << "only losses are reported";
 }
 
-TEST_F(ToolCheck, TellsTheSameAsOneDocument) {
+TEST_F(ToolCheck, ReportsTheSameAsOneDocument) {
     const Outcome outcome = run("check --json lossy.x newer.x");
     EXPECT_EQ(outcome.errors, refusal);
     const QJsonObject document =

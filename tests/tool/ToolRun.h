@@ -9,7 +9,7 @@
 
 namespace korvane::test {
 
-/// The companion program, run with files in a folder of the test's own.
+/// Runs the companion program in the test's own folder.
 class ToolRun : public TestFiles {
   protected:
     struct Outcome {
@@ -26,14 +26,14 @@ class ToolRun : public TestFiles {
         write("a.tga", "\0\0\2\0\0\0\0\0\0\0\0\0\2\0\1\0\30\0\1\2\3\4\5\6"s);
         write("a.msh", "");
     }
-    /// Runs it with words that blanks part.
+    /// Runs it with words separated by blanks.
     [[nodiscard]] Outcome run(const std::string& words) const {
         return start(QStringLiteral(KORVANE_TOOL),
                      QString::fromStdString(words).split(u' ', Qt::SkipEmptyParts));
     }
-    /// Runs a script of the shell, in which $T is the program.
+    /// Runs a shell script in which $T is the program.
     [[nodiscard]] Outcome shell(const std::string& script) const {
-        write("script", script); // as a word of the call it would have to be valid UTF-8
+        write("script", script); // as an argument it would have to be valid UTF-8
         return start(QStringLiteral("/bin/sh"), {QStringLiteral("script")});
     }
 

@@ -15,7 +15,7 @@ using namespace std::string_literals;
 
 class Tool : public ToolRun {
   protected:
-    /// The output of a call that went well, without the times that it took.
+    /// Returns the output of a successful call without the measured times.
     static std::string timeless(const Outcome& outcome) {
         EXPECT_EQ(outcome.status, 0) << outcome.errors;
         static const QRegularExpression time(QStringLiteral("[0-9]+[.][0-9]+ ms\n"));
@@ -30,7 +30,7 @@ class Tool : public ToolRun {
     }
 };
 
-TEST_F(Tool, ToldHowItIsCalledItEndsWell) {
+TEST_F(Tool, HelpAndVersionSucceed) {
     for (const std::string command : {"", "info ", "check ", "convert ", "render ", "texture "}) {
         for (const char* help : {"--help", "-h"}) {
             const Outcome outcome = run(command + help);
@@ -51,7 +51,7 @@ TEST_F(Tool, ConvertSavesWhatTheEditorWould) {
               "load median N ms\nsave median N ms\n");
 }
 
-TEST_F(Tool, ConvertTellsWhatIsLost) {
+TEST_F(Tool, ConvertReportsLosses) {
     write("lost.x", "xof 0302txt 0032\nframe frm-myframe {\nmesh {\n1;\n1;2;3;;\n0;\n}\n}\n");
     const Outcome told = run("convert lost.x o.xsi");
     EXPECT_EQ(told.status, 0);
@@ -73,7 +73,7 @@ TEST_F(Tool, TextureSavesThePictureDecoded) {
     EXPECT_EQ(picture.pixel(1, 0), qRgba(6, 5, 4, 255));
 }
 
-TEST_F(Tool, RenderDrawsThePictureAskedFor) {
+TEST_F(Tool, RenderDrawsTheRequestedPicture) {
     write("t.x", "xof 0302txt 0032\nframe frm-a {\nmesh "
                  "{\n3;\n0;0;0;,\n4;0;0;,\n0;4;0;;\n1;\n3;0,1,2;;\n}\n}\n");
     const std::string call = "t.x o.png --size 64x48 ";
@@ -91,7 +91,7 @@ TEST_F(Tool, RenderDrawsThePictureAskedFor) {
     EXPECT_NE(picture(front + "--yaw 160deg --api software --view 3d"), picture(front));
     EXPECT_EQ(picture(front + "--yaw 2.7925268rad"), picture(front + "--yaw 160deg"));
     EXPECT_EQ(picture(front + "--no-transparent --no-hidden-transparent"), picture(front));
-    // the planes show their own sides of the model
+    // each plane shows another side of the model
     const QImage plane = picture(call + "--view xy");
     EXPECT_EQ(plane.pixelColor(0, 0), QColor(Qt::white));
     EXPECT_NE(picture(call + "--view xz"), plane);
@@ -106,7 +106,7 @@ TEST_F(Tool, RenderDrawsThePictureAskedFor) {
 }
 
 TEST_F(Tool, ABackgroundIsAColorOrNone) {
-    // one side of the square is black, the other as good as invisible
+    // one half of the square is black, the other almost invisible
     write("t.xsi", "xsi 0101txt 0032\nframe frm-a {\nmesh a "
                    "{\n6;\n-4;-4;0;,\n0;-4;0;,\n4;-4;0;,\n-4;4;0;,\n0;4;0;,\n4;4;0;;\n2;\n"
                    "4;0,1,4,3;,\n4;1,2,5,4;;\nMeshMaterialList {\n2;\n2;\n0,\n1;\n"
@@ -117,7 +117,7 @@ TEST_F(Tool, ABackgroundIsAColorOrNone) {
     for (const std::string view : {"--pitch 0 --yaw 180deg ", "--view xy "}) {
         EXPECT_EQ(picture(call + view + "--background skyblue").pixelColor(1, 1), skyBlue);
         EXPECT_EQ(picture(call + view + "--background #87ceeb").pixelColor(1, 1), skyBlue);
-        // drawn opaque, everything differs from this colour
+        // drawn opaque, everything differs from this background
         const std::string opaque = view.starts_with("--view") ? "" : "--no-transparent ";
         const QImage over = picture(call + view + opaque + "--background #000102");
         const QImage none = picture(call + view + "--background none");
@@ -137,7 +137,7 @@ TEST_F(Tool, ABackgroundIsAColorOrNone) {
     }
 }
 
-TEST_F(Tool, PicturesGoUnderTheNamesThatAreMeantForThem) {
+TEST_F(Tool, PicturesGoOnlyToNamesMeantForThem) {
     for (const std::string call : {"render good.x --size 9x9 ", "texture a.tga "}) {
         EXPECT_EQ(run(call + "o.PNG").status, 0);
         const std::string picture = content(path("o.PNG"));
@@ -180,7 +180,7 @@ TEST_F(Tool, AnInputIsNotOverwritten) {
     EXPECT_EQ(content(path("good.x")), model);
     EXPECT_EQ(content(path("a.tga")), texture);
     EXPECT_EQ(content(path("own.xsi")), saved);
-    // saving a dotXSI file anew is what Save does
+    // Save overwrites a dotXSI file in the same way
     EXPECT_EQ(run("convert own.xsi ./own.xsi --repeat 2").status, 0);
     EXPECT_EQ(run("convert own.xsi --out-dir .").status, 0);
     EXPECT_EQ(content(path("own.xsi")), saved);
