@@ -13,7 +13,7 @@ thread_local std::size_t untilFailure = 0;
 thread_local std::size_t failuresLeft = 0;
 thread_local std::ptrdiff_t bytesKept = 0;
 
-/// Whether this is one of the requests that fail.
+/// Returns true if this request is to fail.
 bool fails() {
     if (untilFailure > 0) {
         --untilFailure;
@@ -23,8 +23,8 @@ bool fails() {
 
 } // namespace
 
-// Every form whose memory these deletes may get is replaced with them: the address sanitizer brings
-// forms of its own and takes a mixed pair for a fault.
+// Replaces every form of new whose memory these deletes may receive: the address sanitizer has
+// forms of its own and reports a mixed pair.
 
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     if (watching) {

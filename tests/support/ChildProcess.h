@@ -8,8 +8,8 @@
 
 namespace korvane::test {
 
-/// How a copy of this process ends that calls the function: what it writes to the descriptor that
-/// the function is given, then "exit" or "signal" and the number.
+/// Calls the function in a forked child and returns what it wrote to the given descriptor, then
+/// "exit" or "signal" and the number.
 inline std::string endOfChild(const std::function<void(int out)>& run) {
     std::array<int, 2> ends = {};
     if (pipe(ends.data()) != 0) {

@@ -32,7 +32,7 @@ inline void setWord(Bytes& block, std::size_t offset, std::int32_t value) {
     }
 }
 
-/// A file that the fuzzers start from; empty if there is none of that name.
+/// Returns a seed file of the fuzzers; empty if there is none of that name.
 inline Bytes seedFile(const std::string& name) {
     std::ifstream file(KORVANE_SEEDS "/" + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

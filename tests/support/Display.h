@@ -9,8 +9,8 @@
 
 namespace korvane::test {
 
-/// The exit status of a test program that cannot or need not start the toolkit: one that is only to
-/// list its tests, or has no display.
+/// Returns the exit status of a test program that need not or cannot start the toolkit: it only
+/// lists its tests, or has no display.
 inline std::optional<int> statusWithoutDisplay() {
     if (GTEST_FLAG_GET(list_tests)) {
         return RUN_ALL_TESTS();

@@ -15,7 +15,7 @@ const float nan = std::numeric_limits<float>::quiet_NaN();
 
 TEST_P(DrawnScenes, PointsShowWhereTheProjectionSays) {
     Scene scene({plain(1, 0, 0)}, draw);
-    // the first three on one line, which must not hide the face
+    // the first three are collinear, which must not hide the face
     scene.mesh().Vertices = {{1, 0, 0}, {1.5F, 0, 0}, {2, 0, 0}, {2, 1, 0}, {1, 1, 0}};
     addFace(scene.mesh(), {0, 1, 2, 3, 4});
     EXPECT_EQ(scene.shown(1.5F, 0.5F), red);
@@ -39,7 +39,7 @@ TEST_P(DrawnScenes, TheLastColumnOfAMatrixMovesNothing) {
 
 TEST_P(DrawnScenes, MirroredFramesShowTheMirroredPicture) {
     enum { Flat = 1, NoNormals = 2, Translucent = 4, NearSides = 8, Backwards = 16 };
-    // the second one from so near that faces cross the planes
+    // the second from so near that faces cross the clipping planes
     for (const auto& [sample, nearer] : {std::pair{"windmill.xsi", 1.0F}, {"skiff.xsi", 0.3F}}) {
         for (const int setting : {0, int{Flat}, int{NoNormals}, Flat | NoNormals, int{Translucent},
                                   Translucent | NearSides, int{Backwards}}) {
@@ -71,7 +71,7 @@ TEST_P(DrawnScenes, MirroredFramesShowTheMirroredPicture) {
     }
 }
 
-TEST_P(DrawnScenes, TranslucentFacesShowTheirFarSidesWhenTold) {
+TEST_P(DrawnScenes, TranslucentFacesShowTheirFarSidesOnRequest) {
     Scene scene({plain(1, 0, 0, 0.5F), plain(0, 1, 0, 0.5F)}, draw);
     addSquare(scene.mesh(), 3, 1, 0); // the near side comes first in the file
     addSquare(scene.mesh(), 3, -1, 1, true);
@@ -102,7 +102,7 @@ TEST_P(DrawnScenes, TranslucentFramesAreMixedInTheirOrderAndHideNone) {
     }
 }
 
-TEST_P(DrawnScenes, MaterialsAreFoundAsFarAsTheyGo) {
+TEST_P(DrawnScenes, MissingMaterialsHaveSubstitutes) {
     Scene scene({plain(1, 0, 0), plain(0, 1, 0)}, draw);
     addSquare(scene.mesh(), 2, 0);
     const auto drawnAs = [&](const std::vector<std::int32_t>& slots) {
@@ -111,7 +111,7 @@ TEST_P(DrawnScenes, MaterialsAreFoundAsFarAsTheyGo) {
     };
     EXPECT_EQ(drawnAs({0}), red);
     EXPECT_EQ(drawnAs({}), green) << "the last slot";
-    // else as a new material: grey 0.75 and a full highlight of half
+    // otherwise a new material: grey 0.75 with a full highlight of 0.5
     EXPECT_EQ(drawnAs({7}), white);
     EXPECT_EQ(drawnAs({-1}), white);
     scene.mesh().MaterialSlotList[1] = 9;
@@ -131,7 +131,7 @@ TEST_P(DrawnScenes, NormalsAndTextureCoordinatesFallBack) {
         faces.push_back(std::vector<std::uint32_t>(4, number));
         return faces;
     };
-    for (const std::uint32_t odd : {0U, 1U, 2U, 9U}) { // of no length, no number, leading nowhere
+    for (const std::uint32_t odd : {0U, 1U, 2U, 9U}) { // of length 0, not a number, out of range
         mesh.NormalFaces = everywhere(odd);
         EXPECT_LE(difference(scene.shown(), odd == 0 ? 0xffcc0000U : red), 1) << odd;
     }
@@ -155,7 +155,7 @@ TEST_P(DrawnScenes, TexturesStandUpright) {
     setTexture(scene.document.Materials[0], 2,
                {{255, 0, 0, 255}, {0, 255, 0, 255}, {0, 0, 255, 255}, {9, 9, 9, 255}});
     mesh.HasTexCoords = true;
-    for (const float half : {2.0F, 20.0F}) { // within the view, and cut at its edges
+    for (const float half : {2.0F, 20.0F}) { // inside the view, and clipped at its edges
         mesh.Vertices.clear();
         mesh.Faces = PolygonList();
         addSquare(mesh, half, 0);
@@ -179,7 +179,7 @@ TEST_P(DrawnScenes, FacesAcrossTheEdgesOfTheViewAreCut) {
     scene.clearMesh();
     scene.mesh().Vertices = {{-900, -1, 900}, {900, -1, 900}, {900, -1, -900}, {-900, -1, -900}};
     addFace(scene.mesh(), {0, 1, 2, 3});
-    scene.document.Materials[0].Emissive = {1, 0, 0}; // seen edge on, it takes no light
+    scene.document.Materials[0].Emissive = {1, 0, 0}; // seen edge-on, it gets no light
     EXPECT_EQ(scene.shown(0, 0.5F), black);
     EXPECT_NE(scene.at(0, -5), black);
     EXPECT_NE(scene.at(-5.7F, -5.7F), black);
@@ -202,7 +202,7 @@ TEST_P(DrawnScenes, WiresTakeTheColourOfTheSelection) {
     scene.redraw();
     EXPECT_EQ(scene.count(blue), 4);
     scene.state.dots = false;
-    scene.mesh().Vertices[0] = {-2, -2, 500}; // behind the eye: its lines are cut, not dropped
+    scene.mesh().Vertices[0] = {-2, -2, 500}; // behind the eye: its lines are clipped, not dropped
     scene.redraw();
     EXPECT_GT(scene.drawn(), 12 * scene.unit());
 }
@@ -215,14 +215,14 @@ TEST_P(DrawnScenes, TheSelectedFrameHasABoxInTheShadedModes) {
     scene.document.Root.Matrix[12] = 1;
     scene.state.mode = RenderMode::FlatShading;
     scene.redraw();
-    EXPECT_EQ(scene.drawn(), 0) << "nobody else";
+    EXPECT_EQ(scene.drawn(), 0) << "only selected frames";
     scene.document.Root.SelectState = SelectState::Selected;
     scene.redraw();
     const int box = scene.count(red);
     const float front = 10 / 9.0F;
     const float back = 10 / 12.0F;
     EXPECT_NEAR(box, scene.unit() * (16 * (front + back) + 10 * (front - back)), 10);
-    // it is whole before what is drawn later and lies behind it, and hidden by what does not
+    // whole in front of frames drawn later, hidden behind them
     scene.document.Root.Children.resize(1);
     FrameRecord& other = scene.document.Root.Children[0];
     other.HasMesh = true;

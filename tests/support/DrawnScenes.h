@@ -10,7 +10,7 @@ namespace korvane::test {
 /// A renderer that draws the scenes.
 struct Renderer {
     const char* name;
-    Draw (*start)(); ///< gives an empty function where the machine cannot
+    Draw (*start)(); ///< returns an empty function if the machine cannot
     float farthest;  ///< the largest coordinate that is drawn
 };
 
@@ -18,8 +18,8 @@ inline std::ostream& operator<<(std::ostream& out, const Renderer& renderer) {
     return out << renderer.name;
 }
 
-/// What every renderer has to show alike. A test program compiles DrawnScenes.cpp and instantiates
-/// the suite with its renderer.
+/// What all renderers must show alike. A test program compiles DrawnScenes.cpp and instantiates the
+/// suite with its renderer.
 class DrawnScenes : public testing::TestWithParam<Renderer> {
   protected:
     void SetUp() override {

@@ -8,8 +8,8 @@
 
 namespace korvane::test {
 
-/// What of a document the history has to bring back: all of the model but the selection, and the
-/// bytes that saving gives.
+/// The part of a document that the history must restore: all of the model but the selection, and
+/// the bytes that saving writes.
 struct EditSnapshot {
     explicit EditSnapshot(const ModelDocument& document);
 
@@ -20,10 +20,10 @@ struct EditSnapshot {
     bool operator==(const EditSnapshot&) const = default;
 };
 
-/// Whether every frame's path leads to it.
+/// Returns true if every frame's path leads to it.
 bool pathsAreRight(const ModelDocument& document);
 
-/// How to go through the history of a document.
+/// The steps through a document's history.
 struct Rails {
     std::function<void()> undo;
     std::function<void()> redo;
@@ -31,9 +31,9 @@ struct Rails {
     std::function<bool()> canRedo;
 };
 
-/// Climbs down and up the history twice from its end, comparing each rung with the snapshot taken
-/// there; snapshots[i] is that before edit i, the last one that after the last edit. Gives the
-/// first difference, empty if there is none.
+/// Climbs down and up the history twice from its end and compares each rung with its snapshot:
+/// snapshots[i] was taken before edit i, the last one after the last edit. Returns the first
+/// difference; empty if there is none.
 std::string climb(const ModelDocument& document, const Rails& rails,
                   const std::vector<EditSnapshot>& snapshots);
 std::string climb(ModelDocument& document, EditHistory& history,

@@ -12,7 +12,7 @@
 
 namespace korvane::test {
 
-/// The findings, one a line: "LINE ID: text".
+/// Returns the findings, one per line: "LINE ID: text".
 inline std::string told(const std::vector<Finding>& findings) {
     std::string text;
     for (const Finding& finding : findings) {
@@ -22,7 +22,7 @@ inline std::string told(const std::vector<Finding>& findings) {
     return text;
 }
 
-/// What is told of the text of a dotXSI file, of which the header is line 1.
+/// Returns the findings about a dotXSI file; line 1 is the header.
 inline std::string checked(std::string_view body, bool hazards = true) {
     const std::string text = std::string(xsiHeader) + std::string(body);
     ModelCheck check = checkModel(text, {.hazards = hazards});
@@ -30,13 +30,13 @@ inline std::string checked(std::string_view body, bool hazards = true) {
     return told(check.findings);
 }
 
-/// The text of a model without its header, and what is told of it.
+/// The text of a model without its header, and its expected findings.
 struct CheckedText {
     std::string body;
     const char* expected;
 };
 
-/// Compares what is told of each text.
+/// Expects the findings of each text.
 template <std::size_t count>
 void expectTold(const CheckedText (&rows)[count], bool hazards = true) {
     for (const CheckedText& row : rows) {

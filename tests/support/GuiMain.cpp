@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     if (const auto status = korvane::test::statusWithoutDisplay()) {
         return *status;
     }
-    // the place where Qt's own dialogs would keep their settings; a test looks into it
+    // where Qt's own dialogs would keep their settings; a test checks it
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

@@ -21,7 +21,7 @@ void moveHolding(QWidget& widget, QPoint at, Qt::MouseButtons held) {
 }
 
 GuiTest::GuiTest() {
-    // copies that a test leaves are nothing to the next one, and none are the user's
+    // separates recovery copies of a test from the next one's and from the user's
     qputenv("XDG_STATE_HOME", state_.path().toLocal8Bit());
     QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { handleModalWindow(); });
     poll_.start(10);
@@ -56,7 +56,7 @@ void GuiTest::handleModalWindow() {
         }
     };
     answers_.pop_front();
-    // queued: what it does may bring up another window, for which the timer has to go on
+    // queued: the handler may open another window, which needs the timer
     QMetaObject::invokeMethod(modal, handle, Qt::QueuedConnection);
 }
 
@@ -84,9 +84,9 @@ void GuiTest::answerCloseQuestion(const QString& fileName, int reply) {
 void GuiTest::answerFileDialog(const QString& name, const QString& path) {
     answer<QFileDialog>([=](QFileDialog& dialog) {
         EXPECT_EQ(dialog.objectName(), name);
-        settle(); // the listing of the folder sets the name as well
+        settle(); // listing the folder sets the name, too
         child<QLineEdit>(dialog, "fileNameEdit").setText(path);
-        auto& base = static_cast<QDialog&>(dialog); // whose accept() may be called
+        auto& base = static_cast<QDialog&>(dialog); // its accept() is public
         path.isEmpty() ? base.reject() : base.accept();
     });
 }

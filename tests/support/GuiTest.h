@@ -26,14 +26,14 @@ QT_END_NAMESPACE
 
 namespace korvane::test {
 
-/// Lets the event loop run until it has waited, so that posted events and update handlers have run.
+/// Runs the event loop until posted events and update handlers have run.
 void settle();
 
-/// Moves the mouse over a widget with the button held down, which the test library's own moves do
-/// not tell; without one it hovers.
+/// Moves the mouse over a widget with the button held down, or without one to hover. The test
+/// library's own moves do not report held buttons.
 void moveHolding(QWidget& widget, QPoint at, Qt::MouseButtons held = Qt::LeftButton);
 
-/// The one child of that class and object name; fails the test and ends it where there is none.
+/// Returns the child of that class and object name; throws, which fails the test, if there is none.
 template <class T>
 T& child(const QObject& in, const char* name) {
     T* found = in.findChild<T*>(QString::fromLatin1(name));
@@ -49,10 +49,10 @@ class GuiTest : public TestFiles {
     GuiTest();
     ~GuiTest() override;
 
-    /// The next modal window is given to the handler, which has to close it. Answers are used in
-    /// order; a window that comes up without one, or stays open, is a failure and is dismissed.
+    /// Passes the next modal window to the handler, which must close it. Answers are used in order;
+    /// a window without an answer, or left open, is a failure and is closed.
     void answer(std::function<void(QWidget&)> handler);
-    /// The same, for a window of that class.
+    /// The same for a window of that class.
     template <class Window>
     void answer(const std::function<void(Window&)>& handler) {
         answer([handler](QWidget& shown) { handler(dynamic_cast<Window&>(shown)); });
@@ -60,13 +60,13 @@ class GuiTest : public TestFiles {
     /// Answers the next message box, expecting its name, text, title and buttons.
     void answerBox(const QString& name, const QString& text, const QString& title, int buttons,
                    int answer);
-    /// The close question for the model.
+    /// Answers the close question for the model.
     void answerCloseQuestion(const QString& fileName, int answer);
     /// Answers the next file dialog with the path, or cancels it if that is empty.
     void answerFileDialog(const QString& name, const QString& path);
-    /// From here on the test looks after modal windows itself; only one that stays is dismissed.
+    /// From now on the test handles modal windows itself; only one that stays is closed.
     void leaveModalWindows() { poll_.setInterval(10'000); }
-    /// Whether every answer has been asked for.
+    /// Returns true if every answer has been used.
     [[nodiscard]] bool allAnswered() const { return answers_.empty(); }
 
   private:
@@ -75,7 +75,7 @@ class GuiTest : public TestFiles {
     QTemporaryDir state_;
     std::deque<std::function<void(QWidget&)>> answers_;
     QTimer poll_;
-    QList<QPointer<QWidget>> handled_; ///< those that are open
+    QList<QPointer<QWidget>> handled_; ///< those still open
 };
 
 } // namespace korvane::test

@@ -28,9 +28,9 @@ class MainFormTest : public GuiTest {
     TMainForm& start(const QStringList& paths = {}) {
         forms_ = std::make_unique<EditorForms>(paths);
         forms_->mainForm.show();
-        // which is when the models open
+        // showing opens the models
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&forms_->mainForm));
-        // on a busy machine the window manager takes its time
+        // the window manager may be slow on a busy machine
         EXPECT_TRUE(QTest::qWaitFor([this] {
             return forms_->mainForm.isActiveWindow() ||
                    QApplication::activeModalWidget() != nullptr;
@@ -51,7 +51,7 @@ class MainFormTest : public GuiTest {
         return child<QLabel>(form(), "StatusPanel").text().toStdString();
     }
 
-    /// The node of the tree that texts with "/" between them lead to from the top level.
+    /// Returns the tree node at a path of texts with "/" between them, from the top level.
     [[nodiscard]] QModelIndex node(const std::string& path) const {
         QModelIndex at;
         for (const QString& text : QString::fromStdString(path).split(u'/')) {
@@ -68,7 +68,7 @@ class MainFormTest : public GuiTest {
 
     [[nodiscard]] QAction& action(const char* name) const { return child<QAction>(form(), name); }
 
-    /// Triggers the command as a user can: not while it is disabled.
+    /// Triggers the command as a user can: fails if it is disabled.
     void run(const char* name) const {
         settle();
         ASSERT_TRUE(action(name).isEnabled()) << name;
@@ -76,7 +76,7 @@ class MainFormTest : public GuiTest {
         settle();
     }
 
-    /// Those names of actions that are as asked, each followed by a blank.
+    /// Returns the names of those actions for which `holds` is true, each followed by a blank.
     template <class Holds>
     [[nodiscard]] std::string namesOf(const char* names, Holds holds) const {
         settle();

@@ -7,9 +7,9 @@
 
 namespace korvane::test {
 
-/// A document whose materials are edited: frame 1 of the root has a mesh of three faces, the last
-/// one without texture coordinates, with slots for the first two of three materials. Material 1 has
-/// a texture of 300 x 200 pixels.
+/// A document for editing materials: frame 1 of the root has a mesh of three faces, the last one
+/// without texture coordinates, with slots for the first two of three materials. Material 1 has a
+/// texture of 300 x 200 pixels.
 struct MaterialModel {
     MaterialModel() {
         TextureImage image;
@@ -41,7 +41,7 @@ struct MaterialModel {
     [[nodiscard]] MaterialRecord& material() { return document.Materials[0]; }
     [[nodiscard]] static FramePath framePath() { return FramePath().child(1); }
 
-    /// What is taken back: not which slot is shown, nor the images, which are loaded anew.
+    /// What undo restores: not the slot shown, nor the images, which are loaded again.
     [[nodiscard]] EditSnapshot snapshot() const {
         EditSnapshot taken(document);
         taken.root.Children[0].Mesh.CurrentSlot = 0;

@@ -26,7 +26,7 @@ void MaterialTest::edit(std::optional<FramePath> where, std::int32_t slot,
             click("Button2");
         }
     });
-    settle(); // one shown before is seen to be gone
+    settle(); // notices that an earlier one has closed
     MaterialEditing materials(document, history, {std::move(where), slot});
     editor.edit(materials);
     ended = materials.end();
@@ -49,7 +49,7 @@ void MaterialTest::color(const char* swatch, std::optional<QColor> chosen) {
 }
 
 void MaterialTest::texture(const QString& file, QDialog::DialogCode result) {
-    settle(); // one shown before is seen to be gone
+    settle(); // notices that an earlier one has closed
     answer([this, file, result](QWidget& shown) {
         ASSERT_EQ(&shown, &textureDialog);
         EXPECT_FALSE(textureDialog.isAccepted() && textureDialog.loadedImage());
@@ -57,7 +57,7 @@ void MaterialTest::texture(const QString& file, QDialog::DialogCode result) {
         QTest::keyClicks(&child<QLineEdit>(shown, "Edit1"), file);
         child<QPushButton>(shown, result == QDialog::Accepted ? "OKBtn" : "CancelBtn").click();
         if (textureDialog.loadedImage() == blankTextureImage()) {
-            child<QPushButton>(shown, "OKBtn").click(); // whatever the preview says
+            child<QPushButton>(shown, "OKBtn").click(); // regardless of the preview
         }
     });
     control<QAction>("mopen").trigger();

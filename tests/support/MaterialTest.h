@@ -20,11 +20,11 @@ class MaterialTest : public GuiTest, protected MaterialModel {
   protected:
     MaterialTest();
 
-    /// Shows the editor, lets the steps use it and closes it by "OK" unless they did.
+    /// Shows the editor, runs the steps, and closes it with "OK" unless they did.
     void edit(const std::function<void()>& steps, std::int32_t slot = 0) {
         edit(framePath(), slot, steps);
     }
-    /// `frame` is none for the table.
+    /// Without a frame, edits the document's table.
     void edit(std::optional<FramePath> frame, std::int32_t slot,
               const std::function<void()>& steps);
 
@@ -33,7 +33,7 @@ class MaterialTest : public GuiTest, protected MaterialModel {
         return child<T>(editor, name);
     }
     void click(const char* button) { QTest::mouseClick(&control<QWidget>(button), Qt::LeftButton); }
-    /// Clicks what brings up the colour dialog, and chooses the colour or cancels.
+    /// Opens the colour dialog by the control, and chooses the colour or cancels.
     void color(const char* swatch, std::optional<QColor> chosen);
     /// Chooses the file in the texture dialog.
     void texture(const QString& file, QDialog::DialogCode result = QDialog::Accepted);
@@ -49,17 +49,17 @@ class MaterialTest : public GuiTest, protected MaterialModel {
     [[nodiscard]] QWidget& view() { return control<QWidget>("Image1"); }
     [[nodiscard]] QImage picture() { return control<TImage>("Image1").picture().copy(); }
     [[nodiscard]] QString text(const char* label) { return control<QLabel>(label).text(); }
-    /// The texture's name and size, and why it does not show.
+    /// Returns the texture's name and size, and why it does not show.
     [[nodiscard]] QString textureTexts();
     [[nodiscard]] QString slotText() { return control<QComboBox>("ComboBox1").currentText(); }
-    /// An "x" for each material that the mesh uses, a point for the others, in brackets where the
-    /// user cannot change that.
+    /// Returns an "x" for each material that the mesh uses and a point for the others, in brackets
+    /// if the user cannot change that.
     [[nodiscard]] std::string usedMaterials();
 
     TMaterial editor{nullptr};
     TOKBottomDlg textureDialog{nullptr};
-    Changes ended; ///< what the last edit() left to do
-    int edits = 0; ///< how often the editor told that the model changed
+    Changes ended; ///< the changes returned by the last edit()
+    int edits = 0; ///< how often the editor reported a change
 };
 
 } // namespace korvane::test

@@ -13,19 +13,19 @@ class ModelWindowTest : public MainFormTest {
   protected:
     ModelWindowTest() { start({write("m.xsi", smallModel())}); }
 
-    /// Has the 3D view drawn where its picture can be looked at.
+    /// Draws the 3D view by software, so that its picture can be examined.
     void drawBySoftware() const {
         window().setDrawingInterface(DrawApi::Software);
         settle();
     }
     [[nodiscard]] TImage& image(const char* name) const { return child<TImage>(window(), name); }
-    /// What the view shows once it has been painted.
+    /// Returns what the view shows once painted.
     [[nodiscard]] QImage picture(const char* name) const {
         settle();
         return image(name).picture().copy();
     }
 
-    /// Clicks a button as a user can: not while it is disabled.
+    /// Clicks a button as a user can: fails if it is disabled.
     void click(const char* button) const {
         auto& found = child<QAbstractButton>(window(), button);
         ASSERT_TRUE(found.isEnabled()) << button;

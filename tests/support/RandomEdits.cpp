@@ -137,7 +137,7 @@ RandomEdits::Edit RandomEdits::ofFrame(EditKind kind) {
         pasted.Name = frame.Name;
         pasted.HasMesh = frame.HasMesh;
         pasted.Mesh = frame.Mesh;
-        if (frame.Children.size() == 1) { // whole trees would soon fill the model
+        if (frame.Children.size() == 1) { // whole trees would quickly fill the model
             pasted.Children = frame.Children;
         }
         return [=, this, materials = someMaterials()] {

@@ -8,8 +8,7 @@
 
 namespace korvane::test {
 
-/// Makes random edits of every kind, as the windows would make them, also such that find nothing to
-/// work on.
+/// Makes random edits of every kind as the windows would, including ones with nothing to work on.
 class RandomEdits {
   public:
     RandomEdits(ModelDocument& document, EditHistory& history, std::uint32_t seed)
@@ -17,11 +16,11 @@ class RandomEdits {
 
     using Edit = std::function<void()>;
 
-    /// Makes an edit of any kind, or several as one step, which may also be taken back midway.
+    /// Makes an edit of any kind, or several as one step, which may be rolled back.
     void make();
     void make(EditKind kind) { prepare(kind)(); }
-    /// Chooses an edit, which the call of it records, as often as it is called. What a user's hand
-    /// changes before the record is changed already.
+    /// Chooses an edit and returns a function that records it, any number of times. Changes that a
+    /// user makes before the record are already made.
     Edit prepare(EditKind kind);
 
   private:

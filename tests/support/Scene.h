@@ -21,8 +21,8 @@ inline void addFace(MeshRecord& mesh, const std::vector<std::uint32_t>& corners)
     mesh.ListRevision.shapeChanged();
 }
 
-/// A square of the given half side across the z axis, facing +z or away, as a new face of the mesh
-/// with the material slot.
+/// Adds a face to the mesh: a square of this half side across the z axis, facing +z or -z, with the
+/// material slot.
 inline void addSquare(MeshRecord& mesh, float half, float z, std::int32_t slot = 0,
                       bool away = false) {
     const auto first = static_cast<std::uint32_t>(mesh.Vertices.size());
@@ -32,7 +32,7 @@ inline void addSquare(MeshRecord& mesh, float half, float z, std::int32_t slot =
     mesh.FaceSlotIndex.push_back(slot);
 }
 
-/// A material that shows its colour wherever it faces the light and as little else as possible.
+/// Returns a material that shows its colour where it faces the light, and little else.
 inline MaterialRecord plain(float red, float green, float blue, float alpha = 1.0F) {
     MaterialRecord material;
     material.FaceColor = {red, green, blue, alpha};
@@ -40,7 +40,7 @@ inline MaterialRecord plain(float red, float green, float blue, float alpha = 1.
     return material;
 }
 
-/// Gives the material a texture of the width with these pixels.
+/// Gives the material a texture of this width with these pixels.
 inline void setTexture(MaterialRecord& material, std::int32_t width,
                        const std::vector<Rgba8>& pixels) {
     auto image = std::make_shared<TextureImage>();
@@ -64,7 +64,7 @@ inline Draw bySoftware(std::int32_t width = 200, std::int32_t height = 200) {
 }
 
 /// A document whose root has a mesh with materials, seen by a camera at (0, 0, 10) that looks along
-/// -z with x to the right and y up.
+/// -z, with x to the right and y up.
 struct Scene {
     explicit Scene(std::vector<MaterialRecord> materials, Draw by = bySoftware())
         : draw(std::move(by)) {
@@ -77,7 +77,7 @@ struct Scene {
         state.angles = {0, viewPi, 0};
     }
 
-    /// A sample instead, seen as it opens in a view of the size.
+    /// Opens a sample instead, seen as just after opening in a view of this size.
     void open(const char* sample, const QSize& size = {200, 200}) {
         document = ModelDocument();
         const QString name = QStringLiteral(KORVANE_SAMPLES "/") + QString::fromLatin1(sample);
@@ -85,7 +85,7 @@ struct Scene {
         startCamera(document, state, ViewGeometry(size.width(), size.height()));
         state.angles = CameraAngles();
     }
-    /// Empties the mesh but for its material slots.
+    /// Empties the mesh except for its material slots.
     void clearMesh() {
         MeshRecord fresh;
         fresh.HasMaterials = true;
@@ -93,18 +93,18 @@ struct Scene {
         mesh() = fresh;
     }
     MeshRecord& mesh() { return document.Root.Mesh; }
-    /// Draws the meshes as they are, without asking for a word about what changed.
+    /// Draws the meshes as they are, with every revision counted up.
     void redraw() {
         for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
             walk.frame().Mesh.ListRevision.shapeChanged();
         }
         picture = draw(document, state);
     }
-    /// Pixels a unit where z is 0.
+    /// Returns the pixels per unit at z = 0.
     [[nodiscard]] float unit() const {
         return ViewGeometry(picture.width(), picture.height()).f / 10;
     }
-    /// The pixel of a point where z is 0, as the camera of a new scene sees it.
+    /// Returns the pixel of a point at z = 0, as the camera of a new scene sees it.
     [[nodiscard]] BitmapPixel at(float x, float y) const {
         const QPoint centre(picture.width() / 2, picture.height() / 2);
         return picture.pixel(centre + QPointF(x * unit() - 0.5F, -y * unit() - 0.5F).toPoint());
@@ -113,7 +113,7 @@ struct Scene {
         redraw();
         return at(x, y);
     }
-    /// How many pixels of the last picture have the colour.
+    /// Returns how many pixels of the last picture have the colour.
     [[nodiscard]] int count(BitmapPixel color) const {
         return picture.width() * picture.height() -
                static_cast<int>(countOtherThan(picture, color));
@@ -128,13 +128,13 @@ struct Scene {
     QImage picture; ///< of the last redraw
 };
 
-/// The largest difference of a channel of two pixels.
+/// Returns the largest difference of two pixels in a channel.
 inline int difference(BitmapPixel a, BitmapPixel b) {
     return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
                      std::abs(qBlue(a) - qBlue(b))});
 }
 
-/// The share of the pixels of two pictures that differ by more than so many levels.
+/// Returns the share of pixels of two pictures that differ by more than `levels`.
 inline double differing(const QImage& a, const QImage& b, int levels) {
     int count = 0;
     for (int y = 0; y < a.height(); ++y) {

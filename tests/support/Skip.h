@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-/// Skips a test for want of what the machine does not have. Where KORVANE_NO_SKIP is set, the
-/// machine is meant to have it: a set-up that lost it must not look like success.
+/// Skips a test because the machine lacks something. If KORVANE_NO_SKIP is set, the machine must
+/// have it: then the test fails, so that a broken set-up does not look like success.
 #define KORVANE_SKIP(reason)                                                                       \
     do {                                                                                           \
         if (qEnvironmentVariableIsSet("KORVANE_NO_SKIP")) {                                        \

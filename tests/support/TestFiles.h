@@ -18,7 +18,7 @@ class TestFiles : public testing::Test {
     [[nodiscard]] QString path(const char* name) const {
         return folder_.filePath(QString::fromLatin1(name));
     }
-    /// Writes a file, in a subfolder that is made if need be, and gives its path.
+    /// Writes a file, in a new subfolder if needed, and returns its path.
     QString write(const char* name, std::string_view content) const {
         QString file = path(name);
         QDir().mkpath(QFileInfo(file).path());
@@ -39,7 +39,7 @@ class TestFiles : public testing::Test {
     QTemporaryDir folder_;
 };
 
-/// Makes a folder the one that names without a folder belong to, for as long as it lives.
+/// Makes a folder the current one while it exists.
 class WorkingFolder {
   public:
     explicit WorkingFolder(const QString& folder) : before_(QDir::currentPath()) {
@@ -53,7 +53,7 @@ class WorkingFolder {
     QString before_;
 };
 
-/// The folder of real models and pictures that the environment names; empty if there is none.
+/// Returns the folder of real models and pictures named by the environment; empty if none is.
 inline QString corpusFolder() {
     return qEnvironmentVariable("KORVANE_CORPUS");
 }

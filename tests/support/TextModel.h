@@ -12,19 +12,19 @@ namespace korvane::test {
 
 inline constexpr std::string_view xsiHeader = "xsi 0101txt 0032\n";
 
-/// Reads a whole text, header included, expecting that it is one of a model.
+/// Reads a whole text, header included, and expects it to be a model.
 inline ModelDocument readText(std::string_view text) {
     ModelDocument document;
     EXPECT_EQ(readXsi(TextScanner(text), document), ReadStatus::Done);
     return document;
 }
 
-/// Reads the text of a dotXSI file behind its header.
+/// Reads the text of a dotXSI file without its header.
 inline ModelDocument readXsiBody(std::string_view body) {
     return readText(std::string(xsiHeader) + std::string(body));
 }
 
-/// Reads the lines of a mesh's body, the mesh standing in the top-level frame.
+/// Reads the body of a mesh in the top-level frame.
 inline ModelDocument readMeshBody(std::string_view body) {
     return readXsiBody("frame frm-a {\nmesh a {\n" + std::string(body) + "}\n}\n");
 }

@@ -6,7 +6,7 @@
 
 namespace korvane::test {
 
-/// The words of a text.
+/// Returns the words of a text.
 inline std::vector<std::string> words(const std::string& text) {
     std::istringstream in(text);
     std::vector<std::string> found;
