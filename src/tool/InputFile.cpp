@@ -63,7 +63,7 @@ FolderAlias::~FolderAlias() {
 }
 
 QString FolderAlias::realName(const QString& file) const {
-    const bool within = real_ != path_ && file.startsWith(path_ + u'/');
+    const bool within = !isReal() && file.startsWith(path_ + u'/');
     const QString name = within ? real_ + file.mid(path_.size()) : file;
     return name.startsWith(QLatin1String("./")) ? name.mid(2) : name;
 }

@@ -37,9 +37,10 @@ class FolderAlias {
     FolderAlias(const FolderAlias&) = delete;
     FolderAlias& operator=(const FolderAlias&) = delete;
 
+    /// Leads nowhere if the folder needs an alias but cannot be opened.
     [[nodiscard]] const QString& path() const { return path_; }
     /// Returns true if path() is the folder's own name.
-    [[nodiscard]] bool isReal() const { return descriptor_ < 0; }
+    [[nodiscard]] bool isReal() const { return path_ == real_; }
     /// Converts the name of a file in path() to one in the real folder.
     [[nodiscard]] QString realName(const QString& file) const;
 
