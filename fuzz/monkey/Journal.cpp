@@ -22,10 +22,10 @@ constexpr unsigned longest = 60; // seconds
 std::array<std::string, kept> actions; ///< a ring
 std::atomic<std::int64_t> count = 0;
 std::uint32_t storySeed = 0;
-bool telling = false;
+bool printing = false;
 
 /// Also called from a signal handler: any damage is harmless, as the program ends anyway.
-void tellStory() {
+void printStory() {
     std::fprintf(stderr, "\nseed %u, action %lld; the last ones:\n", storySeed,
                  static_cast<long long>(count));
     const auto end = static_cast<std::size_t>(count);
@@ -39,7 +39,7 @@ void onSignal(int signal) {
     std::fputs(signal == SIGALRM ? "\nFAULT: an action took over a minute\n"
                                  : "\nFAULT: the program crashed\n",
                stderr);
-    tellStory();
+    printStory();
     _exit(1);
 }
 
@@ -48,15 +48,15 @@ void onSignal(int signal) {
 void watchProgram() {
     std::signal(SIGALRM, onSignal);
 #ifdef __SANITIZE_ADDRESS__
-    __sanitizer_set_death_callback(tellStory);
+    __sanitizer_set_death_callback(printStory);
 #else
     std::signal(SIGSEGV, onSignal);
 #endif
     std::signal(SIGABRT, onSignal);
 }
 
-void tellActions(bool tell) {
-    telling = tell;
+void printActions(bool wanted) {
+    printing = wanted;
 }
 
 void beginStory(std::uint32_t seed) {
@@ -70,7 +70,7 @@ void note(const QString& action) {
     std::string& entry = actions[static_cast<std::size_t>(count) % kept];
     entry = action.toStdString();
     ++count;
-    if (telling) {
+    if (printing) {
         std::printf("  %s\n", entry.c_str());
         std::fflush(stdout);
     }
@@ -82,7 +82,7 @@ std::int64_t actionCount() {
 
 void fail(const QString& fault) {
     std::fprintf(stderr, "\nFAULT: %s\n", qPrintable(fault));
-    tellStory();
+    printStory();
     std::fflush(stdout);
     std::_Exit(1);
 }

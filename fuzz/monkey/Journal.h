@@ -12,7 +12,7 @@ namespace korvane::monkey {
 /// From now on, a crash or hang prints the seed and the last actions.
 void watchProgram();
 /// Chooses whether to print each action when it begins.
-void tellActions(bool tell);
+void printActions(bool wanted);
 
 void beginStory(std::uint32_t seed);
 /// Notes that an action begins. After a minute without another one, the program ends with status 1.

@@ -82,7 +82,7 @@ void Monkey::choose(const std::vector<Choice>& choices, const char* indent) {
         number -= choice.weight;
         if (number < 0) {
             note(QString::fromLatin1(indent) + QString::fromLatin1(choice.name));
-            (this->*choice.deed)();
+            (this->*choice.action)();
             return;
         }
     }

@@ -33,11 +33,11 @@ class Monkey {
     std::size_t live(int actions);
 
   private:
-    using Deed = void (Monkey::*)();
+    using Action = void (Monkey::*)();
     struct Choice {
         int weight;
         const char* name;
-        Deed deed;
+        Action action;
     };
 
     // The story.

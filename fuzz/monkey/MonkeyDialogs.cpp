@@ -218,8 +218,8 @@ void Monkey::chooseTexture() {
 }
 
 void Monkey::queueOne() {
-    const auto later = [this](auto deed) {
-        QMetaObject::invokeMethod(&context_, deed, Qt::QueuedConnection);
+    const auto later = [this](auto action) {
+        QMetaObject::invokeMethod(&context_, action, Qt::QueuedConnection);
     };
     switch (dice_.below(8)) {
     case 0:

@@ -21,7 +21,7 @@ namespace korvane::monkey {
 
 namespace {
 
-constexpr qsizetype mostWindows = 5;
+constexpr qsizetype maxWindows = 5;
 
 } // namespace
 
@@ -43,7 +43,7 @@ void Monkey::toolButton() {
     const QString name =
         button->defaultAction() ? button->defaultAction()->objectName() : QString();
     const bool opens = name == QStringLiteral("FileNew1") || name == QStringLiteral("FileOpen1");
-    if (button->isVisible() && (!opens || forms_.mainForm.documents().size() < mostWindows)) {
+    if (button->isVisible() && (!opens || forms_.mainForm.documents().size() < maxWindows)) {
         mouse_.click(*button, button->rect().center());
     }
 }
@@ -69,13 +69,13 @@ void Monkey::copyAndPaste() {
 }
 
 void Monkey::newWindow() {
-    if (forms_.mainForm.documents().size() < mostWindows) {
+    if (forms_.mainForm.documents().size() < maxWindows) {
         typeKey(forms_.mainForm, Qt::Key_N, Qt::ControlModifier);
     }
 }
 
 void Monkey::openFile() {
-    if (forms_.mainForm.documents().size() < mostWindows) {
+    if (forms_.mainForm.documents().size() < maxWindows) {
         typeKey(forms_.mainForm, Qt::Key_O, Qt::ControlModifier);
     }
 }
@@ -108,7 +108,7 @@ void Monkey::leave() {
 }
 
 void Monkey::dropFile() {
-    if (forms_.mainForm.documents().size() >= mostWindows) {
+    if (forms_.mainForm.documents().size() >= maxWindows) {
         return;
     }
     QMimeData dragged;

@@ -48,7 +48,7 @@ void fillFolder(const QDir& folder, std::uint32_t seed) {
     write(folder.filePath(QStringLiteral("mesh.msh")), "no mesh");
 }
 
-std::size_t tellStory(std::uint32_t seed) {
+std::size_t playStory(std::uint32_t seed) {
     beginStory(seed);
     const QTemporaryDir state; // keeps one story's recovery copies from the next
     qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
@@ -69,14 +69,14 @@ std::size_t tellStory(std::uint32_t seed) {
 int run(const QStringList& words) {
     QCommandLineParser options;
     options.addHelpOption();
-    options.addOptions(
-        {{QStringLiteral("seed"), QStringLiteral("Tells the story of seed <N>."),
-          QStringLiteral("N"), QStringLiteral("1")},
-         {QStringLiteral("seconds"), QStringLiteral("Goes on with the next seeds for <S> seconds."),
-          QStringLiteral("S"), QStringLiteral("0")},
-         {QStringLiteral("tell"), QStringLiteral("Tells every action.")}});
+    options.addOptions({{QStringLiteral("seed"), QStringLiteral("Plays the story of seed <N>."),
+                         QStringLiteral("N"), QStringLiteral("1")},
+                        {QStringLiteral("seconds"),
+                         QStringLiteral("Continues with the next seeds for <S> seconds."),
+                         QStringLiteral("S"), QStringLiteral("0")},
+                        {QStringLiteral("tell"), QStringLiteral("Prints every action.")}});
     options.process(words);
-    tellActions(options.isSet(QStringLiteral("tell")));
+    printActions(options.isSet(QStringLiteral("tell")));
     watchProgram();
     constexpr qint64 second = 1000;
     const qint64 time = options.value(QStringLiteral("seconds")).toLongLong() * second;
@@ -85,7 +85,7 @@ int run(const QStringList& words) {
     timer.start();
     std::size_t steps = 0;
     do {
-        steps += tellStory(seed++);
+        steps += playStory(seed++);
     } while (timer.elapsed() < time);
     const double seconds = static_cast<double>(timer.elapsed()) / static_cast<double>(second);
     std::printf("no fault in %lld actions, %.1f a second; the checks took %zu steps\n",
