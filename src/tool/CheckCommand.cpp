@@ -45,7 +45,7 @@ class Checker {
 
     std::vector<Finding> check(const QString& file) {
         const FolderAlias folder(textureFolder(file, base_));
-        TextureLoader textures(folder.path(), mostPicturePixels, storeFor(folder, store_));
+        TextureLoader textures(folder.path(), maxPicturePixels, storeFor(folder, store_));
         std::vector<Finding> findings = checkInput(file, {.textures = &textures}).findings;
         found_ = found_ || !findings.empty();
         return findings;

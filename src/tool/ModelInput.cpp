@@ -89,7 +89,7 @@ std::shared_ptr<TextureStore> storeFor(const FolderAlias& folder,
 ModelInput::ModelInput(const QString& file, const QString& base,
                        const std::shared_ptr<TextureStore>& store, bool pictures)
     : folder_(textureFolder(file, base)),
-      textures_(folder_.path(), mostPicturePixels, storeFor(folder_, store)) {
+      textures_(folder_.path(), maxPicturePixels, storeFor(folder_, store)) {
     if (pictures) {
         source_ = [this](const std::string& name) { return textures_.load(name); };
     }

@@ -8,9 +8,9 @@ namespace korvane {
 void FindingList::add(FindingId id, TextPlace place, std::string text) {
     std::size_t& count = counts_[static_cast<std::size_t>(id)];
     ++count;
-    if (count <= mostOfAKind) {
+    if (count <= maxPerKind) {
         entries_.push_back({place, {id, 0, std::move(text)}});
-    } else if (count == mostOfAKind + 1) {
+    } else if (count == maxPerKind + 1) {
         more_[static_cast<std::size_t>(id)] = place;
     }
 }
@@ -18,8 +18,8 @@ void FindingList::add(FindingId id, TextPlace place, std::string text) {
 std::vector<Finding> FindingList::finish() {
     for (const FindingRow& row : findingRows()) {
         const auto id = static_cast<std::size_t>(row.id);
-        if (counts_[id] > mostOfAKind) {
-            const std::size_t more = counts_[id] - mostOfAKind;
+        if (counts_[id] > maxPerKind) {
+            const std::size_t more = counts_[id] - maxPerKind;
             entries_.push_back(
                 {more_[id], {row.id, 0, std::to_string(more) + " more of the same"}});
         }

@@ -24,14 +24,14 @@ class FindingList {
     void add(FindingId id, TextPlace place, std::string text);
     /// Returns true if further findings of this kind are only counted.
     [[nodiscard]] bool isFull(FindingId id) const {
-        return counts_[static_cast<std::size_t>(id)] >= mostOfAKind;
+        return counts_[static_cast<std::size_t>(id)] >= maxPerKind;
     }
     [[nodiscard]] bool has(FindingId id) const { return counts_[static_cast<std::size_t>(id)] > 0; }
     /// Returns the findings in line order, those without a line last.
     [[nodiscard]] std::vector<Finding> finish();
 
     /// Further findings of the same kind are only counted.
-    static constexpr std::size_t mostOfAKind = 10;
+    static constexpr std::size_t maxPerKind = 10;
 
   private:
     struct Entry {

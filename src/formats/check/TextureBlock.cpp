@@ -12,12 +12,12 @@ namespace korvane {
 
 namespace {
 
-/// Returns the numbers in a text, at most `most`, whatever separates them.
-std::vector<float> numbersIn(std::string_view text, std::size_t most) {
+/// Returns the numbers in a text, at most `max`, whatever separates them.
+std::vector<float> numbersIn(std::string_view text, std::size_t max) {
     std::vector<float> numbers;
     const char* next = text.data();
     const char* end = next + text.size();
-    while (next != end && numbers.size() < most) {
+    while (next != end && numbers.size() < max) {
         float number = 0.0F;
         const auto [stop, error] = std::from_chars(next, end, number);
         if (error == std::errc()) {

@@ -24,8 +24,8 @@ namespace {
 
 /// Follows symbolic links from a name; nullopt if they form a cycle.
 std::optional<QString> linkTarget(QString name) {
-    constexpr int mostLinks = 40;
-    for (int links = 0; links < mostLinks; ++links) {
+    constexpr int maxLinks = 40;
+    for (int links = 0; links < maxLinks; ++links) {
         if (!QFileInfo(name).isSymbolicLink()) {
             return name;
         }

@@ -47,8 +47,8 @@ OtherSave keepOtherSave(const QString& fileName, const std::optional<FileState>&
     if (!stamp || (known && (known->stamp == *stamp || holds(fileName, known->contents)))) {
         return {};
     }
-    constexpr int mostTries = 1000;
-    for (int number = 1; number <= mostTries; ++number) {
+    constexpr int maxTries = 1000;
+    for (int number = 1; number <= maxTries; ++number) {
         const QString name = fileName + u'~' + (number > 1 ? QString::number(number) : QString());
         Checksum sum;
         const auto copy = [&](const TextSink& sink) {

@@ -28,14 +28,14 @@ void writeSixDigits(char* out, std::size_t number) {
 }
 
 char* writeExactReal(char* out, float value) {
-    return std::to_chars(out, out + mostNumberLength, value, std::chars_format::general, 6).ptr;
+    return std::to_chars(out, out + maxNumberLength, value, std::chars_format::general, 6).ptr;
 }
 
 } // namespace
 
 char* writeInteger(char* out, std::int32_t value) {
     if (value < 0 || value > 999999) {
-        return std::to_chars(out, out + mostNumberLength, value).ptr;
+        return std::to_chars(out, out + maxNumberLength, value).ptr;
     }
     std::array<char, 6> digits{};
     writeSixDigits(digits.data(), static_cast<std::size_t>(value));

@@ -138,7 +138,7 @@ inline const char* quickReal(const char* p, float& value) {
 }
 
 /// No written number is longer than this.
-inline constexpr std::size_t mostNumberLength = 24;
+inline constexpr std::size_t maxNumberLength = 24;
 
 /// Writes a decimal integer and returns the position after it.
 char* writeInteger(char* out, std::int32_t value);

@@ -58,7 +58,7 @@ class TextOutput {
     [[nodiscard]] std::size_t room() const { return buffer_.size() - used_; }
     /// Makes room for one number.
     void makeRoom() {
-        if (room() < mostNumberLength) {
+        if (room() < maxNumberLength) {
             flush();
         }
     }

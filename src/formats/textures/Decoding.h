@@ -10,14 +10,14 @@
 namespace korvane {
 
 // Every decoder refuses what it cannot decode, what does not fit into memory and what has more than
-// `mostPixels`. It allocates no picture that the given bytes could not fill, except small ones of
+// `maxPixels`. It allocates no picture that the given bytes could not fill, except small ones of
 // the formats whose runs may skip pixels.
 
 /// The most pixels that the pictures of one reading may have together; beyond that, they count as
 /// too large for the memory.
-inline constexpr std::size_t mostPicturePixels = std::size_t{256} << 20U;
+inline constexpr std::size_t maxPicturePixels = std::size_t{256} << 20U;
 /// The most pixels of one run-length encoded picture, in which a few bytes can claim many.
-inline constexpr std::size_t mostPackedPixels = std::size_t{64} << 20U;
+inline constexpr std::size_t maxPackedPixels = std::size_t{64} << 20U;
 
 /// A picture decoded from bytes, or the reason why there is none.
 struct DecodedTexture {
@@ -40,11 +40,11 @@ class TextureRefusal : public std::runtime_error {
 inline constexpr char tooManyPixels[] = "it has too many pixels";
 
 /// Refuses a picture without pixels, or with more than are allowed.
-inline void checkPixels(std::size_t pixels, std::size_t mostPixels) {
+inline void checkPixels(std::size_t pixels, std::size_t maxPixels) {
     if (pixels == 0) {
         throw TextureRefusal("it has no pixels");
     }
-    if (pixels > mostPixels) {
+    if (pixels > maxPixels) {
         throw TextureRefusal(tooManyPixels, true);
     }
 }

@@ -23,7 +23,7 @@ class PicDecoder {
   public:
     explicit PicDecoder(std::span<const std::uint8_t> bytes) : in_(bytes) {}
 
-    TextureImage decode(std::size_t mostPixels);
+    TextureImage decode(std::size_t maxPixels);
 
   private:
     bool readHeader();
@@ -37,15 +37,15 @@ class PicDecoder {
     bool hasAlpha_ = false;
 };
 
-TextureImage PicDecoder::decode(std::size_t mostPixels) {
+TextureImage PicDecoder::decode(std::size_t maxPixels) {
     // No byte stands for more than 128 pixels of a row.
-    constexpr std::size_t mostPixelsPerByte = 128;
+    constexpr std::size_t maxPixelsPerByte = 128;
     if (!readHeader()) {
         throw TextureRefusal("it is no Softimage picture");
     }
-    checkPixels(width_ * height_, std::min(mostPixels, mostPackedPixels));
+    checkPixels(width_ * height_, std::min(maxPixels, maxPackedPixels));
     if (packets_.empty() ||
-        height_ * packets_.size() * ((width_ - 1) / mostPixelsPerByte + 1) > in_.remaining()) {
+        height_ * packets_.size() * ((width_ - 1) / maxPixelsPerByte + 1) > in_.remaining()) {
         throw TextureRefusal("it is cut short");
     }
     TextureImage image;
@@ -127,8 +127,8 @@ void PicDecoder::readPixel(Rgba8& pixel, ChannelMask mask) {
 
 } // namespace
 
-DecodedTexture decodePic(std::span<const std::uint8_t> bytes, std::size_t mostPixels) {
-    return decodedOrRefused([&] { return PicDecoder(bytes).decode(mostPixels); });
+DecodedTexture decodePic(std::span<const std::uint8_t> bytes, std::size_t maxPixels) {
+    return decodedOrRefused([&] { return PicDecoder(bytes).decode(maxPixels); });
 }
 
 } // namespace korvane

@@ -27,7 +27,7 @@ std::size_t crediblePixels(std::span<const std::uint8_t> bytes) {
     const std::size_t bitsPerPixel = std::max<std::size_t>(in.littleEndian16(), 1);
     const bool runs = headerSize != oldHeaderSize && (bitsPerPixel == 4 || bitsPerPixel == 8) &&
                       in.littleEndian32() != 0;
-    return runs ? std::clamp(bytes.size() * pixelsPerRunByte, smallPicture, mostPackedPixels)
+    return runs ? std::clamp(bytes.size() * pixelsPerRunByte, smallPicture, maxPackedPixels)
                 : bytes.size() * 8 / bitsPerPixel;
 }
 
@@ -63,7 +63,7 @@ TextureImage copyOf(const QImage& picture) {
 }
 
 TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> bytes,
-                          std::size_t mostPixels) {
+                          std::size_t maxPixels) {
     // the height of a picture stored from the top down is negative
     const std::int64_t width = std::abs(std::int64_t{reader.size().width()});
     const std::int64_t height = std::abs(std::int64_t{reader.size().height()});
@@ -71,7 +71,7 @@ TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> by
         throw TextureRefusal("it is no bitmap");
     }
     const auto pixels = static_cast<std::size_t>(width * height);
-    checkPixels(pixels, mostPixels);
+    checkPixels(pixels, maxPixels);
     if (pixels > crediblePixels(bytes)) {
         throw TextureRefusal("it has more pixels than its bytes can tell");
     }
@@ -86,7 +86,7 @@ TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> by
 }
 
 TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format,
-                    std::size_t mostPixels) {
+                    std::size_t maxPixels) {
     QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                               static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
@@ -94,7 +94,7 @@ TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);
     if (format == "BMP") {
-        return decodeBitmap(reader, bytes, mostPixels);
+        return decodeBitmap(reader, bytes, maxPixels);
     }
     // a picture in an icon may be compressed, and larger than the icon says
     const IconSizeLimit limit;
@@ -103,15 +103,15 @@ TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format
         throw TextureRefusal("it is no icon, or a damaged one");
     }
     checkPixels(static_cast<std::size_t>(std::int64_t{picture.width()} * picture.height()),
-                mostPixels);
+                maxPixels);
     return copyOf(picture);
 }
 
 } // namespace
 
 DecodedTexture decodeWithQt(std::span<const std::uint8_t> bytes, const char* format,
-                            std::size_t mostPixels) {
-    return decodedOrRefused([&] { return decode(bytes, format, mostPixels); });
+                            std::size_t maxPixels) {
+    return decodedOrRefused([&] { return decode(bytes, format, maxPixels); });
 }
 
 } // namespace korvane

@@ -18,14 +18,14 @@ namespace {
 
 struct Decoder {
     const char* extension;
-    DecodedTexture (*decode)(std::span<const std::uint8_t> bytes, std::size_t mostPixels);
+    DecodedTexture (*decode)(std::span<const std::uint8_t> bytes, std::size_t maxPixels);
 };
 
 constexpr Decoder decoders[] = {
     {".TGA", decodeTga},
     {".PIC", decodePic},
-    {".BMP", [](auto bytes, std::size_t most) { return decodeWithQt(bytes, "BMP", most); }},
-    {".ICO", [](auto bytes, std::size_t most) { return decodeWithQt(bytes, "ICO", most); }},
+    {".BMP", [](auto bytes, std::size_t max) { return decodeWithQt(bytes, "BMP", max); }},
+    {".ICO", [](auto bytes, std::size_t max) { return decodeWithQt(bytes, "ICO", max); }},
 };
 
 /// Returns the decoder for the extension, or null.
@@ -50,12 +50,12 @@ DecodedTexture unknownKind(const QString& extension) {
 } // namespace
 
 DecodedTexture decodeTexture(std::span<const std::uint8_t> bytes, const QString& extension,
-                             std::size_t mostPixels) {
+                             std::size_t maxPixels) {
     const Decoder* decoder = decoderOf(extension);
-    return decoder == nullptr ? unknownKind(extension) : decoder->decode(bytes, mostPixels);
+    return decoder == nullptr ? unknownKind(extension) : decoder->decode(bytes, maxPixels);
 }
 
-DecodedTexture decodeTextureFile(const QString& fileName, std::size_t mostPixels) {
+DecodedTexture decodeTextureFile(const QString& fileName, std::size_t maxPixels) {
     const QString extension = upperExtension(fileName);
     const Decoder* decoder = decoderOf(extension);
     if (decoder == nullptr) {
@@ -66,7 +66,7 @@ DecodedTexture decodeTextureFile(const QString& fileName, std::size_t mostPixels
         return refused("the file cannot be read");
     }
     try {
-        return decoder->decode(bytesOf(file.readAll()), mostPixels);
+        return decoder->decode(bytesOf(file.readAll()), maxPixels);
     } catch (const std::exception&) {
         return {{}, "it does not fit into memory", true};
     }

@@ -24,9 +24,9 @@ TextureFile fileOf(const FoundTexture& found) {
 
 } // namespace
 
-TextureLoader::TextureLoader(QString modelFolder, std::size_t mostPixels,
+TextureLoader::TextureLoader(QString modelFolder, std::size_t maxPixels,
                              std::shared_ptr<TextureStore> store)
-    : folder_(std::move(modelFolder)), pixelsLeft_(mostPixels),
+    : folder_(std::move(modelFolder)), pixelsLeft_(maxPixels),
       store_(store ? std::move(store) : std::make_shared<TextureStore>()) {}
 
 std::shared_ptr<const TextureImage> TextureLoader::load(const std::string& name) {
@@ -54,7 +54,7 @@ TextureOutcome TextureLoader::outcome(const FoundTexture& found) {
 
 /// The pixels of a file count once, however many names lead to it.
 std::size_t TextureLoader::allowedFor(const TextureFile& file) const {
-    return counted_.contains(file.path) ? mostPicturePixels : pixelsLeft_;
+    return counted_.contains(file.path) ? maxPicturePixels : pixelsLeft_;
 }
 
 void TextureLoader::count(const TextureFile& file, std::size_t pixels) {
@@ -132,13 +132,13 @@ std::optional<QString> TextureLoader::findInAnyCase(const QString& name) {
     return isFile(path) ? std::optional(path) : std::nullopt;
 }
 
-TextureImage loadTextureFile(const QString& fileName, std::size_t mostPixels) {
-    return decodeTextureFile(fileName, mostPixels).image;
+TextureImage loadTextureFile(const QString& fileName, std::size_t maxPixels) {
+    return decodeTextureFile(fileName, maxPixels).image;
 }
 
 std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName,
-                                                      std::size_t mostPixels) {
-    TextureImage image = loadTextureFile(fileName, mostPixels);
+                                                      std::size_t maxPixels) {
+    TextureImage image = loadTextureFile(fileName, maxPixels);
     return image == *blankTextureImage() ? blankTextureImage()
                                          : std::make_shared<const TextureImage>(std::move(image));
 }

@@ -42,7 +42,7 @@ class TextureLoader {
   public:
     /// `modelFolder` is the folder of the model file; it may be empty. A store can be shared by the
     /// readings of several models; without one, the loader makes its own.
-    explicit TextureLoader(QString modelFolder, std::size_t mostPixels = mostPicturePixels,
+    explicit TextureLoader(QString modelFolder, std::size_t maxPixels = maxPicturePixels,
                            std::shared_ptr<TextureStore> store = nullptr);
 
     /// Returns the image of a texture as the model names it; the 1 x 1 image if there is no such
@@ -79,9 +79,9 @@ class TextureLoader {
 };
 
 /// Decodes a file by its extension; returns the 1 x 1 image on failure.
-TextureImage loadTextureFile(const QString& fileName, std::size_t mostPixels = mostPicturePixels);
+TextureImage loadTextureFile(const QString& fileName, std::size_t maxPixels = maxPicturePixels);
 /// The same for sharing; returns the one blank image on failure. Never null.
 std::shared_ptr<const TextureImage> loadSharedTexture(const QString& fileName,
-                                                      std::size_t mostPixels = mostPicturePixels);
+                                                      std::size_t maxPixels = maxPicturePixels);
 
 } // namespace korvane

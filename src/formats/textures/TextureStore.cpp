@@ -11,47 +11,46 @@ namespace korvane {
 namespace {
 
 /// A picture with more pixels than allowed counts as refused.
-TextureOutcome limited(const TextureOutcome& outcome, std::size_t mostPixels) {
-    return outcome.pixels <= mostPixels
-               ? outcome
-               : TextureOutcome{.refusal = tooManyPixels, .tooLarge = true};
+TextureOutcome limited(const TextureOutcome& outcome, std::size_t maxPixels) {
+    return outcome.pixels <= maxPixels ? outcome
+                                       : TextureOutcome{.refusal = tooManyPixels, .tooLarge = true};
 }
 
 } // namespace
 
-TextureOutcome TextureStore::outcome(const TextureFile& file, std::size_t mostPixels) {
-    if (known(file.path, mostPixels) == nullptr) {
-        decode(file, mostPixels);
+TextureOutcome TextureStore::outcome(const TextureFile& file, std::size_t maxPixels) {
+    if (known(file.path, maxPixels) == nullptr) {
+        decode(file, maxPixels);
     }
-    return limited(byFile_[file.path].outcome, mostPixels);
+    return limited(byFile_[file.path].outcome, maxPixels);
 }
 
 std::shared_ptr<const TextureImage> TextureStore::image(const TextureFile& file,
-                                                        std::size_t mostPixels) {
-    if (const Entry* entry = known(file.path, mostPixels)) {
-        if (!limited(entry->outcome, mostPixels).refusal.empty()) {
+                                                        std::size_t maxPixels) {
+    if (const Entry* entry = known(file.path, maxPixels)) {
+        if (!limited(entry->outcome, maxPixels).refusal.empty()) {
             return blankTextureImage();
         }
         if (auto image = entry->image.lock()) {
             return image;
         }
     }
-    return decode(file, mostPixels);
+    return decode(file, maxPixels);
 }
 
-const TextureStore::Entry* TextureStore::known(const QString& path, std::size_t mostPixels) const {
+const TextureStore::Entry* TextureStore::known(const QString& path, std::size_t maxPixels) const {
     const auto found = byFile_.constFind(path);
-    if (found == byFile_.constEnd() || (found->outcome.tooLarge && found->allowed < mostPixels)) {
+    if (found == byFile_.constEnd() || (found->outcome.tooLarge && found->allowed < maxPixels)) {
         return nullptr;
     }
     return &*found;
 }
 
 std::shared_ptr<const TextureImage> TextureStore::decode(const TextureFile& file,
-                                                         std::size_t mostPixels) {
-    DecodedTexture decoded = decodeTextureFile(file.name, mostPixels);
+                                                         std::size_t maxPixels) {
+    DecodedTexture decoded = decodeTextureFile(file.name, maxPixels);
     Entry entry;
-    entry.allowed = mostPixels;
+    entry.allowed = maxPixels;
     entry.outcome = {.refusal = std::move(decoded.refusal), .tooLarge = decoded.tooLarge};
     std::shared_ptr<const TextureImage> image = blankTextureImage();
     if (entry.outcome.refusal.empty()) {

@@ -38,10 +38,10 @@ class TextureStore {
     explicit TextureStore(std::size_t keptPixels = 0) : keptPixelsLeft_(keptPixels) {}
 
     /// Returns the outcome with this pixel limit; decodes the file only if it is not yet known.
-    TextureOutcome outcome(const TextureFile& file, std::size_t mostPixels);
+    TextureOutcome outcome(const TextureFile& file, std::size_t maxPixels);
     /// Returns the picture, or the blank image if there is none. Never null. Decodes the file again
     /// if its picture was not kept and is no longer in use.
-    std::shared_ptr<const TextureImage> image(const TextureFile& file, std::size_t mostPixels);
+    std::shared_ptr<const TextureImage> image(const TextureFile& file, std::size_t maxPixels);
 
     /// Returns the names in a folder by case-folded form; valid until the next call for another.
     const QHash<QString, QString>& entries(const QString& folder);
@@ -53,9 +53,9 @@ class TextureStore {
         std::weak_ptr<const TextureImage> image;
     };
 
-    std::shared_ptr<const TextureImage> decode(const TextureFile& file, std::size_t mostPixels);
+    std::shared_ptr<const TextureImage> decode(const TextureFile& file, std::size_t maxPixels);
     /// Returns null if nothing is known of the file for this pixel limit.
-    const Entry* known(const QString& path, std::size_t mostPixels) const;
+    const Entry* known(const QString& path, std::size_t maxPixels) const;
 
     std::size_t keptPixelsLeft_;
     std::vector<std::shared_ptr<const TextureImage>> kept_;

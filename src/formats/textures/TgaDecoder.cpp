@@ -30,7 +30,7 @@ Rgba8 readPixel(ByteReader& in, unsigned depth) {
     return {red, green, blue, 255};
 }
 
-TextureImage decode(ByteReader in, std::size_t mostPixels) {
+TextureImage decode(ByteReader in, std::size_t maxPixels) {
     constexpr unsigned trueColor = 2;
     constexpr unsigned topDown = 0x20;
     if (in.remaining() < 18) {
@@ -63,7 +63,7 @@ TextureImage decode(ByteReader in, std::size_t mostPixels) {
     if (pixels > in.remaining() / (depth / 8)) {
         throw TextureRefusal("it is cut short");
     }
-    checkPixels(pixels, mostPixels);
+    checkPixels(pixels, maxPixels);
     TextureImage image;
     image.width = static_cast<std::int32_t>(width);
     image.height = static_cast<std::int32_t>(height);
@@ -79,8 +79,8 @@ TextureImage decode(ByteReader in, std::size_t mostPixels) {
 
 } // namespace
 
-DecodedTexture decodeTga(std::span<const std::uint8_t> bytes, std::size_t mostPixels) {
-    return decodedOrRefused([&] { return decode(ByteReader(bytes), mostPixels); });
+DecodedTexture decodeTga(std::span<const std::uint8_t> bytes, std::size_t maxPixels) {
+    return decodedOrRefused([&] { return decode(ByteReader(bytes), maxPixels); });
 }
 
 } // namespace korvane

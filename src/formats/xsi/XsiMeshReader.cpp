@@ -55,9 +55,9 @@ void makeRoom(const TextScanner& in, PolygonList& polygons, std::int32_t announc
 
 /// Reads `count` indices, each followed by a separator, as one polygon.
 bool readCorners(TextScanner& in, PolygonList& polygons, std::int32_t count) {
-    constexpr std::int32_t mostAtOnce = 1024; // the count may be far beyond what follows
+    constexpr std::int32_t maxAtOnce = 1024; // the count may be far beyond what follows
     while (count > 0) {
-        const std::int32_t some = std::min(count, mostAtOnce);
+        const std::int32_t some = std::min(count, maxAtOnce);
         if (!in.integers(polygons.openCorners(static_cast<std::size_t>(some)))) {
             polygons.dropOpenPolygon();
             return false;

@@ -20,7 +20,7 @@ namespace korvane {
 namespace {
 
 std::string quick(float value) {
-    std::array<char, mostNumberLength> text{};
+    std::array<char, maxNumberLength> text{};
     return {text.data(), writeReal(text.data(), value)};
 }
 
@@ -81,7 +81,7 @@ TEST(NumberText, IntegersAreWrittenAsTheLibraryDoes) {
         values.push_back(static_cast<std::int32_t>(random()) >> (random() % 32));
     }
     for (const std::int32_t value : values) {
-        std::array<char, mostNumberLength> text{};
+        std::array<char, maxNumberLength> text{};
         ASSERT_EQ(std::string(text.data(), writeInteger(text.data(), value)),
                   std::to_string(value));
     }
