@@ -91,19 +91,19 @@ ExitStatus explain(const CommandLine& line) {
 
 void addOptions(CommandLine& line) {
     line.addFlag("json", "Print one JSON document for all files.");
-    line.addFlag("strict", "Make warnings the exit status 1.");
-    line.addValue("explain", "ID", "Tell what a warning with this id means and what to do.");
+    line.addFlag("strict", "Exit with status 1 if there are warnings.");
+    line.addValue("explain", "ID", "Explain the warning with this id.");
     addBaseOption(line);
 }
 
 ExitStatus check(const CommandLine& line) {
     if (line.isSet("explain")) {
-        line.forbid({"json", "strict", "base"}, QStringLiteral("makes no sense with --explain"));
+        line.forbid({"json", "strict", "base"}, QStringLiteral("cannot be used with --explain"));
         return explain(line);
     }
     const QStringList files = line.operands();
     if (files.isEmpty()) {
-        throw WrongCall(QStringLiteral("a file is needed"));
+        throw WrongCall(QStringLiteral("no file given"));
     }
     checkModelInputs(line, files);
     Checker checker(line.value("base"));
@@ -116,12 +116,12 @@ ExitStatus check(const CommandLine& line) {
 
 const Command checkCommand = {
     "check",
-    "tell what models lose, and what may hurt later",
+    "report what models lose, and possible problems",
     "Usage: korvane-tool check [OPTION...] FILE...\n"
     "       korvane-tool check --explain ID",
-    "Tells what the editor leaves out when it reads the models (.xsi, .x), what a save\n"
-    "would drop, and what may hurt later, as \"FILE:LINE: warning: text [id]\" on standard\n"
-    "output. \"-\" is standard input.",
+    "Reports what the editor ignores when it reads the models (.xsi, .x), what saving\n"
+    "would lose, and possible problems, as \"FILE:LINE: warning: text [id]\" on\n"
+    "standard output. \"-\" is standard input.",
     addOptions,
     check};
 

@@ -125,7 +125,7 @@ std::optional<int> CommandLine::count(const char* option) const {
 }
 
 void CommandLine::refuseValue(const char* option) const {
-    throw WrongCall(QStringLiteral("\"%1\" is no value for --%2")
+    throw WrongCall(QStringLiteral("invalid value \"%1\" for --%2")
                         .arg(value(option), QString::fromLatin1(option)));
 }
 

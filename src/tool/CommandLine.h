@@ -14,7 +14,7 @@
 namespace korvane::tool {
 
 /// Parses the words of a call by the toolkit's rules: "--" ends the options, "-" is no option.
-/// Whatever makes no sense throws WrongCall.
+/// Throws WrongCall for a wrong call.
 class CommandLine {
   public:
     /// `usage` (a line for each form of the call) and `about` are for the help. With `leading`,

@@ -38,12 +38,12 @@ void keepFreedMemory() {
 }
 
 /// Reports losses; with "--strict", any is a refusal.
-void tellLosses(const ModelCheck& check, const ConvertRequest& request, const Job& job) {
+void reportLosses(const ModelCheck& check, const ConvertRequest& request, const Job& job) {
     for (const Finding& finding : check.findings) {
-        tell(warningLine(job.in, finding));
+        report(warningLine(job.in, finding));
     }
     if (request.strict && !check.findings.empty()) {
-        throw Refusal(job.out, QStringLiteral("Not written, as something would be lost"));
+        throw Refusal(job.out, QStringLiteral("Not written: something would be lost"));
     }
 }
 
@@ -69,13 +69,13 @@ void convertRepeatedly(const Job& job, int rounds) {
 
 void convertFile(const ConvertRequest& request, const InputFiles& inputs, const Job& job) {
     if (modelFileKind(job.in) == ModelFileKind::Xsi && !isStandardStream(job.out)) {
-        inputs.keepFrom(job.out, job.in);
+        inputs.refuseOverwriting(job.out, job.in);
     } else {
-        inputs.keepFrom(job.out);
+        inputs.refuseOverwriting(job.out);
     }
     ModelCheck check = checkInput(job.in, {.hazards = false});
     std::erase_if(check.findings, [](const Finding& finding) { return !isLoss(finding); });
-    tellLosses(check, request, job);
+    reportLosses(check, request, job);
     if (request.repeat) {
         convertRepeatedly(job, *request.repeat);
     } else {
@@ -85,7 +85,7 @@ void convertFile(const ConvertRequest& request, const InputFiles& inputs, const 
 
 void addOptions(CommandLine& line) {
     addFolderOption(line);
-    line.addFlag("strict", "Write nothing where something of the model would be lost.");
+    line.addFlag("strict", "Write nothing if anything would be lost.");
     addRepeatOption(line, "Load and save N times, and print the median times in milliseconds.");
 }
 
@@ -111,9 +111,9 @@ const Command convertCommand = {
     "save models as dotXSI",
     "Usage: korvane-tool convert [OPTION...] IN OUT.xsi\n"
     "       korvane-tool convert [OPTION...] --out-dir DIR IN...",
-    "Saves models (.xsi, .x) as dotXSI, as Open and Save As of the editor do. What the\n"
-    "saved file will not give back is told on standard error. \"-\" is standard input or\n"
-    "output. An input is never overwritten, but for a .xsi file saved onto itself.",
+    "Saves models (.xsi, .x) as dotXSI, like Open and then Save As in the editor.\n"
+    "Losses are reported on standard error. \"-\" is standard input or output. An input\n"
+    "is never overwritten, except a .xsi file saved onto itself.",
     addOptions,
     convert};
 

@@ -19,7 +19,7 @@ void addOptions(CommandLine& line) {
 ExitStatus info(const CommandLine& line) {
     const QStringList files = line.operands();
     if (files.isEmpty()) {
-        throw WrongCall(QStringLiteral("a file is needed"));
+        throw WrongCall(QStringLiteral("no file given"));
     }
     checkModelInputs(line, files);
     const QString base = line.value("base");
@@ -40,9 +40,9 @@ ExitStatus info(const CommandLine& line) {
 
 const Command infoCommand = {
     "info",
-    "tell what models hold",
+    "show what models contain",
     "Usage: korvane-tool info [OPTION...] FILE...",
-    "Tells what models (.xsi, .x) hold: their structure as the editor shows it, bounds,\n"
+    "Shows what models (.xsi, .x) contain: their structure as in the editor, bounds,\n"
     "materials with their textures, and animations. \"-\" is standard input.",
     addOptions,
     info};

@@ -76,7 +76,7 @@ InputFiles::InputFiles(const QStringList& inputs) {
     }
 }
 
-void InputFiles::keepFrom(const QString& out) const {
+void InputFiles::refuseOverwriting(const QString& out) const {
     const auto id = idOf(out, STDOUT_FILENO);
     if (id && ids_.contains(*id)) {
         throw Refusal(isStandardStream(out) ? QStringLiteral("standard output") : out,
@@ -84,9 +84,9 @@ void InputFiles::keepFrom(const QString& out) const {
     }
 }
 
-void InputFiles::keepFrom(const QString& out, const QString& own) const {
+void InputFiles::refuseOverwriting(const QString& out, const QString& own) const {
     if (idOf(out, STDOUT_FILENO) != idOf(own, STDIN_FILENO)) {
-        keepFrom(out);
+        refuseOverwriting(out);
     }
 }
 

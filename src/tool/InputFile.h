@@ -55,9 +55,9 @@ class InputFiles {
   public:
     explicit InputFiles(const QStringList& inputs);
     /// Throws Refusal if an output, by whatever spelling or link, is one of the inputs.
-    void keepFrom(const QString& out) const;
+    void refuseOverwriting(const QString& out) const;
     /// The same, but lets an input, `own`, be saved onto itself.
-    void keepFrom(const QString& out, const QString& own) const;
+    void refuseOverwriting(const QString& out, const QString& own) const;
 
   private:
     using FileId = std::pair<std::uint64_t, std::uint64_t>;

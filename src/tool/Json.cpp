@@ -52,7 +52,7 @@ void addFileName(QJsonObject& object, const QString& key, const QString& name) {
 }
 
 ExitStatus printFiles(int version, const QStringList& files,
-                      const std::function<QJsonObject(const QString&)>& tell) {
+                      const std::function<QJsonObject(const QString&)>& describe) {
     print("{\n\"version\": " + std::to_string(version) + ",\n\"files\": [");
     bool first = true;
     const auto add = [&](QJsonObject object, const QString& file) {
@@ -64,7 +64,7 @@ ExitStatus printFiles(int version, const QStringList& files,
     };
     const ExitStatus status = forEachInput(files, false, [&](qsizetype i) {
         try {
-            add(tell(files[i]), files[i]);
+            add(describe(files[i]), files[i]);
         } catch (const Refusal& refusal) {
             add({{QStringLiteral("error"), refusal.reason}}, files[i]);
             throw;

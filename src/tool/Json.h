@@ -29,10 +29,10 @@ void addName(QJsonObject& object, const QString& key, std::string_view bytes);
 /// The same for the name of a file.
 void addFileName(QJsonObject& object, const QString& key, const QString& name);
 
-/// Prints one document, {"version": 1, "files": [...]}, with what `tell` returns for each file on a
-/// line of its own. A refused file has the reason as "error", and is reported as by any other
+/// Prints one document, {"version": 1, "files": [...]}, with what `describe` returns for each file
+/// on a line of its own. A refused file has the reason as "error", and is reported as by any other
 /// command.
 ExitStatus printFiles(int version, const QStringList& files,
-                      const std::function<QJsonObject(const QString&)>& tell);
+                      const std::function<QJsonObject(const QString&)>& describe);
 
 } // namespace korvane::tool

@@ -33,8 +33,8 @@ QString nameByHeader(std::string_view text) {
 
 void addBaseOption(CommandLine& line) {
     line.addValue("base", "DIR",
-                  "Where the textures of a model from standard input are looked for; else that is "
-                  "the current folder.");
+                  "Folder of the textures of a model from standard input; the current folder by "
+                  "default.");
 }
 
 void checkStandardInput(const QStringList& inputs) {
@@ -46,7 +46,7 @@ void checkStandardInput(const QStringList& inputs) {
 void checkModelInputs(const CommandLine& line, const QStringList& inputs) {
     checkStandardInput(inputs);
     if (!inputs.contains(QStringLiteral("-"))) {
-        line.forbid({"base"}, QStringLiteral("is for a model from standard input, \"-\""));
+        line.forbid({"base"}, QStringLiteral("applies only to a model from standard input, \"-\""));
     }
 }
 

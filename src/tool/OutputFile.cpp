@@ -67,8 +67,8 @@ void writeOutput(const QString& out, const std::function<bool(const TextSink&)>&
 
 void addFolderOption(CommandLine& line) {
     line.addValue("out-dir", "DIR",
-                  "Take any number of inputs and put the results into this folder, under the names "
-                  "of the inputs.");
+                  "Accept any number of inputs, and write the results to this folder under the "
+                  "names of the inputs.");
 }
 
 std::vector<Job> jobsOf(const CommandLine& line, const char* extension) {
@@ -76,12 +76,12 @@ std::vector<Job> jobsOf(const CommandLine& line, const char* extension) {
     if (!line.isSet("out-dir")) {
         if (files.size() != 2) {
             throw WrongCall(
-                QStringLiteral("an input and an output are needed, or inputs and --out-dir"));
+                QStringLiteral("expected an input and an output, or --out-dir and inputs"));
         }
         return {{files[0], files[1]}};
     }
     if (files.isEmpty()) {
-        throw WrongCall(QStringLiteral("an input is needed"));
+        throw WrongCall(QStringLiteral("no input given"));
     }
     const QString folder = line.value("out-dir");
     std::vector<Job> jobs;
@@ -89,10 +89,10 @@ std::vector<Job> jobsOf(const CommandLine& line, const char* extension) {
     for (const QString& file : files) {
         const QString base = baseName(file);
         if (isStandardStream(file)) {
-            throw WrongCall(QStringLiteral("standard input has no name for --out-dir"));
+            throw WrongCall(QStringLiteral("standard input cannot be used with --out-dir"));
         }
         if (bases.contains(base)) {
-            throw WrongCall(QStringLiteral("two results would be \"%1%2\"")
+            throw WrongCall(QStringLiteral("two results would have the name \"%1%2\"")
                                 .arg(base, QLatin1String(extension)));
         }
         bases.insert(base);

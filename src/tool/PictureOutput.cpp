@@ -11,16 +11,15 @@ namespace korvane::tool {
 
 void addFormatOption(CommandLine& line) {
     line.addValue("format", "png",
-                  "Write a PNG picture under any name, not just under one that "
-                  "ends in .png.");
+                  "Write a PNG picture under any name, not only one that ends in .png.");
 }
 
 void checkPictureOutput(const CommandLine& line, const QString& out) {
     const bool anyName = line.choice("format", {QStringLiteral("png")}).has_value();
     if (!anyName && !isStandardStream(out) && upperExtension(out) != QLatin1String(".PNG")) {
-        throw WrongCall(QStringLiteral("the picture would go to \"%1\": its name must end in "
-                                       ".png, unless --format png is given")
-                            .arg(out));
+        throw WrongCall(
+            QStringLiteral("the output \"%1\" must end in .png, unless --format png is given")
+                .arg(out));
     }
 }
 

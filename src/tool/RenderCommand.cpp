@@ -140,7 +140,7 @@ ExitStatus render(const CommandLine& line) {
     constexpr std::size_t keptPixels = std::size_t{64} << 20U;
     const auto store = std::make_shared<TextureStore>(keptPixels);
     return doJobs(jobs, [&](const Job& job) {
-        inputs.keepFrom(job.out);
+        inputs.refuseOverwriting(job.out);
         renderModel(request, job, store);
     });
 }

@@ -29,7 +29,7 @@ void readView(const CommandLine& line, RenderRequest& request) {
         request.plane = viewPlanes[*view - 1];
         line.forbid(
             {"api", "mode", "pitch", "yaw", "distance", "no-transparent", "no-hidden-transparent"},
-            QStringLiteral("has no meaning for a 2D view"));
+            QStringLiteral("cannot be used with a 2D view"));
     }
     request.background = line.isSet("background") ? backgroundOf(line)
                          : request.plane          ? PlaneColors().frames.background
@@ -68,21 +68,21 @@ void readCamera(const CommandLine& line, RenderRequest& request) {
 
 void addRenderOptions(CommandLine& line) {
     line.addValue("view", "VIEW", "3d, or xy, xz or zy for a 2D view. The default is 3d.");
-    line.addValue("size", "WxH", "The size in pixels, up to 8192 a side. The default is 1024x768.");
-    line.addValue("background", "COLOR",
-                  "A colour by name or as #rrggbb, or \"none\": what nothing covers is transparent "
-                  "then. The default is black in 3D and white in 2D.");
+    line.addValue("size", "WxH", "Size in pixels, up to 8192 per side. The default is 1024x768.");
+    line.addValue(
+        "background", "COLOR",
+        "A colour by name or as #rrggbb, or \"none\": then pixels that nothing covers are "
+        "transparent. The default is black in 3D and white in 2D.");
     line.addValue("mode", "MODE", "wireframe, flat or smooth; 3D only. The default is smooth.");
     line.addValue("api", "API", "software or opengl; 3D only. The default is software.");
     line.addValue("pitch", "ANGLE",
-                  "How the camera is tilted, in radians or with the unit, as 30deg or 0.5rad; 3D "
-                  "only.");
+                  "Tilt of the camera, in radians or with a unit: 30deg or 0.5rad; 3D only.");
     line.addValue("yaw", "ANGLE",
-                  "How the camera is turned about the model, as for --pitch; 3D only.");
+                  "Turn of the camera around the model, given like --pitch; 3D only.");
     line.addValue("distance", "D",
-                  "How far it is from the point it looks at, in units of the model; 3D only.");
+                  "Distance of the camera from the point it looks at, in model units; 3D only.");
     line.addValue("center", "X,Y,Z",
-                  "That point, in units of the model. A 2D view shows its mark.");
+                  "The point the camera looks at, in model units. A 2D view marks it.");
     line.addFlag("no-transparent", "Draw all materials opaque; 3D only.");
     line.addFlag("no-hidden-transparent",
                  "Do not draw the far sides of translucent meshes; 3D only.");

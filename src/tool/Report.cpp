@@ -74,15 +74,15 @@ void finishOutput() {
     }
 }
 
-void tell(std::string_view line) {
+void report(std::string_view line) {
     if (Counter::current != nullptr) {
         Counter::current->clear();
     }
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-void complain(const QString& file, const QString& reason) {
-    tell(printable(file) + ": " + printable(reason) + "\n");
+void reportRefusal(const QString& file, const QString& reason) {
+    report(printable(file) + ": " + printable(reason) + "\n");
 }
 
 ExitStatus forEachInput(const QStringList& inputs, bool count,
@@ -90,7 +90,7 @@ ExitStatus forEachInput(const QStringList& inputs, bool count,
     Counter counter(count);
     ExitStatus worst = ExitStatus::Done;
     const auto refuse = [&](const QString& file, const QString& reason) {
-        complain(file, reason);
+        reportRefusal(file, reason);
         worst = ExitStatus::Refused;
     };
     for (qsizetype i = 0; i < inputs.size(); ++i) {

@@ -14,7 +14,7 @@ namespace korvane::tool {
 /// The program's exit status.
 enum class ExitStatus { Done = 0, Refused = 1, Usage = 2 };
 
-/// Thrown if a call makes no sense: the program says why, and where to find help.
+/// Thrown if a call is wrong: the program reports why, and where to find help.
 class WrongCall : public std::exception {
   public:
     explicit WrongCall(QString why) : reason(std::move(why)) {}
@@ -29,7 +29,8 @@ class Refusal : public std::exception {
     QString reason;
 };
 
-/// Thrown if standard output fails. If its reader has gone, like `head`, that is not reported.
+/// Thrown if standard output fails. If its reader has gone, like `head`, the program reports
+/// nothing.
 class OutputFailure : public std::exception {
   public:
     explicit OutputFailure(bool readerGone) : closed(readerGone) {}
@@ -46,9 +47,9 @@ void print(std::string_view text);
 void finishOutput();
 
 /// Prints a line, which includes its line end, to standard error.
-void tell(std::string_view line);
+void report(std::string_view line);
 /// Prints "FILE: reason" to standard error.
-void complain(const QString& file, const QString& reason);
+void reportRefusal(const QString& file, const QString& reason);
 
 /// Calls `work` with the number of each input. A refusal does not stop the others: it is reported,
 /// and the status returned is Refused. With `count`, shows the progress on standard error if that

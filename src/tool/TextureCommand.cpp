@@ -56,7 +56,7 @@ TextureImage readTexture(const QString& file, const QString& type) {
 
 void addOptions(CommandLine& line) {
     addFolderOption(line);
-    line.addValue("type", "TYPE", "pic, tga, bmp or ico: what standard input holds.");
+    line.addValue("type", "TYPE", "Type of the texture on standard input: pic, tga, bmp or ico.");
     addFormatOption(line);
 }
 
@@ -65,7 +65,8 @@ QString pipedType(const CommandLine& line, const QString& in) {
     const QStringList types = {QStringLiteral("pic"), QStringLiteral("tga"), QStringLiteral("bmp"),
                                QStringLiteral("ico")};
     if (!isStandardStream(in)) {
-        line.forbid({"type"}, QStringLiteral("is for a texture from standard input, \"-\""));
+        line.forbid({"type"},
+                    QStringLiteral("applies only to a texture from standard input, \"-\""));
         return {};
     }
     const auto type = line.choice("type", types);
@@ -85,7 +86,7 @@ ExitStatus texture(const CommandLine& line) {
     }
     const InputFiles inputs(files);
     return doJobs(jobs, [&](const Job& job) {
-        inputs.keepFrom(job.out);
+        inputs.refuseOverwriting(job.out);
         const TextureImage image = readTexture(job.in, type);
         savePng(imageOf(image), job.out);
     });
@@ -98,9 +99,9 @@ const Command textureCommand = {
     "save textures as the editor decodes them",
     "Usage: korvane-tool texture [OPTION...] IN OUT.png\n"
     "       korvane-tool texture [OPTION...] --out-dir DIR IN...",
-    "Saves textures (.pic, .tga, .bmp, .ico) as the editor decodes them. They are found\n"
-    "as those of a model are: in any case, and without an extension as .pic, .tga or .bmp.\n"
-    "\"-\" is standard input or output.",
+    "Saves textures (.pic, .tga, .bmp, .ico) as the editor decodes them. They are\n"
+    "found like those of a model: in any letter case, and without an extension as\n"
+    ".pic, .tga or .bmp. \"-\" is standard input or output.",
     addOptions,
     texture};
 

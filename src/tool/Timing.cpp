@@ -26,10 +26,10 @@ void addRepeatOption(CommandLine& line, const char* description) {
 
 std::optional<int> repeatCount(const CommandLine& line, const Job& job) {
     if (isStandardStream(job.in) || isStandardStream(job.out)) {
-        line.forbid({"repeat"}, QStringLiteral("does not go with \"-\""));
+        line.forbid({"repeat"}, QStringLiteral("cannot be used with \"-\""));
     }
     if (line.isSet("out-dir")) {
-        line.forbid({"repeat"}, QStringLiteral("times one model, without --out-dir"));
+        line.forbid({"repeat"}, QStringLiteral("cannot be used with --out-dir"));
     }
     return line.count("repeat");
 }

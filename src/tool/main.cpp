@@ -30,9 +30,8 @@ std::string aboutProgram() {
         text += std::string("  ") + command->name;
         text.append(10 - std::string(command->name).size(), ' ').append(command->summary) += '\n';
     }
-    return text + "\n\"korvane-tool COMMAND --help\" tells more of a command. The exit status is 0 "
-                  "when\nall was done, 1 when an input was refused or an output failed, 2 when "
-                  "the call\nmakes no sense.";
+    return text + "\n\"korvane-tool COMMAND --help\" describes a command. The exit status is 0 on\n"
+                  "success, 1 if an input was refused or an output failed, 2 if the call is wrong.";
 }
 
 ExitStatus runCommand(const Command& command, const QStringList& words) {
@@ -43,7 +42,7 @@ ExitStatus runCommand(const Command& command, const QStringList& words) {
 }
 
 /// Reports a wrong call and where to find help.
-ExitStatus tellWrongCall(const WrongCall& fault, const char* command) {
+ExitStatus reportWrongCall(const WrongCall& fault, const char* command) {
     std::fprintf(stderr, "korvane-tool: %s. Try 'korvane-tool %s%s--help'.\n",
                  printable(fault.reason).c_str(), command, *command == '\0' ? "" : " ");
     return ExitStatus::Usage;
@@ -66,14 +65,14 @@ ExitStatus run(const QStringList& words) {
         const auto known = std::find_if(commands.begin(), commands.end(),
                                         [&](const Command* row) { return row->name == name; });
         if (known == commands.end()) {
-            throw WrongCall(QStringLiteral("there is no command \"%1\"").arg(operands.first()));
+            throw WrongCall(QStringLiteral("unknown command \"%1\"").arg(operands.first()));
         }
         command = (*known)->name;
         return runCommand(**known, operands.mid(1));
     } catch (const WrongCall& fault) {
-        return tellWrongCall(fault, command);
+        return reportWrongCall(fault, command);
     } catch (const Refusal& refusal) {
-        complain(refusal.file, refusal.reason);
+        reportRefusal(refusal.file, refusal.reason);
         return ExitStatus::Refused;
     }
 }
@@ -106,13 +105,13 @@ ExitStatus runAndFinish(const QStringList& words) {
         return status;
     } catch (const OutputFailure& failure) {
         if (!failure.closed) {
-            complain(QStringLiteral("standard output"),
-                     QString::fromLatin1(korvane::saveFailureCaption));
+            reportRefusal(QStringLiteral("standard output"),
+                          QString::fromLatin1(korvane::saveFailureCaption));
         }
     } catch (const std::bad_alloc&) {
-        complain(QStringLiteral("korvane-tool"), QStringLiteral("Not enough memory"));
+        reportRefusal(QStringLiteral("korvane-tool"), QStringLiteral("Not enough memory"));
     } catch (const std::exception& error) {
-        complain(QStringLiteral("korvane-tool"), QString::fromLocal8Bit(error.what()));
+        reportRefusal(QStringLiteral("korvane-tool"), QString::fromLocal8Bit(error.what()));
     }
     return ExitStatus::Refused;
 }
@@ -121,7 +120,7 @@ ExitStatus runAndFinish(const QStringList& words) {
 
 int main(int argc, char** argv) {
     guardStandardStreams();
-    // Silences the toolkit and its decoders: a refusal says all there is to say.
+    // Silences the toolkit and its decoders: refusals already report the reason.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QStringList words = wordsOf(argc, argv);
     argc = std::min(argc, 1); // the toolkit would take file names for its own options

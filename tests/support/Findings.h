@@ -13,7 +13,7 @@
 namespace korvane::test {
 
 /// Returns the findings, one per line: "LINE ID: text".
-inline std::string told(const std::vector<Finding>& findings) {
+inline std::string findingLines(const std::vector<Finding>& findings) {
     std::string text;
     for (const Finding& finding : findings) {
         text += std::to_string(finding.line) + ' ' + std::string(findingRow(finding.id).name) +
@@ -27,7 +27,7 @@ inline std::string checked(std::string_view body, bool hazards = true) {
     const std::string text = std::string(xsiHeader) + std::string(body);
     ModelCheck check = checkModel(text, {.hazards = hazards});
     EXPECT_EQ(check.status, ReadStatus::Done);
-    return told(check.findings);
+    return findingLines(check.findings);
 }
 
 /// The text of a model without its header, and its expected findings.
@@ -38,7 +38,7 @@ struct CheckedText {
 
 /// Expects the findings of each text.
 template <std::size_t count>
-void expectTold(const CheckedText (&rows)[count], bool hazards = true) {
+void expectFindings(const CheckedText (&rows)[count], bool hazards = true) {
     for (const CheckedText& row : rows) {
         EXPECT_EQ(checked(row.body, hazards), row.expected) << row.body;
     }

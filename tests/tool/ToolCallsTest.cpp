@@ -30,7 +30,7 @@ TEST_F(ToolCalls, GiveTheReasonOfARefusalInOneLine) {
         {"render good.x o.png --api opengl", "good.x: no OpenGL here\n"},
         {"render bad.x - --format png", "bad.x: Not a valid .X file\n"},
         {"texture none.tga o.png", "none.tga: No such file\n"},
-        {"texture broken.bmp o.png", "broken.bmp: Cannot be decoded: it is no bitmap\n"},
+        {"texture broken.bmp o.png", "broken.bmp: Cannot be decoded: it is not a bitmap\n"},
         {"texture bad.x o.png", "bad.x: Cannot be decoded: .x files are not read\n"}};
     const qsizetype files = filesInFolder();
     for (const auto& [words, errors] : refused) {
@@ -111,7 +111,7 @@ TEST_F(ToolCalls, ReadAndWritePipes) {
         {"$T info - < .", 1, "", "standard input: Unable to open file\n"},
         {"$T info - <&-", 1, "", "standard input: Unable to open file\n"},
         {"echo x | $T texture - - --type pic", 1, "",
-         "standard input: Cannot be decoded: it is no Softimage picture\n"},
+         "standard input: Cannot be decoded: it is not a Softimage picture\n"},
         {"$T info good.x > /dev/full", 1, "", "standard output: Unable to save\n"},
         {"$T --help > /dev/full", 1, "", "standard output: Unable to save\n"},
         {"$T convert good.x - > /dev/full", 1, "", "standard output: Unable to save\n"},

@@ -18,10 +18,9 @@ class ToolCheck : public ToolRun {
         write("newer.x", "xof 0303txt 0032\n");
     }
     static constexpr char warnings[] =
-        "lossy.x:2: warning: A mesh stands outside of all frames, and is left out "
-        "[mesh-outside-frame]\n"
-        "lossy.x:4: warning: Frame \"Body\" loses its capitals [name-case]\n"
-        "lossy.x:5: warning: Face 0 of frame \"body\" leads to vertex 9 of 3 "
+        "lossy.x:2: warning: A mesh outside all frames is ignored [mesh-outside-frame]\n"
+        "lossy.x:4: warning: The name of frame \"Body\" becomes lower case [name-case]\n"
+        "lossy.x:5: warning: Face 0 of frame \"body\" refers to vertex 9 of 3 "
         "[index-out-of-range]\n"
         "lossy.x:5: warning: The mesh of frame \"body\" has no normals [no-normals]\n";
     static constexpr char refusal[] = "newer.x: DirectX 0303 text: only 0302 is read\n";

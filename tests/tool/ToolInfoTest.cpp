@@ -44,7 +44,7 @@ TEST_F(ToolInfo, ShowsTheStructureThenTheFacts) {
     EXPECT_NE(run("info model.x").output.find("   Texture A: not found\n"), std::string::npos);
     write("a.bmp", "");
     EXPECT_NE(run("info model.x")
-                  .output.find("   Texture A: a.bmp, cannot be decoded: it is no bitmap\n"),
+                  .output.find("   Texture A: a.bmp, cannot be decoded: it is not a bitmap\n"),
               std::string::npos);
 }
 

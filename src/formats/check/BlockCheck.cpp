@@ -11,15 +11,15 @@ bool BlockCheck::takeLeftOut(const TextLine& line, bool closingLost) {
         const std::string keyword = folded(firstWord(named.text));
         if (keyword == "frame" || keyword == "animation" || keyword == "animationset") {
             findings_.add(FindingId::BraceOnNextLine, line.place,
-                          "The brace stands in the line below " + quoted(trimmed(named.text)) +
-                              ", and all of the block is left out");
+                          "The brace is on the line after " + quoted(trimmed(named.text)) +
+                              "; the whole block is ignored");
             return true;
         }
     }
     if (closingLost && closed) {
         findings_.add(FindingId::ClosedOnOneLine, line.place,
-                      quoted(trimmed(line.text)) +
-                          " leaves out what follows up to the next closing brace");
+                      "Everything after " + quoted(trimmed(line.text)) +
+                          " is ignored, up to the next closing brace");
         return true;
     }
     if (!closed || !firstWord(named.text).empty()) {
@@ -47,23 +47,23 @@ void BlockCheck::takeLoose(const TextLine& line) {
     if (line.place < looseEnd_) {
         return; // inside a block that was reported
     }
-    const TextLine told = naming(line);
-    const std::string word = folded(firstWord(told.text));
+    const TextLine name = naming(line);
+    const std::string word = folded(firstWord(name.text));
     if (word == "header" || word == "template") {
         return;
     }
     looseEnd_ = blockEnd(bytes_, line);
     if (word == "mesh") {
-        findings_.add(FindingId::MeshOutsideFrame, told.place,
-                      "A mesh stands outside of all frames, and is left out");
+        findings_.add(FindingId::MeshOutsideFrame, name.place,
+                      "A mesh outside all frames is ignored");
         return;
     }
     // saving writes these standard blocks again, so nothing is lost
-    const std::string_view written = bytes_.substr(told.place, looseEnd_ - told.place);
+    const std::string_view written = bytes_.substr(name.place, looseEnd_ - name.place);
     std::string block(written.substr(0, 2 * savedPreamble().size()));
     std::erase(block, '\r');
     if (savedPreamble().find(block) == std::string_view::npos) {
-        leaveOut(firstWord(told.text), told.place);
+        leaveOut(firstWord(name.text), name.place);
     }
 }
 
@@ -81,13 +81,13 @@ void BlockCheck::finish() {
         const bool basePose = word.find("framebaseposematrix") != std::string::npos;
         findings_.add(basePose ? FindingId::BasePoseAsFrame : FindingId::BlockAsFrame,
                       met.lines.first,
-                      met.lines.names() + " is read as a frame, " + quoted(met.frameName));
+                      met.lines.names() + " is read as frame " + quoted(met.frameName));
     }
     for (const auto& [word, met] : leftOut_) {
         findings_.add(FindingId::BlockLeftOut, met.first,
                       (word.empty() ? "A block without a name" + andMore(met.count)
                                     : "Block " + met.names()) +
-                          " is left out");
+                          " is ignored");
     }
 }
 

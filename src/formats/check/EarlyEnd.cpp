@@ -29,14 +29,14 @@ bool isNumber(std::string_view word) {
 
 } // namespace
 
-void tellEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingList& findings) {
+void reportEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingList& findings) {
     place = std::min(place, bytes.size());
     constexpr std::string_view blanks = " \t\v\f\r\n";
     const std::size_t first = bytes.find_first_not_of(blanks, place);
-    const std::string rest = ", and the rest of the file is left out";
+    const std::string rest = "; the rest of the file is ignored";
     if (wanted != 0) {
         findings.add(FindingId::EndedEarly, place,
-                     std::string("Reading ends here: ") +
+                     std::string("Reading stops here: ") +
                          (wanted == '"' ? "no quotation mark" : "no closing brace") + " follows");
     } else if (first == std::string_view::npos) {
         // report the last line that is not blank
@@ -47,17 +47,16 @@ void tellEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingL
         const std::string_view near = bytes.substr(first, 40);
         const std::size_t end = near.find_first_of(" \t\v\f\r\n;,");
         const std::string word = quoted(near.substr(0, std::max<std::size_t>(end, 1)));
-        const std::string begin = "Reading ends here: " + word;
+        const std::string begin = "Reading stops here: " + word;
         if (isNotFinite(bytes, first)) {
             findings.add(FindingId::NotFinite, first, begin + " is not finite" + rest);
         } else if (bytes[first] == '{') {
             findings.add(FindingId::BraceOnNextLine, first,
-                         "Reading ends here: the brace stands in the line below its keyword" +
-                             rest);
+                         "Reading stops here: the brace is on the line after its keyword" + rest);
         } else if (isNumber(std::string_view(word).substr(1, word.size() - 2))) {
             findings.add(FindingId::NotFinite, first, begin + " is too large" + rest);
         } else {
-            findings.add(FindingId::EndedEarly, first, begin + " is no number" + rest);
+            findings.add(FindingId::EndedEarly, first, begin + " is not a number" + rest);
         }
     }
 }

@@ -8,6 +8,6 @@ namespace korvane {
 
 /// Reports why reading ended at `place`, where it expected a number, or the character `wanted` if
 /// that is not 0.
-void tellEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingList& findings);
+void reportEarlyEnd(std::string_view bytes, TextPlace place, char wanted, FindingList& findings);
 
 } // namespace korvane

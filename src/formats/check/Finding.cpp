@@ -14,138 +14,136 @@ constexpr FindingKind hazard = FindingKind::Hazard;
 
 constexpr FindingRow rows[] = {
     {EndedEarly, inReading, "ended-early",
-     "A number, a quotation mark or a brace that must follow does not. Reading ends there,\n"
-     "and the rest of the file is left out. Look at the count in front of the list first:\n"
-     "where it is wrong, reading goes astray behind the list."},
+     "A number, a quotation mark or a brace is missing where one must follow. Reading stops\n"
+     "there, and the rest of the file is ignored. First check the count before the list: if\n"
+     "it is wrong, reading loses its place after the list."},
     {NotFinite, inReading, "not-finite",
-     "A number is infinite, no number at all (nan), or too large to be kept. Reading ends\n"
-     "there, and the rest of the file is left out. Look for a division by zero in the\n"
-     "program that wrote the file."},
+     "A number is infinite, not a number (nan), or too large to store. Reading stops there,\n"
+     "and the rest of the file is ignored. Look for a division by zero in the program that\n"
+     "wrote the file."},
     {FileEnds, inReading, "file-ends",
-     "The file ends within a frame or an animation. It may be cut short, or lack closing\n"
-     "braces. What was read so far is kept."},
+     "The file ends inside a frame or an animation. It may be truncated, or closing braces\n"
+     "may be missing. Everything read up to there is kept."},
     {NoFrame, inReading, "no-frame",
-     "A model is what the outermost frame holds, and there is none in the file. Put a frame\n"
-     "around everything."},
+     "A model is its outermost frame, and the file has no frame. Put a frame around\n"
+     "everything."},
     {CountWrong, inReading, "count-wrong",
-     "The count in front of a list must tell how many elements follow. Those beyond it are\n"
-     "left out, as are numbers of a matrix beyond the sixteenth. Where elements are missing,\n"
-     "reading takes what stands behind the list for them. Correct the count."},
+     "The count before a list must match its number of elements. Extra elements are ignored,\n"
+     "and so are numbers of a matrix after the sixteenth. If elements are missing, reading\n"
+     "continues into what follows the list. Correct the count."},
     {NumbersBehindBrace, inReading, "numbers-behind-brace",
-     "The numbers of a block are read from the line below its keyword on. What stands in\n"
-     "the keyword's own line is left out, and all lists of the block go astray. Break the\n"
-     "line behind the brace."},
+     "The numbers of a block start on the line after its keyword. Numbers on the keyword's\n"
+     "line are ignored, and all lists of the block are misread. Break the line after the\n"
+     "brace."},
     {BraceOnNextLine, inReading, "brace-on-next-line",
-     "A keyword and its opening brace must share a line. Otherwise a frame or an animation\n"
-     "is left out, and a list ends the reading. Move the brace up."},
+     "A keyword and its opening brace must be on the same line. Otherwise a frame or an\n"
+     "animation is ignored, and a list stops the reading. Move the brace up."},
     {ClosedOnOneLine, inReading, "closed-on-one-line",
-     "This block is closed in the line that opens it, where the closing brace does not count:\n"
+     "The line that opens this block also closes it, but that closing brace does not count:\n"
      "all lines up to the next closing brace belong to the block, and the name of a texture\n"
-     "is looked for below. Put each brace and each name on a line of its own. Animations\n"
-     "name frames as {frm-NAME}."},
+     "must be on a later line. Put each brace and each name on a line of its own. Animations\n"
+     "refer to frames as {frm-NAME}."},
     {MeshOutsideFrame, inReading, "mesh-outside-frame",
-     "Meshes are read within frames only. Put a frame around the mesh."},
+     "Meshes are only read inside frames. Put a frame around the mesh."},
     {SecondRoot, inReading, "second-root",
-     "A model has one outermost frame. A further one replaces the children, vertices and\n"
-     "faces of the one before. Put one frame around all of them."},
+     "A model has one outermost frame. Another one replaces the children, vertices and faces\n"
+     "of the previous one. Put one frame around all of them."},
     {BasePoseAsFrame, inReading, "base-pose-as-frame",
-     "Base poses are not read. The block becomes an empty frame of a strange name instead.\n"
+     "Base poses are not read. Instead, the block becomes an empty frame with a strange name.\n"
      "Delete that frame, or remove the block from the file."},
     {BlockAsFrame, inReading, "block-as-frame",
-     "A line that holds \"frame\" declares a frame, even in a remark or in the name of\n"
-     "another block. Reword the line, or delete the frame that it became."},
+     "A line that contains \"frame\" declares a frame, even in a comment or in the name of\n"
+     "another block. Reword the line, or delete the resulting frame."},
     {BlockAsMesh, inReading, "block-as-mesh",
-     "A line in a frame that holds \"mesh\" begins a mesh, even in a remark or in the name of\n"
-     "another block. What follows is read as its numbers. Reword the line."},
+     "A line in a frame that contains \"mesh\" starts a mesh, even in a comment or in the name\n"
+     "of another block. What follows is read as its numbers. Reword the line."},
     {FrameTooDeep, inReading, "frame-too-deep",
-     "Frames nest at most 1000 deep below the outermost. Those further down are left out."},
+     "Frames nest at most 1000 levels below the outermost. Deeper frames are ignored."},
     {BlockLeftOut, inReading, "block-left-out",
-     "Nothing is read of blocks of this kind, or of this kind in this place, and saving does\n"
-     "not write them. Saved files have a camera, a light and a fog of their own, always the\n"
-     "same."},
+     "Blocks of this kind, or blocks of this kind in this place, are neither read nor saved.\n"
+     "A saved file always has the same camera, light and fog."},
     {NameCase, hazard, "name-case",
-     "Names of frames are kept in small letters, and saved so. Whoever looks up a frame by\n"
-     "its name should not tell capitals from small letters."},
+     "Frame names are read and saved in lower case. A program that looks up a frame by name\n"
+     "should ignore letter case."},
     {NameOdd, hazard, "name-odd",
-     "One blank stands between \"Frame\" and the name. Whatever follows it begins the name,\n"
-     "even a further blank or a brace. Give the frame a name, and no second blank."},
+     "Exactly one space separates \"Frame\" from the name. The next character starts the name,\n"
+     "even if it is another space or a brace. Give the frame a name after a single space."},
     {NameCut, inReading, "name-cut",
-     "A frame's name ends at a blank, a brace or \"__\", behind which stand the letters of\n"
-     "flags (e, 2, h and g). The rest is left out. Rename the frame."},
+     "A frame name ends at a space, a tab, an opening brace or \"__\". Flag letters (e, 2, h\n"
+     "and g) may follow \"__\"; the rest is ignored. Rename the frame."},
     {SecondMesh, inReading, "second-mesh",
-     "A frame has one mesh. The lists of a further one are appended to those of the first,\n"
-     "so that its faces lead to the wrong vertices. Give each mesh a frame."},
+     "A frame has one mesh. The lists of another mesh are appended to those of the first, so\n"
+     "its faces refer to the wrong vertices. Put each mesh in a frame of its own."},
     {SecondList, inReading, "second-list",
-     "A frame has one matrix, and a mesh one list of each kind. Of several matrices the last\n"
-     "holds. A further list is appended to the first, where nothing leads to it. Remove the\n"
-     "one that is not meant."},
+     "A frame has one matrix, and a mesh one list of each kind. Of several matrices, the last\n"
+     "one counts. Another list is appended to the first, and nothing refers to its elements.\n"
+     "Remove the unwanted one."},
     {MaterialByName, inReading, "material-by-name",
-     "A list of materials must hold the materials themselves. A name in braces, of a\n"
-     "material that stands elsewhere, adds no slot, and the slots behind it move up."},
+     "A material list must contain the materials themselves. A name in braces, which refers\n"
+     "to a material elsewhere, adds no slot, and the slots after it move up."},
     {TextureFolder, inReading, "texture-folder",
-     "Only what follows the last \"/\" of a texture's name is kept. Put the file beside the\n"
+     "Only the part of a texture's name after the last \"/\" is kept. Put the file next to the\n"
      "model."},
     {TextureParameters, inReading, "texture-parameters",
-     "Of a texture only its name is read. Cropping, repeats, scaling, projection and\n"
-     "blending are left out, and saving writes standard values in their place."},
+     "Only the name of a texture is read. Cropping, repeats, scaling, projection and blending\n"
+     "are ignored, and saving writes standard values instead."},
     {UnknownFrame, inReading, "unknown-frame",
-     "An animation must name a frame of the model as {frm-NAME}, on a line of its own.\n"
-     "Otherwise its keys go to the frame of the animation before, or where the name is\n"
-     "unknown to the last frame of the model."},
+     "An animation must refer to a frame of the model as {frm-NAME}, on a line of its own.\n"
+     "Without a reference, its keys go to the frame of the previous animation; with an\n"
+     "unknown name, to the last frame of the model."},
     {KeysJoined, inReading, "keys-joined",
      "A frame has one list of keys of one type. The keys of further lists are appended, and\n"
-     "the type of the last holds for all. Give a frame keys of one type: whole matrices\n"
-     "tell rotation, scale and position at once."},
+     "the type of the last list applies to all. Give a frame keys of one type: whole matrices\n"
+     "combine rotation, scale and position."},
     {KeysBeforeFrame, inReading, "keys-before-frame",
-     "Animations must stand behind the frames that they name. Before them the outermost\n"
-     "frame gets the keys, or they are left out with the frames that a later outermost\n"
-     "frame replaces. Move the animations to the end of the file."},
+     "Animations must come after the frames they refer to. Otherwise the outermost frame gets\n"
+     "the keys, or they are lost with the frames that a later outermost frame replaces. Move\n"
+     "the animations to the end of the file."},
     {BlockPassedOver, inReading, "block-passed-over",
-     "In an animation, the line behind a block that is left out is passed over, and nothing\n"
-     "is read of the block that it opens. Move that block in front of the other one."},
+     "In an animation, the line after an ignored block is skipped, so a block that it opens\n"
+     "is not read. Move that block before the ignored one."},
     {NameNotSaved, bySave, "name-not-saved",
-     "A file saved with this name would not give the frame back. Rename the frame."},
+     "Reading a saved file would not fully restore a frame with this name. Rename the frame."},
     {KeysNotSaved, bySave, "keys-not-saved",
-     "Saving leaves out the keys of frames without a mesh. Give the frame a mesh (one\n"
-     "vertex will do), or keep the original file."},
+     "The keys of frames without a mesh are not saved. Give the frame a mesh (one vertex is\n"
+     "enough), or keep the original file."},
     {FlagsNotSaved, bySave, "flags-not-saved",
-     "Saving leaves out the flags (e, 2, h and g) of frames without a mesh. They have no\n"
-     "effect there."},
+     "The flags (e, 2, h and g) of frames without a mesh are not saved. They have no effect\n"
+     "there."},
     {EmptyNotSaved, bySave, "empty-not-saved",
-     "A face without corners, or a key without values, is saved so that reading ends behind\n"
-     "it, unless it is the last of its list: the rest of the saved file is lost. Remove it."},
+     "A face without corners, or a key without values, is saved in a form that stops the next\n"
+     "reading, unless it is the last of its list: the rest of the saved file is lost. Remove\n"
+     "it."},
     {IndexOutOfRange, hazard, "index-out-of-range",
-     "An index leads past the end of its list (both are counted from 0). A face with a bad\n"
-     "vertex is not drawn, a bad normal or texture coordinate is not used. Saving keeps\n"
-     "the index as it is."},
+     "An index is outside its list (indices start at 0). A face with such a vertex is not\n"
+     "drawn; such a normal or texture coordinate is not used. Saving keeps the index."},
     {ListsDiffer, hazard, "lists-differ",
-     "Normals, texture coordinates and vertex colours must be told for every face, in the\n"
-     "order of the faces. Faces without them are drawn flat or without texture."},
+     "Normals, texture coordinates and vertex colours must cover every face, in the order of\n"
+     "the faces. Faces without them are drawn flat or untextured."},
     {FewCorners, hazard, "few-corners",
-     "A face needs three corners. One with fewer is not seen in shaded views."},
+     "A face needs at least three corners. With fewer, it is invisible in shaded views."},
     {NoArea, hazard, "no-area",
-     "The corners of a face lie in one point or on one line. It is not seen, and has no\n"
-     "direction for the light. Remove it."},
+     "All corners of a face are at one point or on one line. The face is invisible, and has\n"
+     "no direction for lighting. Remove it."},
     {NoNormals, hazard, "no-normals",
-     "A mesh without normals is drawn with one direction a face, and never looks smooth.\n"
-     "Have normals exported."},
+     "A mesh without normals is drawn with one direction per face, and never looks smooth.\n"
+     "Export its normals."},
     {OpacityZero, hazard, "opacity-zero",
-     "A material of opacity 0 is not seen where transparency is shown. Some programs write\n"
-     "0 for 1. Set the opacity in the material editor."},
+     "A material with opacity 0 is invisible where transparency is shown. Some programs write\n"
+     "0 instead of 1. Set the opacity in the material editor."},
     {TextureMissing, hazard, "texture-missing",
-     "There is no file for a texture, neither as named nor beside the model. The material\n"
-     "shows its plain colours."},
+     "The file of a texture was not found, neither as named nor next to the model. The\n"
+     "material shows its plain colours."},
     {TextureSpelling, hazard, "texture-spelling",
-     "The file of a texture is found by another spelling than that in the model: other\n"
-     "capitals, backslashes, or without its folder. Other programs may not find it. Rename\n"
-     "the file or the texture."},
+     "The file of a texture was found only under a different spelling: in another letter\n"
+     "case, with backslashes as separators, or without its folder. Other programs may not\n"
+     "find it. Rename the file or the texture."},
     {TextureNotDecoded, hazard, "texture-not-decoded",
-     "There is a file for a texture, but no picture can be made of it. The material shows\n"
-     "its plain colours. Save the picture as a TGA (true colour, uncompressed), PIC or BMP\n"
-     "file."},
+     "The file of a texture was found, but cannot be decoded. The material shows its plain\n"
+     "colours. Save the picture as a TGA (uncompressed true colour), PIC or BMP file."},
     {TextureTooLarge, hazard, "texture-too-large",
-     "A picture is larger than what is shown, or the pictures of the model are together.\n"
-     "The material shows its plain colours. Make the picture smaller."},
+     "A picture is too large to show, or all pictures of the model together are. The material\n"
+     "shows its plain colours. Make the picture smaller."},
 };
 
 constexpr bool inOrder() {

@@ -44,13 +44,12 @@ bool holdsNumber(std::string_view text) {
 bool ListCheck::takeOpening(const TextLine& line) {
     opening_ = line;
     const std::size_t brace = line.text.find('{');
-    told_ = brace != std::string_view::npos && holdsNumber(line.text.substr(brace + 1));
-    if (!told_) {
+    reported_ = brace != std::string_view::npos && holdsNumber(line.text.substr(brace + 1));
+    if (!reported_) {
         return false;
     }
     findings_.add(FindingId::NumbersBehindBrace, line.place,
-                  quoted(trimmed(line.text)) + " holds numbers behind its brace, which are left "
-                                               "out");
+                  "Numbers after the brace of " + quoted(trimmed(line.text)) + " are ignored");
     return true;
 }
 
@@ -64,12 +63,12 @@ bool ListCheck::takeEnd(TextPlace end) {
     if (opens) {
         text = text.substr(0, text.find_last_of(";,\n") + 1);
     }
-    if (told_ || !holdsNumber(text)) {
+    if (reported_ || !holdsNumber(text)) {
         return false;
     }
     findings_.add(FindingId::CountWrong, opening_.place,
-                  "More numbers follow in " + quoted(trimmed(opening_.text)) +
-                      " than are read, and are left out");
+                  quoted(trimmed(opening_.text)) +
+                      " has more numbers than expected; the rest is ignored");
     return true;
 }
 
@@ -88,8 +87,8 @@ bool ListCheck::takeMaterialsEnd(TextPlace behind, TextPlace opening) {
     }
     if (materials > 0) {
         findings_.add(FindingId::CountWrong, opening,
-                      "The list holds more materials than it counts: " +
-                          counted(materials, "material is", "materials are") + " left out");
+                      "The list has more materials than its count; " +
+                          counted(materials, "material is", "materials are") + " ignored");
     }
     return materials > 0;
 }

@@ -24,7 +24,7 @@ class ListCheck {
     std::string_view bytes_;
     FindingList& findings_;
     TextLine opening_;
-    bool told_ = false; ///< numbers in the opening line were reported
+    bool reported_ = false; ///< numbers in the opening line were reported
 };
 
 } // namespace korvane

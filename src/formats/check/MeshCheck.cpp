@@ -93,8 +93,8 @@ void MeshCheck::checkIndices(const MeshList& list) {
     }
     const auto index = static_cast<std::int32_t>(corners[wrong.first]);
     findings_.add(FindingId::IndexOutOfRange, list.place,
-                  "Face " + std::to_string(face) + " of " + frame_ + " leads to " + list.one + ' ' +
-                      std::to_string(index) + " of " + std::to_string(list.size) +
+                  "Face " + std::to_string(face) + " of " + frame_ + " refers to " + list.one +
+                      ' ' + std::to_string(index) + " of " + std::to_string(list.size) +
                       andMore(wrong.count));
 }
 
@@ -103,8 +103,8 @@ void MeshCheck::checkParallel(const MeshList& list) {
     checkIndices(list);
     if (!places_.broken && list.polygons.size() != mesh_.Faces.size()) {
         findings_.add(FindingId::ListsDiffer, list.place,
-                      "The " + std::string(list.many) + " of " + frame_ + " are told for " +
-                          counted(list.polygons.size(), "face", "faces") + ", not for " +
+                      "The " + std::string(list.many) + " of " + frame_ + " cover " +
+                          counted(list.polygons.size(), "face", "faces") + " instead of " +
                           std::to_string(mesh_.Faces.size()));
     }
 }
@@ -118,7 +118,7 @@ void MeshCheck::checkSlots() {
     }
     if (wrong.count > 0) {
         findings_.add(FindingId::IndexOutOfRange, places_.materials,
-                      wrong.which("Face") + " of " + frame_ + " leads to material " +
+                      wrong.which("Face") + " of " + frame_ + " refers to material " +
                           std::to_string(mesh_.FaceSlotIndex[wrong.first]) + " of " +
                           std::to_string(mesh_.MaterialSlotList.size()));
     }

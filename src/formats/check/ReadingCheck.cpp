@@ -36,8 +36,8 @@ class ReadingCheck {
     void takeAnimation(const ReadNote& note, const TextLine& line);
     void takeKeys(const ReadNote& note, const TextLine& line);
     void takeEarlyKeys(bool toRoot);
-    void tellMaterialNames();
-    void tellRepeated();
+    void reportMaterialNames();
+    void reportRepeated();
 
     /// The places of the frame that the next list belongs to.
     FramePlaces& current() { return places_.frames[open_.empty() ? 0 : open_.back()]; }
@@ -59,7 +59,7 @@ class ReadingCheck {
     TextPlace material_ = nowhere;
     bool materialMissing_ = false; ///< the current list is known to have too few
     TextPlace animation_ = nowhere;
-    bool animationTold_ = false;
+    bool animationReported_ = false;
     bool animationFault_ = false; ///< as FramePlaces::braceFault
     bool animationKnown_ = false; ///< it names an existing frame
     std::string_view animationName_;
@@ -90,8 +90,8 @@ ReadPlaces ReadingCheck::check(const ReadNotes& notes) {
     for (const ReadNote& note : notes) {
         take(note);
     }
-    tellMaterialNames();
-    tellRepeated();
+    reportMaterialNames();
+    reportRepeated();
     return std::move(places_);
 }
 
@@ -121,7 +121,7 @@ void ReadingCheck::take(const ReadNote& note) {
         if (cut_ < places_.frames.size()) {
             places_.frames[cut_].broken = true;
         }
-        tellEarlyEnd(bytes_, behind, static_cast<char>(note.value), findings_);
+        reportEarlyEnd(bytes_, behind, static_cast<char>(note.value), findings_);
         break;
     case NoteKind::Texture:
         takeTexture(behind, lineBefore(bytes_, behind));
@@ -193,7 +193,7 @@ void ReadingCheck::takeLine(const ReadNote& note, const TextLine& line) {
     case NoteKind::PassedOver:
         findings_.add(FindingId::BlockPassedOver, line.place,
                       quoted(trimmed(line.text)) +
-                          " stands directly behind a block that is left out, and is passed over");
+                          " directly follows an ignored block, and is skipped");
         break;
     case NoteKind::LooseBlock:
         blocks_.takeLoose(line);
@@ -237,7 +237,7 @@ void ReadingCheck::takeDeclaration(const TextLine& line, const std::string& text
     const std::size_t end = std::min(begin + name.size(), text.size());
     if (!name.empty() && std::string_view(" \t{}").find(name.front()) != std::string_view::npos) {
         findings_.add(FindingId::NameOdd, line.place,
-                      "The name of the frame begins with a blank or a brace: " + quoted(name));
+                      "The name of the frame begins with white space or a brace: " + quoted(name));
     }
     if (begin < end && line.text.substr(begin, end - begin) != name) {
         nameCase_.meet(line.place, line.text.substr(begin, end - begin));
@@ -250,13 +250,13 @@ void ReadingCheck::takeDeclaration(const TextLine& line, const std::string& text
     if (cut && rest.find('}') == std::string_view::npos &&
         rest.find("//") == std::string_view::npos) {
         findings_.add(FindingId::NameCut, line.place,
-                      "The name of frame " + quoted(name) + " is cut: " + quoted(trimmed(rest)) +
-                          " is left out");
+                      "The name of frame " + quoted(name) +
+                          " is truncated: " + quoted(trimmed(rest)) + " is ignored");
     }
     if (open != std::string::npos && text.find('}', open) != std::string::npos) {
         findings_.add(FindingId::ClosedOnOneLine, line.place,
                       "Frame " + quoted(name) +
-                          " is closed in the line that opens it, but goes on to the next closing "
+                          " is closed on the line that opens it, but continues to the next closing "
                           "brace");
         keepOpen();
     }
@@ -275,8 +275,8 @@ void ReadingCheck::takeMesh(const TextLine& line) {
                       quoted(word) + " is read as a mesh of " + here());
     } else if (frame.mesh != nowhere) {
         findings_.add(FindingId::SecondMesh, line.place,
-                      "A further mesh in " + here() +
-                          ": its faces lead to the vertices of the first");
+                      "Another mesh in " + here() +
+                          ": its faces refer to the vertices of the first");
     }
     frame.secondMesh = frame.mesh != nowhere;
     frame.mesh = std::min(frame.mesh, line.place);
@@ -293,12 +293,12 @@ void ReadingCheck::takeList(NoteKind kind, const TextLine& line) {
                                                         : frame.vertexColors;
     if (place != nowhere && !frame.braceFault && (kind == NoteKind::Matrix || !frame.secondMesh)) {
         findings_.add(FindingId::SecondList, line.place,
-                      "A further " + quoted(firstWord(line.text)) + " in " + here() +
-                          (kind == NoteKind::Matrix ? ": the one before is left out"
-                                                    : " is appended to the one before"));
+                      "Another " + quoted(firstWord(line.text)) + " in " + here() +
+                          (kind == NoteKind::Matrix ? ": the previous one is ignored"
+                                                    : " is appended to the previous one"));
     }
     if (kind == NoteKind::MaterialList) {
-        tellMaterialNames();
+        reportMaterialNames();
         materialMissing_ = false;
     }
     place = line.place;
@@ -311,8 +311,8 @@ void ReadingCheck::takeMaterial(const ReadNote& note, const TextLine& line) {
     } else if (note.kind == NoteKind::MaterialMissing) {
         if (!materialMissing_ && note.left > 0) { // the end of the text is reported elsewhere
             findings_.add(FindingId::CountWrong, current().materials,
-                          "The list holds fewer materials than it counts: reading takes what "
-                          "stands behind it for its own");
+                          "The list has fewer materials than its count; reading continues into "
+                          "what follows");
             current().broken = true;
             keepOpen();
         }
@@ -327,11 +327,11 @@ void ReadingCheck::takeMaterial(const ReadNote& note, const TextLine& line) {
 }
 
 /// Reports the named materials of one list together.
-void ReadingCheck::tellMaterialNames() {
+void ReadingCheck::reportMaterialNames() {
     if (materialNames_.count > 0) {
         findings_.add(FindingId::MaterialByName, materialNames_.first,
                       "Material " + materialNames_.names() +
-                          " is only named here, and adds no slot");
+                          " is only referenced by name, and adds no slot");
     }
     materialNames_ = {};
 }
@@ -340,7 +340,7 @@ void ReadingCheck::takeTexture(TextPlace behind, const TextLine& line) {
     if (line.text.find('"') != std::string_view::npos) {
         findings_.add(FindingId::ClosedOnOneLine, line.place,
                       quoted(trimmed(line.text)) +
-                          " is not read: the name is looked for in the lines below");
+                          " is ignored: the texture name must be on a later line");
         keepOpen();
     }
     const TextureBlock block = readTextureBlock(bytes_.substr(behind));
@@ -352,7 +352,8 @@ void ReadingCheck::takeTexture(TextPlace behind, const TextLine& line) {
     places_.textures.try_emplace(std::string(kept), line.place);
     if (folder != std::string_view::npos) {
         findings_.add(FindingId::TextureFolder, line.place,
-                      "Of texture " + quoted(block.name) + " only " + quoted(kept) + " is kept");
+                      "Texture " + quoted(block.name) + " is kept as " + quoted(kept) +
+                          ", without its folder");
     }
     if (folded(line.text).find("si_texture2d") != std::string::npos && !block.standardValues) {
         textureParameters_.meet(line.place, kept);
@@ -362,7 +363,7 @@ void ReadingCheck::takeTexture(TextPlace behind, const TextLine& line) {
 void ReadingCheck::takeAnimation(const ReadNote& note, const TextLine& line) {
     animation_ = line.place;
     if (note.kind == NoteKind::Animation) {
-        animationKnown_ = animationTold_ = false;
+        animationKnown_ = animationReported_ = false;
         animationFault_ =
             animationFault_ && folded(line.text).find("animationset") == std::string::npos;
         animationName_ = {};
@@ -381,8 +382,8 @@ void ReadingCheck::takeKeys(const ReadNote& note, const TextLine& line) {
         takeEarlyKeys(number == 0);
         return;
     }
-    if (!animationKnown_ && !animationTold_) {
-        animationTold_ = true;
+    if (!animationKnown_ && !animationReported_) {
+        animationReported_ = true;
         findings_.add(FindingId::UnknownFrame, animation_,
                       (animationName_.empty() ? "An animation names no frame as {frm-NAME}"
                                               : "No frame is named " + quoted(animationName_)) +
@@ -395,45 +396,46 @@ void ReadingCheck::takeKeys(const ReadNote& note, const TextLine& line) {
     frame.keys = std::min(frame.keys, line.place);
     if (++frame.keyLists == 2) {
         findings_.add(FindingId::KeysJoined, line.place,
-                      "A further list of keys for frame " + quoted(frameName(number)) +
-                          " is joined to the first, and its type holds for both");
+                      "Another key list for frame " + quoted(frameName(number)) +
+                          " is appended to the first, and its type applies to both");
     }
 }
 
 /// Takes keys that come before the frames of the document: only those of the root are kept.
 void ReadingCheck::takeEarlyKeys(bool toRoot) {
     const std::string root = frames_.front()->Name;
-    if (animationTold_ || (toRoot && folded(animationName_) == root)) {
+    if (animationReported_ || (toRoot && folded(animationName_) == root)) {
         return;
     }
-    animationTold_ = true;
+    animationReported_ = true;
     findings_.add(FindingId::KeysBeforeFrame, animation_,
-                  "The animation stands before the outermost frame " + quoted(root) +
-                      (toRoot ? ", which gets its keys" : ": its keys are left out"));
+                  "The animation comes before the outermost frame " + quoted(root) +
+                      (toRoot ? ", which gets its keys" : "; its keys are lost"));
 }
 
-void ReadingCheck::tellRepeated() {
-    const auto tell = [this](FindingId id, const Repeated& met, const std::string& text) {
+void ReadingCheck::reportRepeated() {
+    const auto report = [this](FindingId id, const Repeated& met, const std::string& text) {
         if (met.count > 0) {
             findings_.add(id, met.first, text);
         }
     };
     if (roots_.size() > 1) {
         findings_.add(FindingId::SecondRoot, roots_[1],
-                      "Only the last of " + std::to_string(roots_.size()) +
-                          " outermost frames is kept, " + quoted(frameName(0)));
+                      "Only the last of " + std::to_string(roots_.size()) + " outermost frames, " +
+                          quoted(frameName(0)) + ", is kept");
     }
-    tell(FindingId::FrameTooDeep, tooDeep_,
-         "Frames deeper than " + std::to_string(maxFrameDepth) + " are left out");
-    tell(FindingId::NameCase, nameCase_, "Frame " + nameCase_.names() + " loses its capitals");
-    tell(FindingId::TextureParameters, textureParameters_,
-         "Of texture " + textureParameters_.names() + " only the name is read");
+    report(FindingId::FrameTooDeep, tooDeep_,
+           "Frames nested deeper than " + std::to_string(maxFrameDepth) + " levels are ignored");
+    report(FindingId::NameCase, nameCase_,
+           "The name of frame " + nameCase_.names() + " becomes lower case");
+    report(FindingId::TextureParameters, textureParameters_,
+           "Only the name of texture " + textureParameters_.names() + " is read");
     blocks_.finish();
     if (!endedEarly_) {
-        tell(FindingId::FileEnds, unclosed_, "The file ends within " + unclosed_.name);
+        report(FindingId::FileEnds, unclosed_, "The file ends inside " + unclosed_.name);
     }
     if (topFrames_ == 0 && !endedEarly_) {
-        findings_.add(FindingId::NoFrame, nowhere, "There is no frame in the file");
+        findings_.add(FindingId::NoFrame, nowhere, "The file has no frames");
     }
 }
 

@@ -62,7 +62,7 @@ void checkName(const FrameRecord& frame, bool root, TextPlace place, FindingList
         return;
     }
     std::string text = "Frame " + quoted(frame.Name) +
-                       " does not come back from a saved file: its name " + reason.toStdString();
+                       " is not fully restored from a saved file: its name " + reason.toStdString();
     if (!findings.isFull(FindingId::NameNotSaved)) {
         const std::string lost = lostWith(frame, root);
         text += lost.empty() ? "" : " (lost: " + lost + ")";
@@ -85,7 +85,7 @@ void checkEmpty(const List& list, IsEmpty isEmpty, TextPlace place, const std::s
     if (count > 0) {
         findings.add(FindingId::EmptyNotSaved, place,
                      entry + ' ' + std::to_string(first) + andMore(count) + " has no " + lacks +
-                         ": reading a saved file ends there");
+                         ": reading a saved file stops there");
     }
 }
 
@@ -130,16 +130,16 @@ void checkSaving(const ModelDocument& document, const ReadPlaces& places, Findin
         }
         if (!frame.HasMesh && frame.HasAnimation) {
             findings.add(FindingId::KeysNotSaved, place.keys,
-                         "Frame " + quoted(frame.Name) + " has no mesh: a saved file lacks its " +
+                         "Frame " + quoted(frame.Name) + " has no mesh: its " +
                              (frame.AnimationKeys.empty()
-                                  ? "animation"
-                                  : counted(frame.AnimationKeys.size(), "key", "keys")));
+                                  ? "animation is"
+                                  : counted(frame.AnimationKeys.size(), "key is", "keys are")) +
+                             " not saved");
         }
         if (!frame.HasMesh &&
             (frame.Emissive || frame.RenderBackwards || frame.KV2Animated || frame.GFlag)) {
             findings.add(FindingId::FlagsNotSaved, place.frame,
-                         "Frame " + quoted(frame.Name) +
-                             " has no mesh: a saved file lacks its flags");
+                         "Frame " + quoted(frame.Name) + " has no mesh: its flags are not saved");
         }
     }
 }

@@ -16,9 +16,9 @@ const char* spelled(TextureSpelling spelling) {
     case TextureSpelling::AsNamed:
         break;
     case TextureSpelling::Backslashes:
-        return " is found only with backslashes taken as separators: ";
+        return " is found only if backslashes count as separators: ";
     case TextureSpelling::OtherCase:
-        return " is found only with other capitals: ";
+        return " is found only in different letter case: ";
     case TextureSpelling::PlainName:
         return " is found only without its folder: ";
     }
@@ -36,7 +36,7 @@ void checkTexture(const std::string& name, TextPlace place, TextureLoader& loade
     const std::string texture = "Texture " + korvane::quoted(name);
     const auto found = loader.locate(shownText(name));
     if (!found) {
-        findings.add(FindingId::TextureMissing, place, texture + " is not there");
+        findings.add(FindingId::TextureMissing, place, texture + " was not found");
         return;
     }
     if (found->spelling != TextureSpelling::AsNamed) {
@@ -55,9 +55,9 @@ void checkTexture(const std::string& name, TextPlace place, TextureLoader& loade
 
 void checkTextures(const ModelDocument& document, const ReadPlaces& places, TextureLoader& loader,
                    FindingList& findings) {
-    std::unordered_set<std::string_view> told;
+    std::unordered_set<std::string_view> checked;
     for (const MaterialRecord& material : document.Materials) {
-        if (material.HasTexture && told.insert(material.TextureFile).second) {
+        if (material.HasTexture && checked.insert(material.TextureFile).second) {
             const auto place = places.textures.find(material.TextureFile);
             checkTexture(material.TextureFile,
                          place == places.textures.end() ? nowhere : place->second, loader,

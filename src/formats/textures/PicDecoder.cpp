@@ -41,12 +41,12 @@ TextureImage PicDecoder::decode(std::size_t maxPixels) {
     // No byte stands for more than 128 pixels of a row.
     constexpr std::size_t maxPixelsPerByte = 128;
     if (!readHeader()) {
-        throw TextureRefusal("it is no Softimage picture");
+        throw TextureRefusal("it is not a Softimage picture");
     }
     checkPixels(width_ * height_, std::min(maxPixels, maxPackedPixels));
     if (packets_.empty() ||
         height_ * packets_.size() * ((width_ - 1) / maxPixelsPerByte + 1) > in_.remaining()) {
-        throw TextureRefusal("it is cut short");
+        throw TextureRefusal("it is truncated");
     }
     TextureImage image;
     image.width = static_cast<std::int32_t>(width_);

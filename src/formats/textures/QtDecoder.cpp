@@ -68,19 +68,19 @@ TextureImage decodeBitmap(QImageReader& reader, std::span<const std::uint8_t> by
     const std::int64_t width = std::abs(std::int64_t{reader.size().width()});
     const std::int64_t height = std::abs(std::int64_t{reader.size().height()});
     if (reader.size() == QSize()) {
-        throw TextureRefusal("it is no bitmap");
+        throw TextureRefusal("it is not a bitmap");
     }
     const auto pixels = static_cast<std::size_t>(width * height);
     checkPixels(pixels, maxPixels);
     if (pixels > crediblePixels(bytes)) {
-        throw TextureRefusal("it has more pixels than its bytes can tell");
+        throw TextureRefusal("it has more pixels than its size allows");
     }
     // decoded into memory of our own: unlike the reader's, it is defined where the file sets no
     // pixels, and not limited in size
     QImage picture(static_cast<int>(width), static_cast<int>(height), reader.imageFormat());
     picture.fill(0);
     if (!reader.read(&picture)) {
-        throw TextureRefusal("it is damaged, or a bitmap of an unknown kind");
+        throw TextureRefusal("it is damaged, or an unknown kind of bitmap");
     }
     return copyOf(picture);
 }
@@ -100,7 +100,7 @@ TextureImage decode(std::span<const std::uint8_t> bytes, std::string_view format
     const IconSizeLimit limit;
     const QImage picture = reader.read();
     if (picture.isNull()) {
-        throw TextureRefusal("it is no icon, or a damaged one");
+        throw TextureRefusal("it is damaged, or not an icon");
     }
     checkPixels(static_cast<std::size_t>(std::int64_t{picture.width()} * picture.height()),
                 maxPixels);

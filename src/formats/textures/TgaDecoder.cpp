@@ -34,7 +34,7 @@ TextureImage decode(ByteReader in, std::size_t maxPixels) {
     constexpr unsigned trueColor = 2;
     constexpr unsigned topDown = 0x20;
     if (in.remaining() < 18) {
-        throw TextureRefusal("it is cut short");
+        throw TextureRefusal("it is truncated");
     }
     const std::size_t idLength = in.byte();
     const unsigned mapType = in.byte();
@@ -53,15 +53,15 @@ TextureImage decode(ByteReader in, std::size_t maxPixels) {
     }
     if (imageType != trueColor) {
         throw TextureRefusal("it is a TGA of type " + std::to_string(imageType) +
-                             ", and only type 2 is read (true colour, uncompressed)");
+                             ", but only type 2 (uncompressed true colour) is read");
     }
     if (depth != 16 && depth != 24 && depth != 32) {
-        throw TextureRefusal("it is a TGA of " + std::to_string(depth) +
-                             " bits a pixel, and only 16, 24 and 32 are read");
+        throw TextureRefusal("it is a TGA with " + std::to_string(depth) +
+                             " bits per pixel, but only 16, 24 and 32 are read");
     }
     const std::size_t pixels = width * height;
     if (pixels > in.remaining() / (depth / 8)) {
-        throw TextureRefusal("it is cut short");
+        throw TextureRefusal("it is truncated");
     }
     checkPixels(pixels, maxPixels);
     TextureImage image;

@@ -6,7 +6,7 @@ namespace korvane {
 
 namespace {
 
-bool holds(std::string_view name, std::string_view text) {
+bool contains(std::string_view name, std::string_view text) {
     return name.find(text) != std::string_view::npos;
 }
 
@@ -41,38 +41,38 @@ QString lostNameReason(std::string_view name, const NameUse& use) {
         return QStringLiteral("is empty");
     }
     if (std::any_of(name.begin(), name.end(), [](char c) { return c >= 'A' && c <= 'Z'; })) {
-        return QStringLiteral("holds a capital letter");
+        return QStringLiteral("contains a capital letter");
     }
-    if (holds(name, "\n")) {
-        return QStringLiteral("holds the end of a line");
+    if (contains(name, "\n")) {
+        return QStringLiteral("contains a line break");
     }
     // in a declaration, the first character always belongs to the name; in an animation it does not
     const std::string_view ends = name.substr(use.animated ? 0 : 1);
     if (ends.find_first_of(" \t") != std::string_view::npos) {
-        return QStringLiteral("holds a blank");
+        return QStringLiteral("contains a space or a tab");
     }
-    if (holds(name.substr(1), "{")) {
-        return QStringLiteral("holds \"{\"");
+    if (contains(name.substr(1), "{")) {
+        return QStringLiteral("contains \"{\"");
     }
-    if (use.animated && holds(name, "}")) {
-        return QStringLiteral("holds \"}\" and the frame is animated");
+    if (use.animated && contains(name, "}")) {
+        return QStringLiteral("contains \"}\" and the frame is animated");
     }
-    if (holds(ends, "__")) {
-        return QStringLiteral("holds \"__\"");
+    if (contains(ends, "__")) {
+        return QStringLiteral("contains \"__\"");
     }
     if (runsIntoSuffix(name, use)) {
-        return QStringLiteral("ends in \"_\" and the frame has flags");
+        return QStringLiteral("ends with \"_\" and the frame has flags");
     }
     // keywords are found anywhere in a line; in its own declaration, the frame's comes first
-    if (use.mesh && holds(name, "frame")) {
-        return QStringLiteral("holds \"frame\" and the frame has a mesh");
+    if (use.mesh && contains(name, "frame")) {
+        return QStringLiteral("contains \"frame\" and the frame has a mesh");
     }
-    if (!use.root && holds(name, "frametransformmatrix")) {
-        return QStringLiteral("holds \"frametransformmatrix\"");
+    if (!use.root && contains(name, "frametransformmatrix")) {
+        return QStringLiteral("contains \"frametransformmatrix\"");
     }
     // lines with "template" are skipped only at the top level
-    if (use.root && holds(name, "template")) {
-        return QStringLiteral("holds \"template\" and the frame is the outermost");
+    if (use.root && contains(name, "template")) {
+        return QStringLiteral("contains \"template\" and the frame is the outermost");
     }
     return {};
 }

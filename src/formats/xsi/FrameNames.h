@@ -24,7 +24,7 @@ struct NameUse {
 [[nodiscard]] std::string flagSuffix(const FrameRecord& frame);
 
 /// Returns why reading a saved frame would not restore its name, mesh and animation: the end of a
-/// sentence that begins with the name ("holds a blank"). Empty if it would.
+/// sentence that begins with the name ("contains a line break"). Empty if it would.
 [[nodiscard]] QString lostNameReason(std::string_view name, const NameUse& use);
 
 } // namespace korvane

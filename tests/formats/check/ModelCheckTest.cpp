@@ -16,28 +16,27 @@ namespace korvane {
 namespace {
 
 using test::checked;
-using test::expectTold;
-using test::told;
+using test::expectFindings;
+using test::findingLines;
 using Row = test::CheckedText;
 
 TEST(ModelCheck, ReportsWhatASaveDrops) {
     const std::string keys = "AnimationKey {\n 0;\n 2;\n 0;1;1;;;\n 1;1;1;;;\n }\n }\n}\n";
     const Row rows[] = {
         {"frame a {\n}\nanimationset {\n animation m {\n  {frm-a}\n" + keys,
-         "7 keys-not-saved: Frame \"a\" has no mesh: a saved file lacks its 2 keys\n"},
-        {"frame a__e {\n}\n", "2 flags-not-saved: Frame \"a\" has no mesh: a saved file lacks its "
-                              "flags\n"},
+         "7 keys-not-saved: Frame \"a\" has no mesh: its 2 keys are not saved\n"},
+        {"frame a__e {\n}\n",
+         "2 flags-not-saved: Frame \"a\" has no mesh: its flags are not saved\n"},
         {"frame a {\n frame frameb {\n mesh {\n1;\n0;0;0;;\n0;\n}\n }\n}\n",
-         "3 name-not-saved: Frame \"frameb\" does not come back from a saved file: its name holds "
-         "\"frame\" and the frame has a mesh (lost: mesh)\n"},
+         "3 name-not-saved: Frame \"frameb\" is not fully restored from a saved file: its name "
+         "contains \"frame\" and the frame has a mesh (lost: mesh)\n"},
         {"frame a {\n}\nanimationset {\n animation m {\n  {frm-a}\n  AnimationKey {\n 0;\n 0;\n "
          "}\n }\n}\n",
-         "7 keys-not-saved: Frame \"a\" has no mesh: a saved file lacks its animation\n"},
-        {"frame a {\n frame\n }\n}\n",
-         "3 name-not-saved: Frame \"\" does not come back from a saved file: its name is empty "
-         "(lost: name)\n"},
+         "7 keys-not-saved: Frame \"a\" has no mesh: its animation is not saved\n"},
+        {"frame a {\n frame\n }\n}\n", "3 name-not-saved: Frame \"\" is not fully restored from a "
+                                       "saved file: its name is empty (lost: name)\n"},
     };
-    expectTold(rows, false);
+    expectFindings(rows, false);
 }
 
 TEST(ModelCheck, ReportsWhereReadingASavedFileEnds) {
@@ -46,30 +45,28 @@ TEST(ModelCheck, ReportsWhereReadingASavedFileEnds) {
     const std::string end = "}\n}\n";
     const std::string animation = "animationset {\nanimation {\n{frm-a}\nanimationkey {\n1;\n3;\n";
     const Row rows[] = {
-        {head + "3;\n1;0;,0;;1;0;;\n" + end, "3 empty-not-saved: In the mesh of frame \"a\", face "
-                                             "1 has no corners: reading a saved file "
-                                             "ends there\n"},
+        {head + "3;\n1;0;,0;;1;0;;\n" + end,
+         "3 empty-not-saved: In the mesh of frame \"a\", face 1 has no corners: reading a saved "
+         "file stops there\n"},
         {head + "2;\n1;0;,0;;\n" + end, ""},
         {head + "0;\nSI_MeshNormals" + list + end,
          "7 empty-not-saved: In the normals of frame \"a\", face 0 has no corners: reading a saved "
-         "file ends there\n"},
+         "file stops there\n"},
         {head + "0;\nSI_MeshTextureCoords" + list + end,
          "7 empty-not-saved: In the texture coordinates of frame \"a\", face 0 has no corners: "
-         "reading a saved file ends there\n"},
+         "reading a saved file stops there\n"},
         {head + "0;\nSI_MeshVertexColors" + list + end,
          "7 empty-not-saved: In the vertex colours of frame \"a\", face 0 has no corners: reading "
-         "a "
-         "saved file ends there\n"},
+         "a saved file stops there\n"},
         {head + "0;\n" + end + animation + "1;0;;,2;0;;,3;1;5;;;\n}\n}\n}\n",
          "12 empty-not-saved: In the keys of frame \"a\", key 0 (and 1 more) has no values: "
-         "reading "
-         "a saved file ends there\n"},
+         "reading a saved file stops there\n"},
         {head + "0;\n" + end + animation + "1;1;5;;,2;1;5;;,3;0;;;\n}\n}\n}\n", ""},
     };
     for (const Row& row : rows) {
         const std::string text = std::string(test::xsiHeader) + row.body;
         ModelCheck check = checkModel(text, {.hazards = false});
-        EXPECT_EQ(told(check.findings), row.expected) << row.body;
+        EXPECT_EQ(findingLines(check.findings), row.expected) << row.body;
         const ModelCheck again = checkModel(test::writeText(check.document), {.hazards = false});
         const bool ended =
             std::any_of(again.findings.begin(), again.findings.end(),
@@ -87,23 +84,23 @@ TEST(ModelCheck, ReportsHazards) {
         {head + face + normals, ""},
         {head + face, "3 no-normals: The mesh of frame \"a\" has no normals\n"},
         {head + "3;\n3;0,1,2;,\n3;0,9,2;,\n3;0,1,-1;;\n",
-         "3 index-out-of-range: Face 1 of frame \"a\" leads to vertex 9 of 4 (and 1 more)"
-         "\n3 no-normals: The mesh of frame \"a\" has no normals\n"},
+         "3 index-out-of-range: Face 1 of frame \"a\" refers to vertex 9 of 4 (and 1 more)\n"
+         "3 no-normals: The mesh of frame \"a\" has no normals\n"},
         {head + "4;\n3;0,1,3;,\n2;0,1;,\n3;0,0,1;,\n1;0;;\n",
          "3 no-normals: The mesh of frame \"a\" has no normals\n"
          "3 few-corners: Face 1 (and 1 more) of frame \"a\" has fewer than three corners\n"
          "3 no-area: Face 0 (and 1 more) of frame \"a\" has no area\n"},
         {head + face + "SI_MeshNormals {\n1;\n0;0;1;;\n2;\n0;3;0,1,0;,\n1;3;0,0,0;;\n}\n",
-         "11 index-out-of-range: Face 0 of frame \"a\" leads to normal 1 of 1\n"
-         "11 lists-differ: The normals of frame \"a\" are told for 2 faces, not for 1\n"},
+         "11 index-out-of-range: Face 0 of frame \"a\" refers to normal 1 of 1\n"
+         "11 lists-differ: The normals of frame \"a\" cover 2 faces instead of 1\n"},
         {head + face + normals +
              "MeshTextureCoords {\n1;\n0;0;;\n}\nSI_MeshVertexColors {\n1;\n"
              "1;1;1;1;;\n1;\n0;3;0,0,4;;\n}\n",
-         "17 index-out-of-range: Face 0 of frame \"a\" leads to texture coordinate 1 of 1 (and 1 "
+         "17 index-out-of-range: Face 0 of frame \"a\" refers to texture coordinate 1 of 1 (and 1 "
          "more)\n"
-         "21 index-out-of-range: Face 0 of frame \"a\" leads to vertex colour 4 of 1\n"},
+         "21 index-out-of-range: Face 0 of frame \"a\" refers to vertex colour 4 of 1\n"},
         {head + face + normals + "MeshMaterialList {\n1;\n3;\n0,\n1,\n-1;\n" + material,
-         "17 index-out-of-range: Face 1 (and 1 more) of frame \"a\" leads to material 1 of 1\n"
+         "17 index-out-of-range: Face 1 (and 1 more) of frame \"a\" refers to material 1 of 1\n"
          "23 opacity-zero: A material has opacity 0\n"},
     };
     for (const Row& row : rows) {
@@ -121,19 +118,19 @@ TEST(ModelCheck, DoesNotReportFaultsCausedByOthers) {
         {"frame a {\n" + head + "}\nframe b {\n" + head +
              "meshmateriallist {\n1;\n1;\n0;\nmaterial {\nx\n",
          "3 no-normals: The mesh of frame \"a\" has no normals\n"
-         "24 ended-early: Reading ends here: \"x\" is no number, and the rest of the file is left "
-         "out\n"},
+         "24 ended-early: Reading stops here: \"x\" is not a number; the rest of the file is "
+         "ignored\n"},
         {"frame a {\n" + head + "}\n}\n" + keys,
          "3 no-normals: The mesh of frame \"a\" has no normals\n"
-         "15 count-wrong: More numbers follow in \"animationkey {\" than are read, and are left "
-         "out\n"},
+         "15 count-wrong: \"animationkey {\" has more numbers than expected; the rest is "
+         "ignored\n"},
         {"frame a {\n" + head +
              "meshmateriallist {\n2;\n1;\n0;\nmaterial "
              "{\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\n}\n}\n}\n}\n",
-         "10 count-wrong: The list holds fewer materials than it counts: reading takes what stands "
-         "behind it for its own\n"},
+         "10 count-wrong: The list has fewer materials than its count; reading continues into what "
+         "follows\n"},
     };
-    expectTold(rows);
+    expectFindings(rows);
 }
 
 TEST(ModelCheck, NamesUnsupportedHeaders) {
@@ -206,7 +203,7 @@ TEST(ModelCheck, LongAndDeepFilesTakeLinearTime) {
                                    [](const Finding& a, const Finding& b) {
                                        return a.line - 1 < b.line - 1; // 0, no line, comes last
                                    }))
-            << told(check.findings);
+            << findingLines(check.findings);
     }
 }
 
@@ -250,7 +247,7 @@ class TextureFindings : public test::TestFiles {
             text += "Material {\n1;1;1;1;;\n1;\n1;1;1;;\n1;1;1;;\nTextureFilename {\n\"" + name +
                     "\";\n}\n}\n";
         }
-        return told(
+        return findingLines(
             checkModel(text + "}\n}\n}\n", {.hazards = false, .textures = &loader}).findings);
     }
 };
@@ -267,19 +264,18 @@ TEST_F(TextureFindings, ExplainWhyATextureIsNotShown) {
         checkedTextures({"good.tga", "gone.tga", "GOOD.tga", "c:\\x\\good.tga", "Sub\\Deep.TGA",
                          "cut.tga", "photo.jpg", "good", "Good"},
                         loader),
-        "23 texture-missing: Texture \"gone.tga\" is not there\n"
-        "32 texture-spelling: Texture \"GOOD.tga\" is found only with other capitals: "
+        "23 texture-missing: Texture \"gone.tga\" was not found\n"
+        "32 texture-spelling: Texture \"GOOD.tga\" is found only in different letter case: "
         "\"good.tga\"\n"
-        "41 texture-spelling: Texture \"c:\\x\\good.tga\" is found only without its "
-        "folder: \"good.tga\"\n"
-        "50 texture-spelling: Texture \"Sub\\Deep.TGA\" is found only with backslashes "
-        "taken as separators: \"Sub/Deep.TGA\"\n"
-        "50 texture-too-large: Texture \"Sub\\Deep.TGA\" cannot be shown: it has too "
-        "many pixels\n"
-        "59 texture-not-decoded: Texture \"cut.tga\" cannot be shown: it is cut short\n"
-        "68 texture-not-decoded: Texture \"photo.jpg\" cannot be shown: .jpg files are "
-        "not read\n"
-        "86 texture-spelling: Texture \"Good\" is found only with other capitals: \"good.tga\"\n");
+        "41 texture-spelling: Texture \"c:\\x\\good.tga\" is found only without its folder: "
+        "\"good.tga\"\n"
+        "50 texture-spelling: Texture \"Sub\\Deep.TGA\" is found only if backslashes count as "
+        "separators: \"Sub/Deep.TGA\"\n"
+        "50 texture-too-large: Texture \"Sub\\Deep.TGA\" cannot be shown: it has too many pixels\n"
+        "59 texture-not-decoded: Texture \"cut.tga\" cannot be shown: it is truncated\n"
+        "68 texture-not-decoded: Texture \"photo.jpg\" cannot be shown: .jpg files are not read\n"
+        "86 texture-spelling: Texture \"Good\" is found only in different letter case: "
+        "\"good.tga\"\n");
 }
 
 } // namespace

@@ -233,8 +233,8 @@ TEST_F(Textures, AreDecodedOnceForAllThatShareAStore) {
 TEST_F(Textures, TooLargeForOneLoaderIsDecodedForAnother) {
     picture("a.tga", 1);
     const auto store = std::make_shared<TextureStore>();
-    const auto outcome = [&](std::size_t mostPixels) {
-        TextureLoader loader(folder(), mostPixels, store);
+    const auto outcome = [&](std::size_t maxPixels) {
+        TextureLoader loader(folder(), maxPixels, store);
         return loader.outcome(*loader.locate(QStringLiteral("a.tga")));
     };
     EXPECT_TRUE(outcome(0).tooLarge);
@@ -245,10 +245,10 @@ TEST_F(Textures, TooLargeForOneLoaderIsDecodedForAnother) {
 TEST_F(Textures, RefusalsHaveReasons) {
     const std::string bytes(18, '\0');
     const std::pair<const char*, const char*> rows[] = {
-        {"a.tga", "it is a TGA of type 0, and only type 2 is read (true colour, uncompressed)"},
-        {"a.pic", "it is no Softimage picture"},
-        {"a.bmp", "it is no bitmap"},
-        {"a.ico", "it is no icon, or a damaged one"},
+        {"a.tga", "it is a TGA of type 0, but only type 2 (uncompressed true colour) is read"},
+        {"a.pic", "it is not a Softimage picture"},
+        {"a.bmp", "it is not a bitmap"},
+        {"a.ico", "it is damaged, or not an icon"},
         {"a.PNG", ".png files are not read"},
         {"a", "its name has no extension"},
     };
@@ -262,8 +262,8 @@ TEST_F(Textures, RefusalsHaveReasons) {
     };
     EXPECT_EQ(refusal(tga(1, 1, pixel)), "");
     EXPECT_EQ(refusal(tga(1, 1, pixel, {.depth = 8})),
-              "it is a TGA of 8 bits a pixel, and only 16, 24 and 32 are read");
-    EXPECT_EQ(refusal(tga(1, 2, pixel)), "it is cut short");
+              "it is a TGA with 8 bits per pixel, but only 16, 24 and 32 are read");
+    EXPECT_EQ(refusal(tga(1, 2, pixel)), "it is truncated");
     EXPECT_EQ(refusal(tga(0, 1, pixel)), "it has no pixels");
 }
 

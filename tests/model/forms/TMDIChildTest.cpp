@@ -255,7 +255,7 @@ TEST_F(TMDIChildTest, EveryButtonIsTakenBackAndMadeAgain) {
     const std::string fin = bodyNode + "/Frame frm-fin 2";
     const std::tuple<std::string, std::function<void()>, const char*> steps[] = {
         {bodyNode, add, "Frame frm-body"},
-        {bodyNode + "/Frame frm-", [&] { rename("Fin\n 2", QStringLiteral("a blank")); },
+        {bodyNode + "/Frame frm-", [&] { rename("Fin\n 2", QStringLiteral("a space")); },
          "Frame frm-fin 2"},
         {fin, [&] { options("MeshBox GFlagBox", "BasePoseBox TexCoordsBox ", true); },
          "Frame frm-fin 2"},
