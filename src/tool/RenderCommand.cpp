@@ -1,10 +1,12 @@
 #include "render/gl/GlOffscreen.h"
 #include "render/planes/PlaneView.h"
+#include "render/scene/NothingShown.h"
 #include "render/scene/StartCamera.h"
 #include "render/software/SoftwareView.h"
 #include "tool/Commands.h"
 #include "tool/InputFile.h"
 #include "tool/ModelInput.h"
+#include "tool/ModelWarnings.h"
 #include "tool/PictureOutput.h"
 #include "tool/RenderRequest.h"
 #include "tool/Timing.h"
@@ -106,11 +108,27 @@ void placeCamera(RenderRequest& request, ModelDocument& document) {
     document.CameraCenter = request.centre.value_or(document.CameraCenter);
 }
 
+/// Throws Refusal for a file that ends early. That takes a reading of its own.
+void refuseEarlyEnd(const QString& file) {
+    for (const Finding& finding : checkInput(file, {.hazards = false}).findings) {
+        if (finding.id == FindingId::EndedEarly) {
+            throw Refusal(file, QString::fromStdString(finding.text));
+        }
+    }
+}
+
 /// Takes the request by value: placing the camera changes it.
 void renderModel(RenderRequest request, const Job& job,
                  const std::shared_ptr<TextureStore>& store) {
+    if (request.strict) {
+        refuseEarlyEnd(job.in);
+    }
     ModelInput model(job.in, request.base, store);
     placeCamera(request, model.document);
+    const QString reason = whyNothingShows(model.document, request.state);
+    if (request.strict && !request.plane && !reason.isEmpty()) {
+        throw Refusal(job.in, reason);
+    }
     if (request.plane) {
         renderPlane(request, job, model.document);
     } else if (request.state.api == DrawApi::OpenGL) {
@@ -135,6 +153,9 @@ ExitStatus render(const CommandLine& line) {
     checkPictureOutput(line, jobs.front().out);
     RenderRequest request = renderRequest(line);
     request.base = line.value("base");
+    if (inputsOf(jobs).contains(QLatin1String("-"))) {
+        line.forbid({"strict"}, QStringLiteral("cannot be used with \"-\""));
+    }
     request.repeat = repeatCount(line, jobs.front());
     const InputFiles inputs(inputsOf(jobs));
     constexpr std::size_t keptPixels = std::size_t{64} << 20U;

@@ -86,6 +86,7 @@ void addRenderOptions(CommandLine& line) {
     line.addFlag("no-transparent", "Draw all materials opaque; 3D only.");
     line.addFlag("no-hidden-transparent",
                  "Do not draw the far sides of translucent meshes; 3D only.");
+    line.addFlag("strict", "Write nothing if the file ends early, or a 3D picture would be empty.");
 }
 
 RenderRequest renderRequest(const CommandLine& line) {
@@ -101,6 +102,7 @@ RenderRequest renderRequest(const CommandLine& line) {
     readCamera(line, request);
     request.state.allowTransparent = !line.isSet("no-transparent");
     request.state.showHiddenTransparent = !line.isSet("no-hidden-transparent");
+    request.strict = line.isSet("strict");
     return request;
 }
 

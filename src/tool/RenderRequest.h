@@ -23,6 +23,7 @@ struct RenderRequest {
     std::optional<ViewPlane> plane; ///< the 2D view to draw instead of the 3D one
     /// With noBackground, pixels that nothing covers are transparent.
     BitmapPixel background = 0;
+    bool strict = false; ///< refuses files that end early and empty pictures
 
     static constexpr BitmapPixel noBackground = 0;
 };
