@@ -15,10 +15,12 @@ void PendingShininess::commit(EditHistory& history, ModelDocument& document, std
     float& power = document.Materials[material].Power;
     const float before = powerOf(remembered_).value_or(power_);
     std::string shown = text;
-    if (before == power) {
-        power = power_; // "-0" is an equal number but is saved as other bytes
+    if (before == power || remembered_ == text) {
+        // "-0" is an equal number but is saved as other bytes; and a text that is no number, typed
+        // again, must not leave the power of what stood there meanwhile
+        power = power_;
         ++document.LiveChanges;
-    } else if (remembered_ != text) {
+    } else {
         recordPower(history, document, material, before, power);
     }
     start(std::move(shown), power); // only now, so that a failed record is tried again

@@ -20,7 +20,7 @@ class PendingShininess {
     void change() { pending_ = true; }
     /// Records one step if both the text and the power changed since start(), then starts again.
     /// The old power is the number in the old text, or the power from start() if that is no number.
-    /// If only the text changed, restores the power from start() bit by bit.
+    /// If only one of them changed, restores the power from start() bit by bit.
     void commit(EditHistory& history, ModelDocument& document, std::size_t material,
                 const std::string& text);
 

@@ -154,6 +154,11 @@ TEST(MaterialEditing, AnInvalidShininessIsRefused) {
     }
     user.work({"commit"});
     EXPECT_FALSE(user.history.canUndo());
+    EXPECT_FALSE(user.materials->typeShininess("3").refused);
+    EXPECT_TRUE(user.materials->typeShininess("1e99").refused);
+    user.work({"commit"});
+    EXPECT_FALSE(user.history.canUndo());
+    EXPECT_EQ(user.material().Power, 200.0F) << "no change without an entry";
     EXPECT_FALSE(user.materials->typeShininess("0").refused);
     user.work({"end"});
     user.history.undo(user.document);
