@@ -342,7 +342,15 @@ void DocumentSession::writeFlags(DialogSubject& subject, const FrameFlags& flags
 Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSubject& subject,
                                     bool confirmed) {
     FrameRecord* frame = stillThere(subject);
-    if (frame == nullptr || frameFlags(*frame) == asked.flags) {
+    if (frame == nullptr) {
+        return {};
+    }
+    if (frameFlags(*frame) == asked.flags) {
+        if (subject.revision != asked.subject.revision) {
+            // clicked back: there is no unsaved work to keep a copy of
+            model_.Revision = asked.subject.revision;
+            ++model_.LiveChanges; // the revisions in between will come again with other content
+        }
         return {};
     }
     if (confirmed) {

@@ -50,12 +50,14 @@ class SessionRecovery : public TestFiles {
     static PlaneInput at(float x, float y) {
         return {ViewPlane::XY, 200, 160, {DragButton::Left, x, y}};
     }
-    void clickOption(bool confirmed) {
+    void clickOption(bool confirmed, int clicks = 1) {
         const OptionsQuestion question = session_->optionsQuestion().value();
         DialogSubject subject = question.subject;
         FrameFlags flags = question.flags;
-        flags.GFlag = !flags.GFlag;
-        session_->writeFlags(subject, flags);
+        for (; clicks > 0; --clicks) {
+            flags.GFlag = !flags.GFlag;
+            session_->writeFlags(subject, flags);
+        }
         session_->endOptions(question, subject, confirmed);
     }
     void startDrag() {
@@ -173,6 +175,7 @@ TEST_F(SessionRecovery, TheCopyStaysUnlessTheWorkIsInAFileOrGivenUp) {
          },
          false, false},
         {"cancelled options", [&] { clickOption(false); }, false, true},
+        {"options clicked back", [&] { clickOption(true, 2); }, false, false},
         {"given up", [&] { session_->add(), session_->giveUpWork(true); }, true, false},
         {"given up, but another window was kept open and a save failed",
          [&] {
