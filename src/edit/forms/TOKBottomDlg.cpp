@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHeaderView>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -176,7 +177,8 @@ void TOKBottomDlg::setMask(const QString& mask) {
     mask_ = mask;
     {
         const QScopedValueRollback<bool> filling(filling_, true);
-        files_->setNameFilters(mask.split(u';', Qt::SkipEmptyParts));
+        static const QRegularExpression between(QStringLiteral("\\s*;\\s*"));
+        files_->setNameFilters(mask.split(between, Qt::SkipEmptyParts));
     }
     clearChoice();
 }

@@ -7,6 +7,8 @@
 
 #include <QLocale>
 
+#include <limits>
+
 namespace korvane {
 
 namespace {
@@ -27,7 +29,8 @@ TOKBottomDlg1::TOKBottomDlg1(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TOKBottomDlg1>()) {
     ui_->setupUi(this);
     setHints(*this);
-    // what the dialog begins with stays as it is: only what the user enters is changed
+    // what the dialog begins with stays as it is, however long: only what the user enters is changed
+    ui_->NameEdit->setMaxLength(std::numeric_limits<int>::max());
     connect(ui_->NameEdit, &QLineEdit::textEdited, this, &TOKBottomDlg1::NameEditChange);
 }
 
