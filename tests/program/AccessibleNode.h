@@ -105,7 +105,8 @@ class AccessibleNode {
                                 const QVariantList& arguments) const {
         QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
         message.setArguments(arguments);
-        return bus_.call(message).arguments().value(0);
+        const QDBusMessage reply = bus_.call(message);
+        return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0) : QVariant();
     }
     [[nodiscard]] QVariant call(const char* interface, const char* method,
                                 const QVariantList& arguments = {}) const {

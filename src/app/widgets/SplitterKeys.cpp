@@ -23,8 +23,10 @@ bool SplitterKeys::eventFilter(QObject* watched, QEvent* event) {
         handle_.update();
         break;
     case QEvent::KeyPress: {
-        const int key = dynamic_cast<const QKeyEvent&>(*event).key();
-        if (key == Qt::Key_Left || key == Qt::Key_Right) {
+        const auto& pressed = dynamic_cast<const QKeyEvent&>(*event);
+        const int key = pressed.key();
+        if ((key == Qt::Key_Left || key == Qt::Key_Right) &&
+            (pressed.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
             // the first pane is on the right where writing goes to the left
             move((key == Qt::Key_Right) != splitter_.isRightToLeft() ? step : -step);
             return true;

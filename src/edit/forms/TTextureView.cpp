@@ -45,6 +45,7 @@ TTextureView::TTextureView(Ui::TMaterial& controls, FaceTreeModel& faces, QWidge
 }
 
 TTextureView::~TTextureView() {
+    ui_.Image1->setSentence({}); // it calls back, and lives on
     DeleteBMP();
 }
 
@@ -255,6 +256,7 @@ void TTextureView::DrawTexTri() {
     const TexCoordTexts texts = view_.texts(materials_->mesh(), part);
     statusPanels_[0]->setText(QString::fromStdString(texts.x));
     statusPanels_[1]->setText(QString::fromStdString(texts.y));
+    ui_.Image1->sentenceChanged();
 }
 
 void TTextureView::wheelTurned(const DragInput& input, float notches) {

@@ -96,8 +96,9 @@ QString MaterialEditing::faceText(const std::optional<FacePart>& selected) const
 }
 
 QString MaterialEditing::textureSentence(const std::optional<FacePart>& selected) const {
-    QString text = QStringLiteral("The texture %1 with the faces over it")
-                       .arg(withoutFolder(material().TextureFile));
+    QString text = currentMaterial() ? QStringLiteral("The texture %1 with the faces over it")
+                                           .arg(withoutFolder(material().TextureFile))
+                                     : QStringLiteral("The faces of the mesh, without a material");
     if (selected) {
         text += QStringLiteral("; face %1 is selected").arg(selected->face + 1);
     }

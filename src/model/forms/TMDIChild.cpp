@@ -39,6 +39,8 @@ TMDIChild::TMDIChild(const ViewColors& colors, QWidget* parent)
     ui_->setupUi(content);
     setWidget(content);
     new SplitterKeys(*ui_->Splitter2);
+    setTabOrder(ui_->TwoDVisibleBox, ui_->Splitter2->handle(1));
+    setTabOrder(ui_->Splitter2->handle(1), ui_->Image3);
     setHints(*this);
     setWindowTitle(QStringLiteral("MDI Child"));
     setWindowIcon(paletteIcon(QStringLiteral("document")));

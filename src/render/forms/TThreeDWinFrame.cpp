@@ -102,8 +102,9 @@ void TThreeDWinFrame::setUpKeys() {
         QAction* action = directions->addAction(QString::fromLatin1(axis.name));
         action->setStatusTip(
             QStringLiteral("Turns the 3D view to look along %1").arg(action->text()));
-        connect(action, &QAction::triggered, this, [tell, angles = axis.angles] {
+        connect(action, &QAction::triggered, this, [this, tell, angles = axis.angles] {
             tell([&](DocumentSession& session) { return session.lookAlong(angles); });
+            sentenceChanged();
         });
     }
     controls->insert(*directions);

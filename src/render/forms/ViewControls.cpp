@@ -96,7 +96,7 @@ void ViewControls::addCommands() {
     for (const auto& [caption, hint, key] : shows) {
         QAction* action = menu_.addAction(QString::fromLatin1(caption));
         action->setStatusTip(QString::fromLatin1(hint));
-        connect(action, &QAction::triggered, this, [this, key = key] { handlers_.key(key); });
+        connect(action, &QAction::triggered, this, [this, key = key] { carryOut(key); });
     }
     pictureCommands_ = menu_.addSeparator();
     QAction* copy = menu_.addAction(QStringLiteral("Copy Picture"));
@@ -154,10 +154,14 @@ bool ViewControls::keyEvent(const QKeyEvent& event) {
     }
     const std::optional<ViewKey> key = viewKey(event);
     if (key && !ModalCall::running()) {
-        handlers_.key(*key);
-        view_.sentenceChanged();
+        carryOut(*key);
     }
     return key.has_value();
+}
+
+void ViewControls::carryOut(ViewKey key) {
+    handlers_.key(key);
+    view_.sentenceChanged();
 }
 
 void ViewControls::placeButton() {

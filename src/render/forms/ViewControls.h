@@ -44,6 +44,7 @@ class ViewControls : public QObject {
   private:
     void addCommands();
     bool keyEvent(const QKeyEvent& event);
+    void carryOut(ViewKey key);
     void placeButton();
     void copyPicture() const;
     void savePicture();
