@@ -6,14 +6,14 @@ class QMdiArea;
 
 namespace korvane {
 
-/// Says in the middle of an area without windows how to begin.
+/// Tells the user how to begin, in the middle of an area without windows.
 class BeginHint : public QLabel {
     Q_OBJECT
   public:
     /// The area owns the label.
     explicit BeginHint(QMdiArea& area);
 
-    /// Can be read on the area's background again.
+    /// Takes a text colour that is readable on the area's background.
     void followBackground();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

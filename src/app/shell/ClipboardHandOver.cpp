@@ -19,7 +19,7 @@ namespace korvane {
 
 namespace {
 
-// Large contents take their time, but a manager that is at work keeps asking.
+// Large contents take long, but a manager at work keeps sending requests.
 constexpr std::chrono::milliseconds longestSilence{1000};
 constexpr std::chrono::milliseconds longest{20000};
 
@@ -36,7 +36,7 @@ xcb_atom_t atom(xcb_connection_t* connection, const char* name) {
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-/// A window that asks the clipboard manager to save the clipboard, and waits for its answer.
+/// Asks the clipboard manager to save the clipboard, and receives its answer through a window.
 class SaveRequest : public QAbstractNativeEventFilter {
   public:
     explicit SaveRequest(xcb_connection_t* connection)
@@ -56,12 +56,12 @@ class SaveRequest : public QAbstractNativeEventFilter {
 
     void send(xcb_atom_t manager) {
         const xcb_atom_t saveTargets = atom(connection_, "SAVE_TARGETS");
-        // the property does not exist, which asks for all there is
+        // a property that does not exist requests all formats
         xcb_convert_selection(connection_, window_, manager, saveTargets, saveTargets,
                               XCB_CURRENT_TIME);
         xcb_flush(connection_);
     }
-    /// Whether there is nothing more to wait for.
+    /// Returns true if there is nothing to wait for.
     [[nodiscard]] bool ended() const {
         return answered_ || silence_.hasExpired() || deadline_.hasExpired();
     }
@@ -93,8 +93,8 @@ class SaveRequest : public QAbstractNativeEventFilter {
 
 } // namespace
 
-// Qt does the same when the application object goes. But by then nothing serves the pieces in which
-// the X server wants large contents to be moved, and a manager gets no more than small ones.
+// Qt does the same in the application's destructor. But then nothing serves the pieces in which X11
+// transfers large contents, so a manager would only receive small ones.
 void handOverClipboard() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr || !QGuiApplication::clipboard()->ownsClipboard()) {
@@ -109,7 +109,7 @@ void handOverClipboard() {
     }
     SaveRequest request(connection);
     request.send(manager);
-    QTimer wake; // events may stay away
+    QTimer wake; // there may be no events
     wake.start(longestSilence / 4);
     while (!request.ended()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

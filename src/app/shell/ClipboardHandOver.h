@@ -2,10 +2,10 @@
 
 namespace korvane {
 
-/// Lets the desktop keep what this program has put on the clipboard, as far as there is a clipboard
-/// manager that does so. To be called when the windows are closed and the application still runs;
-/// ends after a second without a word of the manager, and after 20 s in any case. Other platforms
-/// than X11 do it by themselves.
+/// Has the clipboard manager of an X11 desktop, if there is one, save what this program has put on
+/// the clipboard. Call it when the windows are closed and the application still runs. It waits
+/// until the manager answers or is silent for a second, and for 20 s at most. Does nothing on other
+/// platforms.
 void handOverClipboard();
 
 } // namespace korvane

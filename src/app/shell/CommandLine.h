@@ -7,8 +7,8 @@
 
 namespace korvane {
 
-/// The text to print in place of starting, if one of the words before "--" asks for it: "--help",
-/// "-h" or "--version". All other words are models to open, or ignored.
+/// Returns the text to print instead of starting if "--help", "-h" or "--version" is among the
+/// words before "--". All other words are models to open, or ignored.
 std::optional<QString> commandLineAnswer(const QStringList& words);
 
 } // namespace korvane

@@ -11,8 +11,8 @@
 #include <cstdlib>
 #include <exception>
 
-// The icons' resources are in a library, which the linker would not take them from by itself; the
-// macro wants a function outside of any namespace.
+// The linker drops the icons' resources from a static library unless something refers to them. The
+// macro only works outside of any namespace.
 static void initIcons() {
     Q_INIT_RESOURCE(icons);
 }
@@ -26,9 +26,9 @@ int& programNameOnly(int& argc) {
     return argc;
 }
 
-/// Takes what the toolkit says while it looks for a display. The fatal message tells that none can
-/// be had; those before it tell of each that was tried, which is no news where one works; debug
-/// messages come only to those who asked for them.
+/// Handles the toolkit's messages while it looks for a display. The fatal one means that none
+/// works. The ones before it report each failed try and do not matter if another succeeds. Debug
+/// messages appear only on request, so they are passed on.
 void tellMissingDisplay(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtDebugMsg) {
         std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
@@ -57,8 +57,8 @@ EditorApplication::EditorApplication(int& argc, char** argv)
     setApplicationVersion(QStringLiteral(KORVANE_VERSION));
     initIcons();
     setWindowIcon(paletteIcon(QStringLiteral("program")));
-    // The file and colour dialogs keep their last folders, sizes and colours in a settings file of
-    // their own accord; a place where no file can be keeps them from it.
+    // The file and colour dialogs save their last folders, sizes and colours in a settings file. A
+    // path that cannot contain a file prevents that.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QProcess::nullDevice());
 }
 
@@ -73,9 +73,8 @@ bool EditorApplication::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception&) {
-        // Only memory that ran out gets here, or a copy that no clipboard block can hold. By now
-        // what asked for it is gone and most of it is free again, so that the user can be told and
-        // can save.
+        // Memory ran out, or a copy is too large for a clipboard block. Unwinding has freed most of
+        // the memory, so there is enough to tell the user, who can then save.
         tellMemoryFailure();
     }
     return true;

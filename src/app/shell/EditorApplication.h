@@ -6,19 +6,19 @@
 
 namespace korvane {
 
-/// The application as the editor needs it: its title, nothing kept from one run to the next, and no
-/// exception let through to the user.
+/// The editor's application object: has the program's title, keeps no settings between runs and
+/// lets no exception reach the user.
 class EditorApplication : public QApplication {
   public:
-    /// Both must outlive the application. The words behind the program's name are cut off: the
-    /// toolkit would look for its own options among them, and a file's name must not become one.
+    /// Both must outlive the application. Reduces `argc` to the program's name: the toolkit would
+    /// take file names for its own options.
     EditorApplication(int& argc, char** argv);
 
-    /// Makes the application, or says in one line on standard error that there is no display and
-    /// ends the program with status 1, where the toolkit would abort.
+    /// Makes the application. Without a display, where the toolkit would abort, prints one line to
+    /// standard error and ends the program with status 1.
     static std::unique_ptr<EditorApplication> onDisplay(int& argc, char** argv);
 
-    /// Tells the user that a command has ended for want of memory.
+    /// Tells the user that there was not enough memory for a command.
     static void tellMemoryFailure();
 
     bool notify(QObject* receiver, QEvent* event) override;

@@ -12,10 +12,10 @@
 
 namespace korvane {
 
-/// The main frame and the dialogs that live for the whole run, made in this order. The dialogs show
-/// over the frame and are gone before it.
+/// The main frame and the dialogs that exist for the whole run. The frame is their parent: it is
+/// made first and destroyed last.
 struct EditorForms {
-    /// `paths` are the models to open at the frame's first activation.
+    /// `paths` are the models to open when the frame is first activated.
     explicit EditorForms(const QStringList& paths) : mainForm(*this, paths) {
         material.setTextureDialog(loadTexture);
     }

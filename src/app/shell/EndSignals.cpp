@@ -26,7 +26,7 @@ constexpr std::array ends = {SIGTERM, SIGHUP, SIGINT};
 using Nanoseconds = std::int64_t;
 constexpr Nanoseconds second = 1'000'000'000;
 
-// What the handler uses: it may interrupt anything, on any thread.
+// The signal handler uses these; it can interrupt any code on any thread.
 std::array<int, 2> pipeEnds = {-1, -1}; ///< to read from and to write to; set before the handler
 std::atomic<Nanoseconds> firstAt = 0;   ///< when the first signal came; 0 before
 static_assert(std::atomic<Nanoseconds>::is_always_lock_free);
@@ -45,10 +45,10 @@ void handle(int signal) {
     if (!firstAt.compare_exchange_strong(first, time)) {
         if (time - first >= second) {
             std::signal(signal, SIG_DFL);
-            std::raise(signal); // comes when this handler returns
+            std::raise(signal); // delivered when this handler returns
         }
     } else if (write(pipeEnds[1], &number, 1) != 1) {
-        // an empty pipe takes a byte: this cannot be, but then the next signal ends the program
+        // cannot happen, since the pipe is empty; if it does, a later signal ends the program
     }
     errno = error;
 }
@@ -98,7 +98,7 @@ bool isCaught(int signal) {
 EndSignals::EndSignals(std::function<void()> beforeEnd) : beforeEnd_(std::move(beforeEnd)) {
     firstAt = 0;
     if (!makePipe()) {
-        return; // the signals end the program as they always have
+        return; // signals end the program without notice
     }
     wake_ = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
     QObject::connect(wake_.get(), &QSocketNotifier::activated, [this] {
@@ -133,7 +133,7 @@ void EndSignals::end(int signal) const {
             beforeEnd_();
         }
     } catch (const std::exception&) {
-        // memory ran out, and nobody is there any more who could be told
+        // memory ran out, and it is too late to tell the user
     }
     endBy(signal);
 }

@@ -7,20 +7,19 @@ class QSocketNotifier;
 
 namespace korvane {
 
-/// Catches the signals by which the system, a terminal or another program ends this one (SIGTERM,
-/// SIGHUP, SIGINT), as long as the object lives. The next event loop to look for events, that of a
-/// dialog or of a long read included, calls a function and then lets the signal end the program, so
-/// that whoever waits for the program sees what ended it. A signal that was ignored when the
-/// program started stays ignored.
+/// While the object exists, catches the signals by which the system, a terminal or another program
+/// ends this one (SIGTERM, SIGHUP, SIGINT). The event loop that runs next, even that of a dialog or
+/// of a long read, calls a function and then lets the signal end the program, so that a waiting
+/// parent process sees its cause. Signals ignored at the program's start stay ignored.
 ///
-/// Ends come in pairs: a terminal that closes hangs up twice, and a login that ends may send
-/// SIGTERM and SIGHUP at once. So whatever else comes within a second belongs to the first signal;
-/// what comes later, while the function or the event loop still keeps the program, ends it at once.
+/// These signals come in pairs: a closing terminal hangs up twice, and a logout may send SIGTERM
+/// and SIGHUP at once. So further signals within a second of the first are dropped; a later one
+/// ends the program at once, even if the function or the event loop is still busy.
 ///
-/// Other platforms than Unix have no such signals. Only one object may live at a time.
+/// Does nothing on platforms other than Unix. Only one object may exist at a time.
 class EndSignals {
   public:
-    /// Calls `beforeEnd`, where there is one, before the program ends. What it throws is dropped.
+    /// Calls `beforeEnd`, unless it is empty, before the program ends. Drops its exceptions.
     explicit EndSignals(std::function<void()> beforeEnd);
     ~EndSignals();
     EndSignals(const EndSignals&) = delete;

@@ -15,8 +15,8 @@ namespace korvane {
 
 Logout::Logout(TMainForm& frame, std::function<void()> keepAll)
     : frame_(frame), keepAll_(std::move(keepAll)) {
-    // A desktop that restores its sessions would start the editor without its models, and would
-    // wait for a program that takes no word of the session on its command line.
+    // A desktop that restores its session would start the editor without its models, and wait for
+    // a program that ignores the session options on its command line.
     const auto startNoMore = [](QSessionManager& desktop) {
         desktop.setRestartHint(QSessionManager::RestartNever);
     };
@@ -32,7 +32,7 @@ void Logout::commitData(QSessionManager& desktop) {
             desktop.cancel();
         }
     } catch (const std::exception&) {
-        // memory ran out while a model was saved, and what called this takes no exception
+        // memory ran out while a model was saved; the caller cannot handle exceptions
         end_ = End::AsUsual;
         desktop.cancel();
         EditorApplication::tellMemoryFailure();
@@ -41,7 +41,7 @@ void Logout::commitData(QSessionManager& desktop) {
 
 bool Logout::mayEnd(const std::function<bool()>& mayAsk) {
     qApp->installEventFilter(this);
-    // first of all: the desktop may lose its patience while the user thinks
+    // first of all: the desktop may end the program while the user still thinks
     end_ = End::Kept;
     keep();
     if (ModalCall::running() || (frame_.needsCloseQuestion() && !mayAsk())) {
@@ -68,12 +68,12 @@ void Logout::keep() const {
             keepAll_();
         }
     } catch (const std::exception&) {
-        // memory ran out: what was kept before must do
+        // memory ran out: earlier copies must suffice
     }
 }
 
 bool Logout::eventFilter(QObject* watched, QEvent* event) {
-    // with the frame closed it is the program itself that quits
+    // if the frame is closed, the program itself has quit
     if (watched != qApp || event->type() != QEvent::Quit || end_ == End::AsUsual ||
         !frame_.isVisible()) {
         return false;

@@ -10,21 +10,21 @@ namespace korvane {
 
 class TMainForm;
 
-/// The program's part in the end of the desktop's session. First the desktop asks every program
-/// whether its session may end, and only later tells them to quit.
+/// Handles the end of the desktop's session. The desktop first asks every program whether the
+/// session may end, and tells them to quit later.
 ///
-/// Where the desktop lets programs ask their users, this one asks its close questions, and Cancel
-/// stops the logout. Where it does not, or while a dialog is open, over which no other one may
-/// show, the logout is not held up: what is not saved is kept by the function given.
+/// If the desktop permits questions, this object asks the close questions, and Cancel stops the
+/// logout. If it does not, or if a dialog is open, which no other may cover, the logout continues:
+/// `keepAll` has kept the unsaved work.
 class Logout : public QObject {
     Q_OBJECT
   public:
-    /// `keepAll` keeps what is not saved for the next run, where there is such a function.
+    /// `keepAll`, unless it is empty, keeps unsaved work for the next run.
     Logout(TMainForm& frame, std::function<void()> keepAll);
 
-    /// Whether the session may end. `mayAsk` asks the desktop whether the user may be asked now. It
-    /// can take until other programs have asked; a dialog that the user opens meanwhile comes
-    /// first.
+    /// Returns whether the session may end. `mayAsk` asks the desktop whether this program may ask
+    /// the user now. It can block until other programs have asked; a dialog that the user opens
+    /// meanwhile takes precedence.
     bool mayEnd(const std::function<bool()>& mayAsk);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,11 +35,11 @@ class Logout : public QObject {
     /// Asks the close questions, in front of other programs' windows.
     [[nodiscard]] bool questionsAnswered();
 
-    /// How the program ends when the desktop tells it to quit.
+    /// How the program ends once the desktop tells it to quit.
     enum class End {
-        AsUsual, ///< the session goes on
-        Asked,   ///< the windows close without another question
-        Kept     ///< at once: a dialog may be open
+        AsUsual, ///< the session continues
+        Asked,   ///< closes the windows without another question
+        Kept     ///< exits at once: a dialog may be open
     };
 
     TMainForm& frame_;

@@ -22,7 +22,7 @@ QList<QMdiSubWindow*> windows(const QMdiArea& area, bool minimized) {
 } // namespace
 
 QList<QRect> tileRects(const QSize& area, int count, Qt::Orientation orientation) {
-    // as if tiles were stacked in lines of whole length: lines lie across the stack
+    // a line is a column of horizontal tiles, or a row of vertical ones
     int lines = 1;
     while ((lines + 1) * (lines + 1) <= count) {
         ++lines;
@@ -57,7 +57,7 @@ void cascadeWindows(QMdiArea& area) {
     const int inStack = std::max((space.height() - size.height()) / step, 1);
     int place = 0;
     for (QMdiSubWindow* window : open) {
-        window->showNormal(); // a maximised one has no place of its own
+        window->showNormal(); // a maximised window cannot be placed
         window->setGeometry({QPoint(place * step, place * step), size});
         window->raise();
         place = (place + 1) % inStack;

@@ -13,7 +13,7 @@ namespace korvane {
 
 namespace {
 
-/// What Qt calls a format whose name other programs see as it is.
+/// Returns Qt's name of a format that other programs see by this name.
 QString nativeFormat(const QString& name) {
 #ifdef Q_OS_WIN
     return QStringLiteral("application/x-qt-windows-mime;value=\"%1\"").arg(name);
@@ -26,7 +26,7 @@ QString blockFormat() {
     return nativeFormat(QStringLiteral("Korvane II Model Editor, String"));
 }
 
-/// The first four bytes of the block alone, so that a question does not move all of it.
+/// Contains only the first four bytes of the block, so that a query need not transfer all of it.
 QString contentFormat() {
     return nativeFormat(QStringLiteral("Korvane II Model Editor, String, Content"));
 }
@@ -38,7 +38,7 @@ constexpr qsizetype contentSize = 4;
 ModelClipboard::ModelClipboard() {
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
             [this] { asked_ = false; });
-    // an owner that was too busy to answer may have come to itself while the user was elsewhere
+    // an owner that was too busy to answer may have recovered while the user was elsewhere
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
             [this](Qt::ApplicationState state) {
                 asked_ = asked_ && (answered_ || state != Qt::ApplicationActive);
@@ -63,7 +63,7 @@ std::optional<ClipboardContent> ModelClipboard::content() {
 void ModelClipboard::ask() {
     asked_ = true;
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-    // once, as every question waits for an answer anew
+    // once: each query waits for the owner
     const QStringList formats = data != nullptr ? data->formats() : QStringList();
     answered_ = !formats.isEmpty();
     content_.reset();

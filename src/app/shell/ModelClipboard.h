@@ -9,27 +9,25 @@
 
 namespace korvane {
 
-/// The system clipboard as far as it holds frames or materials. Whoever has filled it may answer
-/// slowly or not at all: what it holds is asked for once after a change, when somebody wants to
-/// know.
+/// Puts frames and materials on the system clipboard and reads them. The owner of its content may
+/// hang, so the content's kind is queried lazily and cached until the clipboard changes.
 class ModelClipboard : public QObject {
   public:
     ModelClipboard();
 
-    /// Puts a block, which must be one, on the clipboard, from where other programs can take it as
-    /// well. When this program ends it is handed over to the desktop, where that keeps what was
-    /// copied.
+    /// Puts a valid block on the clipboard, where other programs can read it as well. It survives
+    /// the end of this program if the desktop has a clipboard manager.
     static void put(const QByteArray& block);
-    /// What block there is; nothing if there is none.
+    /// Returns what the block on the clipboard contains, or nothing if there is none.
     [[nodiscard]] std::optional<ClipboardContent> content();
-    /// The bytes of the block; empty if there is none or its owner does not answer.
+    /// Returns the bytes of the block; empty if there is none or its owner does not answer.
     [[nodiscard]] static QByteArray block();
 
   private:
     void ask();
 
     bool asked_ = false;
-    bool answered_ = false; ///< there was something on the clipboard
+    bool answered_ = false; ///< the clipboard had content of any kind
     std::optional<ClipboardContent> content_;
 };
 

@@ -16,7 +16,7 @@ namespace korvane {
 
 namespace {
 
-/// The names of the copies that cannot be read, with the reason; empty where all can be.
+/// Returns a message with the names of these unreadable copies and the reasons; empty for none.
 QString unreadable(const std::vector<LeftCopy>& copies) {
     QStringList names;
     for (const LeftCopy& copy : copies) {

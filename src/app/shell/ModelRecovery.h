@@ -15,28 +15,28 @@ namespace korvane {
 
 class TMDIChild;
 
-/// The recovery copies of the open models, and those that other runs of the program have left.
+/// Keeps the recovery copies of the open models, and offers those that earlier runs have left.
 class ModelRecovery : public QObject {
     Q_OBJECT
   public:
     ModelRecovery();
 
     [[nodiscard]] const RecoveryFolder& folder() const { return folder_; }
-    /// Makes the copies of the windows' models that are due, or all. What the user has to be told;
-    /// empty where there is nothing, or it was told before.
+    /// Makes the copies that are due, or all. Returns a message for the user if one failed; empty
+    /// if none did or this was reported before.
     QString keep(const QList<TMDIChild*>& windows, RecoveryKeeper::When when);
-    /// That a window closed whose model is neither in a file nor in a copy.
+    /// Returns the message that a window has closed with its work in no file and no copy.
     [[nodiscard]] QString lostText(const QString& model) const;
-    /// Offers the user what ended programs have left, over the window; `open` opens a copy. What
-    /// the user has to be told besides.
+    /// Offers the user the copies of ended programs, in a dialog over the window; `open` opens one.
+    /// Returns a message about unreadable copies unless the dialog has shown it.
     QString offer(QWidget& window, const std::function<void(LeftCopy&)>& open);
 
   Q_SIGNALS:
-    /// A copy is due, and no event has come that would have made it.
+    /// A copy is due, and no event has caused it to be made.
     void due();
 
   private:
-    /// That a copy could not be made; empty where it was told before.
+    /// Returns the message that copies cannot be made; empty after the first call.
     QString failure();
 
     RecoveryFolder folder_ = RecoveryFolder::ofUser();

@@ -6,14 +6,14 @@ class QToolButton;
 
 namespace korvane {
 
-/// Shows one widget in its own size; where there is too little width, a button at either end
-/// scrolls it.
+/// Shows a widget at no less than its preferred width. If there is too little room, a button at
+/// each end and the mouse wheel scroll it.
 class PageScroller : public QWidget {
     Q_OBJECT
   public:
     explicit PageScroller(QWidget* parent);
 
-    /// Shows the widget, which the scroller then owns.
+    /// Shows the widget and takes ownership of it.
     void setWidget(QWidget* shown);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -34,7 +34,7 @@ class PageScroller : public QWidget {
     QToolButton* back_;
     QToolButton* forth_;
     QWidget* shown_ = nullptr;
-    int offset_ = 0; ///< how many pixels of the widget are scrolled away on the left
+    int offset_ = 0; ///< how many pixels of the widget are hidden on the left
 };
 
 } // namespace korvane

@@ -42,7 +42,7 @@ TAboutBox::~TAboutBox() = default;
 
 void TAboutBox::showEvent(QShowEvent* event) {
     if (ui_->Details->text().isEmpty()) {
-        // not before: asking the driver takes a moment
+        // not earlier: querying the driver takes a moment
         constexpr int icon = 64;
         ui_->ProgramIcon->setPixmap(
             QApplication::windowIcon().pixmap(QSize(icon, icon), devicePixelRatio()));

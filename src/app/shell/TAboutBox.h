@@ -10,14 +10,14 @@ namespace Ui {
 class TAboutBox;
 }
 
-/// The product, its version and what a report of a fault needs to tell of the machine.
+/// Shows the product, its version and what a bug report needs to say about the machine.
 class TAboutBox : public QDialog {
     Q_OBJECT
   public:
     explicit TAboutBox(QWidget* parent);
     ~TAboutBox() override;
 
-    /// What the box shows and its copy button copies, a line each.
+    /// Returns the lines that the box shows and its copy button copies.
     [[nodiscard]] QString report() const;
 
   protected:

@@ -13,17 +13,17 @@ namespace Ui {
 class TColorOptions;
 }
 
-/// The drawing colours of this run, which nothing else keeps. A swatch takes a chosen colour at
-/// once: Cancel withholds it from the open windows only.
+/// The colour options; the swatches hold the drawing colours of the run. A swatch keeps a chosen
+/// colour even after Cancel, which only withholds it from the open windows.
 class TColorOptions : public QDialog {
     Q_OBJECT
   public:
     explicit TColorOptions(QWidget* parent);
     ~TColorOptions() override;
 
-    /// What a 3D view draws with.
+    /// Returns the colours of the 3D views.
     [[nodiscard]] ViewColors viewColors() const;
-    /// What the 2D views draw with.
+    /// Returns the colours of the 2D views.
     [[nodiscard]] PlaneColors planeColors() const;
 
   private:

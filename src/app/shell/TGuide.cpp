@@ -8,7 +8,7 @@
 #include <QScrollBar>
 #include <QTextBlock>
 
-// resources of a library take part only if asked for, outside of any namespace
+// a library's resources must be requested, outside of any namespace
 static void initGuide() {
     Q_INIT_RESOURCE(guide);
 }
@@ -23,7 +23,7 @@ TGuide::TGuide(QWidget* parent) : QTextBrowser(parent) {
     setWindowTitle(QStringLiteral("Guide"));
     setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(fontMetrics().height());
-    // of about 80 letters a line
+    // about 80 letters per line
     resize(fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 40);
 }
 
@@ -68,7 +68,7 @@ void TGuide::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
 void TGuide::scrollToHeading(const QString& link) {
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         if (block.blockFormat().headingLevel() > 0 && linkOf(block.text()) == link) {
-            setTextCursor(QTextCursor(block)); // where the keyboard goes on
+            setTextCursor(QTextCursor(block)); // the keyboard continues from here
             const QRectF place = document()->documentLayout()->blockBoundingRect(block);
             verticalScrollBar()->setValue(static_cast<int>(place.top()));
             return;
@@ -127,7 +127,7 @@ bool GuideKey::eventFilter(QObject* watched, QEvent* event) {
     } else if (focus == guide_) {
         return true;
     }
-    guide_->show(); // at first: a heading is found in the text as it is laid out
+    guide_->show(); // first: a heading has a position only once the text is laid out
     guide_->showSection(section);
     guide_->raise();
     guide_->activateWindow();

@@ -6,16 +6,16 @@
 
 namespace korvane {
 
-/// The guide in a window of its own, from the program's own resources and without its pictures.
+/// Shows the guide in a window of its own, from the program's resources and without its pictures.
 class TGuide : public QTextBrowser {
     Q_OBJECT
   public:
     explicit TGuide(QWidget* parent);
 
-    /// Shows the guide from that heading on, which is given as links in it give it; from its
-    /// beginning where there is none.
+    /// Scrolls to the heading with this link, or to the beginning of the guide if it is empty.
     void showSection(const QString& section);
-    /// The heading as a link to it: in lower case, with "-" for blanks and without punctuation.
+    /// Returns the link to a heading: its text in lower case, with "-" for spaces and without
+    /// punctuation.
     [[nodiscard]] static QString linkOf(const QString& heading);
 
   protected:
@@ -27,7 +27,7 @@ class TGuide : public QTextBrowser {
     void scrollToHeading(const QString& link);
 };
 
-/// Shows the guide at the section of what has the focus when the user presses F1, also in a dialog.
+/// Shows the guide's section for the focused control when the user presses F1, even in a dialog.
 class GuideKey : public QObject {
   public:
     /// The frame must outlive this object.
@@ -37,11 +37,11 @@ class GuideKey : public QObject {
 
   private:
     void putOver(QWidget& window);
-    /// The dialog below the guide goes away; the guide stays, over what the dialog lay over.
+    /// Keeps the guide when the dialog below it hides: moves it over the dialog's parent window.
     void leave(const QWidget& dialog);
 
     QWidget& frame_;
-    QPointer<TGuide> guide_; ///< what it lies over owns it
+    QPointer<TGuide> guide_; ///< the window below it owns it
 };
 
 } // namespace korvane

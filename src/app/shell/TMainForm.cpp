@@ -31,7 +31,7 @@ namespace korvane {
 
 namespace {
 
-/// The model files among what is dragged.
+/// Returns the model files among the dragged items.
 QStringList modelFiles(const QMimeData& dragged) {
     QStringList files;
     for (const QUrl& url : dragged.urls()) {
@@ -52,7 +52,7 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
     setCentralWidget(ui_->FrameContent);
     statusPanel_->setObjectName(QStringLiteral("StatusPanel"));
     statusPanel_->setTextFormat(Qt::PlainText);
-    // a long message must not keep the frame from getting narrow
+    // a long message must not limit how narrow the frame can be
     statusPanel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ui_->StatusBar1->addWidget(statusPanel_, 1);
     beginHint_ = new BeginHint(*ui_->MDIArea);
@@ -67,7 +67,7 @@ TMainForm::TMainForm(EditorForms& forms, QStringList paths)
 }
 
 TMainForm::~TMainForm() {
-    // the windows that go with the MDI area must find no half-destroyed frame to report to
+    // the MDI area's windows must not report to a half-destroyed frame
     ui_->MDIArea->disconnect(this);
 }
 
@@ -103,8 +103,8 @@ void TMainForm::setUpToolBar() {
 }
 
 void TMainForm::setUpMenus() {
-    // its item shows the key of the action, which it is under another caption: two that have the
-    // key would be ambiguous
+    // The item is a second action for Open, with another caption. It only displays the key: if both
+    // had it, it would be ambiguous.
     ui_->FileOpenItem->setText(ui_->FileOpenItem->text() + u'\t' +
                                ui_->FileOpen1->shortcut().toString(QKeySequence::NativeText));
     actOnFirstLetters(*this);
@@ -143,7 +143,7 @@ void TMainForm::connectActions() {
     for (const auto& [action, execute] : commands) {
         connect(action, &QAction::triggered, this, [this, action = action, execute = execute] {
             if (action->isCheckable()) {
-                // the action has moved its mark by itself; marks are the handlers' business
+                // the action has toggled its mark, but only the handlers may set it
                 action->setChecked(!action->isChecked());
             }
             if (ModalCall::running()) {
@@ -156,7 +156,7 @@ void TMainForm::connectActions() {
             (this->*execute)();
         });
     }
-    // shortcuts work wherever the focus is, whether or not their items show
+    // shortcuts must work whatever has the focus, even if their items are hidden
     setUpWindowKeys();
     addActions({ui_->FileNew1, ui_->FileOpen1, ui_->EditCut, ui_->EditCopy, ui_->EditPaste});
 }
@@ -165,11 +165,10 @@ void TMainForm::connectEvents() {
     connect(ui_->Window1, &QMenu::aboutToShow, this,
             [this] { windowList_.refresh(*this, *ui_->Window1); });
     connect(ui_->MDIArea, &QMdiArea::subWindowActivated, this, &TMainForm::showStatus);
-    // queued: reading may ask the user something, which neither an activation event nor the idle
-    // moment can wait for
+    // queued: reading may show a dialog, for which neither an activation event nor idle() can wait
     connect(this, &TMainForm::firstActivated, this, &TMainForm::MainFormActivate,
             Qt::QueuedConnection);
-    // queued: where the files come from waits for the answer, which reading must not hold up
+    // queued: the source of the files waits for an answer, which reading must not delay
     connect(this, &TMainForm::filesDropped, this, &TMainForm::createDocuments,
             Qt::QueuedConnection);
     connect(&recovery_, &ModelRecovery::due, this,
@@ -179,8 +178,8 @@ void TMainForm::connectEvents() {
                 try {
                     idle();
                 } catch (const std::exception&) {
-                    // memory ran out, and no event is being delivered that could tell: what was
-                    // left undone is done when the program is idle next
+                    // memory ran out outside of any event, where the user cannot be told; the
+                    // next idle moment does the rest
                 }
             });
 }
@@ -194,7 +193,7 @@ QList<TMDIChild*> TMainForm::documents() const {
     QList<TMDIChild*> documents;
     for (QMdiSubWindow* window : ui_->MDIArea->subWindowList(QMdiArea::CreationOrder)) {
         auto* document = qobject_cast<TMDIChild*>(window);
-        // one that was just closed is on its way out
+        // a window that has just closed is still listed
         if (document != nullptr && document->document() != nullptr) {
             documents.push_back(document);
         }
@@ -206,7 +205,7 @@ bool TMainForm::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         scheduleFirstActivation();
     } else if (event->type() == QEvent::StatusTip) {
-        // the one panel shows hints as well as messages
+        // hints and messages share one panel
         hint_ = dynamic_cast<QStatusTipEvent&>(*event).tip();
         showStatus();
         return true;
@@ -222,7 +221,7 @@ void TMainForm::changeEvent(QEvent* event) {
 }
 
 void TMainForm::dragEnterEvent(QDragEnterEvent* event) {
-    // a dialog that is open comes first
+    // an open dialog takes precedence
     if (QApplication::activeModalWidget() == nullptr && !modelFiles(*event->mimeData()).isEmpty()) {
         event->acceptProposedAction();
     }
@@ -230,10 +229,10 @@ void TMainForm::dragEnterEvent(QDragEnterEvent* event) {
 
 void TMainForm::dropEvent(QDropEvent* event) {
     if (ModalCall::running()) {
-        event->ignore(); // a dialog has come up since the files entered
+        event->ignore(); // a dialog has opened since the files entered
         return;
     }
-    // a move would have the source remove the files
+    // after a move, the source would remove the files
     event->setDropAction(Qt::CopyAction);
     event->accept();
     Q_EMIT filesDropped(modelFiles(*event->mimeData()));
@@ -244,7 +243,7 @@ void TMainForm::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    // all are asked before the first one closes: Cancel leaves every window open
+    // ask for all before the first one closes: Cancel leaves every window open
     if (!documentsMayClose()) {
         event->ignore();
         return;
@@ -354,11 +353,11 @@ void TMainForm::keepCopies(RecoveryKeeper::When when) {
 }
 
 void TMainForm::idle() {
-    // by the time it is on the screen the frame is maximised: models open in their final size
+    // once exposed, the frame is maximised, so models open in their final size
     if (isVisible() && windowHandle()->isExposed()) {
         scheduleFirstActivation();
     }
-    // an action leaves its items and buttons alone when it is told what it already is
+    // cheap: an action only updates its items and buttons if its state changes
     constexpr void (TMainForm::*updates[])() = {
         &TMainForm::FileClose1Update, &TMainForm::Filesaveupdate,  &TMainForm::Filesaveasupdate,
         &TMainForm::EditUndo1Update,  &TMainForm::EditRedo1Update, &TMainForm::EditCutUpdate,
@@ -380,7 +379,7 @@ void TMainForm::scheduleFirstActivation() {
 }
 
 TMDIChild& TMainForm::addWindow() {
-    // the MDI area owns the window, which frees itself when it is closed
+    // owned by the MDI area; the window frees itself when it is closed
     auto* document = new TMDIChild(forms_.colorOptions.viewColors());
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
     document->addToStructureMenu({ui_->EditCopy, ui_->EditPaste});
@@ -414,7 +413,7 @@ void TMainForm::showStatus() {
 
 void TMainForm::tell(const QString& notice) {
     notice_ = notice;
-    hint_.clear(); // what a command says is news, and its control lies under the pointer
+    hint_.clear(); // the pointer is still over the command's control, whose hint would hide it
     showStatus();
 }
 

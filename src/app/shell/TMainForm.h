@@ -26,34 +26,33 @@ namespace Ui {
 class TMainForm;
 }
 
-/// The main frame: menu, tool bar, status bar and the open document windows. It keeps no model data
-/// of its own; every command works on the active document window, and the check marks follow it.
+/// The main frame: menu, tool bar, status bar and the open document windows. It has no model data:
+/// commands work on the active document window, and check marks show its state.
 class TMainForm : public QMainWindow {
     Q_OBJECT
   public:
     /// `forms` holds the frame itself and the dialogs that its commands show; they may be made
-    /// after it. `paths` are opened at the first activation, as far as their extension is that of a
-    /// text model.
+    /// after it. Those of `paths` with the extension of a text model are opened at the first
+    /// activation.
     TMainForm(EditorForms& forms, QStringList paths);
     ~TMainForm() override;
 
-    /// The document window that commands work on, or null if none is open.
+    /// Returns the document window that commands work on, or null if none is open.
     [[nodiscard]] TMDIChild* activeDocument() const;
-    /// All open document windows in the order in which they were opened.
+    /// Returns all open document windows in the order in which they were opened.
     [[nodiscard]] QList<TMDIChild*> documents() const;
-    /// Makes the recovery copies of all models current, at any moment that the event loop runs.
+    /// Updates the recovery copies of all models. Callable from any event loop.
     void keepAll() { keepCopies(RecoveryKeeper::When::Now); }
 
-    /// Whether a document window would ask the user before it closes.
+    /// Returns whether any document window would ask the user before it closes.
     [[nodiscard]] bool needsCloseQuestion() const;
-    /// Has all windows ask what to do about changes that are not saved; false if the user wants to
-    /// keep one.
+    /// Has all windows ask what to do about unsaved changes. Returns false if the user cancels.
     [[nodiscard]] bool documentsMayClose();
-    /// Closes all document windows for a caller that has asked documentsMayClose.
+    /// Closes all document windows without asking. Call documentsMayClose() first.
     void closeDocuments();
 
   Q_SIGNALS:
-    /// The frame has been activated for the first time, or idle without having been.
+    /// The frame is active for the first time, or visible and idle without ever having been active.
     void firstActivated();
     /// Model files were dropped on the frame.
     void filesDropped(const QStringList& files);
@@ -66,7 +65,7 @@ class TMainForm : public QMainWindow {
     void dropEvent(QDropEvent* event) override;
 
   private:
-    // The handlers of the actions, an execute handler and most with an update handler.
+    // The handlers of the actions: each has an execute handler, most have an update handler.
     void FileNew1Execute();
     void FileOpen1Execute();
     void FileClose1Execute();
@@ -117,7 +116,7 @@ class TMainForm : public QMainWindow {
     void connectActions();
     void connectEvents();
     void setUpWindowKeys();
-    /// A key that the window has in its own menu as well would do nothing.
+    /// Removes the window's own shortcuts: a key that both have would be ambiguous and do nothing.
     static void leaveKeysToFrame(const QMdiSubWindow& window);
     void showBackground();
     void setIcons();
@@ -126,17 +125,17 @@ class TMainForm : public QMainWindow {
     /// Runs the update handlers; called whenever the event loop is about to wait.
     void idle();
     void scheduleFirstActivation();
-    /// A new window, over the others.
+    /// Opens a new, maximised document window.
     TMDIChild& addWindow();
     void createDocument(const QString& name);
     void createDocuments(const QStringList& names);
     void showStatus();
-    /// Says something in the status bar until the next command.
+    /// Shows a notice in the status bar until the next command.
     void tell(const QString& notice);
     void keepCopies(RecoveryKeeper::When when);
 
     void setRenderMode(QAction& action, RenderMode mode);
-    /// Brings the marks of the render modes in step with the active window.
+    /// Updates the marks of the render modes to the active window's mode.
     void Rupdate();
     void updateRenderMode(QAction& action);
     void toggleSetting(QAction& action, bool ViewState::*setting);
@@ -147,12 +146,12 @@ class TMainForm : public QMainWindow {
     EditorForms& forms_;
     std::unique_ptr<Ui::TMainForm> ui_;
     QStringList paths_;
-    bool activated_ = false; ///< the first activation has been handled or is about to be
+    bool activated_ = false; ///< the first activation is handled or scheduled
     QLabel* statusPanel_;
-    BeginHint* beginHint_; ///< the area of the document windows owns it
+    BeginHint* beginHint_; ///< owned by the area of the document windows
     GuideKey guideKey_;
-    QString hint_;   ///< of the item under the pointer
-    QString notice_; ///< what the program has to say, whatever window is active
+    QString hint_;   ///< for the item under the pointer
+    QString notice_; ///< from the program, whatever window is active
     ModelRecovery recovery_;
     WindowList windowList_;
     ModelClipboard clipboard_;

@@ -1,4 +1,4 @@
-// The "Edit" menu of the main frame, but for the colors.
+// The "Edit" menu of the main frame, except for the colours.
 
 #include "app/shell/TMainForm.h"
 #include "model/forms/TMDIChild.h"
@@ -32,7 +32,7 @@ void TMainForm::EditRedo1Update() {
     ui_->EditRedo1->setEnabled(document != nullptr && document->canRedo());
 }
 
-// Cut is deliberately never possible: copying and deleting are two steps.
+// Cut is deliberately never enabled: copying and deleting are two steps.
 
 void TMainForm::EditCutExecute() {}
 
@@ -61,7 +61,7 @@ void TMainForm::EditPasteExecute() {
 
 void TMainForm::EditPasteUpdate() {
     const TMDIChild* document = activeDocument();
-    // the clipboard is asked only where the answer matters
+    // query the clipboard only if the answer matters
     const bool wanted = document != nullptr && document->canCopy();
     const std::optional<ClipboardContent> content = wanted ? clipboard_.content() : std::nullopt;
     ui_->EditPaste->setEnabled(content.has_value() && document->canPaste(*content));

@@ -1,4 +1,4 @@
-// The commands of the main frame that tell how the 3D view is drawn.
+// The main frame's commands for how the 3D view is drawn.
 
 #include "app/shell/EditorForms.h"
 #include "app/shell/TMainForm.h"

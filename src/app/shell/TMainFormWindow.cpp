@@ -1,4 +1,4 @@
-// The "Window" menu of the main frame, and the keys of any window of windows.
+// The "Window" menu of the main frame, and the usual keys for closing and switching windows.
 
 #include "app/shell/MdiArrange.h"
 #include "app/shell/TMainForm.h"
@@ -17,8 +17,8 @@
 namespace korvane {
 
 void TMainForm::setUpWindowKeys() {
-    // Not all desktops have these by themselves. They are no keys of the actions, whose menu items
-    // show none.
+    // Not all desktops have these keys. They are not shortcuts of the actions, whose menu items
+    // would then show them.
     QList<QKeySequence> close = QKeySequence::keyBindings(QKeySequence::Close);
     if (!close.contains(Qt::CTRL | Qt::Key_F4)) {
         close.append(Qt::CTRL | Qt::Key_F4);

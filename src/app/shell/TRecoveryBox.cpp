@@ -77,7 +77,7 @@ bool TRecoveryBox::throwingAwayAgreed() {
 void TRecoveryBox::choose(CopyChoice choice) {
     for (QTreeWidgetItem* item : ticked()) {
         choices_[item->data(0, Qt::UserRole).toULongLong()] = choice;
-        delete item; // which takes it off the list
+        delete item; // the destructor takes it off the list
     }
     if (ui_->CopyList->topLevelItemCount() == 0) {
         accept();

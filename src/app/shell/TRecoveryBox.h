@@ -17,24 +17,24 @@ namespace Ui {
 class TRecoveryBox;
 }
 
-/// What the user wants with a recovery copy.
+/// What to do with a recovery copy.
 enum class CopyChoice { Later, Open, ThrowAway };
 
-/// Lists the models that programs have left unsaved. What is chosen for those that are ticked takes
-/// them off the list, and the box closes when that is empty.
+/// Lists models that ended programs have left unsaved. A choice applies to the ticked ones and
+/// takes them off the list; the box closes when the list is empty.
 class TRecoveryBox : public QDialog {
     Q_OBJECT
   public:
     explicit TRecoveryBox(QWidget* parent);
     ~TRecoveryBox() override;
 
-    /// `notice` is what else there is to tell, if anything.
+    /// Shows `notice` below the list unless it is empty.
     void list(const std::vector<LeftCopy>& copies, const QString& notice);
-    /// What the user has chosen for one of them.
+    /// Returns the choice for the copy of this index in `list`.
     [[nodiscard]] CopyChoice choice(std::size_t copy) const { return choices_[copy]; }
 
   private:
-    /// Asks, as nothing brings them back.
+    /// Asks the user: copies cannot be restored.
     [[nodiscard]] bool throwingAwayAgreed();
     void choose(CopyChoice choice);
     void enableButtons();

@@ -11,7 +11,7 @@ void nameToolButtons(QToolBar& bar) {
         if (auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action))) {
             button->setObjectName(action->objectName() + QStringLiteral("Button"));
             button->setAccessibleName(action->iconText());
-            // on the action: the button takes it over anew with each change
+            // on the action: the button copies it at each change of the action
             const QString key = action->shortcut().toString(QKeySequence::NativeText);
             action->setToolTip(key.isEmpty()
                                    ? action->iconText()

@@ -13,7 +13,7 @@ namespace {
 
 QAction* addItem(QMenu& menu, int number, TMDIChild& document) {
     constexpr int widest = 480;
-    constexpr int lastDigit = 9; // the first nine can be chosen by their digit
+    constexpr int lastDigit = 9; // a digit is the mnemonic of the first nine
     const QString text = elidedText(menu, document.document()->FileName, widest);
     const QString mnemonic = number <= lastDigit ? QStringLiteral("&") : QString();
     QAction* item = menu.addAction(mnemonic + QString::number(number) + u' ' + captionOf(text));

@@ -10,10 +10,10 @@ namespace korvane {
 
 class TMainForm;
 
-/// The open windows at the end of a menu, the active one marked; choosing one activates it.
+/// Lists the open windows at the end of a menu, the active one checked. Choosing one activates it.
 class WindowList {
   public:
-    /// Lists the windows that the frame has open now, in place of what was listed before.
+    /// Replaces the list by the frame's open windows.
     void refresh(const TMainForm& frame, QMenu& menu);
 
   private:

@@ -52,7 +52,7 @@ void ColorSwatch::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ColorSwatch::keyPressEvent(QKeyEvent* event) {
-    // Enter would otherwise be taken by the dialog's OK
+    // otherwise Enter would press the dialog's default button
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
     } else {

@@ -5,14 +5,14 @@
 
 namespace korvane {
 
-/// A panel that shows a colour and can be clicked: with the mouse, Space or Enter.
+/// A panel that shows a colour. The mouse, Space and Enter click it.
 class ColorSwatch : public QAbstractButton {
   public:
     explicit ColorSwatch(QWidget* parent);
 
     [[nodiscard]] QColor color() const { return color_; }
     void setColor(const QColor& color);
-    /// Lets the user choose another colour; whether that was confirmed.
+    /// Lets the user choose another colour. Returns true if the user confirmed.
     bool choose();
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -5,7 +5,7 @@
 
 namespace korvane {
 
-/// The size of a widget in device pixels, on the screen that it is on by now.
+/// Returns the size of a widget in device pixels of its current screen.
 inline QSize sizeInPixels(const QWidget& widget) {
     return (QSizeF(widget.size()) * widget.devicePixelRatioF()).toSize();
 }

@@ -9,21 +9,21 @@
 
 namespace korvane {
 
-/// Puts a dialog that is about to be shown into the middle of its parent's screen.
+/// Centres a dialog that is about to be shown on its parent's screen.
 inline void centreOnScreen(QDialog& dialog) {
     const QWidget* window = dialog.parentWidget() != nullptr ? dialog.parentWidget() : &dialog;
     const QRect screen = window->screen()->availableGeometry();
     QRect place({}, dialog.sizeHint());
     place.moveCenter(screen.center());
-    // without the frame, which is known only once it has been shown: counted in, the dialog would
-    // come up elsewhere from the second time on
+    // Ignores the window frame, whose size is unknown before the first show: with it, the dialog
+    // would appear elsewhere the second time.
     dialog.setGeometry(place);
 }
 
-/// Gives the area in a dialog of a fixed size room for all that it shows, or where the screen has
-/// less, for as much as fits, with scroll bars for the rest.
+/// Makes the scroll area in a dialog of fixed size large enough for its content, or as large as the
+/// screen allows, with scroll bars.
 inline void fitToScreen(QDialog& dialog, QScrollArea& area) {
-    constexpr int frame = 40; // about what the desktop puts around a window
+    constexpr int frame = 40; // about the height that the desktop adds to a window
     const QWidget* window = dialog.parentWidget() != nullptr ? dialog.parentWidget() : &dialog;
     const QSize wanted = area.widget()->sizeHint();
     area.setFixedSize(wanted);
@@ -35,8 +35,7 @@ inline void fitToScreen(QDialog& dialog, QScrollArea& area) {
     }
 }
 
-/// Has a file dialog begin in a folder. Where that is none, or none any more, the dialog begins
-/// where it would without.
+/// Has a file dialog begin in a folder. If there is no such folder, it keeps its default.
 inline void startIn(QFileDialog& dialog, const QString& folder) {
     if (QFileInfo(folder).isDir()) {
         dialog.setDirectory(folder);

@@ -13,8 +13,8 @@ namespace {
 
 DragInput dragInputOf(const QSinglePointEvent& event, const QWidget& control) {
     const QPointF corner = control.mapTo(control.window(), QPointF());
-    // on its way to a control the place in it may have been rounded to whole units; that in the
-    // window was not, but events made for the control alone know of none
+    // Propagation may have rounded the position in the control to whole units. The position in the
+    // window is exact, but synthetic events may lack it.
     QPointF place = corner + event.position();
     const QPointF off = event.scenePosition() - place;
     if (std::abs(off.x()) <= 1.0 && std::abs(off.y()) <= 1.0) {

@@ -11,22 +11,22 @@ class QWheelEvent;
 
 namespace korvane {
 
-/// Turns the events of a control into those of a drag, in device pixels of the control. A drag that
-/// can get no release any more is cancelled: where a move comes without a button the release went
-/// elsewhere, and a control that is hidden, or loses the focus or its window, may get none. So is
-/// one at the Escape key.
+/// Converts the mouse events of a control to drag input, in device pixels of the control. Cancels a
+/// drag on Escape, and when its release may never arrive: a move without a button means that the
+/// release went elsewhere; a control that is hidden, loses the focus or is in a deactivated window
+/// may not get one.
 class DragFilter : public QObject {
   public:
     struct Handlers {
-        /// Also of a second press in a row, which comes as a double click.
+        /// Also called for the second press of a double click.
         std::function<void(const DragInput&)> press;
         std::function<void(const DragInput&)> move;
         std::function<void(const DragInput&)> release;
-        std::function<bool()> cancel; ///< ends a running drag without a trace; whether one ran
-        /// How far the wheel turned, in notches; forward is positive. Without it the wheel is left
-        /// to the control.
+        std::function<bool()> cancel; ///< reverts a running drag; returns whether there was one
+        /// Gets the wheel's rotation in notches, positive if forward. Without this handler the
+        /// control gets the wheel events.
         std::function<void(const DragInput&, float)> wheel = {};
-        /// The left button pressed with Ctrl held. With it no such press of any button is a drag.
+        /// Called for Ctrl with the left button. With this handler, no press with Ctrl is a drag.
         std::function<void(const DragInput&)> pick = {};
     };
 

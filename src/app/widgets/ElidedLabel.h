@@ -4,8 +4,8 @@
 
 namespace korvane {
 
-/// A line of plain text that shows as much of it as there is room for, and the whole text in a tool
-/// tip where that is not all. It can be made as narrow as its layout wants.
+/// A line of plain text that shows as much as fits, and has the whole text as tool tip if some is
+/// cut off. It does not limit how narrow its layout can be.
 class ElidedLabel : public QLabel {
     Q_OBJECT
   public:

@@ -18,7 +18,7 @@ struct Hint {
     const char* text;
 };
 
-// The 2D views are not here: what they tell of the pointer includes what the mouse does.
+// Without the 2D views: their text about the pointer includes what the mouse does.
 constexpr Hint hints[] = {
     {"MDIChild", "Splitter2Handle",
      "Drag, or press Left or Right, to change the width of the pages"},
@@ -145,7 +145,7 @@ constexpr Section sections[] = {
     {"OKBottomDlg", "materials"},
 };
 
-/// Hands the hints of a dialog on, and takes the last one back when the dialog goes.
+/// Passes the hints of a dialog to its parent, and clears the last one when the dialog hides.
 class HintRelay : public QObject {
   public:
     using QObject::QObject;
@@ -171,7 +171,7 @@ void setHints(QWidget& window) {
         if (window.objectName() == QLatin1String(hint.window)) {
             if (auto* control = window.findChild<QWidget*>(QLatin1String(hint.control))) {
                 control->setStatusTip(QString::fromUtf8(hint.text));
-                // the same for those who have it read out to them
+                // screen readers get the same text
                 control->setAccessibleDescription(control->statusTip());
             }
         }

@@ -6,12 +6,12 @@ class QWidget;
 
 namespace korvane {
 
-/// Gives the controls of a window their hints, by its name and theirs: what the status bar of the
-/// main frame says while the pointer is over one. A dialog hands them on to the window below it.
+/// Gives a window's controls their hints, which the main frame's status bar shows for the control
+/// under the pointer. A dialog passes its hints to its parent.
 void setHints(QWidget& window);
 
-/// The section of the guide that is about a control or, if none is, about what it lies in: its
-/// heading in lower case, with "-" for blanks.
+/// Returns the link to the guide's section about a control or, if there is none, about its nearest
+/// ancestor that has one; empty if none has.
 QString guideSection(const QWidget* control);
 
 } // namespace korvane

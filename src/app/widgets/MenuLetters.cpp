@@ -20,7 +20,7 @@ bool beginsWith(const QString& text, QChar letter) {
     return text.size() > first && text.at(first).toCaseFolded() == letter.toCaseFolded();
 }
 
-/// Hears the keys of the menus before they do.
+/// Filters the keys of a menu.
 class MenuLetters : public QObject {
   public:
     using QObject::QObject;
@@ -29,7 +29,7 @@ class MenuLetters : public QObject {
         auto* menu = qobject_cast<QMenu*>(watched);
         if (menu != nullptr && event->type() == QEvent::KeyPress) {
             const auto& key = dynamic_cast<const QKeyEvent&>(*event);
-            // with Alt it is the menu bar's
+            // letters with Alt are for the menu bar
             const bool plain = (key.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == 0;
             if (plain && key.text().size() == 1 && key.text().front().isLetterOrNumber()) {
                 return take(*menu, key.text().front());
@@ -39,7 +39,7 @@ class MenuLetters : public QObject {
     }
 
   private:
-    /// False if the letter is left to the menu.
+    /// Returns false if the menu should handle the letter.
     static bool take(QMenu& menu, QChar letter) {
         const QList<QAction*> actions = menu.actions();
         std::vector<MenuItem> items;

@@ -10,7 +10,7 @@ class QWidget;
 
 namespace korvane {
 
-/// An item of a menu as the keyboard sees it.
+/// A menu item, as far as keyboard selection needs it.
 struct MenuItem {
     QString text; ///< with "&" before its mnemonic
     bool enabled = true;
@@ -19,18 +19,18 @@ struct MenuItem {
 /// What a letter does in an open menu.
 struct MenuLetterTarget {
     std::size_t item = 0;
-    bool carriedOut = false; ///< else the item is only made the current one
+    bool carriedOut = false; ///< if not, the item only becomes the current one
 
     bool operator==(const MenuLetterTarget&) const = default;
 };
 
-/// The item that a letter means by its first letter: the one enabled item that begins with it,
-/// which is carried out, or of several the next one behind the current item. Nothing where no item
-/// begins with it, or where it is the mnemonic of one.
+/// Returns the item that a letter selects by its first letter. A single enabled item that begins
+/// with it is carried out; of several, the next after the current item becomes current. Nothing if
+/// no item begins with the letter or if it is the mnemonic of one.
 std::optional<MenuLetterTarget> menuLetterTarget(const std::vector<MenuItem>& items,
                                                  std::optional<std::size_t> current, QChar letter);
 
-/// Lets letters act like that in all menus that the window has by now.
+/// Makes letters act like that in all menus that the window has now.
 void actOnFirstLetters(QWidget& window);
 
 } // namespace korvane

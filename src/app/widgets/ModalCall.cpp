@@ -11,7 +11,7 @@ namespace korvane {
 
 namespace {
 
-/// Modality is a matter of the whole program.
+/// Modality concerns the whole program.
 const ModalCall* innermost = nullptr;
 
 bool isInput(QEvent::Type type) {
@@ -43,8 +43,8 @@ bool isInput(QEvent::Type type) {
     }
 }
 
-/// Whether the widget is in a window that the dialog covers. Lists and menus that open over the
-/// dialog belong to it.
+/// Returns whether the object is a widget in a window that the dialog covers. Pop-up lists and
+/// menus count as part of the dialog.
 bool isCovered(const QObject* object, const QDialog& dialog) {
     const auto* widget = qobject_cast<const QWidget*>(object);
     if (widget == nullptr || widget->window()->windowType() == Qt::Popup) {
@@ -58,8 +58,8 @@ bool isCovered(const QObject* object, const QDialog& dialog) {
 
 } // namespace
 
-/// Drops what must not reach anybody once the innermost dialog is hidden, and what waited in the
-/// queue for a window that the dialog covers.
+/// Drops input and close requests once the innermost dialog is hidden, and while it is visible,
+/// pending input for windows that it covers.
 class ModalCall::InputGate : public QObject {
   public:
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -90,7 +90,7 @@ ModalCall::~ModalCall() {
 
 const QDialog& ModalCall::top() const {
     if (qobject_cast<const QFileDialog*>(&dialog_) == nullptr) {
-        return dialog_; // our own boxes have calls of theirs
+        return dialog_; // our own boxes have their own calls
     }
     const auto* box = dialog_.findChild<QMessageBox*>({}, Qt::FindDirectChildrenOnly);
     return box != nullptr ? *box : dialog_;

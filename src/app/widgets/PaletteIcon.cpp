@@ -11,8 +11,8 @@ namespace korvane {
 
 namespace {
 
-/// Draws a picture whose colours stand for others: black for lines, white for paper, blue for the
-/// part that tells icons apart.
+/// Draws a picture with its colours replaced: black by that of text, white by that of paper, blue
+/// by an accent colour.
 class PaletteIconEngine : public QIconEngine {
   public:
     explicit PaletteIconEngine(QByteArray picture) : picture_(std::move(picture)) {}
@@ -32,7 +32,7 @@ class PaletteIconEngine : public QIconEngine {
                               : dark                              ? QColor(0x6c, 0xb2, 0xf7)
                                                                   : QColor(0x1d, 0x5f, 0xb4);
         QByteArray picture = picture_;
-        // one name after the other would recolour what was just coloured
+        // via placeholders: a colour just written must not be replaced again
         picture.replace("#000000", "LINE").replace("#ffffff", "PAPER").replace("#0000ff", "ACCENT");
         picture.replace("LINE", line.name().toLatin1())
             .replace("PAPER", paper.name().toLatin1())

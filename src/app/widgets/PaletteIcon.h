@@ -5,8 +5,8 @@
 
 namespace korvane {
 
-/// The icon of that name in the program's resources. It is drawn in the colours of the palette, so
-/// that it can be told from a light background as well as from a dark one, at any size.
+/// Returns the icon of this name in the program's resources; null if there is none. It is drawn in
+/// the palette's colours at any size, so it is visible on light and on dark backgrounds.
 QIcon paletteIcon(const QString& name);
 
 } // namespace korvane

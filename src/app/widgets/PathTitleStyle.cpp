@@ -18,7 +18,7 @@ void PathTitleStyle::drawComplexControl(ComplexControl control, const QStyleOpti
         return;
     }
     QStyleOptionTitleBar fitting(*bar);
-    // styles cut the end off where the text does not fit within a margin of their own
+    // styles cut off the end of a text that does not fit within their own margin
     constexpr int margin = 16;
     const QRect label = subControlRect(CC_TitleBar, bar, SC_TitleBarLabel, widget);
     fitting.text = painter->fontMetrics().elidedText(textOfTitle(widget->windowTitle()),

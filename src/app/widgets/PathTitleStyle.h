@@ -4,8 +4,8 @@
 
 namespace korvane {
 
-/// The style of the program, but where a title bar is too narrow for its title it shows the end of
-/// it: titles of document windows are paths.
+/// The program's style, except that a title too long for its bar keeps its end: titles of document
+/// windows are paths.
 class PathTitleStyle : public QProxyStyle {
   public:
     PathTitleStyle();

@@ -6,11 +6,11 @@ class QLabel;
 
 namespace korvane {
 
-// Labels that lie in the corner of a picture.
+// Labels in the corner of a picture.
 
-/// Lets the mouse through to the picture and gives the label the size of its text.
+/// Passes mouse events through to the picture and gives the label the size of its text.
 void layOver(QLabel& label);
-/// Gives the label a colour that can be read on the background of the picture.
+/// Makes the text black or white, whichever is readable on the background.
 void setInkFor(QLabel& label, BitmapPixel background);
 
 } // namespace korvane

@@ -18,7 +18,7 @@ class Graphic : public QAccessibleWidget {
     }
 
   private:
-    PictureWidget& picture_; ///< the toolkit drops the interface with it
+    PictureWidget& picture_; ///< the toolkit destroys this interface together with it
 };
 
 QAccessibleInterface* graphicOf(const QString& /*className*/, QObject* object) {
@@ -29,8 +29,8 @@ QAccessibleInterface* graphicOf(const QString& /*className*/, QObject* object) {
 } // namespace
 
 PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
-    // here, as the first name that the widget is given makes its interface; several times count
-    // once
+    // here, because setting the accessible name already creates the interface; Qt ignores repeated
+    // installation
     QAccessible::installFactory(graphicOf);
 }
 

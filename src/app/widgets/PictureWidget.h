@@ -8,20 +8,19 @@
 
 namespace korvane {
 
-/// A widget that is a picture: to a screen reader a graphic, with a sentence that says what it
-/// shows.
+/// A picture: screen readers see a graphic with a sentence that describes it.
 class PictureWidget : public QWidget {
     Q_OBJECT
   public:
     explicit PictureWidget(QWidget* parent);
 
-    /// The sentence is made whenever a screen reader asks for it.
+    /// Calls the function whenever a screen reader asks for the sentence.
     void setSentence(std::function<QString()> sentence) { sentence_ = std::move(sentence); }
-    /// Without one, the description that the widget has as any other.
+    /// Falls back to the accessible description of the widget.
     [[nodiscard]] QString sentence() const {
         return sentence_ ? sentence_() : accessibleDescription();
     }
-    /// Tells screen readers that the sentence is another one now.
+    /// Tells screen readers that the sentence has changed.
     void sentenceChanged();
 
   private:

@@ -10,7 +10,7 @@ SplitterKeys::SplitterKeys(QSplitter& splitter)
     handle_.setObjectName(splitter.objectName() + QStringLiteral("Handle"));
     handle_.setAccessibleName(splitter.accessibleName());
     handle_.setFocusPolicy(Qt::TabFocus);
-    handle_.setBackgroundRole(QPalette::Highlight); // fills it while it has the focus
+    handle_.setBackgroundRole(QPalette::Highlight); // visible while it has the focus
     handle_.installEventFilter(this);
 }
 
@@ -27,7 +27,7 @@ bool SplitterKeys::eventFilter(QObject* watched, QEvent* event) {
         const int key = pressed.key();
         if ((key == Qt::Key_Left || key == Qt::Key_Right) &&
             (pressed.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
-            // the first pane is on the right where writing goes to the left
+            // in right-to-left layouts, the first pane is on the right
             move((key == Qt::Key_Right) != splitter_.isRightToLeft() ? step : -step);
             return true;
         }
@@ -43,7 +43,7 @@ void SplitterKeys::move(int pixels) {
     QList<int> sizes = splitter_.sizes();
     sizes[0] += pixels;
     sizes[1] -= pixels;
-    splitter_.setSizes(sizes); // keeps to what the panes need
+    splitter_.setSizes(sizes); // respects the minimum sizes of the panes
 }
 
 } // namespace korvane

@@ -8,7 +8,7 @@ class QSplitterHandle;
 namespace korvane {
 
 /// Lets the keyboard move the handle between the first two panes of a horizontal splitter: Tab
-/// reaches it, Left and Right move it. Belongs to the splitter.
+/// reaches it, Left and Right move it. Owned by the splitter.
 class SplitterKeys : public QObject {
     Q_OBJECT
   public:

@@ -9,7 +9,7 @@ namespace korvane {
 
 namespace {
 
-/// A picture of the resources as a pointer whose hot spot is at a place of it, from 0 to 1.
+/// Returns a picture from the resources as a pointer; `hotSpot` is in fractions of its side.
 QCursor pictureCursor(const QString& name, const QPointF& hotSpot) {
     constexpr int side = 24;
     const double ratio = qApp->devicePixelRatio();

@@ -6,8 +6,8 @@
 
 namespace korvane {
 
-/// The shape of the pointer over a 2D view, which tells what the mouse does there; `dragging` while
-/// a button is held.
+/// Returns the pointer shape over a 2D view, which shows what the tool does. `dragging` is true
+/// while a drag runs.
 QCursor toolCursor(ViewTool tool, bool dragging);
 
 } // namespace korvane

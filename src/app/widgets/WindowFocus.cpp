@@ -19,7 +19,7 @@ WindowFocus::WindowFocus(QMdiSubWindow& window, QWidget& first)
     connect(&window, &QMdiSubWindow::windowStateChanged, this,
             [this](Qt::WindowStates /*before*/, Qt::WindowStates now) {
                 if (now.testFlag(Qt::WindowActive)) {
-                    restoreSoon_.start(); // the toolkit moves the focus before and after it tells
+                    restoreSoon_.start(); // the toolkit moves the focus before and after the signal
                 }
             });
 }
@@ -34,7 +34,7 @@ bool WindowFocus::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease: {
-        // Only input within the window chooses a control there; the toolkit's own moves look alike.
+        // Only input in the window counts: focus events also come from the toolkit's own moves.
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (widget != nullptr && widget != &window_ && window_.isAncestorOf(widget)) {
             noteSoon_.start();
@@ -59,7 +59,7 @@ void WindowFocus::restore() {
         return;
     }
     if (noteSoon_.isActive()) {
-        note(); // the press that activated the window
+        note(); // a press has activated the window
     }
     const bool usable = chosen_ && chosen_->isVisible() && chosen_->isEnabled();
     if (QWidget* control = usable ? chosen_ : first_) {

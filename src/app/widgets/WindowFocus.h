@@ -9,16 +9,15 @@ class QMdiSubWindow;
 
 namespace korvane {
 
-/// Keeps the keyboard where the user left it in a document window: coming back to the window,
-/// tiling or maximising it gives the focus to that control again. The toolkit by itself moves it on
-/// by one control each time that it hides the window for a moment.
+/// Keeps the focus on the control that the user chose last in a document window: restores it when
+/// the window is activated, tiled or maximised. Otherwise, the toolkit moves it to the next control
+/// whenever it briefly hides the window.
 class WindowFocus : public QObject {
   public:
-    /// `first` has the focus before the user has chosen another control. The window owns this
-    /// object.
+    /// `first` has the focus until the user chooses another control. The window owns this object.
     WindowFocus(QMdiSubWindow& window, QWidget& first);
 
-    /// Gives the focus to a control of the window, as if the user had.
+    /// Gives the focus to a control of the window, as if the user had chosen it.
     void give(QWidget& control);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -30,7 +29,7 @@ class WindowFocus : public QObject {
     QMdiSubWindow& window_;
     QPointer<QWidget> first_;
     QPointer<QWidget> chosen_;
-    // What the toolkit or the control does with an event comes first.
+    // These let the toolkit and the control handle an event first.
     QTimer noteSoon_;
     QTimer restoreSoon_;
 };
