@@ -15,7 +15,7 @@ namespace korvane {
 
 namespace {
 
-/// Paints axes with a rim of another colour, so that they show on any picture.
+/// Paints axes with a rim of another colour, so that they are visible on any picture.
 class AxisPainter {
   public:
     AxisPainter(QPainter& painter, const QColor& ink, const QColor& rim)
@@ -26,7 +26,7 @@ class AxisPainter {
         painter.setRenderHint(QPainter::Antialiasing);
     }
 
-    /// As many device pixels as so many units of the toolkit have.
+    /// Converts device-independent pixels to device pixels.
     [[nodiscard]] double pixels(double units) const { return units * ratio_; }
 
     void line(const QPointF& from, const QPointF& to) const {
@@ -35,7 +35,7 @@ class AxisPainter {
         painter_.strokePath(path, QPen(rim_, pixels(3.5)));
         painter_.strokePath(path, QPen(ink_, pixels(1.5)));
     }
-    /// The head of an arrow; the way is one unit long.
+    /// Paints an arrowhead; `way` is a unit vector.
     void head(const QPointF& tip, const QPointF& way) const {
         const QPointF back = tip - way * pixels(9);
         const QPointF aside = QPointF(-way.y(), way.x()) * pixels(4);
@@ -45,7 +45,7 @@ class AxisPainter {
         path.closeSubpath();
         fill(path);
     }
-    /// The letter around a place.
+    /// Paints a letter centred at a point.
     void letter(char letter, const QPointF& middle) const {
         const QString text(1, QLatin1Char(letter));
         const QFontMetricsF metrics(font_);
@@ -54,7 +54,7 @@ class AxisPainter {
         path.addText(middle - box.center(), font_, text);
         fill(path);
     }
-    /// How far a letter's middle is from what it stands beside.
+    /// Returns the distance from the centre of a letter to what it labels.
     [[nodiscard]] double letterRoom() const { return QFontMetricsF(font_).capHeight(); }
 
   private:
@@ -80,7 +80,7 @@ void paintPlaneAxes(QPainter& painter, const PlaneMapping& mapping, const QSize&
         if (!axis) {
             continue;
         }
-        // through the middle of the line's pixels, clear of the mark of the focus
+        // centred on the line's pixels, clear of the focus mark
         const QPointF way(axis->way.u, -axis->way.v);
         const QPointF tip =
             QPointF(std::round(axis->x) + 0.5, std::round(axis->y) + 0.5) - way * axes.pixels(4);
@@ -103,7 +103,7 @@ void paintAxisCross(QPainter& painter, const CameraAngles& angles, const QSize& 
         const QPointF way(arm.right, -arm.up);
         axes.line(middle, middle + way * length);
         const double shown = std::hypot(way.x(), way.y());
-        if (shown > 0.5) { // one that points at the eye has no sides
+        if (shown > 0.5) { // seen from its tip, an arrowhead would be misleading
             axes.head(middle + way * (length + axes.pixels(3)), way / shown);
         }
         axes.letter(arm.letter, middle + way * (length + axes.letterRoom()) +

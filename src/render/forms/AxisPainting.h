@@ -10,13 +10,13 @@ class QPainter;
 
 namespace korvane {
 
-// Both paint over the picture of a view of a size in device pixels, in which the painter works.
+// Both paint over the picture of a view. `size` and the painter's coordinates are in device pixels.
 
-/// Letters and arrows at the ends of the two lines of a 2D view.
+/// Paints letters and arrowheads at the ends of a 2D view's two axis lines.
 void paintPlaneAxes(QPainter& painter, const PlaneMapping& mapping, const QSize& size,
                     const PlaneColors& colors);
 
-/// A small cross of the axes in the lower left corner of a 3D view.
+/// Paints a small cross of the axes in the lower left corner of a 3D view.
 void paintAxisCross(QPainter& painter, const CameraAngles& angles, const QSize& size,
                     const QColor& background);
 

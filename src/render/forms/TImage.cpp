@@ -26,19 +26,19 @@ void TImage::redraw() {
 }
 
 void TImage::drawIfStale() {
-    // the scale of the screen may have changed without a change of the control's size
+    // the screen's scale factor can change while the control's size does not
     const QSize size = sizeInPixels(*this);
     if (!draw_ || (!stale_ && size == drawnSize_)) {
         return;
     }
     stale_ = false;
     drawnSize_ = size;
-    picture_ = overlay_ = QImage(); // drawing may free the memory that they show
+    picture_ = overlay_ = QImage(); // drawing may free their memory
     const QScopedValueRollback<bool> drawing(drawing_, true);
     try {
         draw_();
     } catch (...) {
-        // a paint cannot wait for the user to be told
+        // later: the user cannot be told during a paint
         picture_ = overlay_ = QImage();
         QMetaObject::invokeMethod(
             this, [error = std::current_exception()] { std::rethrow_exception(error); },
@@ -67,7 +67,7 @@ void TImage::paintMarks(QPainter& painter) {
 }
 
 void TImage::paintFocusMark(QPainter& painter) const {
-    // of two colours: one of them shows on any picture
+    // in two colours: one of them is visible on any picture
     const QColor mark = palette().color(QPalette::Highlight);
     const QColor rim = palette().color(QPalette::HighlightedText);
     for (const auto& [inset, color] : {std::pair(0, mark), std::pair(1, mark), std::pair(2, rim)}) {
@@ -79,7 +79,7 @@ void TImage::paintFocusMark(QPainter& painter) const {
 void TImage::paintEvent(QPaintEvent* /*event*/) {
     drawIfStale();
     QPainter painter(this);
-    // copies share the memory; the ratio is that of the screen the control is on by now
+    // copies share the memory, but have the ratio of the current screen
     for (QImage layer : {picture_, overlay_}) {
         layer.setDevicePixelRatio(devicePixelRatioF());
         painter.drawImage(QPointF(0, 0), layer);

@@ -9,34 +9,34 @@
 
 namespace korvane {
 
-/// An image control: shows a picture pixel by pixel of the screen, whatever the scale factor. It
-/// handles no mouse event, so that its parent gets them.
+/// An image control: shows each pixel of its picture as one device pixel, whatever the scale
+/// factor. Mouse events go to its parent.
 ///
-/// A control with a drawing function asks for its picture when it is about to paint and the picture
-/// is stale: several wishes to redraw are one drawing, and a control that nobody sees costs none.
+/// A control with a drawing function calls it when it is about to paint and the picture is stale:
+/// several requests to redraw are one drawing, and an invisible control needs none.
 class TImage : public PictureWidget {
     Q_OBJECT
   public:
     explicit TImage(QWidget* parent = nullptr);
 
-    /// The function draws a picture of the control's size at that moment and shows it, or draws
-    /// nothing. What it throws is thrown again once the paint is over.
+    /// The function draws a picture of the control's current size and passes it to showPicture(),
+    /// or does nothing. Its exceptions are rethrown from the event loop after the paint.
     void setDrawing(std::function<void()> draw) { draw_ = std::move(draw); }
-    /// Has the picture drawn anew with the next paint.
+    /// Has the picture drawn again at the next paint.
     void redraw();
 
-    /// Shows a picture made for the control's size in device pixels, and over it another one of
-    /// that size, if there is one, whose transparent parts let the first be seen. Their memory is
-    /// used as it is and must stay in place until others are shown.
+    /// Shows a picture of the control's size in device pixels, and over it an optional, partly
+    /// transparent overlay of the same size. Does not copy their memory, which must stay valid
+    /// until other pictures are shown.
     void showPicture(const QImage& picture, const QImage& overlay = {});
-    /// The picture alone.
+    /// Returns the picture without the overlay and the marks.
     [[nodiscard]] const QImage& picture() const { return picture_; }
 
-    /// Whether a thin line over the picture's right and lower edge sets it off from its neighbours.
+    /// Sets whether a thin line at the right and lower edges separates it from its neighbours.
     void setEdged(bool edged);
-    /// What is painted over the picture with each paint, in device pixels; it is no part of it.
+    /// The function paints over the picture at each paint, in device pixels, without changing it.
     void setMarks(std::function<void(QPainter&)> paint) { marks_ = std::move(paint); }
-    /// Whether a frame inside the control tells that the keyboard is here.
+    /// Sets whether a frame inside the control shows that it has the focus.
     void setFocusMark(bool marked);
 
   protected:
@@ -48,9 +48,9 @@ class TImage : public PictureWidget {
     void paintFocusMark(QPainter& painter) const;
 
     std::function<void()> draw_;
-    bool stale_ = true; ///< the picture is not what it should show
+    bool stale_ = true; ///< the picture is out of date
     bool drawing_ = false;
-    QSize drawnSize_; ///< of the control, when it was last drawn
+    QSize drawnSize_; ///< the control's size at the last drawing, in device pixels
     QImage picture_;
     QImage overlay_;
     bool edged_ = false;

@@ -28,11 +28,11 @@ TThreeDWinFrame::TThreeDWinFrame(QWidget* parent)
         }
     });
     ui_->ReasonLabel->hide();
-    // clicked or tabbed to: Escape has to arrive here while a drag runs
+    // by click as well as by Tab: Escape must arrive here during a drag
     setFocusPolicy(Qt::StrongFocus);
     setUpMouse();
     setUpKeys();
-    // queued: a paint cannot wait for the user
+    // queued: a paint cannot show a dialog
     connect(this, &TThreeDWinFrame::contextFailed, this, &TThreeDWinFrame::showFailure,
             Qt::QueuedConnection);
 }
@@ -131,7 +131,7 @@ void TThreeDWinFrame::setUpView() {
 }
 
 void TThreeDWinFrame::releaseContext() {
-    // the control shows the memory of one of the two
+    // the control refers to the memory of either renderer's picture
     ui_->Image1->showPicture({});
     gl_.reset();
     glPicture_ = Bitmap();
@@ -140,10 +140,10 @@ void TThreeDWinFrame::releaseContext() {
 
 void TThreeDWinFrame::showFailure(GlStatus status) {
     if (session_ == nullptr) {
-        return; // closed before it could be told
+        return; // the window has closed meanwhile
     }
     if (ModalCall::returning()) {
-        Q_EMIT contextFailed(status); // later: a box that is asked for now counts as closed, unseen
+        Q_EMIT contextFailed(status); // try later: a box would be rejected unseen now
         return;
     }
     showMessageBox(this, QStringLiteral("GlFailure"), QMessageBox::Critical,
@@ -161,7 +161,7 @@ void TThreeDWinFrame::redraw() {
     if (session_ == nullptr) {
         return;
     }
-    // not left to the drawing: that waits for as long as another window covers the view
+    // not in draw(), which is not called while another window covers the view
     if (isVisible() && !size().isEmpty()) {
         session_->placeCamera(geometry());
     }

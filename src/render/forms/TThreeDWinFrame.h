@@ -20,33 +20,33 @@ enum class GlStatus;
 
 /// The 3D view of a document window: draws the model with OpenGL or by software and shows the
 /// picture in its image control. The left button turns the model, the right button and the wheel
-/// move the eye. Ctrl with the left one selects a frame.
+/// move the eye. Ctrl with the left button selects a frame.
 class TThreeDWinFrame : public PictureWidget {
     Q_OBJECT
   public:
     explicit TThreeDWinFrame(QWidget* parent = nullptr);
     ~TThreeDWinFrame() override;
 
-    /// Takes another OpenGL driver, which must outlive the view, from the next setUpView() on.
+    /// Uses another OpenGL driver, which must outlive the view, from the next setUpView() on.
     void setDriver(GlDriver& driver) { driver_ = &driver; }
-    /// The session whose document to draw, which has to outlive its use here; null to draw nothing.
-    /// Releases the context of the one before.
+    /// Sets the session whose document to draw, which must outlive its use here; null draws
+    /// nothing. Releases the former session's context.
     void setSession(DocumentSession* session);
-    /// Gets what the drawing interface of the settings needs: a context for OpenGL. The user is
-    /// told where there is none; the model is then drawn by software.
+    /// Makes a context if the view's settings ask for OpenGL. If that fails, tells the user and
+    /// draws the model by software.
     void setUpView();
-    /// Frees all that is held in the context, and the context. Until setUpView() the model is drawn
-    /// by software. The interface of the settings may change only while nothing is held.
+    /// Frees the context and everything in it. Until setUpView() the model is drawn by software.
+    /// Call it before the drawing interface in the settings changes.
     void releaseContext();
-    /// Has the model drawn anew with the next paint, in the size that the view has by then.
+    /// Has the model drawn again at the next paint, in the view's size at that time.
     void redraw();
-    /// What draws with OpenGL; null while the model is drawn by software.
+    /// Returns the OpenGL renderer; null while the model is drawn by software.
     [[nodiscard]] const GlOffscreen* openGl() const { return gl_.get(); }
 
   Q_SIGNALS:
-    /// A key, the menu or a pick here has put more out of date than the picture of this view.
+    /// A key, the menu or a pick in this view has made things out of date.
     void changed(const Changes& changes);
-    /// The driver took back what it had promised; the model is drawn by software from now on.
+    /// OpenGL has failed; the model is drawn by software from now on.
     void contextFailed(GlStatus status);
 
   protected:
@@ -55,19 +55,19 @@ class TThreeDWinFrame : public PictureWidget {
 
   private:
     void FrameResize();
-    /// The sizes that the view has at the moment.
+    /// Returns the view's current size in device pixels.
     [[nodiscard]] ViewGeometry geometry() const;
     void draw();
-    /// Whether there is a picture now.
+    /// Returns false if OpenGL has failed and there is no picture.
     bool drawByOpenGl(const ViewGeometry& geometry);
     void drawBySoftware(const ViewGeometry& geometry);
-    /// Says in the corner of the picture why there is nothing to be seen, or nothing.
+    /// If the view can show no face, shows the reason in the corner of the picture.
     void showReason();
     void setUpMouse();
     void setUpKeys();
-    /// Draws what the mouse has done to the view.
+    /// Redraws the view if the changes concern it.
     void apply(const Changes& changes);
-    /// Ends a running drag without a trace; whether there was one.
+    /// Reverts a running drag. Returns true if there was one.
     bool cancelDrag();
     void showFailure(GlStatus status);
 
@@ -77,7 +77,7 @@ class TThreeDWinFrame : public PictureWidget {
     GlDriver* driver_;
     std::unique_ptr<GlOffscreen> gl_;
     Bitmap glPicture_;
-    std::unique_ptr<DragFilter> mouse_; ///< goes first: it calls back
+    std::unique_ptr<DragFilter> mouse_; ///< destroyed first: it calls back
 };
 
 } // namespace korvane

@@ -22,7 +22,7 @@ namespace korvane {
 
 namespace {
 
-/// Writes a picture as PNG; false where that fails.
+/// Writes a picture as PNG. Returns false if that fails.
 bool writePicture(const QImage& picture, const QString& fileName) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -42,7 +42,7 @@ QString pictureName(const QString& model, QStringView view) {
 std::optional<ViewKey> viewKey(const QKeyEvent& event) {
     const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
     const bool plain = held == Qt::NoModifier;
-    const bool shifted = held == Qt::ShiftModifier; // many keyboards have the plus there
+    const bool shifted = held == Qt::ShiftModifier; // many keyboards need it for the plus
     switch (event.key()) {
     case Qt::Key_Left:
         return plain ? std::optional(ViewKey::Left) : std::nullopt;
@@ -77,7 +77,7 @@ ViewControls::ViewControls(PictureWidget& view, TImage& image, Handlers handlers
     button_->setToolTip(QStringLiteral("Menu of the view (Shift+F10)"));
     button_->setStatusTip(QStringLiteral("Shows the menu of the view"));
     button_->setArrowType(Qt::DownArrow);
-    button_->setFocusPolicy(Qt::NoFocus); // the keyboard has keys for it
+    button_->setFocusPolicy(Qt::NoFocus); // keys open the menu as well
     button_->setCursor(Qt::ArrowCursor);
     connect(button_, &QToolButton::clicked, this, &ViewControls::showMenu);
     addCommands();
@@ -129,12 +129,12 @@ bool ViewControls::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
         return keyEvent(dynamic_cast<const QKeyEvent&>(*event));
     case QEvent::ContextMenu:
-        return true; // the keys for it have come as such
+        return true; // keyEvent() has handled its keys
     case QEvent::FocusIn:
         image_.setFocusMark(true);
         break;
     case QEvent::FocusOut:
-        // an open menu borrows the keyboard
+        // an open menu only borrows the focus
         image_.setFocusMark(dynamic_cast<const QFocusEvent&>(*event).reason() ==
                             Qt::PopupFocusReason);
         handlers_.leave();
@@ -177,7 +177,7 @@ void ViewControls::copyPicture() const {
 }
 
 void ViewControls::savePicture() {
-    const QImage picture = image_.picture().copy(); // as it is now, whatever happens meanwhile
+    const QImage picture = image_.picture().copy(); // the view may change during the dialog
     if (picture.isNull() || ModalCall::running()) {
         return;
     }
@@ -197,7 +197,7 @@ void ViewControls::savePicture() {
     }
     QString name = dialog.selectedFiles().constFirst();
     if (!name.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
-        name += QLatin1String(".png"); // it must not take the place of a model
+        name += QLatin1String(".png"); // a picture must not replace a model
         if (QFileInfo::exists(name) && !replacingAgreed(&view_, name)) {
             return;
         }

@@ -17,9 +17,8 @@ namespace korvane {
 class PictureWidget;
 class TImage;
 
-/// What a view is besides its picture and the mouse: its keys, the mark of the focus, and its menu,
-/// which comes with the Menu key, Shift+F10 or a small button in the corner, since the right mouse
-/// button is the tools'.
+/// The keys, the focus mark and the menu of a view. The menu opens with the Menu key, Shift+F10 or
+/// a small button in the corner: the tools use the right mouse button.
 class ViewControls : public QObject {
     Q_OBJECT
   public:
@@ -27,14 +26,14 @@ class ViewControls : public QObject {
         std::function<void(ViewKey)> key;
         std::function<void()> leave;          ///< the view has lost the focus
         std::function<QString()> pictureName; ///< the path that "Save Picture..." offers
-        std::function<QString()> sentence;    ///< what the view shows, for screen readers
+        std::function<QString()> sentence;    ///< describes the view for screen readers
     };
 
-    /// `view` has the focus, `image` shows the picture; both may be the same. The view owns this
+    /// `view` takes the focus, `image` shows the picture; both may be the same. The view owns this
     /// object.
     ViewControls(PictureWidget& view, TImage& image, Handlers handlers);
 
-    /// A menu of what else the view can do, before the commands for the picture.
+    /// Inserts a submenu before the commands for the picture.
     void insert(QMenu& submenu);
     void showMenu();
 
@@ -57,11 +56,11 @@ class ViewControls : public QObject {
     QToolButton* button_;
 };
 
-/// The path that a picture of a model is offered under: beside the model, with its name and the
+/// Returns the path to offer for a picture of a model: beside the model, with its name and the
 /// view's.
 QString pictureName(const QString& model, QStringView view);
 
-/// The meaning of a key press in a view, none for others.
+/// Returns the meaning of a key press in a view; none for other keys.
 std::optional<ViewKey> viewKey(const QKeyEvent& event);
 
 } // namespace korvane
