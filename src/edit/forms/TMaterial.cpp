@@ -54,7 +54,7 @@ TMaterial::TMaterial(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui
 
 TMaterial::~TMaterial() {
     texture_.reset();
-    ui_->TreeView1->setModel(nullptr); // the view outlives the model of the faces
+    ui_->TreeView1->setModel(nullptr); // the tree view outlives the model
 }
 
 void TMaterial::setUpLook() {
@@ -92,7 +92,7 @@ void TMaterial::connectControls() {
     }
     connect(ui_->opacitybar, &QSlider::valueChanged, this, &TMaterial::OpacityChange);
     connect(ui_->Edit1, &QLineEdit::textChanged, this, &TMaterial::ShininessChange);
-    // also for the item that stands there: a face may have another material
+    // activated, even for the current item: the selected face may have another material
     connect(ui_->ComboBox1, &QComboBox::activated, this, &TMaterial::ComboBoxChange);
     connect(ui_->CheckListBox1, &QListWidget::itemChanged, this, &TMaterial::CheckListBoxClicked);
     connect(ui_->textureCheckBox, &QCheckBox::clicked, this, &TMaterial::TextureStatusChange);
@@ -137,7 +137,7 @@ void TMaterial::keyPressEvent(QKeyEvent* event) {
     }
     if (ui_->Edit1->hasFocus() &&
         (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-        commitPending(); // the typing is over, the editing is not
+        commitPending(); // Enter ends the typing, not the dialog
         ui_->Edit1->selectAll();
         return;
     }
@@ -146,7 +146,7 @@ void TMaterial::keyPressEvent(QKeyEvent* event) {
 
 bool TMaterial::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->ComboBox1 && event->type() == QEvent::Wheel) {
-        return true; // rolling past it must not give the face another material
+        return true; // scrolling past it must not change the material of a face
     }
     return QDialog::eventFilter(watched, event);
 }
@@ -261,7 +261,7 @@ void TMaterial::SpecularChange() {
     changeColor(*ui_->specular, MaterialColor::Specular);
 }
 
-// The emissive colour is deliberately not edited here, though there is an action for it.
+// The action for the emissive colour deliberately does nothing.
 void TMaterial::EmissiveChange() {}
 
 void TMaterial::changeColor(ColorSwatch& swatch, MaterialColor color) {

@@ -25,14 +25,14 @@ class TMaterial : public QDialog {
     explicit TMaterial(QWidget* parent);
     ~TMaterial() override;
 
-    /// The dialog that lets the user choose texture files; it must outlive every edit().
+    /// Sets the dialog that chooses texture files; it must outlive every edit().
     void setTextureDialog(TOKBottomDlg& dialog) { textureDialog_ = &dialog; }
 
     /// Shows the editor until the user closes it.
     void edit(MaterialEditing& materials);
 
   Q_SIGNALS:
-    /// The model has changed in what the views show.
+    /// The user has changed the model; `changes` is what is out of date.
     void edited(const Changes& changes);
 
   protected:
@@ -59,7 +59,7 @@ class TMaterial : public QDialog {
 
     void connectControls();
     void setUpLook();
-    /// Tells the views of a change.
+    /// Emits edited() if anything is out of date.
     void tell(const Changes& changes);
     void commitPending();
     void fillSlots();
@@ -73,10 +73,10 @@ class TMaterial : public QDialog {
     std::unique_ptr<Ui::TMaterial> ui_;
     TOKBottomDlg* textureDialog_ = nullptr;
     FaceTreeModel faces_;
-    MaterialEditing* materials_ = nullptr; ///< while the editor is shown
+    MaterialEditing* materials_ = nullptr; ///< only while the editor is shown
     bool showNeeded_ = false;
-    bool filling_ = false;                  ///< controls are set to show the model, not by the user
-    std::unique_ptr<TTextureView> texture_; ///< goes first: it works with the controls
+    bool filling_ = false;                  ///< the program sets controls, not the user
+    std::unique_ptr<TTextureView> texture_; ///< destroyed first: it uses the controls
 };
 
 } // namespace korvane

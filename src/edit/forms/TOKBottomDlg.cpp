@@ -48,7 +48,7 @@ void TOKBottomDlg::connectControls() {
             &TOKBottomDlg::fileChanged);
     connectFolderTree();
     connect(ui_->FileListBox1, &QListView::doubleClicked, this, [this](const QModelIndex& file) {
-        choose(files_->filePath(file)); // whatever has been typed
+        choose(files_->filePath(file)); // replaces anything typed
         TextureLoad();
         accept();
     });
@@ -66,8 +66,7 @@ void TOKBottomDlg::connectControls() {
 }
 
 void TOKBottomDlg::connectFolderTree() {
-    // the folder shown finds its place when those around it are known, and again when they have
-    // been sorted
+    // the current folder's row moves when its siblings are loaded, and again when they are sorted
     connect(folders_, &QFileSystemModel::directoryLoaded, this, &TOKBottomDlg::scrollToFolder,
             Qt::QueuedConnection);
     connect(folders_, &QFileSystemModel::layoutChanged, this, &TOKBottomDlg::scrollToFolder,
@@ -91,7 +90,7 @@ void TOKBottomDlg::reset(const QString& folder) {
         for (int column = 1; column < folders_->columnCount(); ++column) {
             ui_->DirectoryListBox1->hideColumn(column);
         }
-        // as wide as its names: those of folders deep down would have no room
+        // as wide as its content: otherwise names of deep folders would be cut off
         ui_->DirectoryListBox1->header()->setStretchLastSection(false);
         ui_->DirectoryListBox1->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         files_ = new QFileSystemModel(this);
@@ -156,7 +155,7 @@ void TOKBottomDlg::scrollToFolder() {
 }
 
 void TOKBottomDlg::showEvent(QShowEvent* event) {
-    scrollToFolder(); // there was no room to scroll in before
+    scrollToFolder(); // the tree only has its size now
     QDialog::showEvent(event);
 }
 
@@ -260,7 +259,7 @@ bool TOKBottomDlg::takeTypedName() {
         break;
     case Kind::File:
         choose(text);
-        // the preview warns of what cannot be shown; loading it once more takes it
+        // the preview warns if the file cannot be shown; a second Load accepts it
         return image_ != blankTextureImage();
     }
     return false;

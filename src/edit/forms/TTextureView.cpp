@@ -24,7 +24,7 @@ namespace korvane {
 
 namespace {
 
-constexpr int textMargin = 16; ///< in pixels, of a line of text in the view or over it
+constexpr int textMargin = 16; ///< in pixels, beside a line of text in or above the view
 
 void setUpBar(QScrollBar& bar, const std::optional<std::int32_t>& range, std::int32_t page,
               std::int32_t position) {
@@ -56,7 +56,7 @@ void TTextureView::setUpLook() {
         ui_.StatusBar1->addWidget(panel, 1);
         statusPanels_[i] = panel;
     }
-    // a long name must not widen the dialog, nor a scroll bar that comes and goes
+    // neither a long name nor a scroll bar that appears may change the dialog's width
     ui_.texname->setFixedWidth(ui_.texname->sizeHint().width());
     for (QWidget* widget :
          {static_cast<QWidget*>(ui_.HorizontalBar), static_cast<QWidget*>(ui_.VerticalBar),
@@ -264,7 +264,7 @@ void TTextureView::wheelTurned(const DragInput& input, float notches) {
         return;
     }
     turned_ = (turned_ < 0) == (notches < 0) ? turned_ + notches : notches;
-    if (std::abs(turned_) >= 1.0F) { // also of a wheel that turns by parts of a notch
+    if (std::abs(turned_) >= 1.0F) { // some wheels turn by fractions of a notch
         commitPending();
         if (view_.zoomAbout(input.x, input.y, std::exchange(turned_, 0.0F) > 0)) {
             zoomChanged();
@@ -283,7 +283,7 @@ void TTextureView::FormMouseDown(const DragInput& input) {
 void TTextureView::FormMouseMove(const DragInput& input) {
     if (scroll_) {
         const auto moved = [this](float way) { return static_cast<int>(way) / view_.zoom(); };
-        // the bars tell the view
+        // the signals of the bars move the view
         ui_.HorizontalBar->setValue(scroll_->offsetX - moved(input.x - scroll_->from.x));
         ui_.VerticalBar->setValue(scroll_->offsetY - moved(input.y - scroll_->from.y));
     } else if (materials_ != nullptr) {
@@ -346,7 +346,7 @@ void TTextureView::VertChange() {
     }
 }
 
-// A click on the row that was selected before, whose face may have been scrolled out of sight.
+// A click on the selected row changes no selection, but its face may be out of sight.
 void TTextureView::VertChange1() {
     commitPending();
     if (revealSelection()) {

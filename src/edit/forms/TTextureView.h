@@ -26,31 +26,30 @@ class TMaterial;
 }
 
 /// The texture view of the material editor: shows the texture of the current material with the
-/// faces of the mesh over it, and lets the mouse move their texture coordinates. It works with the
+/// faces of the mesh over it, and lets the mouse move their texture coordinates. It uses the
 /// editor's controls, which must outlive it.
 class TTextureView : public QObject {
     Q_OBJECT
   public:
-    /// `dialog` is the editor whose controls these are, `faces` what its tree shows.
+    /// `dialog` is the editor that the controls belong to, `faces` the model of its tree.
     TTextureView(Ui::TMaterial& controls, FaceTreeModel& faces, QWidget& dialog);
     ~TTextureView() override;
 
-    /// Shows these materials, which must stay until close().
+    /// Attaches the view to the materials, which must stay valid until close().
     void open(MaterialEditing& materials);
     void close();
 
-    /// Lists the faces: all, or those of the current material. What is selected stays, if it shows.
+    /// Lists all faces or those of the current material. Keeps the selection if it is listed.
     void showFaces();
-    /// The current material or its texture is another one.
+    /// Shows another texture; call it when the current material or its texture has changed.
     void showTexture();
-    /// Shows the picture, or why there is none, and the scroll bars that it needs.
+    /// Shows the picture, or why there is none, and the scroll bars if they are needed.
     void showPicture();
-    /// Ends a running drag without a trace; whether there was one.
+    /// Reverts a running drag of faces, or ends one that scrolls. Returns true if there was one.
     bool cancelDrag();
-    /// What every handler does before anything else: ends a running drag and records what is
-    /// pending.
+    /// Ends a running drag and records pending edits. Every handler calls it first.
     void commitPending();
-    /// The face or vertex that the tree has selected.
+    /// Returns the face or vertex selected in the tree.
     [[nodiscard]] std::optional<FacePart> selectedPart() const;
 
   Q_SIGNALS:
@@ -79,21 +78,21 @@ class TTextureView : public QObject {
     void setUpLook();
     void connectControls();
     void setUpMouse();
-    /// The picture's mark on the selected vertex, in a picture of its own; none where none is.
+    /// Returns a transparent overlay with a mark on the selected vertex; null if none is selected.
     const QImage& vertexMark(const std::optional<FacePart>& part);
     void showTextureName();
     void zoomChanged();
-    /// Scrolls to the selected face or vertex where it is out of sight; whether it was.
+    /// Scrolls to the selected face or vertex if it is out of sight. Returns true if it was.
     bool revealSelection();
     void offsetChanged();
-    /// After the mouse, or the end of a drag, has moved texture coordinates.
+    /// Redraws and emits edited() if anything is out of date.
     void texCoordsChanged(const Changes& changes);
 
     Ui::TMaterial& ui_;
     FaceTreeModel& faces_;
     QWidget& dialog_;
-    MaterialEditing* materials_ = nullptr; ///< while the editor is shown
-    ElidedLabel* statusPanels_[2] = {};    ///< the dialog owns them
+    MaterialEditing* materials_ = nullptr; ///< only while the editor is shown
+    ElidedLabel* statusPanels_[2] = {};    ///< owned by the dialog
     TexCoordView view_;
     TexCoordColors colors_;
     Bitmap picture_;
@@ -104,10 +103,10 @@ class TTextureView : public QObject {
         std::int32_t offsetY = 0;
     };
     std::optional<Scroll> scroll_; ///< by the middle button
-    bool filling_ = false;         ///< the tree is set to show the faces, not by the user
-    float turned_ = 0.0F;          ///< of a notch of the wheel, since the last step
+    bool filling_ = false;         ///< the program sets the tree, not the user
+    float turned_ = 0.0F;          ///< the wheel's rotation in notches since the last step
     std::shared_ptr<const TextureImage> texture_; ///< the image that the view shows
-    std::unique_ptr<DragFilter> mouse_;           ///< goes first: it calls back
+    std::unique_ptr<DragFilter> mouse_;           ///< destroyed first: it calls back
 };
 
 } // namespace korvane
