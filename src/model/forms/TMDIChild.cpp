@@ -79,7 +79,7 @@ void TMDIChild::clearMessageAtCommands() {
 }
 
 TMDIChild::~TMDIChild() {
-    // they belong to the views, which outlive the members that they use
+    // their owners, the views, outlive the members that they use
     qDeleteAll(findChildren<ViewControls*>());
     ChildDeactivate();
 }
@@ -89,7 +89,7 @@ void TMDIChild::ChildActivate() {
 }
 
 void TMDIChild::ChildDeactivate() {
-    // the 3D view is a child widget and outlives the model; its context goes as well
+    // the 3D view is a child widget and outlives the model; this also frees its context
     ui_->ThreeDWin->setSession(nullptr);
 }
 
@@ -154,7 +154,7 @@ void TMDIChild::apply(const Changes& changes) {
         followSelection();
     }
     if (changes.materials) {
-        ui_->TreeView1->viewport()->update(); // the samples of their colours
+        ui_->TreeView1->viewport()->update(); // repaints the samples of their colours
     }
     if (changes.geometry) {
         render3d();
@@ -240,7 +240,7 @@ bool TMDIChild::completeName(QString& name, const QString& suffix) {
     if (modelFileKind(name) != ModelFileKind::None) {
         return true;
     }
-    // the dialog takes whatever follows a dot for an extension, and asked about another file
+    // the dialog takes anything after a dot for an extension, and has asked about another file
     name += u'.' + suffix;
     return !QFileInfo::exists(name) || replacingAgreed(this, name);
 }
@@ -284,7 +284,7 @@ bool TMDIChild::FormCanClose() {
                        QStringLiteral("File is not saved.  Save?"), session_->model().FileName,
                        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
-        FileSaveExecute(); // a Save As cancelled in there does not keep the window open
+        FileSaveExecute(); // cancelling its Save As dialog does not keep the window open
     }
     session_->giveUpWork(answer == QMessageBox::No);
     return answer == QMessageBox::Yes || answer == QMessageBox::No;
@@ -300,7 +300,7 @@ void TMDIChild::closeUnasked() {
 }
 
 void TMDIChild::closeEvent(QCloseEvent* event) {
-    // a call that shows a dialog still works on the model
+    // a modal call still uses the model
     if (ModalCall::running() || (!closeAgreed_ && !FormCanClose())) {
         event->ignore();
         return;
@@ -333,12 +333,12 @@ bool TMDIChild::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (watched == ui_->DeleteButton && event->type() == QEvent::MouseButtonDblClick) {
-        focus_->give(*ui_->TreeView1); // the press has taken it
-        return true; // one click deletes what was meant, a second one not what is selected then
+        focus_->give(*ui_->TreeView1); // the press has taken the focus
+        return true; // the second click must not delete what is selected after the first
     }
     if (watched == ui_->TreeView1->viewport() && event->type() == QEvent::MouseButtonDblClick &&
         dynamic_cast<const QMouseEvent&>(*event).button() != Qt::LeftButton) {
-        return true; // the tree would tell of it as of any double click
+        return true; // the tree would report a double click of any button
     }
     return viewEvent(*watched, *event) || QMdiSubWindow::eventFilter(watched, event);
 }
@@ -350,7 +350,7 @@ void TMDIChild::FormResize() {
     const bool planes = ui_->TwoDVisibleAction->isChecked();
     const ViewPlaces places = viewPlaces(ui_->Panel3->size(), planes);
     ui_->Panel1->setGeometry(places.space);
-    if (planes) { // those that are hidden keep their places
+    if (planes) { // hidden views keep their places
         ui_->Panel5->setGeometry(places.xz);
         ui_->Panel6->setGeometry(places.xy);
         ui_->Panel7->setGeometry(places.zy);
@@ -390,7 +390,7 @@ void TMDIChild::setCaption() {
 }
 
 void TMDIChild::fitPages() {
-    // as narrow as designed unless the font is too wide for the captions
+    // at the designed width, unless the captions are wider in this font
     constexpr int designedWidth = 178;
     constexpr int captionMargin = 10;
     const std::pair<QPushButton*, QString> widest[] = {

@@ -30,46 +30,45 @@ namespace Ui {
 class TMDIChild;
 }
 
-/// The dialogs of the whole run that a document window shows.
+/// The dialogs that document windows share.
 struct DocumentDialogs {
     TframeF* frameOptions = nullptr;
     TOKBottomDlg1* renameFrame = nullptr;
     TMaterial* material = nullptr;
 };
 
-/// A document window: owns one model for as long as it is open and shows its structure, the tools
+/// A document window: owns one model while it is open, and shows the model's structure, the tools
 /// and the four drawing areas.
 class TMDIChild : public QMdiSubWindow {
     Q_OBJECT
   public:
-    /// A window with an empty model that was never saved, whose 3D view has these colours.
+    /// Starts with an empty model, never saved. `colors` are those of the 3D view.
     explicit TMDIChild(const ViewColors& colors, QWidget* parent = nullptr);
     ~TMDIChild() override;
 
-    /// Gives a window just constructed its name, and reads the file of that name if it is that of a
-    /// text model. Failures are shown to the user and leave the model empty; a reading that the
-    /// user cancels closes the window.
+    /// Names the model of a new window, and reads the file of that name if its extension is that of
+    /// a text model. A failure is shown to the user and leaves the model empty; if the user
+    /// cancels, the window closes.
     void create(const QString& name);
-    /// Shows a model from a recovery copy in a window just constructed. Where it cannot be opened
-    /// the user is told and the window closes, as it does where the user cancels; the copy is then
-    /// left as it is.
+    /// Opens a recovery copy in a new window. If that fails, which is shown to the user, or if the
+    /// user cancels, the window closes and the copy is left as it is.
     void recover(LeftCopy& copy);
-    /// How long create() reads before it shows its progress.
+    /// Sets how long create() and recover() read before they show their progress.
     void setProgressDelay(std::chrono::milliseconds delay) { progressDelay_ = delay; }
 
-    /// The dialogs that the commands of the "Structure" page show; they must outlive the window.
-    /// Without them "Edit" and "Rename Frame" do nothing.
+    /// Sets the dialogs of the "Structure" page's commands; they must outlive the window. Without
+    /// them, "Edit" and "Rename Frame" do nothing.
     void setDialogs(const DocumentDialogs& dialogs) { dialogs_ = dialogs; }
     /// Adds commands of the main frame to the menu of the structure tree.
     void addToStructureMenu(const QList<QAction*>& commands);
 
-    /// The model with what can be done to it; null once the window has been closed.
+    /// The model and its operations; null once the window has been closed.
     [[nodiscard]] DocumentSession* session() { return session_ ? &*session_ : nullptr; }
     [[nodiscard]] const DocumentSession* session() const { return session_ ? &*session_ : nullptr; }
     [[nodiscard]] const ModelDocument* document() const {
         return session_ ? &session_->model() : nullptr;
     }
-    /// The settings of the 3D view of a window that is open.
+    /// The settings of the 3D view. The window must be open.
     [[nodiscard]] const ViewState& view() const { return session_->view(); }
 
     // Commands of the main frame. They do nothing once the window has been closed.
@@ -82,51 +81,50 @@ class TMDIChild : public QMdiSubWindow {
     [[nodiscard]] bool canPaste(ClipboardContent content) const {
         return session_ && session_->canPaste(content);
     }
-    /// The clipboard block of the selection; empty if there is nothing that Copy takes.
+    /// Returns the clipboard block of the selection; empty if it cannot be copied.
     [[nodiscard]] QByteArray copy() { return session_ ? session_->copy() : QByteArray(); }
-    /// Pastes a block into the selection. One that is damaged or does not fit changes nothing, and
-    /// the user is told.
+    /// Pastes a block into the selection. If it is damaged or does not fit, nothing changes and the
+    /// user is told.
     void paste(const QByteArray& block);
     void setRenderMode(RenderMode mode);
     void setViewSetting(bool ViewState::*setting, bool on);
-    /// Draws the 3D view through another interface from here on.
+    /// Draws the 3D view through another interface from now on.
     void setDrawingInterface(DrawApi api);
-    /// Gives the views other colours, which show when they are drawn next.
+    /// Gives the views other colours. Their pictures show them once they are redrawn.
     void setColors(const ViewColors& colors, const PlaneColors& planeColors);
-    /// Draws the views that show anew.
+    /// Redraws all visible views.
     void render3d();
 
-    /// What the status bar shows of the window.
-    /// `notice` is what the program has to say, whatever window is active.
+    /// Returns the status bar's text for this window. `notice` is the program's, whatever window is
+    /// active.
     [[nodiscard]] QString statusText(const QString& notice = {}) const {
         return session_ ? session_->statusText(notice) : notice;
     }
-    /// A new command begins: what the last one said is out of date.
+    /// Clears the last command's message; call it when a new command begins.
     void clearMessage();
 
-    /// Opens a binary mesh file for a window just constructed; no command does so. Nothing is read
-    /// from the file: the empty model is saved as "loaded.xsi" in the current folder.
+    /// Opens a binary mesh file in a new window; no command calls it. Reads nothing from the file,
+    /// but saves the empty model as "loaded.xsi" in the current folder.
     void FileOpenMSH(const QString& fileName);
 
     void FileSaveExecute();
     void FileSaveAsExecute();
 
-    /// Whether FormCanClose would ask the user.
+    /// Returns whether FormCanClose() would ask the user.
     [[nodiscard]] bool needsCloseQuestion() const {
         return session_ && session_->needsCloseQuestion();
     }
-    /// Asks what to do about changes that are not saved; false if the user wants to keep the
-    /// window.
+    /// Asks what to do about unsaved changes. Returns false if the user cancels.
     bool FormCanClose();
-    /// Closes the window for a caller that has already asked FormCanClose.
+    /// Closes the window without asking. Call FormCanClose() first.
     void closeUnasked();
 
   Q_SIGNALS:
-    /// The status text is another one.
+    /// The status text has changed.
     void statusChanged();
-    /// A command of this window begins: what was said before is out of date.
+    /// A command of this window begins: earlier messages are out of date.
     void commandBegun();
-    /// The window closes, and no recovery copy of its work can be made.
+    /// The window closes, and no recovery copy of its work could be made.
     void keepingFailed(const QString& model);
 
   protected:
@@ -144,7 +142,7 @@ class TMDIChild : public QMdiSubWindow {
     void Deletebuttonclick();
     void Addbuttonclick();
 
-    // The views and the "Tools" page. Each image hands its mouse events to its plane.
+    // The views and the "Tools" page. Each image passes its mouse events to its plane.
     void XYWinMouseDown(const DragInput& input);
     void XYWinMouseMove(const DragInput& input);
     void XYWinMouseUp(const DragInput& input);
@@ -162,32 +160,31 @@ class TMDIChild : public QMdiSubWindow {
     struct PlaneImage;
     [[nodiscard]] std::array<PlaneImage, planeCount> planeImages() const;
     void setUpViews();
-    /// The keys and the menu of a 2D view.
+    /// Sets up the keys and the menu of a 2D view.
     void setUpKeys(const PlaneImage& image);
-    /// Whether the key has chosen a tool.
+    /// Returns true if the key has chosen a tool.
     bool toolKey(const QKeyEvent& event);
     void setUpTools();
     void setUpButtons();
-    /// The menu of the tree, with the commands of the buttons and the keys that stand for them.
+    /// Sets up the tree's menu with the commands of the buttons and their keys.
     void setUpStructureMenu();
-    /// Edits what the row stands for, unless it has rows below it.
+    /// Triggers Edit if the row is selected and has no rows below it.
     void rowDoubleClicked(const QModelIndex& row);
-    /// Carries out the command of the menu that a key stands for; whether there is one.
+    /// Runs the menu's command for a key. Returns true if the tree must not get the key.
     bool structureKey(const QKeyEvent& key);
-    /// An event of a view; whether that was all about it.
+    /// Handles an event of a view. Returns true if the view must not get it.
     bool viewEvent(const QObject& watched, const QEvent& event);
-    /// Whether the event is a press that only activates the window or comes while a dialog is at
-    /// work.
+    /// Returns true for a press that only activates the window or comes during a modal call.
     [[nodiscard]] bool startsNothing(const QEvent& event) const;
-    /// What an operation of the session makes of a mouse event in a 2D view.
+    /// An operation of the session for a mouse event in a 2D view.
     using PlaneOperation = Changes (DocumentSession::*)(const PlaneInput&);
     void planeInput(ViewPlane plane, const DragInput& input, PlaneOperation operation);
     [[nodiscard]] PlaneInput inputOf(ViewPlane plane, const DragInput& input);
-    /// Ends a running drag of a 2D view without a trace; whether there was one.
+    /// Reverts a running drag in a 2D view. Returns true if there was one.
     bool cancelDrag();
     void drawPlanes();
-    /// Has the 2D views start with the whole model in sight once one of them has its size, also
-    /// where another window covers it.
+    /// Makes the whole model visible in the 2D views once one of them has its size, even if another
+    /// window covers it.
     void placePlanes(const QWidget& image);
     void drawPlane(const PlaneImage& image);
     [[nodiscard]] PlaneView& planeView(ViewPlane plane) {
@@ -195,34 +192,34 @@ class TMDIChild : public QMdiSubWindow {
     }
     void showToolCursor();
     void showPlaneColors();
-    /// Brings the boxes of the "Tools" page in step with the selected frame.
+    /// Updates the boxes of the "Tools" page to the selected frame.
     void fillVisibilityBoxes();
-    /// Brings the controls in step with what the session says is out of date.
+    /// Updates the parts of the window that the session reports as out of date.
     void apply(const Changes& changes);
-    /// Whether the model takes edits and no call that shows a dialog is at work. Commands ask this
-    /// when they run, but do not show it: all of them would grey behind every dialog.
+    /// Returns whether the model accepts edits and no modal call runs. Commands check it when they
+    /// run, not to be enabled: otherwise all of them would be greyed behind every dialog.
     [[nodiscard]] bool mayEdit() const;
     static void fillPanel(QWidget& panel, const QColor& color);
 
     void FileOpenXSI(const QString& fileName);
-    /// Shows a model that has just come in.
+    /// Shows a model that has just been read.
     void showModel(const Changes& changes);
     void showSaved(const SaveOutcome& outcome);
-    /// Gives a name that a file dialog left without an extension of ours the suffix. False if the
-    /// user does not want that file to be replaced.
+    /// Appends the suffix if the name has none of our extensions. Returns false if the user does
+    /// not want to replace the file of the new name.
     bool completeName(QString& name, const QString& suffix);
-    /// Shows nothing where the file was read or is just missing.
+    /// Shows nothing if the file was read or is missing.
     void showReadFailure(ReadStatus status, const QString& fileName);
     void showSaveFailure(const QString& fileName);
     void showPasteFailure(const QString& reason);
     void setCaption();
     void clearMessageAtCommands();
     void editFrameOptions();
-    /// Opens the material editor on the selected slot or entry of the table.
+    /// Opens the material editor for the selected slot or entry of the table.
     void editMaterials();
-    /// What undo or redo has done; the node that it selects comes into sight.
+    /// Applies changes and scrolls the tree to the node that they select.
     void applyStep(const Changes& changes);
-    /// Moves the selection in the tree to what the document has selected.
+    /// Selects the document's selection in the tree.
     void followSelection();
     void fitPages();
     void showSelectedButtons();
@@ -230,16 +227,16 @@ class TMDIChild : public QMdiSubWindow {
     std::unique_ptr<Ui::TMDIChild> ui_;
     std::optional<DocumentSession> session_; ///< none once the window has been closed
     DocumentDialogs dialogs_;
-    std::unique_ptr<TStructureView> structure_; ///< goes before the tree view that it fills
-    QMenu* structureMenu_ = nullptr;            ///< the tree view owns it
-    WindowFocus* focus_ = nullptr;              ///< the window owns it
+    std::unique_ptr<TStructureView> structure_; ///< destroyed before the tree view that it fills
+    QMenu* structureMenu_ = nullptr;            ///< owned by the tree view
+    WindowFocus* focus_ = nullptr;              ///< owned by the window
     std::chrono::milliseconds progressDelay_{500};
     std::array<PlaneView, planeCount> planeViews_ = {
         PlaneView(ViewPlane::XY), PlaneView(ViewPlane::XZ), PlaneView(ViewPlane::ZY)};
-    bool filling_ = false; ///< the selection is set to show the model, not by the user
+    bool filling_ = false; ///< the program sets the selection, not the user
     bool closeAgreed_ = false;
-    bool activatedByPress_ = false; ///< by the one about to be delivered, if that is to a view
-    std::vector<std::unique_ptr<DragFilter>> mice_; ///< of the 2D views; go first: they call back
+    bool activatedByPress_ = false; ///< a press has activated the window, but is not delivered yet
+    std::vector<std::unique_ptr<DragFilter>> mice_; ///< of the 2D views; destroyed first
 };
 
 } // namespace korvane

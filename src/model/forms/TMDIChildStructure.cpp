@@ -31,9 +31,9 @@ void TMDIChild::setUpButtons() {
             if (mayEdit()) {
                 (this->*handler)();
             }
-            // a view that loses the keyboard in an inactive window is not told
+            // in an inactive window, a view gets no event when it loses the focus
             cancelDrag();
-            // on a button the next Space, meant for the tree, would press it again
+            // if the focus stayed here, a Space meant for the tree would press the button again
             focus_->give(*ui_->TreeView1);
         });
     }
@@ -61,7 +61,7 @@ void TMDIChild::setUpStructureMenu() {
     connect(ui_->TreeView1, &QTreeView::customContextMenuRequested, this, [this](const QPoint& at) {
         structureMenu_->popup(ui_->TreeView1->viewport()->mapToGlobal(at));
     });
-    ui_->TreeView1->viewport()->installEventFilter(this); // for the button of a double click
+    ui_->TreeView1->viewport()->installEventFilter(this); // for the mouse button of double clicks
     connect(ui_->TreeView1, &QTreeView::doubleClicked, this, &TMDIChild::rowDoubleClicked);
 }
 
@@ -71,7 +71,7 @@ void TMDIChild::rowDoubleClicked(const QModelIndex& row) {
             ui_->EditButton->click();
         }
     };
-    QTimer::singleShot(0, this, edit); // the tree is still at work with the press
+    QTimer::singleShot(0, this, edit); // after the tree has handled the press
 }
 
 void TMDIChild::addToStructureMenu(const QList<QAction*>& commands) {
@@ -80,13 +80,13 @@ void TMDIChild::addToStructureMenu(const QList<QAction*>& commands) {
 
 bool TMDIChild::structureKey(const QKeyEvent& key) {
     if (key.matches(QKeySequence::Copy)) {
-        // where nothing can be copied a tree would replace what was by the text of its node
+        // if nothing can be copied, the tree would put the node's text on the clipboard
         return true;
     }
     const QKeySequence pressed(
         QKeyCombination(key.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(key.key())));
     for (QAction* command : structureMenu_->actions()) {
-        // those of the main frame have their own keys
+        // the main frame's commands have their own keys
         if (command->parent() == structureMenu_ && command->shortcuts().contains(pressed)) {
             if (!key.isAutoRepeat()) {
                 command->trigger();
@@ -226,7 +226,7 @@ void TMDIChild::Addbuttonclick() {
     const bool toFrame = session_->model().Selected.NodeKind == NodeKind::Frame;
     apply(session_->add());
     if (toFrame) {
-        ui_->TreeView1->expand(ui_->TreeView1->currentIndex()); // shows what has been added
+        ui_->TreeView1->expand(ui_->TreeView1->currentIndex()); // shows the new frame
     }
 }
 

@@ -12,7 +12,7 @@ namespace korvane {
 
 namespace {
 
-/// The button shows the action's state and triggers it.
+/// Has the button show the action's state and trigger it.
 void bind(QAbstractButton& button, QAction& action) {
     QObject::connect(&action, &QAction::changed, &button, [&] {
         button.setEnabled(action.isEnabled());
@@ -43,7 +43,7 @@ void TMDIChild::setUpTools() {
     bind(*ui_->FrameVisibleBox, *ui_->FrameVisibleAction);
     bind(*ui_->MeshVisibleBox, *ui_->MeshVisibleAction);
     bind(*ui_->TwoDVisibleBox, *ui_->TwoDVisibleAction);
-    // an action has inverted its checked state when it tells of having been triggered
+    // an action toggles its checked state before it emits triggered()
     connect(ui_->FrameVisibleAction, &QAction::triggered, this, &TMDIChild::FrameVisibleExecute);
     connect(ui_->MeshVisibleAction, &QAction::triggered, this, &TMDIChild::MeshVisibleExecute);
     connect(ui_->TwoDVisibleAction, &QAction::triggered, this, &TMDIChild::TwoDVisibleExecute);

@@ -18,7 +18,7 @@
 
 namespace korvane {
 
-/// An image control with the plane that it shows and the handlers of its mouse events.
+/// An image control with its plane and the handlers of its mouse events.
 struct TMDIChild::PlaneImage {
     ViewPlane plane;
     TImage* image;
@@ -71,17 +71,17 @@ void TMDIChild::setUpViews() {
                                {view.bitmap().width(), view.bitmap().height()}, view.colors());
             }
         });
-        // the filter installed last runs first: presses that start nothing never reach the drag
+        // the filter installed last runs first: presses that start nothing must not reach the drag
         image.image->installEventFilter(this);
         image.image->setEdged(true);
         layOver(*image.label);
     }
     showPlaneColors();
-    // what a toggle on the "Tools" page changed shows as soon as the pointer is over the 3D view
+    // changes by toggles of the "Tools" page become visible when the pointer enters the 3D view
     ui_->ThreeDWin->setAttribute(Qt::WA_Hover);
     ui_->ThreeDWin->installEventFilter(this);
     connect(ui_->ThreeDWin, &TThreeDWinFrame::changed, this, &TMDIChild::applyStep);
-    // a press is delivered right after it has made its window the active one
+    // a press first activates its window and is then delivered
     connect(this, &QMdiSubWindow::aboutToActivate, this,
             [this] { activatedByPress_ = QGuiApplication::mouseButtons() != Qt::NoButton; });
     connect(
@@ -144,7 +144,7 @@ void TMDIChild::showPlaneColors() {
 
 void TMDIChild::render3d() {
     if (session_) {
-        session_->takeOverdue(); // everything shows after this
+        session_->takeOverdue(); // everything is redrawn now
         ui_->ThreeDWin->redraw();
         drawPlanes();
     }
@@ -178,7 +178,7 @@ void TMDIChild::drawPlane(const PlaneImage& image) {
     view.draw(session_->model(), dots);
     image.image->showPicture(imageOf(view.bitmap()),
                              view.selectionOverlay(session_->model(), dots));
-    // of the picture's colours, which it may have got later than the panel
+    // from the picture's colours, which change later than those of the panel
     setInkFor(*image.label, view.colors().frames.background);
 }
 

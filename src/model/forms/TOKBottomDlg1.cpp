@@ -13,7 +13,7 @@ namespace korvane {
 
 namespace {
 
-/// The text in lower case and on one line: the end of a line would end the name in a file.
+/// Converts the text to lower case and one line: a line break would end the name in a file.
 QString nameFrom(const QString& text) {
     QString name = QLocale::c().toLower(text);
     name.removeIf([](QChar c) {
@@ -29,8 +29,8 @@ TOKBottomDlg1::TOKBottomDlg1(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::TOKBottomDlg1>()) {
     ui_->setupUi(this);
     setHints(*this);
-    // what the dialog begins with stays as it is, however long: only what the user enters is changed
-    ui_->NameEdit->setMaxLength(std::numeric_limits<int>::max());
+    ui_->NameEdit->setMaxLength(std::numeric_limits<int>::max()); // or the initial name is cut
+    // textEdited: the initial name stays as it is, only the user's input is converted
     connect(ui_->NameEdit, &QLineEdit::textEdited, this, &TOKBottomDlg1::NameEditChange);
 }
 
@@ -62,7 +62,7 @@ void TOKBottomDlg1::showHint(const QString& name) {
     const QString reason = lostNameReason(modelText(name), use_);
     const QString hint = QStringLiteral("A file would not give this name back, because it %1.");
     ui_->HintLabel->setText(reason.isEmpty() ? reason : hint.arg(reason));
-    // the hint needs room, and gives it back
+    // an empty hint takes no room
     ui_->HintLabel->setVisible(!reason.isEmpty());
 }
 

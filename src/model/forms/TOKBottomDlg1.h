@@ -14,15 +14,15 @@ namespace Ui {
 class TOKBottomDlg1;
 }
 
-/// The rename dialog: the new name of a frame, in lower case.
+/// The rename dialog for a frame. It converts what the user types to lower case.
 class TOKBottomDlg1 : public QDialog {
     Q_OBJECT
   public:
     explicit TOKBottomDlg1(QWidget* parent);
     ~TOKBottomDlg1() override;
 
-    /// Shows the dialog with a name to begin with; the new name, or nothing if the user cancelled.
-    /// It warns of names that would be lost in a file where the frame is used like this.
+    /// Shows the dialog with an initial name. Returns the new name, or nothing if the user cancels.
+    /// Warns of names that a saved file would lose for a frame of this use.
     std::optional<QString> rename(const QString& name, const NameUse& use);
 
   private:

@@ -21,7 +21,7 @@ TReadProgress::~TReadProgress() = default;
 
 bool TReadProgress::goOn(std::size_t done, std::size_t size) {
     constexpr int steps = 1000;
-    constexpr qint64 pumpInterval = 40; // often enough to the eye, and no burden on the reading
+    constexpr qint64 pumpInterval = 40; // smooth enough, and does not slow reading down
     if (!dialog_) {
         if (sinceStart_.elapsed() < delay_.count()) {
             return true;
@@ -48,7 +48,7 @@ bool TReadProgress::goOn(std::size_t done, std::size_t size) {
     const double part =
         static_cast<double>(done) / static_cast<double>(std::max<std::size_t>(size, 1));
     dialog_->setValue(std::min(static_cast<int>(part * steps), steps));
-    QCoreApplication::processEvents(); // the dialog does so only when its value changed
+    QCoreApplication::processEvents(); // the dialog only does so if its value has changed
     return !dialog_->wasCanceled();
 }
 

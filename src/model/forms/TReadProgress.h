@@ -14,17 +14,17 @@ namespace korvane {
 
 class ModalCall;
 
-/// Shows how far the reading of a file has got once it takes long, and lets the user cancel it.
-/// While it shows it alone lets events through, and keeps the user from the other windows.
+/// Shows the progress of reading a file if it takes long, and lets the user cancel it. While it is
+/// visible, it processes events, but blocks the user's input to other windows.
 class TReadProgress {
   public:
-    /// Shows nothing before the delay has passed.
+    /// Shows nothing until the delay has passed.
     TReadProgress(QWidget& parent, QString fileName, std::chrono::milliseconds delay);
     ~TReadProgress();
     TReadProgress(const TReadProgress&) = delete;
     TReadProgress& operator=(const TReadProgress&) = delete;
 
-    /// Takes how many bytes are read; false once the user cancelled.
+    /// `done` of `size` bytes are read. Returns false once the user has cancelled.
     bool goOn(std::size_t done, std::size_t size);
 
   private:
@@ -34,7 +34,7 @@ class TReadProgress {
     QElapsedTimer sinceStart_;
     QElapsedTimer sincePump_;
     std::unique_ptr<QProgressDialog> dialog_;
-    std::unique_ptr<ModalCall> call_; ///< as long as there is a dialog, even one that was cancelled
+    std::unique_ptr<ModalCall> call_; ///< while there is a dialog, even a cancelled one
 };
 
 } // namespace korvane

@@ -18,7 +18,7 @@ namespace korvane {
 
 namespace {
 
-/// A small square of the colour, with a rim that sets it off from the row.
+/// Returns a small square of the colour, with a rim to distinguish it from the row.
 QPixmap colorSample(QRgb color, const QStyleOptionViewItem& option) {
     const int side = option.fontMetrics.ascent();
     const double ratio = option.widget != nullptr ? option.widget->devicePixelRatioF() : 1.0;
@@ -32,7 +32,7 @@ QPixmap colorSample(QRgb color, const QStyleOptionViewItem& option) {
     return sample;
 }
 
-/// Greys the rows of what the views leave out, and puts a sample before the materials.
+/// Greys the rows of what the views hide, and adds colour samples to those of materials.
 class StructureRows : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -70,8 +70,8 @@ TStructureView::TStructureView(QTreeView& view, StructureTreeModel& model)
     : view_(view), model_(model) {
     view_.setModel(&model_);
     view_.setItemDelegate(new StructureRows(&view_));
-    // A release over another row than the press selects that row and leaves the keyboard where it
-    // was.
+    // If the mouse is released over another row than pressed, Qt selects that row, but does not
+    // make it current.
     connect(view_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this](const QItemSelection& selected) {
                 if (!selected.isEmpty()) {
@@ -79,20 +79,20 @@ TStructureView::TStructureView(QTreeView& view, StructureTreeModel& model)
                                                             QItemSelectionModel::NoUpdate);
                 }
             });
-    // 0: only the rows in sight are measured
+    // 0: only measure visible rows
     view_.header()->setResizeContentsPrecision(0);
-    // behind those of the view, which have forgotten all when the other tree is there
+    // after the view's own slots, which discard its state when the tree is replaced
     connect(&model_, &QAbstractItemModel::modelAboutToBeReset, this, &TStructureView::remember);
     connect(&model_, &QAbstractItemModel::modelReset, this, &TStructureView::restore);
     fitSoon_.setSingleShot(true);
     fitSoon_.setInterval(0);
     const auto fitSoon = [this] { fitSoon_.start(); };
-    // later: measuring lays the view out, which must not happen for each of many nodes
+    // later: measuring lays the view out, which is too slow for each of many nodes
     connect(&view_, &QTreeView::expanded, &fitSoon_, fitSoon);
     connect(&view_, &QTreeView::collapsed, &fitSoon_, fitSoon);
     connect(view_.verticalScrollBar(), &QScrollBar::valueChanged, &fitSoon_, fitSoon);
     connect(&fitSoon_, &QTimer::timeout, &fitSoon_, [this] { fitColumn(); });
-    // the mouse sets the current row without scrolling: it must not move away under the pointer
+    // not for the mouse: the row must not move away from the pointer
     connect(view_.selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
         if (view_.hasAutoScroll()) {
             scrollSideways();
@@ -140,7 +140,7 @@ void TStructureView::expandAgain() {
     for (std::size_t i = 0; i < tree.nodes().size(); ++i) {
         const std::int32_t then = tree.nodes()[i].previous;
         if (then < 0 || static_cast<std::size_t>(then) >= expanded_.size()) {
-            continue; // no frame, or a new one
+            continue; // not a frame, or a new one
         }
         const auto now = static_cast<std::int32_t>(i);
         follow(then, now);
@@ -168,7 +168,7 @@ void TStructureView::scrollToSelection() {
 }
 
 void TStructureView::scrollSideways() {
-    // the rows that have come into sight may need more room, which the view takes in later
+    // rows that have become visible may need a wider column, which the view lays out later
     fitColumn();
     showTextSoon_.start();
 }
@@ -181,7 +181,7 @@ void TStructureView::showCurrentText() {
     QScrollBar& bar = *view_.horizontalScrollBar();
     const int text = view_.visualRect(current).left();
     const int wanted = text + view_.sizeHintForIndex(current).width() - view_.viewport()->width();
-    // the beginning of a text that is wider than the view comes first
+    // if the text is wider than the view, its beginning is more important
     bar.setValue(bar.value() + (text < 0 ? text : std::clamp(wanted, 0, text)));
 }
 
@@ -190,8 +190,8 @@ NodeData TStructureView::nodeData(const QModelIndex& index) const {
 }
 
 void TStructureView::fitColumn() {
-    // the column fills the view, so that the selection does, but never cuts a text off: deep trees
-    // scroll sideways
+    // The column fills the view, so that the selection does too, but cuts no text off: deep trees
+    // scroll sideways.
     const QAbstractItemView& rows = view_;
     view_.header()->setMinimumSectionSize(rows.sizeHintForColumn(0));
 }

@@ -11,8 +11,8 @@
 
 namespace korvane {
 
-/// Shows the structure of a document in a tree view. What is expanded and how far the view is
-/// scrolled stays from one tree of the model to the next, wherever the frames have moved.
+/// Shows the structure of a document in a tree view. Keeps expansion and scroll position when the
+/// model's tree is rebuilt, even of frames that have moved.
 class TStructureView : public QObject {
     Q_OBJECT
   public:
@@ -20,33 +20,32 @@ class TStructureView : public QObject {
     TStructureView(QTreeView& view, StructureTreeModel& model);
     ~TStructureView() override;
 
-    /// Selects the node that stands for the same thing; of a slot or material that is gone the last
-    /// one there is, else the node above it; the root at the worst. Does not scroll.
+    /// Selects the node for `data`, or the nearest one if it is gone. Does not scroll.
     void select(const NodeData& data);
-    /// Brings the selected node into sight, opening what it lies in.
+    /// Scrolls to the selected node, and expands the nodes above it.
     void scrollToSelection();
-    /// The record of a node of the view, empty for an invalid index.
+    /// Returns the record of a node of the view; empty for an invalid index.
     [[nodiscard]] NodeData nodeData(const QModelIndex& index) const;
 
   private:
-    /// The model is about to have another tree.
+    /// Saves expansion and scroll position before the model's tree is replaced.
     void remember();
     void restore();
     void expandAgain();
-    /// Makes room for the widest of the rows in sight.
+    /// Makes the column as wide as the widest visible row.
     void fitColumn();
-    /// Brings the text of the current row into sight, as far as there is room.
+    /// Scrolls to the text of the current row once the view knows its width.
     void scrollSideways();
     void showCurrentText();
 
     QTreeView& view_;
     StructureTreeModel& model_;
-    QTimer fitSoon_;      ///< other rows have come into sight
-    QTimer showTextSoon_; ///< the current row is another one
+    QTimer fitSoon_;      ///< other rows are visible
+    QTimer showTextSoon_; ///< the current row has changed
 
-    // while the model changes its tree
+    // only while the model's tree is being replaced
     StructureTree before_;
-    std::vector<bool> expanded_; ///< by node of that tree
+    std::vector<bool> expanded_; ///< by node of `before_`
     int scroll_ = 0;
 };
 

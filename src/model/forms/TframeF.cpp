@@ -25,10 +25,10 @@ TframeF::TframeF(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::Tf
         {ui_->AnimationBox, &TframeF::AnimationActionExecute},
     };
     for (const auto& [box, handler] : handlers) {
-        connect(box, &QCheckBox::clicked, this, handler); // by the user alone, not by filling
+        connect(box, &QCheckBox::clicked, this, handler); // clicked: only by the user
     }
     ui_->BasePoseBox->setEnabled(false);
-    // a box of a flag that nothing here writes shows the frame, whatever is clicked
+    // this flag cannot be changed here: a click is reverted
     connect(ui_->VertexColorsBox, &QCheckBox::clicked, this,
             [this] { ui_->VertexColorsBox->setChecked(flags_.HasVertexColors); });
 }

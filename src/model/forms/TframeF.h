@@ -15,8 +15,8 @@ namespace Ui {
 class TframeF;
 }
 
-/// The frame options: the flags of a frame, all handed over at the moment a box is clicked. Cancel
-/// deliberately puts nothing back.
+/// The frame options: edits the flags of a frame. A click on a box writes all flags at once; Cancel
+/// deliberately does not restore them.
 class TframeF : public QDialog {
     Q_OBJECT
   public:
@@ -25,8 +25,8 @@ class TframeF : public QDialog {
 
     using Write = std::function<void(const FrameFlags&)>;
 
-    /// Shows a frame's flags and calls `write` whenever the user has changed one. Returns true if
-    /// the user confirmed.
+    /// Shows a frame's flags and calls `write` whenever the user changes one. Returns true if the
+    /// user confirms.
     bool edit(const FrameFlags& flags, Write write);
 
   private:
@@ -42,7 +42,7 @@ class TframeF : public QDialog {
     void AnimationActionExecute();
 
     void enableBoxes();
-    /// Takes over what a box shows now.
+    /// Sets a flag from its box and writes all flags.
     void setFlag(bool FrameFlags::*flag, const QCheckBox& box);
 
     std::unique_ptr<Ui::TframeF> ui_;
