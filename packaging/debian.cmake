@@ -1,8 +1,8 @@
-# Run by CPack on the files that go into the package: what Debian's policy wants beyond the usual folders.
+# CPack runs this on the files of the package, to meet Debian's policy beyond the usual folders.
 set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
 set(documents ${share}/doc/${CPACK_PACKAGE_NAME})
 
-# zsh of Debian looks for what packages bring in a folder of its own
+# Debian's zsh looks for the completions of packages in a folder of its own
 file(MAKE_DIRECTORY ${share}/zsh)
 file(RENAME ${share}/zsh/site-functions ${share}/zsh/vendor-completions)
 
@@ -11,7 +11,7 @@ execute_process(COMMAND date -u -R -d ${CPACK_RELEASE_DATE}
 file(WRITE ${documents}/changelog.Debian
 "${CPACK_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) unstable; urgency=medium
 
-  * New version; changelog.gz tells what is new.
+  * New version; see changelog.gz.
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}
 ")

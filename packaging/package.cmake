@@ -1,4 +1,4 @@
-# The Debian package: `cpack` in the build folder makes it, ./package makes and checks it.
+# The Debian package: `cpack` in the build folder makes it, ./package also checks it.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${PROJECT_NAME})
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -23,10 +23,10 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# on a Wayland desktop the toolkit loads its plugin by name, which no linker sees
+# on a Wayland desktop, the toolkit loads its plugin by name, which the automatic dependencies miss
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
 
-# what Debian wants otherwise than `cmake --install` leaves it
+# adapts what `cmake --install` has installed to Debian
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/debian.cmake)
 set(CPACK_RELEASE_DATE ${RELEASE_DATE})
 include(CPack)
