@@ -10,7 +10,7 @@ namespace {
 const QString blockFormat = QStringLiteral("Korvane II Model Editor, String");
 const QString contentFormat = blockFormat + QStringLiteral(", Content");
 
-/// What another program may offer; it counts how often its formats and its block are asked for.
+/// Clipboard data of another program. Counts requests for its formats and its block.
 class Offered : public QMimeData {
   public:
     QStringList formats() const override {
@@ -26,7 +26,7 @@ class Offered : public QMimeData {
     mutable int fetched = 0;
 };
 
-/// Two windows, each with the small model, whose root is selected; the second one is active.
+/// Two windows with the small model, whose root is selected; the second one is active.
 class ClipboardCommands : public MainFormTest {
   protected:
     ClipboardCommands() {
@@ -43,34 +43,34 @@ class ClipboardCommands : public MainFormTest {
         }
     }
     static const Offered& offer(const std::map<QString, QByteArray>& contents) {
-        auto* data = new Offered; // the clipboard takes it over
+        auto* data = new Offered; // the clipboard takes ownership
         for (const auto& [format, bytes] : contents) {
             data->setData(format, bytes);
         }
         QApplication::clipboard()->setMimeData(data);
         settle();
-        data->questions = 0; // the platform may ask on its own, on behalf of others
+        data->questions = 0; // the platform may query it for other programs
         return *data;
     }
 };
 
-TEST_F(ClipboardCommands, FramesAndMaterialsGoFromWindowToWindow) {
-    EXPECT_EQ(enabled(), "EditCopy ") << "there is nothing to paste yet";
+TEST_F(ClipboardCommands, CopyFramesAndMaterialsBetweenWindows) {
+    EXPECT_EQ(enabled(), "EditCopy ") << "nothing to paste yet";
     press(tree(), "c");
     EXPECT_EQ(enabled(), "EditCopy EditPaste ");
     select("Materials");
-    EXPECT_EQ(enabled(), "EditCopy ") << "no place for a frame";
+    EXPECT_EQ(enabled(), "EditCopy ") << "a frame does not fit here";
     select(bodyMesh);
     EXPECT_EQ(enabled(), "");
-    press(tree(), "c"); // nor can its text be copied
+    press(tree(), "c"); // must not copy the text of the node
     form().documents()[0]->setFocus();
     press(tree(), "v");
-    select(bodyNode + "/" + bodyMaterials + "/Material 4"); // the tree shows it
+    select(bodyNode + "/" + bodyMaterials + "/Material 4"); // fails unless the tree has the paste
     form().documents()[1]->setFocus();
     EXPECT_FALSE(document().Modified);
     select("Materials");
     run("EditCopy");
-    run("FileClose1"); // what was copied outlives its window
+    run("FileClose1"); // the copy outlives its window
     select(bodyMaterials);
     run("EditPaste");
     EXPECT_EQ(document().Root.Mesh.MaterialSlotList, (std::vector<std::int32_t>{0, 1, 4, 5}));
@@ -78,12 +78,12 @@ TEST_F(ClipboardCommands, FramesAndMaterialsGoFromWindowToWindow) {
     EXPECT_EQ(enabled(), "");
 }
 
-TEST_F(ClipboardCommands, WhatOtherProgramsOfferIsAskedForOnceAndTakenAsFarAsItIsSound) {
+TEST_F(ClipboardCommands, QueryOtherProgramsOnceAndPasteOnlyValidBlocks) {
     run("EditCopy");
     const QByteArray block = QApplication::clipboard()->mimeData()->data(blockFormat);
     const Offered& offered = offer({{blockFormat, block}, {contentFormat, block.first(4)}});
     EXPECT_EQ(enabled(), "EditCopy EditPaste ");
-    EXPECT_EQ(offered.questions, 0) << "the frame had asked before";
+    EXPECT_EQ(offered.questions, 0) << "the answer is cached";
     EXPECT_EQ(offered.fetched, 0);
     run("EditPaste");
     EXPECT_EQ(offered.fetched, 1);
@@ -104,7 +104,7 @@ TEST_F(ClipboardCommands, WhatOtherProgramsOfferIsAskedForOnceAndTakenAsFarAsItI
     EXPECT_EQ(writeText(document()), before);
 }
 
-TEST_F(ClipboardCommands, KeysBelongToATextFieldThatHasTheFocus) {
+TEST_F(ClipboardCommands, LeaveTheirKeysToAFocusedTextField) {
     press(tree(), "c");
     QLineEdit field(QStringLiteral("some text"), window().widget());
     field.show();

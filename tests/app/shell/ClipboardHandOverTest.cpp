@@ -17,9 +17,8 @@ namespace {
 template <class Reply>
 using Owned = QScopedPointer<Reply, QScopedPointerPodDeleter>;
 
-/// A clipboard manager that takes texts, in the pieces in which large ones come. It has a
-/// connection of its own, as another program would, and works when its timer, which the test
-/// starts, wakes it.
+/// A clipboard manager that receives text, large text in pieces. Like another program, it has its
+/// own connection. It works once the test has started its timer.
 class Manager : public QObject {
   public:
     Manager() {
@@ -28,7 +27,7 @@ class Manager : public QObject {
         xcb_create_window(connection_, 0, window_, root, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                           0, XCB_CW_EVENT_MASK, &events);
         xcb_set_selection_owner(connection_, window_, atom("CLIPBOARD_MANAGER"), XCB_CURRENT_TIME);
-        clipboard_ = atom("CLIPBOARD"); // by its answer all of it is done
+        clipboard_ = atom("CLIPBOARD"); // its reply also means that the requests above are done
     }
     ~Manager() override { xcb_disconnect(connection_); }
 
@@ -52,7 +51,7 @@ class Manager : public QObject {
         }
         xcb_flush(connection_);
     }
-    /// Takes a piece of the text if there is one; an empty one is the last.
+    /// Receives a piece of the text if there is one; the last one is empty.
     void takePiece() {
         const auto cookie =
             xcb_get_property(connection_, 1, window_, XCB_ATOM_STRING, XCB_ATOM_ANY, 0, 0x1fffffff);
@@ -62,7 +61,7 @@ class Manager : public QObject {
             saved.append(static_cast<const char*>(xcb_get_property_value(piece.get())),
                          xcb_get_property_value_length(piece.get()));
         } else if (piece->type == XCB_ATOM_STRING) {
-            xcb_selection_notify_event_t answer[2] = {}; // as long as any event
+            xcb_selection_notify_event_t answer[2] = {}; // at least 32 bytes, the size of an event
             answer->response_type = XCB_SELECTION_NOTIFY;
             answer->requestor = asks_;
             xcb_send_event(connection_, 0, asks_, 0, reinterpret_cast<const char*>(answer));
@@ -72,10 +71,11 @@ class Manager : public QObject {
     xcb_connection_t* connection_ = xcb_connect(nullptr, nullptr);
     xcb_window_t window_ = xcb_generate_id(connection_);
     xcb_atom_t clipboard_ = XCB_NONE;
-    xcb_window_t asks_ = XCB_NONE; ///< wants the clipboard saved
+    xcb_window_t asks_ = XCB_NONE; ///< has asked to save the clipboard
 };
 
-/// Puts a text on the clipboard, or nothing, and hands it over; the milliseconds that this takes.
+/// Puts a text, or nothing, on the clipboard and hands it over. Returns the milliseconds this
+/// takes.
 qint64 handOver(const QByteArray& text) {
     QClipboard& clipboard = *QApplication::clipboard();
     text.isEmpty() ? clipboard.clear() : clipboard.setText(QString::fromLatin1(text));
@@ -86,7 +86,7 @@ qint64 handOver(const QByteArray& text) {
     return timer.elapsed();
 }
 
-TEST(ClipboardHandOver, AManagerGetsALargeText) {
+TEST(ClipboardHandOver, ManagerReceivesLargeText) {
     const QByteArray text = QByteArray("a piece").repeated(6'000'000);
     Manager manager;
     manager.startTimer(1);
@@ -94,11 +94,11 @@ TEST(ClipboardHandOver, AManagerGetsALargeText) {
     EXPECT_TRUE(manager.saved == text);
 }
 
-TEST(ClipboardHandOver, NobodyIsWaitedForLong) {
-    EXPECT_LT(handOver("text"), 500) << "there is no manager";
+TEST(ClipboardHandOver, NeverWaitsLong) {
+    EXPECT_LT(handOver("text"), 500) << "no manager";
     const Manager silent;
     EXPECT_LT(handOver("text"), 3000);
-    EXPECT_LT(handOver({}), 500) << "there is nothing of ours to save";
+    EXPECT_LT(handOver({}), 500) << "nothing to save";
 }
 
 } // namespace

@@ -15,8 +15,8 @@
 namespace korvane::test {
 namespace {
 
-/// How a program ends that gets the signals before its event loop runs and, once it has taken that
-/// long to keep what it has, one more.
+/// Returns how a program ends that gets the signals before its event loop runs, takes the time
+/// `keeping` to save its work and then gets one more signal.
 std::string endBy(const std::vector<int>& signals, timespec keeping, int last) {
     return endOfChild([&](int out) {
         const auto tell = [out](std::string_view text) {
@@ -27,7 +27,7 @@ std::string endBy(const std::vector<int>& signals, timespec keeping, int last) {
             nanosleep(&keeping, nullptr);
             std::raise(last);
             tell("has kept, ");
-            throw std::bad_alloc(); // is no reason to stay
+            throw std::bad_alloc(); // must not keep the program alive
         });
         for (const int signal : signals) {
             std::raise(signal);
@@ -36,7 +36,7 @@ std::string endBy(const std::vector<int>& signals, timespec keeping, int last) {
     });
 }
 
-TEST(EndSignals, TheFirstSignalEndsTheProgramWhenAllIsKept) {
+TEST(EndSignals, FirstSignalEndsTheProgramOnceItsWorkIsKept) {
     constexpr timespec soon = {};
     constexpr timespec late = {1, 100'000'000};
     for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
@@ -44,8 +44,8 @@ TEST(EndSignals, TheFirstSignalEndsTheProgramWhenAllIsKept) {
                   "keeps, has kept, signal " + std::to_string(signal));
     }
     EXPECT_EQ(endBy({SIGTERM, SIGHUP}, soon, SIGINT), "keeps, has kept, signal 15");
-    EXPECT_EQ(endBy({SIGTERM}, late, SIGINT), "keeps, signal 2") << "somebody has lost patience";
-    const auto usual = std::signal(SIGHUP, SIG_IGN); // as for what outlives its terminal
+    EXPECT_EQ(endBy({SIGTERM}, late, SIGINT), "keeps, signal 2") << "a late signal ends it at once";
+    const auto usual = std::signal(SIGHUP, SIG_IGN); // as nohup does
     EXPECT_EQ(endBy({SIGHUP, SIGTERM}, soon, SIGHUP), "keeps, has kept, signal 15");
     std::signal(SIGHUP, usual);
 }

@@ -20,7 +20,7 @@ QStringList headingsOf(const TGuide& guide) {
     return links;
 }
 
-TEST_F(HelpTest, EveryControlWithAFocusHasAHintAndASectionOfTheGuide) {
+TEST_F(HelpTest, FocusableControlsHaveAHintAndASectionOfTheGuide) {
     start({write("m.xsi", smallModel())});
     TGuide guide(nullptr);
     guide.showSection({});
@@ -34,7 +34,7 @@ TEST_F(HelpTest, EveryControlWithAFocusHasAHintAndASectionOfTheGuide) {
             control->inherits("QMdiArea") || !control->isEnabledTo(window)) {
             continue;
         }
-        bool hinted = control->objectName().startsWith(u"Image"); // which the pointer tells of
+        bool hinted = control->objectName().startsWith(u"Image"); // the text about the pointer
         for (const QWidget* at = control; at != nullptr && !hinted; at = at->parentWidget()) {
             hinted = !at->statusTip().isEmpty();
         }
@@ -55,7 +55,7 @@ TEST_F(HelpTest, EveryControlWithAFocusHasAHintAndASectionOfTheGuide) {
     }
 }
 
-TEST_F(HelpTest, TheStatusBarHasTheHintUntilSomethingIsToBeTold) {
+TEST_F(HelpTest, StatusBarShowsHintsUntilThereIsAMessage) {
     start({write("m.xsi", smallModel())});
     EXPECT_FALSE(child<QLabel>(form(), "BeginHint").isVisible());
     QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
@@ -75,7 +75,7 @@ TEST_F(HelpTest, TheStatusBarHasTheHintUntilSomethingIsToBeTold) {
     });
     button("EditButton").click();
     settle();
-    EXPECT_EQ(status(), "1 mesh, 2 faces") << "the dialog has taken its hint along";
+    EXPECT_EQ(status(), "1 mesh, 2 faces") << "a dialog clears its hint";
     const auto& open = child<QToolButton>(form(), "FileOpen1Button");
     EXPECT_EQ(open.toolTip(), QStringLiteral("Open (Ctrl+O)"));
     answer<QMessageBox>([](QMessageBox& box) {
@@ -85,13 +85,13 @@ TEST_F(HelpTest, TheStatusBarHasTheHintUntilSomethingIsToBeTold) {
     });
     run("FileClose1");
     auto* guide = form().findChild<TGuide*>({}, Qt::FindDirectChildrenOnly);
-    ASSERT_TRUE(guide != nullptr && guide->isVisible()) << "it stays where its dialog goes";
+    ASSERT_TRUE(guide != nullptr && guide->isVisible()) << "the guide outlives its dialog";
     QTest::keyClick(guide, Qt::Key_Escape);
     EXPECT_FALSE(guide->isVisible());
     EXPECT_TRUE(child<QLabel>(form(), "BeginHint").isVisible());
 }
 
-TEST_F(HelpTest, KeysGoFromWindowToWindowAndCloseThem) {
+TEST_F(HelpTest, KeysSwitchAndCloseWindows) {
     start();
     for (int i = 0; i < 3; ++i) {
         run("FileNew1");
@@ -100,7 +100,7 @@ TEST_F(HelpTest, KeysGoFromWindowToWindowAndCloseThem) {
         {Qt::ControlModifier, Qt::Key_F6, "Untitled 1"},
         {Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_F6, "Untitled 3"},
         {Qt::ControlModifier, Qt::Key_F4, "Untitled 1"},
-        {Qt::ControlModifier, Qt::Key_W, "Untitled 2"}}; // which this desktop has besides
+        {Qt::ControlModifier, Qt::Key_W, "Untitled 2"}}; // this desktop's own key
     for (const auto& [held, key, active] : keys) {
         if (key != Qt::Key_F6) {
             answerCloseQuestion(window().windowTitle(), QMessageBox::No);

@@ -8,20 +8,20 @@ namespace {
 
 using LogoutTest = MainFormTest;
 
-TEST_F(LogoutTest, AsksWhereItMayAndKeepsWhatIsNotSaved) {
+TEST_F(LogoutTest, AsksIfPermittedAndKeepsUnsavedWork) {
     start();
     run("FileNew1");
     int kept = 0;
     Logout logout(form(), [&kept] { ++kept; });
     QEvent quit(QEvent::Quit);
-    EXPECT_FALSE(logout.eventFilter(qApp, &quit)) << "no session ends";
+    EXPECT_FALSE(logout.eventFilter(qApp, &quit)) << "the session has not ended";
     const auto mayEnd = [&](bool asks) { return logout.mayEnd([=] { return asks; }); };
 
     answerCloseQuestion(QStringLiteral("Untitled 1"), QMessageBox::Cancel);
     EXPECT_FALSE(mayEnd(true));
     EXPECT_TRUE(mayEnd(false));
     answer<TAboutBox>([&](TAboutBox& box) {
-        EXPECT_TRUE(mayEnd(true)) << "over a dialog no other one shows";
+        EXPECT_TRUE(mayEnd(true)) << "no question over an open dialog";
         EXPECT_EQ(endOfChild([&](int) { logout.eventFilter(qApp, &quit); }), "exit 0");
         box.reject();
     });
@@ -32,7 +32,7 @@ TEST_F(LogoutTest, AsksWhereItMayAndKeepsWhatIsNotSaved) {
     form().showMinimized();
     answerCloseQuestion(QStringLiteral("Untitled 1"), QMessageBox::No);
     EXPECT_TRUE(mayEnd(true));
-    EXPECT_FALSE(form().isMinimized()) << "nobody would see the question";
+    EXPECT_FALSE(form().isMinimized()) << "the question must be visible";
     EXPECT_EQ(captions(), QStringList(QStringLiteral("Untitled 1")))
         << "another program may stop the logout";
     logout.eventFilter(qApp, &quit);

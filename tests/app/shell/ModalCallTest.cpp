@@ -6,21 +6,21 @@
 namespace korvane::test {
 namespace {
 
-/// A click on the control and a Space for it, as if they had waited till now.
+/// Clicks the control and presses Space in it, like input that was pending.
 void press(QWidget& control, QPoint at = {8, 8}) {
     QTest::mouseClick(&control, Qt::LeftButton, Qt::NoModifier, at);
     QTest::keyClick(&control, Qt::Key_Space);
 }
 
-/// What a user does while the program is slow: all of it is delivered after the dialog has hidden
-/// and before the call that shows it has returned.
+/// Delivers the input of an impatient user after the dialog has hidden and before the call that
+/// shows it has returned.
 class ModalCalls : public MainFormTest {
   protected:
     ModalCalls() {
         start({write("m.xsi", smallModel())});
         select(bodyNode + "/Frame frm-wing");
     }
-    /// Ends the dialog that comes up next with events waiting behind it.
+    /// Ends the next dialog while input is pending.
     void answerWithMoreInput(int result, const QString& typed = {}) {
         answer<QDialog>([this, result, typed](QDialog& dialog) {
             if (!typed.isEmpty()) {
@@ -40,12 +40,12 @@ class ModalCalls : public MainFormTest {
             for (const char* command : {"FileNew1", "FileOpen1", "HelpAbout1"}) {
                 action(command).trigger();
             }
-            document().Modified = false; // or closing would ask
+            document().Modified = false; // otherwise closing would ask
             window().close();
             form().close();
         });
     }
-    /// Uses a command or a button, and waits for the end of it.
+    /// Uses a command or a button, and waits until it is done.
     void use(const char* name) const {
         if (auto* command = form().findChild<QAction*>(QString::fromLatin1(name))) {
             command->trigger();
@@ -58,7 +58,7 @@ class ModalCalls : public MainFormTest {
     }
 };
 
-TEST_F(ModalCalls, InputBehindADialogReachesNobodyBeforeItsCallHasReturned) {
+TEST_F(ModalCalls, DropInputForCoveredWindowsUntilTheCallReturns) {
     const std::string before = writeText(document());
     const std::pair<const char*, int> dialogs[] = {
         {"EditButton", QDialog::Accepted},         {"EditButton", QDialog::Rejected},
@@ -73,18 +73,18 @@ TEST_F(ModalCalls, InputBehindADialogReachesNobodyBeforeItsCallHasReturned) {
         EXPECT_EQ(tree().currentIndex(), node(bodyNode + "/Frame frm-wing")) << name;
         EXPECT_FALSE(window().canUndo()) << name;
     }
-    // what the dialog itself was told counts, for the frame that it was shown for
+    // the dialog's own input counts, for the frame that it was opened for
     answerWithMoreInput(QDialog::Accepted, QStringLiteral("fin"));
     use("RenameButton");
     EXPECT_EQ(document().Root.Name, "body");
     ASSERT_EQ(document().Root.Children.size(), 1U);
     EXPECT_EQ(document().Root.Children[0].Name, "fin");
-    // from then on all is as before
+    // afterwards everything works again
     use("AddButton");
     EXPECT_EQ(document().Root.Children[0].Children.size(), 2U);
 }
 
-TEST_F(ModalCalls, TheMaterialEditorAndItsDialogsKeepTheRestOut) {
+TEST_F(ModalCalls, MaterialEditorAndItsDialogsBlockOtherInput) {
     select("Materials/Material 2");
     answer([&](QWidget& editor) {
         auto& close = child<QPushButton>(editor, "Button2");

@@ -9,10 +9,10 @@ namespace {
 
 class ModelRecoveryTest : public MainFormTest {
   protected:
-    /// The program ends as if it were killed.
+    /// Ends the program as if it were killed.
     void kill() { forms_.reset(); }
     [[nodiscard]] static RecoveryFolder recovery() { return RecoveryFolder::ofUser(); }
-    /// Opens models of these names, edits each, and is killed.
+    /// Opens models of these names, edits each and kills the program.
     void leave(const QStringList& names) {
         QStringList files;
         for (const QString& name : names) {
@@ -25,7 +25,7 @@ class ModelRecoveryTest : public MainFormTest {
         form().keepAll();
         kill();
     }
-    /// Ticks the models whose names are among these and presses the button.
+    /// Ticks only the models with these names and presses the button.
     static void press(TRecoveryBox& box, const QStringList& names, const char* button) {
         auto& list = child<QTreeWidget>(box, "CopyList");
         for (int row = 0; row < list.topLevelItemCount(); ++row) {
@@ -42,7 +42,7 @@ class ModelRecoveryTest : public MainFormTest {
     }
 };
 
-TEST_F(ModelRecoveryTest, WhatAKilledProgramLeftIsOfferedOnce) {
+TEST_F(ModelRecoveryTest, CopiesOfAKilledProgramAreOfferedOnce) {
     leave({QStringLiteral("models/a.xsi"), QStringLiteral("b.xsi"), QStringLiteral("c.xsi")});
     const QString other = write("other.xsi", smallModel());
     answer<TRecoveryBox>([this](TRecoveryBox& box) {
@@ -51,7 +51,7 @@ TEST_F(ModelRecoveryTest, WhatAKilledProgramLeftIsOfferedOnce) {
         const auto found = list.findItems(QStringLiteral("a.xsi"), Qt::MatchExactly);
         EXPECT_EQ(found.size(), 1);
         EXPECT_EQ(found.value(0)->text(1), path("models"));
-        EXPECT_EQ(captions().size(), 1) << "the files of the command line come first";
+        EXPECT_EQ(captions().size(), 1) << "files of the command line are opened first";
         EXPECT_TRUE(recovery().claimLeft().empty()) << "another start does not offer them";
         press(box, {QStringLiteral("a.xsi")}, "OpenButton");
         for (const int reply : {QMessageBox::No, QMessageBox::Yes}) {
@@ -81,10 +81,10 @@ TEST_F(ModelRecoveryTest, WhatAKilledProgramLeftIsOfferedOnce) {
     start();
 }
 
-TEST_F(ModelRecoveryTest, ClosingLeavesACopyWhereTheWorkIsInNoFile) {
+TEST_F(ModelRecoveryTest, ClosingLeavesACopyOfWorkThatIsInNoFile) {
     const struct {
         const char* what;
-        bool failsBefore; ///< a save fails, which greys Save and asks no question
+        bool failsBefore; ///< a save has failed: Save is disabled and closing does not ask
         int reply;
         bool stays;
     } rows[] = {{"a plain No", false, QMessageBox::No, false},
@@ -115,7 +115,7 @@ TEST_F(ModelRecoveryTest, ClosingLeavesACopyWhereTheWorkIsInNoFile) {
     }
 }
 
-TEST_F(ModelRecoveryTest, CopiesAreMadeWhenTheProgramIsIdleAndByTheTimer) {
+TEST_F(ModelRecoveryTest, CopiesAreMadeWhenIdleAndByTheTimer) {
     start({write("m.xsi", smallModel())});
     const auto copied = [] {
         const QDir folder(recovery().path());
@@ -128,14 +128,14 @@ TEST_F(ModelRecoveryTest, CopiesAreMadeWhenTheProgramIsIdleAndByTheTimer) {
     settle();
     const QDateTime first = copied();
     EXPECT_TRUE(first.isValid());
-    window().session()->add(); // too soon for another one, and no event follows
+    window().session()->add(); // too soon for another copy, and no event follows
     QEventLoop loop;
     QTimer::singleShot(400, &loop, &QEventLoop::quit);
     loop.exec();
     EXPECT_GT(copied(), first);
 }
 
-TEST_F(ModelRecoveryTest, WhereNoCopyCanBeMadeTheUserIsToldOnce) {
+TEST_F(ModelRecoveryTest, FailureToMakeCopiesIsReportedOnce) {
     qputenv("XDG_STATE_HOME", write("file", "").toLocal8Bit());
     start({write("m.xsi", smallModel())});
     window().session()->add();
@@ -147,12 +147,12 @@ TEST_F(ModelRecoveryTest, WhereNoCopyCanBeMadeTheUserIsToldOnce) {
     form().keepAll();
     EXPECT_EQ(status(), told);
     run("EditUndo1");
-    EXPECT_EQ(status(), "Undone: add frame") << "it keeps nobody from working";
+    EXPECT_EQ(status(), "Undone: add frame") << "work continues";
     form().keepAll();
     EXPECT_EQ(status(), "Undone: add frame");
 }
 
-TEST_F(ModelRecoveryTest, CopiesThatCannotBeReadAreNamed) {
+TEST_F(ModelRecoveryTest, UnreadableCopiesAreNamed) {
     leave({QStringLiteral("a.xsi"), QStringLiteral("b.xsi")});
     QStringList names;
     {
@@ -172,7 +172,7 @@ TEST_F(ModelRecoveryTest, CopiesThatCannotBeReadAreNamed) {
         EXPECT_EQ(child<QLabel>(box, "NoticeLabel").text(), notice);
         child<QPushButton>(box, "OpenButton").click();
     });
-    // what is wrong with it shows only when all of it is read
+    // only reading all of this copy detects the damage
     answerBox(QStringLiteral("RecoveryFailure"), names[1],
               QStringLiteral("Unable to open recovery copy"), QMessageBox::Ok, QMessageBox::Ok);
     start();
@@ -180,7 +180,7 @@ TEST_F(ModelRecoveryTest, CopiesThatCannotBeReadAreNamed) {
     kill();
     EXPECT_TRUE(QFile::remove(names[1]));
     start();
-    EXPECT_EQ(status(), notice.toStdString()) << "no box for nothing";
+    EXPECT_EQ(status(), notice.toStdString()) << "no dialog without readable copies";
 }
 
 } // namespace

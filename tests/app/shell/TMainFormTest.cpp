@@ -39,13 +39,13 @@ TEST_F(TMainFormTest, StartsEmptyAndMaximised) {
         keys += action->shortcut().toString();
     }
     keys.removeAll(QString());
-    EXPECT_EQ(keys.removeDuplicates(), 0) << "that would be ambiguous";
+    EXPECT_EQ(keys.removeDuplicates(), 0) << "ambiguous keys";
     EXPECT_EQ(action("FileOpenItem").text(), QStringLiteral("&Open File\tCtrl+O"));
-    EXPECT_TRUE(action("Rdots").associatedObjects().isEmpty()) << "it is out of reach";
+    EXPECT_TRUE(action("Rdots").associatedObjects().isEmpty()) << "in no menu or bar";
     EXPECT_TRUE(action("D3DAction").associatedObjects().isEmpty());
 }
 
-TEST_F(TMainFormTest, AboutTellsWhatAReportNeedsAndCopiesIt) {
+TEST_F(TMainFormTest, AboutBoxShowsAndCopiesTheDataForAReport) {
     start();
     answer<TAboutBox>([](TAboutBox& box) {
         const std::string report = box.report().toStdString();
@@ -60,7 +60,7 @@ TEST_F(TMainFormTest, AboutTellsWhatAReportNeedsAndCopiesIt) {
     run("HelpAbout1");
 }
 
-TEST_F(TMainFormTest, FileCommandsFollowTheWindowsThereAre) {
+TEST_F(TMainFormTest, FileCommandsFollowTheOpenWindows) {
     const std::string always = "FileNew1 FileOpen1 FileExit1 ColorOptionsAction D3DAction "
                                "OpenGLAction SoftwareAction HelpAbout1 ";
     const std::string withWindow = "FileClose1 FileSave FileSaveAs Rwire Rflat Rfull Rdots "
@@ -87,7 +87,7 @@ TEST_F(TMainFormTest, FileCommandsFollowTheWindowsThereAre) {
     run("FileNew1");
     answerCloseQuestion(QStringLiteral("Untitled 3"), QMessageBox::No);
     run("FileClose1");
-    EXPECT_EQ(window().windowTitle(), QStringLiteral("Untitled 2")) << "the one used before";
+    EXPECT_EQ(window().windowTitle(), QStringLiteral("Untitled 2")) << "the one active before";
     run("FileNew1");
     const QStringList open({name, QStringLiteral("Untitled 2"), QStringLiteral("Untitled 3")});
     for (const int last : {QMessageBox::Cancel, QMessageBox::No}) {
@@ -127,7 +127,7 @@ TEST_F(TMainFormTest, OpensTextModelsOfTheCommandLineOnceAndDroppedFilesOfAnyKin
     EXPECT_EQ(captions(), open + QStringList({a, path("b.msh")}));
 }
 
-TEST_F(TMainFormTest, ComingBackToAWindowPutsTheKeyboardWhereItWas) {
+TEST_F(TMainFormTest, ActivatingAWindowRestoresItsFocus) {
     start({write("a.xsi", smallModel()), write("b.xsi", smallModel())});
     std::string focus;
     for (const auto keys :
@@ -137,13 +137,13 @@ TEST_F(TMainFormTest, ComingBackToAWindowPutsTheKeyboardWhereItWas) {
         settle();
     }
     EXPECT_EQ(focus, "TreeView1 EditButton TreeView1 EditButton ");
-    // hiding for a moment moves the focus as well, out of the user's sight
+    // briefly hiding a window also moves the focus, unseen by the user
     window().showMaximized();
     for (const char* command : {"WindowTileVertical1", "WindowCascade1", "WindowTileVertical1"}) {
         run(command);
         EXPECT_TRUE(tree().hasFocus()) << command;
     }
-    // the press that comes back to a window chooses a control there
+    // a press that activates a window also chooses a control there
     auto& there = child<QTreeView>(*form().documents().at(1), "TreeView1");
     QTest::mouseClick(there.viewport(), Qt::LeftButton);
     settle();
@@ -153,7 +153,7 @@ TEST_F(TMainFormTest, ComingBackToAWindowPutsTheKeyboardWhereItWas) {
 TEST_F(TMainFormTest, TitleStatusAndWindowMenuFollowTheActiveWindow) {
     const QString name = write("a&b.xsi", smallModel());
     const TMainForm& frame = start({name});
-    const auto shown = [&] { // at last the windows, which stand behind the commands and a line
+    const auto shown = [&] { // the windows come last, after the commands and a separator
         auto& menu = child<QMenu>(frame, "Window1");
         Q_EMIT menu.aboutToShow();
         QString text = frame.windowTitle() + u'|' + QString::fromStdString(status());
@@ -168,7 +168,7 @@ TEST_F(TMainFormTest, TitleStatusAndWindowMenuFollowTheActiveWindow) {
     EXPECT_EQ(status(), "Save the model to another file");
     QAction().showStatusText(&form());
     EXPECT_EQ(status(), "1 mesh, 2 faces");
-    // a command ends what the last one said
+    // a command clears the message of the last one
     button("AddButton").click();
     run("EditUndo1");
     EXPECT_EQ(status(), "Undone: add frame");
@@ -197,7 +197,7 @@ TEST_F(TMainFormTest, MarksFollowTheCommandsAndTheActiveWindow) {
     start();
     const char* const fresh = "Rfull Rallowtrans Rbackwards OpenGLAction ";
     const std::pair<const char*, const char*> steps[] = {
-        {"OpenGLAction", ""}, // which does nothing without a window
+        {"OpenGLAction", ""}, // does nothing without a window
         {"FileNew1", fresh},
         {"FileNew1", fresh},
         {"Rwire", "Rwire Rallowtrans Rbackwards OpenGLAction "},
@@ -218,7 +218,7 @@ TEST_F(TMainFormTest, MarksFollowTheCommandsAndTheActiveWindow) {
     EXPECT_EQ(marks(), fresh);
     form().documents()[1]->setFocus();
     EXPECT_EQ(marks(), "Rflat Rdots D3DAction ");
-    // menus and buttons stay untouched where nothing changes
+    // without a change, no menu or button is updated
     int changes = 0;
     for (QAction* action : form().findChildren<QAction*>()) {
         QObject::connect(action, &QAction::changed, &form(), [&changes] { ++changes; });
@@ -227,7 +227,7 @@ TEST_F(TMainFormTest, MarksFollowTheCommandsAndTheActiveWindow) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(TMainFormTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly) {
+TEST_F(TMainFormTest, OkAppliesColoursToAllWindowsAndCancelOnlyToNewOnes) {
     using Colors = std::vector<std::pair<const char*, QRgb>>;
     const auto recolor = [this](const Colors& colors, int result) {
         answer<QDialog>([&](QDialog& options) {
@@ -246,7 +246,7 @@ TEST_F(TMainFormTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly) {
         });
         run("ColorOptionsAction");
     };
-    // those of the 3D view, and of the panel and the paper of a 2D view
+    // the colours of the 3D view, and of the panel and the background of a 2D view
     const auto colors = [](const TMDIChild& window) {
         const auto& [space, selected, below, others] = window.view().colors;
         const QColor panel = child<QWidget>(window, "Panel5").palette().color(QPalette::Window);
@@ -258,7 +258,7 @@ TEST_F(TMainFormTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly) {
     };
     start({write("a.xsi", smallModel()), write("b.xsi", smallModel())});
     const QList<TMDIChild*> open = form().documents();
-    run("WindowTileVertical1"); // a window that another one covers is not drawn
+    run("WindowTileVertical1"); // covered windows are not drawn
     open[0]->setDrawingInterface(DrawApi::Software);
     recolor({{"ThreeDWinColorEdit", 0xff0a141eU}, {"TwoDWinColorEdit", 0xff28323cU}},
             QDialog::Rejected);
@@ -269,7 +269,7 @@ TEST_F(TMainFormTest, OkPushesColoursIntoAllWindowsAndCancelIntoNewOnesOnly) {
     TMDIChild& added = window();
     run("WindowTileVertical1");
     EXPECT_EQ(colors(added), "#0a141e #ff0000 #00ff00 #0000ff #ffffff #ffffff")
-        << "the planes have their own colours until the next OK";
+        << "the 2D views have the default colours until the next OK";
     EXPECT_EQ(child<QWidget>(added, "Panel1").palette().color(QPalette::Window),
               QColor(0xff0a141eU));
     open[1]->setFocus();
@@ -313,7 +313,7 @@ TEST_F(TMainFormTest, ANarrowFrameScrollsItsToolBar) {
     }
 }
 
-TEST_F(TMainFormTest, WindowsAreArrangedAsTheCommandsSay) {
+TEST_F(TMainFormTest, CommandsArrangeTheWindows) {
     const TMainForm& frame = start();
     run("FileNew1");
     run("FileNew1");
@@ -335,7 +335,7 @@ TEST_F(TMainFormTest, WindowsAreArrangedAsTheCommandsSay) {
     run("WindowCascade1");
     const QPoint step = places()[1].topLeft();
     EXPECT_TRUE(step.x() > 0 && step.y() > 0);
-    for (int i = 0; i < 3; ++i) { // the active one is the last one and on top
+    for (int i = 0; i < 3; ++i) { // the active one is last and on top
         EXPECT_EQ(places()[i], QRect(i * step, area.size() * 3 / 4));
     }
     windows[0]->showMaximized();
@@ -351,8 +351,8 @@ TEST_F(TMainFormTest, WindowsAreArrangedAsTheCommandsSay) {
         x += place.width();
     }
     run("WindowTileVertical1");
-    EXPECT_TRUE(windows[0]->isMinimized()) << "icons are no tiles";
-    // their title bars are narrow and show the end of a path
+    EXPECT_TRUE(windows[0]->isMinimized()) << "minimised windows are not tiled";
+    // narrow title bars show the end of a path
     const auto titled = [&windows](QChar first, QChar last) {
         windows[0]->setWindowTitle(first + QString(60, u'x') + QStringLiteral("[*][*]") + last);
         settle();
@@ -375,7 +375,7 @@ TEST(MdiArrange, TilesFillTheAreaWithoutGaps) {
     EXPECT_EQ(tileRects(area, 5, Qt::Horizontal), five);
 }
 
-TEST(CommandLine, IsReadBeforeTheToolkitLooksForADisplay) {
+TEST(CommandLine, IsReadBeforeADisplayIsNeeded) {
     const char* const version = "0 Korvane II Model Editor ";
     const char* const help = "0 Usage: korvane-editor ";
     const char* const none = "1 | korvane-editor: There is no display: ";

@@ -10,7 +10,7 @@
 namespace korvane::test {
 namespace {
 
-TEST(DragFilter, EventsOfAControlBecomeThoseOfADrag) {
+TEST(DragFilter, ConvertsEventsToDragInput) {
     QWidget control;
     std::string calls;
     float turned = 0;
@@ -35,7 +35,7 @@ TEST(DragFilter, EventsOfAControlBecomeThoseOfADrag) {
     const auto mouse = [&](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
         return send(QMouseEvent(type, {3, 4}, {3, 4}, button, held, {}));
     };
-    control.setMouseTracking(true); // moves without a button are told as well
+    control.setMouseTracking(true); // also delivers moves without a button
     EXPECT_EQ(mouse(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton), "press left");
     EXPECT_EQ(mouse(QEvent::MouseButtonDblClick, Qt::RightButton, Qt::RightButton), "press right");
     EXPECT_EQ(mouse(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton), "move");
@@ -43,7 +43,7 @@ TEST(DragFilter, EventsOfAControlBecomeThoseOfADrag) {
     EXPECT_EQ(mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton), "release left");
     EXPECT_EQ(send(QWheelEvent({}, {}, {}, {0, 240}, {}, {}, Qt::NoScrollPhase, false)), "wheel");
     EXPECT_EQ(turned, 2.0F);
-    // a drag that may get no release is cancelled
+    // a drag is cancelled if its release may never arrive
     EXPECT_EQ(send(QFocusEvent(QEvent::FocusOut)), "cancel ");
     EXPECT_EQ(send(QHideEvent()), "cancel ");
     EXPECT_EQ(send(QEvent(QEvent::WindowDeactivate)), "cancel ");
@@ -51,7 +51,7 @@ TEST(DragFilter, EventsOfAControlBecomeThoseOfADrag) {
     EXPECT_EQ(send(QKeyEvent(QEvent::KeyPress, Qt::Key_A, {})), "");
 }
 
-/// What keys do in an open menu of items, of which those with a "!" are disabled.
+/// Returns what keys do in an open menu; items that end with "!" are disabled.
 std::string typed(const char* items, const char* keys) {
     QWidget window;
     QMenu menu(&window);
@@ -70,7 +70,7 @@ std::string typed(const char* items, const char* keys) {
     return chosen ? menu.activeAction()->text().toStdString() : done;
 }
 
-TEST(MenuLetters, MeanTheItemsThatBeginWithThem) {
+TEST(MenuLetters, SelectItemsByTheirFirstLetter) {
     const char* file = "&New|&Open File|Save|Save As|&Close!||E&xit";
     const char* fresh = "&New|&Open File|Save!|Save As|&Close!||E&xit";
     const std::tuple<const char*, const char*, const char*> rows[] = {
@@ -80,7 +80,7 @@ TEST(MenuLetters, MeanTheItemsThatBeginWithThem) {
         {file, "e", "done: E&xit"},
         {"Cut!|Copy|Undo!", "c", "done: Copy"},
         {"Cut!|Copy|Undo!", "u", ""},
-        {"Save As|&Save", "s", "done: &Save"}, // mnemonics come first
+        {"Save As|&Save", "s", "done: &Save"}, // mnemonics take precedence
         {"10 other.xsi|&1 small.xsi", "1", "done: &1 small.xsi"}};
     for (const auto& [items, keys, expected] : rows) {
         EXPECT_EQ(typed(items, keys), expected) << items << ' ' << keys;
