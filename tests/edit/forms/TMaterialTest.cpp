@@ -41,7 +41,7 @@ TEST_F(TMaterialTest, ShowsTheMaterialOfTheSlotAndChangesNothing) {
     EXPECT_FALSE(history.canUndo() || document.Modified || ended.tree || edits > 0);
 }
 
-TEST_F(TMaterialTest, EveryControlEditsWhatItIsFor) {
+TEST_F(TMaterialTest, EveryControlEditsItsValue) {
     const auto type = [&](const char* text) {
         control<QLineEdit>("Edit1").setText(QString::fromLatin1(text));
     };
@@ -61,7 +61,7 @@ TEST_F(TMaterialTest, EveryControlEditsWhatItIsFor) {
              select({1, 0}), press({9, 9}), release({39, 9});
          },
          EditKind::TexCoords, 1},
-        {[&] { chooseSlot(0); }, EditKind::FaceSlot, 1}, // which the face is given
+        {[&] { chooseSlot(0); }, EditKind::FaceSlot, 1}, // also assigned to the face
         {[&] { check(2, true); }, EditKind::AppendSlot, 1},
         {[&] { check(0, false); }, EditKind::RemoveSlot, 1}};
     edit([&] {
@@ -77,7 +77,7 @@ TEST_F(TMaterialTest, EveryControlEditsWhatItIsFor) {
     EXPECT_TRUE(ended.tree);
     EXPECT_EQ(shownColor(material().Ambient), (Rgba8{77, 0, 204, 255}));
     EXPECT_FLOAT_EQ(mesh().TexCoords[0].u, 0.1F + 30.0F / 300.0F);
-    // a value that is no number is told of, and one that is pending recorded when the editor closes
+    // text that is not a number is reported, and closing the editor records a pending value
     edit([&] {
         answerBox(QStringLiteral("ConversionError"), QStringLiteral("Please type a number >= 0"),
                   QStringLiteral("Conversion Error"), QMessageBox::Ok, QMessageBox::Ok);
@@ -89,7 +89,7 @@ TEST_F(TMaterialTest, EveryControlEditsWhatItIsFor) {
     });
 }
 
-TEST_F(TMaterialTest, ControlsAreEnabledByWhatTheyCanEdit) {
+TEST_F(TMaterialTest, ControlsAreEnabledIfTheyCanEdit) {
     const auto enabled = [&](const char* name) { return control<QWidget>(name).isEnabled(); };
     edit([&] {
         EXPECT_EQ(usedMaterials(), "xx.");
@@ -102,7 +102,7 @@ TEST_F(TMaterialTest, ControlsAreEnabledByWhatTheyCanEdit) {
         EXPECT_FALSE(enabled("CheckListBox1"));
         EXPECT_EQ(slotText(), QStringLiteral("Material 3"));
     });
-    mesh().MaterialSlotList = {7, 2}; // the first one leads nowhere
+    mesh().MaterialSlotList = {7, 2}; // the first slot has no material
     edit([&] {
         EXPECT_EQ(slotText(), QStringLiteral("Material 8"));
         EXPECT_FALSE(enabled("ambient"));
@@ -150,7 +150,7 @@ TEST_F(TMaterialTest, TheTextureViewShowsTheSelectionAndScrolls) {
         EXPECT_EQ(line(), QColor(4, 5, 6));
         EXPECT_EQ(told(), QStringLiteral("X:Y:"));
 
-        EXPECT_EQ(zoomAndBars(), "x1 across"); // of a view of 256 x 256
+        EXPECT_EQ(zoomAndBars(), "x1 across"); // the view has 256 x 256 pixels
         click("ZoomInButton");
         EXPECT_EQ(zoomAndBars(), "x2 across down corner");
         EXPECT_EQ(QSize(across.maximum(), down.maximum()), QSize(300 - 128, 200 - 128));
@@ -173,7 +173,7 @@ TEST_F(TMaterialTest, TheTextureViewShowsTheSelectionAndScrolls) {
     });
 }
 
-TEST_F(TMaterialTest, ADragIsFollowedLiveOrLeavesNoTrace) {
+TEST_F(TMaterialTest, ADragShowsLiveAndIsRevertedWhenCancelled) {
     const std::vector<Vec2> before = mesh().TexCoords;
     edit([&] {
         select({0, 0});
@@ -193,7 +193,7 @@ TEST_F(TMaterialTest, ADragIsFollowedLiveOrLeavesNoTrace) {
             EXPECT_EQ(mesh().TexCoords, before);
         }
     });
-    EXPECT_EQ(history.position(), 0) << "the opacity alone";
+    EXPECT_EQ(history.position(), 0) << "only the opacity";
     EXPECT_EQ(text("opacity"), QStringLiteral("77"));
 }
 
@@ -207,7 +207,7 @@ TEST_F(TMaterialTest, ATextureIsLoadedAndShown) {
         texture(good);
         EXPECT_EQ(textureTexts(), QStringLiteral("Texture - [ good.bmp ]( 2 x 1 )"));
         EXPECT_EQ(material().TextureFile, good.toStdString());
-        EXPECT_EQ(material().TextureImage, textureDialog.loadedImage()) << "taken over";
+        EXPECT_EQ(material().TextureImage, textureDialog.loadedImage()) << "not loaded again";
         texture(other, QDialog::Rejected);
         EXPECT_EQ(history.position(), 0);
         EXPECT_EQ(edits, 1);

@@ -27,16 +27,16 @@ class TOKBottomDlgTest : public GuiTest {
     void show(QDialog::DialogCode result, const std::function<void()>& steps) {
         answer([this, steps](QWidget& shown) {
             ASSERT_EQ(&shown, &dialog);
-            // the lists are filled from the disk in the background, and sorted a little later
+            // the lists are filled in the background, and sorted a little later
             waitForFiles("a.bmp b.BMP broken.pic ");
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog)); // only then is a control entered
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog)); // controls get no focus before
             steps();
             if (dialog.isVisible()) {
                 ADD_FAILURE() << "the dialog is still open";
                 dialog.reject();
             }
         });
-        settle(); // the one shown before is seen to be gone
+        settle(); // until the previous one is hidden
         dialog.reset(folder());
         EXPECT_EQ(dialog.exec(), result);
     }
@@ -60,7 +60,7 @@ class TOKBottomDlgTest : public GuiTest {
         QTest::keyClicks(&edit, text);
         QTest::keyClick(&edit, Qt::Key_Return);
     }
-    /// Chooses the item of a combo box as a user does.
+    /// Chooses an item of a combo box like a user.
     void choose(const char* name, const QString& item) const {
         auto& box = child<QComboBox>(dialog, name);
         const int place = box.findData(item);
@@ -76,7 +76,7 @@ class TOKBottomDlgTest : public GuiTest {
     QLabel& preview = child<QLabel>(dialog, "Image1");
 };
 
-TEST_F(TOKBottomDlgTest, PreviewsEachFileAndHandsTheLastOneOver) {
+TEST_F(TOKBottomDlgTest, PreviewsEachFileAndReturnsTheLastOne) {
     const auto& size = child<QLabel>(dialog, "PreviewSize");
     show(QDialog::Accepted, [&] {
         choose(0);
@@ -92,34 +92,34 @@ TEST_F(TOKBottomDlgTest, PreviewsEachFileAndHandsTheLastOneOver) {
     });
     EXPECT_EQ(dialog.fileName(), path("b.BMP"));
     EXPECT_EQ(dialog.loadedImage()->width, 5);
-    // the next time nothing is chosen, in the folder where it was left
+    // the next time it is in the same folder, without a choice
     show(QDialog::Accepted, [&] {
         EXPECT_EQ(dialog.loadedImage(), nullptr);
         EXPECT_EQ(title() + edit.text(), QStringLiteral("Load Texture*.bmp;*.tga;*.pic"));
         EXPECT_FALSE(list.currentIndex().isValid());
         EXPECT_FALSE(child<QPushButton>(dialog, "OKBtn").isEnabled());
         dialog.accept();
-        EXPECT_TRUE(dialog.isVisible()) << "there is nothing to load";
+        EXPECT_TRUE(dialog.isVisible()) << "nothing to load";
         type(path("more/c.tga"));
         EXPECT_TRUE(preview.text().startsWith(u"This file cannot be shown."));
-        EXPECT_TRUE(dialog.isVisible()) << "warned";
+        EXPECT_TRUE(dialog.isVisible()) << "only warns the first time";
         click("OKBtn");
     });
     EXPECT_EQ(dialog.fileName(), path("more/c.tga"));
     EXPECT_TRUE(dialog.isAccepted());
     show(QDialog::Rejected, [&] {
-        EXPECT_TRUE(dialog.isAccepted()) << "the list was entered";
+        EXPECT_TRUE(dialog.isAccepted()) << "the list had the focus";
         dialog.reset(QString());
         EXPECT_FALSE(dialog.isAccepted());
         edit.setFocus();
-        EXPECT_TRUE(dialog.isAccepted()) << "the edit was entered";
+        EXPECT_TRUE(dialog.isAccepted()) << "the name had the focus";
         choose(0);
         click("CancelBtn");
     });
     EXPECT_FALSE(dialog.isAccepted());
 }
 
-TEST_F(TOKBottomDlgTest, FiltersAndFoldersDecideWhatIsListed) {
+TEST_F(TOKBottomDlgTest, FiltersAndFoldersControlTheList) {
     const auto& folders = child<QAbstractItemView>(dialog, "DirectoryListBox1");
     const auto expectFolder = [&](const QString& name) {
         EXPECT_EQ(folders.currentIndex().data().toString(), name);
@@ -129,7 +129,7 @@ TEST_F(TOKBottomDlgTest, FiltersAndFoldersDecideWhatIsListed) {
         choose("FilterComboBox1", QStringLiteral("*.pic"));
         waitForFiles("broken.pic ");
         EXPECT_EQ(edit.text(), QStringLiteral("*.pic"));
-        EXPECT_EQ(dialog.loadedImage(), nullptr) << "what is not in the list is not chosen";
+        EXPECT_EQ(dialog.loadedImage(), nullptr) << "the chosen file is no longer listed";
         expectFolder(folder().section(u'/', -1));
         type(QStringLiteral("more"));
         expectFolder(QStringLiteral("more"));
@@ -138,7 +138,7 @@ TEST_F(TOKBottomDlgTest, FiltersAndFoldersDecideWhatIsListed) {
         type(QStringLiteral("none.tga"));
         EXPECT_EQ(preview.text(), QStringLiteral("There is no file of this name."));
         dialog.accept();
-        EXPECT_TRUE(dialog.isVisible()) << "there is still nothing to load";
+        EXPECT_TRUE(dialog.isVisible()) << "still nothing to load";
         choose("DriveComboBox1", QStringLiteral("/"));
         expectFolder(QStringLiteral("/"));
         type(path("a.bmp"));

@@ -29,7 +29,7 @@ class TMDIChildTest : public ModelWindowTest {
         settle();
         return window();
     }
-    /// Closes the window as its close button does; whether it went.
+    /// Closes the window like its close button. Returns true if it has closed.
     static bool closes(TMDIChild& window) {
         const QPointer<TMDIChild> alive(&window);
         window.close();
@@ -38,7 +38,7 @@ class TMDIChildTest : public ModelWindowTest {
     }
     [[nodiscard]] std::string bytes() const { return writeText(document()); }
 
-    /// Lets the steps use the dialog that the button brings up, and ends it.
+    /// Clicks the button, lets the steps use its dialog and ends the dialog.
     void use(const char* button, const char* title, bool accept,
              const std::function<void(QWidget&)>& steps) {
         answer([=](QWidget& dialog) {
@@ -56,7 +56,7 @@ class TMDIChildTest : public ModelWindowTest {
             EXPECT_TRUE(hint.isEmpty() ? text.isEmpty() : text.contains(hint));
         });
     }
-    /// Clicks boxes of the frame options, and looks at which are disabled then.
+    /// Clicks boxes of the frame options, and checks which are then disabled.
     void options(const std::string& boxes, const std::string& disabled, bool accept) {
         use("EditButton", "Frame Options", accept, [=](QWidget& dialog) {
             for (const std::string& box : words(boxes)) {
@@ -71,9 +71,9 @@ class TMDIChildTest : public ModelWindowTest {
     }
 };
 
-TEST_F(TMDIChildTest, ControlsHaveNamesUnlessTheyAreReadAsWhatTheyShow) {
+TEST_F(TMDIChildTest, ControlsHaveNamesUnlessTheirTextIsRead) {
     for (const QWidget* control : QApplication::allWidgets()) {
-        const QString name = control->objectName(); // the parts of the toolkit's own have none
+        const QString name = control->objectName(); // Qt's internal widgets have none
         const bool text = control->inherits("QLabel") && name != u"ProgramIcon";
         const bool frame = control->isWindow() || name == u"texname" || name == u"CornerPanel";
         if (!name.isEmpty() && !name.startsWith(u"qt_") && !frame) {
@@ -91,7 +91,7 @@ TEST_F(TMDIChildTest, ButtonsFollowTheModelAndItsSelection) {
         }
         return buttons;
     };
-    // once would be the mark of a changed window, twice is the text
+    // a single one would be the mark for changes, a doubled one is text
     EXPECT_EQ(open(write("a[*].xsi", smallModel())).windowTitle(), path("a[*][*].xsi"));
     EXPECT_EQ(enabled(), "[Edit][Rename Frame][Add Frame]");
     select(bodyMaterials + "/Material 2");
@@ -99,10 +99,10 @@ TEST_F(TMDIChildTest, ButtonsFollowTheModelAndItsSelection) {
     tree().clearSelection();
     EXPECT_EQ(enabled(), "");
     open(untitled);
-    EXPECT_EQ(enabled(), "") << "nothing is selected";
+    EXPECT_EQ(enabled(), "") << "no selection";
 }
 
-TEST_F(TMDIChildTest, KeysAndTheDoubleClickOfTheTreeActOnItsRow) {
+TEST_F(TMDIChildTest, KeysAndDoubleClicksInTheTreeActOnItsRow) {
     const std::string wing = bodyNode + "/Frame frm-wing";
     const std::string tip = wing + "/Frame frm-tip";
     const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers held = {}, bool repeated = false) {
@@ -118,7 +118,7 @@ TEST_F(TMDIChildTest, KeysAndTheDoubleClickOfTheTreeActOnItsRow) {
              QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, at);
              QTest::mouseDClick(tree().viewport(), Qt::MiddleButton, {}, at);
              QTest::mouseRelease(tree().viewport(), Qt::MiddleButton, {}, at);
-             settle(); // which opens nothing
+             settle(); // must open nothing
              QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, at);
          }},
         {bodyNode, "Rename Frame", [&] { key(Qt::Key_F2); }},
@@ -135,7 +135,7 @@ TEST_F(TMDIChildTest, KeysAndTheDoubleClickOfTheTreeActOnItsRow) {
         EXPECT_TRUE(allAnswered()) << title;
     }
     const std::string before = bytes();
-    select(bodyMesh); // of which only the frame can be renamed
+    select(bodyMesh); // only its frame can be renamed
     for (const Qt::Key none : {Qt::Key_Return, Qt::Key_Delete, Qt::Key_Insert}) {
         key(none);
     }
@@ -149,7 +149,7 @@ TEST_F(TMDIChildTest, KeysAndTheDoubleClickOfTheTreeActOnItsRow) {
     EXPECT_TRUE(document().Root.Children.empty());
 }
 
-TEST_F(TMDIChildTest, FailuresAreToldAndFlagsClearedAllTheSame) {
+TEST_F(TMDIChildTest, FailuresAreReportedAndFlagsClearedAnyway) {
     const WorkingFolder here(folder());
     const auto expect = [this](const char* name, const QString& file, const char* title) {
         answerBox(QString::fromLatin1(name), file, QString::fromLatin1(title), QMessageBox::Ok,
@@ -176,7 +176,7 @@ TEST_F(TMDIChildTest, FailuresAreToldAndFlagsClearedAllTheSame) {
     EXPECT_FALSE(window.needsCloseQuestion());
 }
 
-TEST_F(TMDIChildTest, ACancelledReadingClosesItsWindowWithoutAQuestion) {
+TEST_F(TMDIChildTest, CancellingReadingClosesItsWindowWithoutAQuestion) {
     leaveModalWindows();
     for (const bool cancelled : {true, false}) {
         auto* reading = new TMDIChild(ViewColors());
@@ -184,7 +184,7 @@ TEST_F(TMDIChildTest, ACancelledReadingClosesItsWindowWithoutAQuestion) {
         const QPointer<TMDIChild> alive(reading);
         reading->showMaximized();
         reading->setProgressDelay(std::chrono::milliseconds(0));
-        // the timer fires when the dialog lets events through
+        // the timer fires when the dialog processes events
         QTimer::singleShot(0, reading, [cancelled] {
             auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
@@ -199,7 +199,7 @@ TEST_F(TMDIChildTest, ACancelledReadingClosesItsWindowWithoutAQuestion) {
     }
 }
 
-TEST_F(TMDIChildTest, SaveAsOffersAndCompletesANameAndAsksBeforeItReplaces) {
+TEST_F(TMDIChildTest, SaveAsOffersAndCompletesANameAndAsksBeforeReplacing) {
     TMDIChild& window = open(path("folder.msh"));
     answer([this](QWidget& shown) {
         auto& dialog = dynamic_cast<QFileDialog&>(shown);
@@ -208,7 +208,7 @@ TEST_F(TMDIChildTest, SaveAsOffersAndCompletesANameAndAsksBeforeItReplaces) {
         EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
         dialog.reject();
     });
-    window.FileSaveExecute(); // a model that was never saved asks for its name
+    window.FileSaveExecute(); // asks for the name of a model never saved
     EXPECT_TRUE(window.needsCloseQuestion());
     const QString model = write("model.v2.xsi", "old");
     for (const int reply : {QMessageBox::No, QMessageBox::Yes}) {
@@ -218,13 +218,13 @@ TEST_F(TMDIChildTest, SaveAsOffersAndCompletesANameAndAsksBeforeItReplaces) {
                   QStringLiteral("File exists.  Replace?"), QMessageBox::Yes | QMessageBox::No,
                   reply);
         if (!replaced) {
-            answerFileDialog(saveDialog, {}); // which asks for another name
+            answerFileDialog(saveDialog, {}); // the dialog shows again
         }
         window.FileSaveAsExecute();
         EXPECT_EQ(content(model) == "old", !replaced);
         EXPECT_EQ(window.windowTitle(), replaced ? model : path("folder.msh"));
     }
-    answerFileDialog(saveDialog, path("b.x")); // which is complete
+    answerFileDialog(saveDialog, path("b.x")); // this name is complete
     window.FileSaveAsExecute();
     EXPECT_EQ(window.windowTitle(), path("b.x"));
 }
@@ -240,16 +240,16 @@ TEST_F(TMDIChildTest, CloseQuestionAnswers) {
     }
     TMDIChild& fresh = open(untitled);
     answerCloseQuestion(untitled, QMessageBox::Yes);
-    answerFileDialog(saveDialog, {}); // cancelled there, it closes all the same
+    answerFileDialog(saveDialog, {}); // the window closes even if this is cancelled
     EXPECT_TRUE(closes(fresh));
     TMDIChild& closed = open(name);
-    closed.close(); // frees itself only when the event loop goes on
+    closed.close(); // only the event loop frees it
     ASSERT_EQ(closed.document(), nullptr);
     closed.FileSaveExecute();
-    closed.FileSaveAsExecute(); // no dialog comes up
+    closed.FileSaveAsExecute(); // must show no dialog
 }
 
-TEST_F(TMDIChildTest, EveryButtonIsTakenBackAndMadeAgain) {
+TEST_F(TMDIChildTest, EveryButtonCanBeUndoneAndRedone) {
     const auto add = [&] { click("AddButton"); };
     const auto remove = [&] { click("DeleteButton"); };
     const std::string fin = bodyNode + "/Frame frm-fin 2";
@@ -282,7 +282,7 @@ TEST_F(TMDIChildTest, EveryButtonIsTakenBackAndMadeAgain) {
     }
 }
 
-TEST_F(TMDIChildTest, DialogsShowWhatTheyAskAboutAndCancel) {
+TEST_F(TMDIChildTest, DialogsShowTheFrameAndCanBeCancelled) {
     const std::string before = bytes();
     rename("", QStringLiteral("is empty"), false);
     EXPECT_EQ(bytes(), before);
@@ -290,27 +290,27 @@ TEST_F(TMDIChildTest, DialogsShowWhatTheyAskAboutAndCancel) {
             "BasePoseBox BackwardsBox EmissiveBox MaterialBox NormalsBox TexCoordsBox "
             "VertexColorsBox FlameBox GFlagBox AnimationBox ",
             false);
-    EXPECT_FALSE(document().Root.HasMesh || window().canUndo()) << "what was clicked stays";
-    EXPECT_EQ(tree().model()->rowCount(node(bodyNode)), 1); // the tree tells of it all the same
+    EXPECT_FALSE(document().Root.HasMesh || window().canUndo()) << "clicks are not reverted";
+    EXPECT_EQ(tree().model()->rowCount(node(bodyNode)), 1); // the tree follows anyway
     options("MeshBox MaterialBox VertexColorsBox", "BasePoseBox TexCoordsBox ", true);
     EXPECT_TRUE(document().Root.HasMesh && !document().Root.Mesh.HasMaterials);
     EXPECT_FALSE(document().Root.Mesh.HasVertexColors) << "its box changes nothing";
 }
 
-TEST_F(TMDIChildTest, AQuickSecondPressDeletesNothingMoreAndTheTreeGetsTheFocusBack) {
+TEST_F(TMDIChildTest, ADoubleClickDeletesOnceAndReturnsTheFocusToTheTree) {
     select(bodyNode + "/Frame frm-wing/Frame frm-tip");
     auto& button = child<QPushButton>(window(), "DeleteButton");
     button.setFocus();
     QTest::mouseClick(&button, Qt::LeftButton);
-    QTest::mouseDClick(&button, Qt::LeftButton); // how the second press comes
+    QTest::mouseDClick(&button, Qt::LeftButton); // the second press
     QTest::mouseRelease(&button, Qt::LeftButton);
     ASSERT_EQ(document().Root.Children.size(), 1U);
     EXPECT_TRUE(tree().hasFocus());
     QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_TRUE(document().Root.Children.empty()) << "a click of its own";
+    EXPECT_TRUE(document().Root.Children.empty()) << "a separate click";
 }
 
-TEST_F(TMDIChildTest, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
+TEST_F(TMDIChildTest, TreeStaysExpandedAndScrolledWhenFramesMove) {
     const auto frame = [](int i) { return bodyNode + "/Frame frm-" + std::to_string(i); };
     const auto isOpen = [&](const std::string& path) { return tree().isExpanded(node(path)); };
     for (int i = 0; i < 400; ++i) {
@@ -320,7 +320,7 @@ TEST_F(TMDIChildTest, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
     }
     document().computeDerivedData();
     tree().collapseAll();
-    click("AddButton"); // shows what the test has made
+    click("AddButton"); // makes the tree show the frames added above
     EXPECT_TRUE(isOpen(bodyNode));
     tree().expand(node(frame(1)));
     select(frame(0));
@@ -329,7 +329,7 @@ TEST_F(TMDIChildTest, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
     run("EditUndo1");
     EXPECT_TRUE(isOpen(frame(1)) && !isOpen(frame(0)));
 
-    // an edit of a frame that is out of sight leaves the view where it is; a new selection shows
+    // editing a frame out of sight does not scroll; a new selection does
     select(bodyNode);
     settle();
     QScrollBar& bar = *tree().verticalScrollBar();
@@ -338,7 +338,7 @@ TEST_F(TMDIChildTest, WhatIsOpenStaysOpenAndInPlaceWhereverFramesMove) {
     EXPECT_EQ(bar.value(), 20);
     select(frame(398));
     EXPECT_GT(bar.value(), 100);
-    // and so does the frame that undo selects
+    // and so does an undo that selects a frame
     rename("end", {});
     select("Materials");
     tree().collapseAll();

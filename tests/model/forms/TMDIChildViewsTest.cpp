@@ -76,7 +76,7 @@ TEST_F(TMDIChildViews, ToolsAreChosenByButtonOrAction) {
     }
 }
 
-TEST_F(TMDIChildViews, APressThatActivatesItsWindowOrHoldsCtrlStartsNothing) {
+TEST_F(TMDIChildViews, PressesThatActivateTheWindowOrHoldCtrlStartNothing) {
     TMDIChild& model = window();
     run("FileNew1");
     run("WindowTileVertical1");
@@ -89,7 +89,7 @@ TEST_F(TMDIChildViews, APressThatActivatesItsWindowOrHoldsCtrlStartsNothing) {
         for (const auto& [modifiers, starts] : presses) {
             const float scale = model.document()->PlaneScale;
             const CameraAngles angles = model.view().angles;
-            // by way of the window system, which is what activates document windows
+            // via the window system, because that activates document windows
             const QPoint at = child<QWidget>(model, name).mapTo(&form(), QPoint(30, 30));
             const QPoint end = at + QPoint(9, 9);
             QTest::mousePress(form().windowHandle(), Qt::LeftButton, modifiers, at);
@@ -109,7 +109,7 @@ TEST_F(TMDIChildViews, KeysWorkInEachViewAndARunEndsWithTheFocus) {
         tree().setFocus();
         const QImage without = view.grab().toImage();
         view.setFocus();
-        EXPECT_NE(view.grab().toImage(), without) << "the mark of the focus";
+        EXPECT_NE(view.grab().toImage(), without) << "the focus mark";
         QTest::keyClick(&view, Qt::Key_2);
         EXPECT_EQ(document().Tool, ViewTool::MoveFrame);
         const Matrix4 before = document().Root.Matrix;
@@ -134,7 +134,7 @@ TEST_F(TMDIChildViews, KeysWorkInEachViewAndARunEndsWithTheFocus) {
             QTest::keyClick(&view, key, held);
             QWidget* menu = QApplication::activePopupWidget();
             ASSERT_NE(menu, nullptr) << name;
-            QTest::keyClick(menu, Qt::Key_Return); // the whole model
+            QTest::keyClick(menu, Qt::Key_Return); // "Show Whole Model"
             EXPECT_EQ(document().CameraDistance != 3, space);
             EXPECT_EQ(document().PlaneScale != 3, !space);
         }
@@ -143,7 +143,7 @@ TEST_F(TMDIChildViews, KeysWorkInEachViewAndARunEndsWithTheFocus) {
     EXPECT_EQ(document().Tool, ViewTool::RotateFrame);
 }
 
-TEST_F(TMDIChildViews, CtrlAndAClickSelectAFrameAndPicturesAreCopied) {
+TEST_F(TMDIChildViews, CtrlClicksSelectFramesAndPicturesAreCopied) {
     for (const char* name : {"Image2", "Image1"}) {
         select("Materials");
         const QSize size = image(name).size();
@@ -161,11 +161,11 @@ TEST_F(TMDIChildViews, CtrlAndAClickSelectAFrameAndPicturesAreCopied) {
     }
 }
 
-TEST_F(TMDIChildViews, AViewThatHidesOrLosesTheKeyboardCancelsItsDrag) {
+TEST_F(TMDIChildViews, HidingOrLosingTheFocusCancelsADrag) {
     click("rotateFrameButton");
     const Matrix4 before = document().Root.Matrix;
     const std::vector<QImage> shown = planes();
-    QWidget active; // elsewhere: no view hears that it loses the keyboard
+    QWidget active; // the frame is inactive: views get no event when they lose the focus
     active.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&active));
     for (const char* const ender : {"RenameButton", "TwoDVisibleBox"}) {
@@ -178,13 +178,13 @@ TEST_F(TMDIChildViews, AViewThatHidesOrLosesTheKeyboardCancelsItsDrag) {
     }
     EXPECT_FALSE(window().canUndo() || document().Modified);
     document().Root.Matrix[12] += 3;
-    window().render3d(); // a hidden view is drawn when it shows
+    window().render3d(); // hidden views are only drawn when shown
     EXPECT_EQ(planes(), shown);
     click("TwoDVisibleBox");
     EXPECT_NE(planes(), shown);
 }
 
-TEST_F(TMDIChildViews, VisibilityTogglesShowAtTheNextMouseEvent) {
+TEST_F(TMDIChildViews, VisibilityTogglesTakeEffectAtTheNextMouseEvent) {
     const auto boxes = [&] {
         std::string found;
         for (const char* name : {"FrameVisibleBox", "MeshVisibleBox"}) {
@@ -203,19 +203,19 @@ TEST_F(TMDIChildViews, VisibilityTogglesShowAtTheNextMouseEvent) {
     EXPECT_EQ(boxes(), "on off ");
     click("FrameVisibleBox");
     EXPECT_EQ(boxes(), "off -off ");
-    EXPECT_NE(row(), black) << "what is hidden is grey";
-    EXPECT_TRUE(picture("Image1") == space && planes() == shown) << "a toggle draws nothing";
+    EXPECT_NE(row(), black) << "hidden rows are grey";
+    EXPECT_TRUE(picture("Image1") == space && planes() == shown) << "a toggle redraws nothing";
     moveHolding(image("Image3"), {7, 7}, Qt::NoButton);
     EXPECT_TRUE(picture("Image1") != space && planes() != shown);
     const auto& reason = child<QLabel>(window(), "ReasonLabel");
     EXPECT_EQ(reason.text(), QStringLiteral("Every mesh is hidden."));
     EXPECT_TRUE(reason.isVisible() && reason.width() >= reason.sizeHint().width());
     QWidget& spaceView = child<QWidget>(window(), "ThreeDWin");
-    EXPECT_EQ(spaceView.childAt(reason.geometry().center()), &image("Image1")) << "lets clicks by";
+    EXPECT_EQ(spaceView.childAt(reason.geometry().center()), &image("Image1")) << "clicks pass";
     const QImage seen = spaceView.grab(reason.geometry()).toImage();
     EXPECT_GT(countOtherThan(seen.convertToFormat(QImage::Format_RGB32), 0xff000000U), 20U);
     select(bodyNode + "/Frame frm-wing");
-    EXPECT_EQ(boxes(), "on on ") << "children keep their own";
+    EXPECT_EQ(boxes(), "on on ") << "children keep their own setting";
     select("Materials");
     EXPECT_EQ(boxes(), "-on -on ");
     select(bodyNode);

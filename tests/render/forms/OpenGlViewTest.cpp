@@ -17,7 +17,7 @@ const QString skiff = QStringLiteral(KORVANE_SAMPLES "/skiff.xsi");
 constexpr const char* noContext = ":-)~ hrc == NULL";
 const QString windmill = QStringLiteral(KORVANE_SAMPLES "/windmill.xsi");
 
-/// A driver that fails as often as asked.
+/// A driver that fails a given number of times.
 class FailingDriver : public GlDriver {
   public:
     bool create(QOpenGLContext& context) override {
@@ -36,8 +36,8 @@ class FailingDriver : public GlDriver {
 
     int failingCreates = 0;
     int failingCurrents = 0;
-    int failsAfter = -1; ///< so many that do not
-    int contexts = 0;    ///< alive
+    int failsAfter = -1; ///< calls of makeCurrent() before one fails; -1 for none
+    int contexts = 0;    ///< that exist
 };
 
 TThreeDWinFrame& viewOf(TMDIChild& window) {
@@ -57,7 +57,7 @@ class GlFailureTest : public MainFormTest {
     }
 };
 
-/// The 3D view through OpenGL. Skips clearly where a machine has none.
+/// The 3D view with OpenGL. Reports that it is skipped on a machine without OpenGL.
 class OpenGlViewTest : public GlFailureTest {
   protected:
     void SetUp() override {
@@ -77,7 +77,7 @@ class OpenGlViewTest : public GlFailureTest {
     }
 };
 
-TEST_F(OpenGlViewTest, InterfacesShowTheSameAndADragRecordsNothing) {
+TEST_F(OpenGlViewTest, SwitchingKeepsThePicturesAndADragRecordsNothing) {
     start({windmill});
     settle();
     const std::size_t once = counts().meshes;
@@ -85,7 +85,7 @@ TEST_F(OpenGlViewTest, InterfacesShowTheSameAndADragRecordsNothing) {
     window().render3d();
     window().render3d();
     settle();
-    EXPECT_EQ(counts().meshes, 2 * once) << "several wishes are one drawing";
+    EXPECT_EQ(counts().meshes, 2 * once) << "several requests are one drawing";
     run("Rflat");
     for (int round = 0; round <= GlLists::drawsBeforeRecording; ++round) {
         window().render3d();
@@ -105,7 +105,7 @@ TEST_F(OpenGlViewTest, InterfacesShowTheSameAndADragRecordsNothing) {
     const std::size_t drawn = counts().meshes;
     child<TImage>(view, "Image1").update();
     settle();
-    EXPECT_EQ(counts().meshes, drawn) << "a picture that is up to date is not drawn again";
+    EXPECT_EQ(counts().meshes, drawn) << "a current picture is not drawn again";
 
     run("SoftwareAction");
     EXPECT_EQ(view.openGl(), nullptr);
@@ -116,7 +116,7 @@ TEST_F(OpenGlViewTest, InterfacesShowTheSameAndADragRecordsNothing) {
     }
 }
 
-TEST_F(OpenGlViewTest, WindowsWithDifferentModesKeepApart) {
+TEST_F(OpenGlViewTest, WindowsWithDifferentModesAreIndependent) {
     start({windmill, windmill});
     TMDIChild& wires = window();
     TMDIChild& smooth = *form().documents().at(0);
@@ -131,7 +131,7 @@ TEST_F(OpenGlViewTest, WindowsWithDifferentModesKeepApart) {
     EXPECT_EQ(pictureOf(smooth), smoothPicture);
 }
 
-TEST_F(OpenGlViewTest, ADriverThatFailsGetsAnotherTryAndIsThenDoneWithout) {
+TEST_F(OpenGlViewTest, AFailingDriverIsRetriedOnceThenSoftwareDraws) {
     start({skiff});
     const QImage picture = pictureOf(window());
     FailingDriver driver;
@@ -147,18 +147,18 @@ TEST_F(OpenGlViewTest, ADriverThatFailsGetsAnotherTryAndIsThenDoneWithout) {
         EXPECT_TRUE(allAnswered());
         return shown;
     };
-    // the driver was reset: the context is lost, and all that it held
+    // the driver was reset: the context and its contents are lost
     driver.failingCurrents = 1;
     EXPECT_EQ(redrawn(), picture);
-    driver.failsAfter = 1; // while it drew
+    driver.failsAfter = 1; // while drawing
     EXPECT_EQ(redrawn(), picture);
     EXPECT_EQ(driver.failsAfter, -1);
-    // for good
+    // it fails for good
     driver.failingCurrents = 1000;
     expectMessage("Could not MakeCurrent");
     EXPECT_EQ(redrawn(), bySoftware);
-    EXPECT_EQ(redrawn(), bySoftware) << "told once";
-    // and back, from the first step on
+    EXPECT_EQ(redrawn(), bySoftware) << "reported once";
+    // it recovers, but the first attempt fails
     run("SoftwareAction");
     driver.failingCurrents = 0;
     driver.failingCreates = 1;
@@ -174,7 +174,7 @@ TEST_F(OpenGlViewTest, ADriverThatFailsGetsAnotherTryAndIsThenDoneWithout) {
     EXPECT_EQ(driver.contexts, 0);
 }
 
-/// For a platform without OpenGL.
+/// Runs only on a platform without OpenGL.
 class WithoutGl : public GlFailureTest {
   protected:
     void SetUp() override {
@@ -184,7 +184,7 @@ class WithoutGl : public GlFailureTest {
     }
 };
 
-TEST_F(WithoutGl, TheUserIsToldAndStillSeesTheModel) {
+TEST_F(WithoutGl, ReportsItAndStillShowsTheModel) {
     expectMessage(noContext);
     start({skiff});
     const QImage shown = pictureOf(window());

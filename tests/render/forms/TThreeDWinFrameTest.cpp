@@ -6,8 +6,8 @@
 namespace korvane::test {
 namespace {
 
-/// The 3D view by software. Its tests run at a scale of the screen as well: sizes of pictures and
-/// places of the mouse are those of device pixels.
+/// The 3D view with software drawing. These tests also run on a scaled screen: pictures and mouse
+/// positions are in device pixels.
 class TThreeDWinFrameTest : public ModelWindowTest {
   protected:
     TThreeDWinFrameTest() { drawBySoftware(); }
@@ -16,7 +16,7 @@ class TThreeDWinFrameTest : public ModelWindowTest {
     [[nodiscard]] QWidget& view() const { return child<TThreeDWinFrame>(window(), "ThreeDWin"); }
 };
 
-TEST_F(TThreeDWinFrameTest, PicturesHaveTheSizeOfTheirControlsOnTheScreen) {
+TEST_F(TThreeDWinFrameTest, PicturesHaveTheSizeOfTheirControlsInDevicePixels) {
     const qreal ratio = form().devicePixelRatioF();
     window().showNormal();
     window().resize(511, 307);
@@ -56,7 +56,7 @@ TEST_F(TThreeDWinFrameTest, TheMouseTurnsAndZoomsTheModelAndEscapeCancels) {
     EXPECT_LT(document().CameraDistance, distance);
 }
 
-TEST(TImage, LaysAnotherPictureOverItsOwn) {
+TEST(TImage, PaintsTheOverlayOverThePicture) {
     TImage image;
     image.resize(4, 3);
     QImage red(4, 3, QImage::Format_RGB32);
