@@ -1,5 +1,5 @@
-// What a screen reader gets to know of the program, and whether the keyboard alone reaches all of
-// it: the program runs by itself, and all that is known here comes over the accessibility bus.
+// Tests what a screen reader learns about the program, and whether the keyboard reaches everything.
+// The program runs in its own process; these tests only use the accessibility bus.
 
 #include "program/AccessibleNode.h"
 #include "support/Display.h"
@@ -63,7 +63,7 @@ class AccessibilityBus : public ::testing::Test {
         return true;
     }
 
-    /// All of the program that shows.
+    /// Returns all visible nodes of the program that pass.
     [[nodiscard]] std::vector<AccessibleNode>
     all(const std::function<bool(const AccessibleNode&)>& passes) const {
         for (const AccessibleNode& program : desktop_.children()) {
@@ -78,7 +78,7 @@ class AccessibilityBus : public ::testing::Test {
             return node.name() == QLatin1String(name) && node.role() == QLatin1String(role);
         });
     }
-    /// The one node of a role and name that shows.
+    /// Returns the only visible node of a role and name.
     AccessibleNode one(const char* role, const char* name) const {
         const auto found = find(role, name);
         EXPECT_EQ(found.size(), 1U) << role << ' ' << name;
@@ -95,7 +95,7 @@ class AccessibilityBus : public ::testing::Test {
             QThread::msleep(settled);
         }
     }
-    /// Opens a dialog, looks at it and closes it with Escape.
+    /// Waits for a dialog, runs the checks of `look` and closes it with Escape.
     void inDialog(const char* name, const std::function<void()>& look) const {
         SCOPED_TRACE(name);
         ASSERT_TRUE(eventually([&] { return !find("dialog", name).empty(); }));
@@ -109,7 +109,7 @@ class AccessibilityBus : public ::testing::Test {
         ASSERT_TRUE(eventually([&] { return !find("menu item", command).empty(); }));
         one("menu item", command).act();
     }
-    /// Whatever can have the focus has a name, and each picture a sentence.
+    /// Expects a name for everything focusable, and a sentence for each picture.
     void expectAllTold() const {
         for (const AccessibleNode& node : all([](const AccessibleNode& node) {
                  return node.is(AccessibleNode::Focusable) && node.name().isEmpty();
@@ -125,7 +125,7 @@ class AccessibilityBus : public ::testing::Test {
             ADD_FAILURE() << "without a sentence: " << node.name().toStdString();
         }
     }
-    /// The names of what gets the focus by so many presses of a key.
+    /// Returns the names of everything that gets the focus while a key is pressed this many times.
     [[nodiscard]] std::set<std::string> reachedBy(Key key, int presses) const {
         std::set<std::string> names;
         for (; presses > 0; --presses) {
@@ -151,7 +151,7 @@ class AccessibilityBus : public ::testing::Test {
     QProcess editor_;
 };
 
-TEST_F(AccessibilityBus, TellsTheWindowTheViewsAndTheRows) {
+TEST_F(AccessibilityBus, DescribesTheWindowTheViewsAndTheRows) {
     expectAllTold();
     one("menu bar", "Main menu");
     one("tool bar", "Tool bar");
@@ -171,7 +171,7 @@ TEST_F(AccessibilityBus, TellsTheWindowTheViewsAndTheRows) {
         })) << one("graphic", view).description().toStdString();
     }
 
-    // hidden frames are told in words
+    // hidden frames say so
     const auto tools = find("page tab", "Tools");
     ASSERT_EQ(tools.size(), 1U);
     tools.front().act();
@@ -186,7 +186,7 @@ TEST_F(AccessibilityBus, TellsTheWindowTheViewsAndTheRows) {
     one("tree item", "Frame frm-meadow, hidden");
 }
 
-TEST_F(AccessibilityBus, TellsTheMaterialEditor) {
+TEST_F(AccessibilityBus, DescribesTheMaterialEditor) {
     press({Down, Right, Down, Right, Down, Return});
     inDialog("Material Editor", [&] {
         expectDescription("push button", "Diffuse", "#f2e5d6");
@@ -203,7 +203,7 @@ TEST_F(AccessibilityBus, TellsTheMaterialEditor) {
     });
 }
 
-TEST_F(AccessibilityBus, TellsTheOtherDialogs) {
+TEST_F(AccessibilityBus, DescribesTheOtherDialogs) {
     press({Down, Return});
     inDialog("Frame Options", [&] {
         EXPECT_TRUE(one("check box", "Normals").is(AccessibleNode::Checked));
@@ -218,11 +218,11 @@ TEST_F(AccessibilityBus, TellsTheOtherDialogs) {
     inDialog("About Korvane II Model Editor", [&] { one("graphic", "Program icon"); });
 }
 
-TEST_F(AccessibilityBus, IsReachedByTheKeyboardAlone) {
+TEST_F(AccessibilityBus, KeyboardReachesEverything) {
     expectAmong(reachedBy(Tab, 12),
                 {"Structure of the model", "Edit", "Rename Frame", "Add Frame", "XZ view",
                  "3D view", "XY view", "ZY view", "Width of the pages"});
-    // the other page, from its tab
+    // the other page, via its tab
     int presses = 20;
     while (!one("page tab list", "Structure").is(AccessibleNode::Focused)) {
         ASSERT_GT(--presses, 0);

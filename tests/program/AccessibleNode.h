@@ -12,8 +12,8 @@
 
 namespace korvane::test {
 
-/// A widget, or a row or item of one, as assistive technology sees it: over the accessibility bus.
-/// Whatever cannot be had is empty.
+/// A widget, or a row or item of one, as assistive technology sees it on the accessibility bus.
+/// Values that are not available are empty.
 class AccessibleNode {
   public:
     enum State { Checked = 4, Focusable = 11, Focused = 12, Sensitive = 24, Showing = 25 };
@@ -21,7 +21,7 @@ class AccessibleNode {
     AccessibleNode(QDBusConnection bus, QString service, QString path)
         : bus_(std::move(bus)), service_(std::move(service)), path_(std::move(path)) {}
 
-    /// The root of all programs on the bus that belongs to the session.
+    /// The root of all programs on the session's accessibility bus.
     static AccessibleNode desktop() {
         const QDBusMessage answer =
             QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
@@ -45,7 +45,7 @@ class AccessibleNode {
         call("Accessible", "GetState").value<QDBusArgument>() >> words;
         return !words.isEmpty() && (words[0] >> static_cast<unsigned>(state) & 1U) != 0;
     }
-    /// Does what a click would do. It does not wait for the end: that may open a dialog.
+    /// Does what a click would do. Does not wait for it to return: it may open a dialog.
     void act() const {
         QDBusMessage message = QDBusMessage::createMethodCall(
             service_, path_, interfaceName("Action"), QStringLiteral("DoAction"));
@@ -67,8 +67,8 @@ class AccessibleNode {
         return found;
     }
 
-    /// The node itself and all below it that pass, in depth-first order. What does not show is
-    /// left out with all below it.
+    /// Returns the node itself and all below it that pass, depth first. Leaves out invisible nodes
+    /// with all below them.
     [[nodiscard]] std::vector<AccessibleNode>
     all(const std::function<bool(const AccessibleNode&)>& passes) const {
         std::vector<AccessibleNode> found;
@@ -89,7 +89,7 @@ class AccessibleNode {
         return found;
     }
 
-    /// Presses and releases a key of the keyboard, by its X keysym.
+    /// Presses and releases a key, given as an X keysym.
     void press(unsigned keysym) const {
         constexpr uint keysymEvent = 3;
         static_cast<void>(send(QStringLiteral("org.a11y.atspi.Registry"),
