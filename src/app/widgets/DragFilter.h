@@ -22,7 +22,7 @@ class DragFilter : public QObject {
         std::function<void(const DragInput&)> press;
         std::function<void(const DragInput&)> move;
         std::function<void(const DragInput&)> release;
-        std::function<bool()> cancel; ///< reverts a running drag; returns whether there was one
+        std::function<bool()> cancel; ///< cancels a running drag; returns whether there was one
         /// Gets the wheel's rotation in notches, positive if forward. Without this handler the
         /// control gets the wheel events.
         std::function<void(const DragInput&, float)> wheel = {};
