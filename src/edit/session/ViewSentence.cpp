@@ -53,13 +53,14 @@ QString planeSentence(const ModelDocument& document, const PlaneMapping& mapping
 }
 
 QString spaceSentence(const ModelDocument& document, const ViewState& state) {
-    if (const QString reason = whyNothingShows(document, state); !reason.isEmpty()) {
-        return reason;
+    QString text = whyNothingShows(document, state);
+    if (!text.isEmpty()) {
+        return text;
     }
-    QString text = QStringLiteral("The model %1, from %2 units away, pitch %3, yaw %4")
-                       .arg(drawnAs(state.mode))
-                       .arg(double{document.CameraDistance} / double{state.scaleFactor}, 0, 'g', 3)
-                       .arg(degrees(state.angles.pitch), degrees(state.angles.yaw));
+    text = QStringLiteral("The model %1, from %2 units away, pitch %3, yaw %4")
+               .arg(drawnAs(state.mode))
+               .arg(double{document.CameraDistance} / double{state.scaleFactor}, 0, 'g', 3)
+               .arg(degrees(state.angles.pitch), degrees(state.angles.yaw));
     if (const FrameRecord* frame = document.selectedFrame()) {
         text += QStringLiteral("; frame %1 is selected").arg(shortName(shownText(frame->Name)));
     }

@@ -4,6 +4,7 @@
 #include "render/planes/PlaneView.h"
 
 #include <QMdiSubWindow>
+#include <QPersistentModelIndex>
 #include <QString>
 
 #include <array>
@@ -168,8 +169,8 @@ class TMDIChild : public QMdiSubWindow {
     void setUpButtons();
     /// Sets up the tree's menu with the commands of the buttons and their keys.
     void setUpStructureMenu();
-    /// Triggers Edit if the row is selected and has no rows below it.
-    void rowDoubleClicked(const QModelIndex& row);
+    /// Triggers Edit if the double-clicked row is selected and has no rows below it.
+    void editDoubleClicked();
     /// Runs the menu's command for a key. Returns true if the tree must not get the key.
     bool structureKey(const QKeyEvent& key);
     /// Handles an event of a view. Returns true if the view must not get it.
@@ -227,6 +228,7 @@ class TMDIChild : public QMdiSubWindow {
     std::unique_ptr<Ui::TMDIChild> ui_;
     std::optional<DocumentSession> session_; ///< none once the window has been closed
     DocumentDialogs dialogs_;
+    QPersistentModelIndex doubleClicked_;       ///< until editDoubleClicked()
     std::unique_ptr<TStructureView> structure_; ///< destroyed before the tree view that it fills
     QMenu* structureMenu_ = nullptr;            ///< owned by the tree view
     WindowFocus* focus_ = nullptr;              ///< owned by the window

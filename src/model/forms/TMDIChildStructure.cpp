@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
-#include <QTimer>
 
 #include <optional>
 #include <utility>
@@ -62,16 +61,18 @@ void TMDIChild::setUpStructureMenu() {
         structureMenu_->popup(ui_->TreeView1->viewport()->mapToGlobal(at));
     });
     ui_->TreeView1->viewport()->installEventFilter(this); // for the mouse button of double clicks
-    connect(ui_->TreeView1, &QTreeView::doubleClicked, this, &TMDIChild::rowDoubleClicked);
+    connect(ui_->TreeView1, &QTreeView::doubleClicked, this,
+            [this](const QModelIndex& row) { doubleClicked_ = row; });
+    // queued: the tree is still handling the press
+    connect(ui_->TreeView1, &QTreeView::doubleClicked, this, &TMDIChild::editDoubleClicked,
+            Qt::QueuedConnection);
 }
 
-void TMDIChild::rowDoubleClicked(const QModelIndex& row) {
-    const auto edit = [this, row = QPersistentModelIndex(row)] {
-        if (ui_->TreeView1->selectionModel()->isSelected(row) && row.model()->rowCount(row) == 0) {
-            ui_->EditButton->click();
-        }
-    };
-    QTimer::singleShot(0, this, edit); // after the tree has handled the press
+void TMDIChild::editDoubleClicked() {
+    const QModelIndex row = std::exchange(doubleClicked_, {});
+    if (ui_->TreeView1->selectionModel()->isSelected(row) && row.model()->rowCount(row) == 0) {
+        ui_->EditButton->click();
+    }
 }
 
 void TMDIChild::addToStructureMenu(const QList<QAction*>& commands) {
