@@ -26,6 +26,7 @@ complete -c korvane-tool -n '__fish_seen_subcommand_from render' -l distance -x 
 complete -c korvane-tool -n '__fish_seen_subcommand_from render' -l center -x -d 'The point the camera looks at, in model units. A 2D view marks it.'
 complete -c korvane-tool -n '__fish_seen_subcommand_from render' -l no-transparent -d 'Draw all materials opaque; 3D only.'
 complete -c korvane-tool -n '__fish_seen_subcommand_from render' -l no-hidden-transparent -d 'Do not draw the far sides of translucent meshes; 3D only.'
+complete -c korvane-tool -n '__fish_seen_subcommand_from render' -l strict -d 'Write nothing if the file ends early, or a 3D picture would be empty.'
 complete -c korvane-tool -n '__fish_seen_subcommand_from render' -l format -x -a 'png' -d 'Write a PNG picture under any name, not only one that ends in .png.'
 complete -c korvane-tool -n '__fish_seen_subcommand_from render' -l base -x -a '(__fish_complete_directories)' -d 'Folder of the textures of a model from standard input; the current folder by default.'
 complete -c korvane-tool -n '__fish_seen_subcommand_from render' -l repeat -x -d 'Draw N times, and print the median time in milliseconds and the number of pixels that differ from the background.'
