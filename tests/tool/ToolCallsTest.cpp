@@ -15,6 +15,8 @@ TEST_F(ToolCalls, GiveTheReasonOfARefusalInOneLine) {
     write("broken.bmp", "BM\x1a\0\0\0\0\0\0\0\x1a\0\0\0\x0c\0\0\0\xff\xff\xff\xff\1\0\x18\0"s);
     write("odd.png", "");
     ASSERT_TRUE(QDir().mkpath(path("folder.x")));
+    write("empty.xsi", "xsi 0101txt 0032\nframe frm-a {\n}\n");
+    write("cut.xsi", "xsi 0101txt 0032\nframe frm-a {\nmesh a {\n3;\n0;0;0;,\n1;");
     const std::pair<const char*, const char*> refused[] = {
         {"info bad.x", "bad.x: Not a valid .X file\n"},
         {"info none.x", "none.x: No such file\n"},
@@ -29,6 +31,8 @@ TEST_F(ToolCalls, GiveTheReasonOfARefusalInOneLine) {
         {"render good.x no/o.png", "no/o.png: Unable to save\n"},
         {"render good.x o.png --api opengl", "good.x: no OpenGL here\n"},
         {"render bad.x - --format png", "bad.x: Not a valid .X file\n"},
+        {"render empty.xsi o.png --strict", "empty.xsi: The model has no mesh.\n"},
+        {"render cut.xsi o.png --strict", "cut.xsi: The file ends where a number is expected\n"},
         {"texture none.tga o.png", "none.tga: No such file\n"},
         {"texture broken.bmp o.png", "broken.bmp: Cannot be decoded: it is not a bitmap\n"},
         {"texture bad.x o.png", "bad.x: Cannot be decoded: .x files are not read\n"}};
@@ -60,7 +64,7 @@ TEST_F(ToolCalls, ThatMakeNoSensePointToTheHelp) {
                    "good.x o.png --view xy --api software;good.x o.png --view xy --mode flat;"
                    "good.x o.png --view xz --pitch 1;good.x o.png --view xz --yaw 1;"
                    "good.x o.png --view zy --distance 1;good.x o.png --view zy --no-transparent;"
-                   "good.x o.png --view zy --no-hidden-transparent"},
+                   "good.x o.png --view zy --no-hidden-transparent;- o.png --strict"},
         {"texture", ";bad.x;a.msh o.tga;a.msh o --format;- o.png;- o.png --type gif;"
                     "a.tga o.png --type tga;--out-dir . a.tga a.bmp"}};
     const qsizetype files = filesInFolder();

@@ -43,9 +43,10 @@ QStringList shown(const std::vector<std::string>& names) {
 QStringList lostNames(const FrameRecord& root) {
     QStringList lost;
     std::unordered_set<std::string_view> known;
+    NameUses uses;
     for (FrameWalk walk(root); !walk.done(); walk.next()) {
         const std::string& name = walk.frame().Name;
-        if (!lostNameReason(name, nameUse(walk.frame(), walk.depth() == 0)).isEmpty() &&
+        if (!lostNameReason(name, uses.next(walk.frame(), walk.depth() == 0)).isEmpty() &&
             known.insert(name).second) {
             lost += u'"' + shortName(shownText(name)) + u'"';
         }

@@ -56,15 +56,16 @@ std::string lostWith(const FrameRecord& frame, bool root) {
     return lost;
 }
 
-void checkName(const FrameRecord& frame, bool root, TextPlace place, FindingList& findings) {
-    const QString reason = lostNameReason(frame.Name, nameUse(frame, root));
+void checkName(const FrameRecord& frame, const NameUse& use, TextPlace place,
+               FindingList& findings) {
+    const QString reason = lostNameReason(frame.Name, use);
     if (reason.isEmpty()) {
         return;
     }
     std::string text = "Frame " + quoted(frame.Name) +
                        " is not fully restored from a saved file: its name " + reason.toStdString();
     if (!findings.isFull(FindingId::NameNotSaved)) {
-        const std::string lost = lostWith(frame, root);
+        const std::string lost = lostWith(frame, use.root);
         text += lost.empty() ? "" : " (lost: " + lost + ")";
     }
     findings.add(FindingId::NameNotSaved, place, std::move(text));
@@ -118,12 +119,14 @@ void checkEmptyEntries(const FrameRecord& frame, const FramePlaces& places, Find
 
 void checkSaving(const ModelDocument& document, const ReadPlaces& places, FindingList& findings) {
     std::size_t number = 0;
+    NameUses uses;
     for (FrameWalk walk(document.Root); !walk.done(); walk.next(), ++number) {
         const FrameRecord& frame = walk.frame();
         const FramePlaces place =
             number < places.frames.size() ? places.frames[number] : FramePlaces();
+        const NameUse use = uses.next(frame, walk.depth() == 0);
         if (place.frame != nowhere) { // a file without frames leaves the root unnamed
-            checkName(frame, walk.depth() == 0, place.frame, findings);
+            checkName(frame, use, place.frame, findings);
         }
         if (frame.HasMesh) {
             checkEmptyEntries(frame, place, findings);

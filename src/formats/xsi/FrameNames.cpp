@@ -20,7 +20,14 @@ bool runsIntoSuffix(std::string_view name, const NameUse& use) {
 } // namespace
 
 NameUse nameUse(const FrameRecord& frame, bool root) {
-    return {root, frame.HasMesh, !flagSuffix(frame).empty(), frame.HasMesh && frame.HasAnimation};
+    return {root, frame.HasMesh, !flagSuffix(frame).empty(), frame.HasMesh && frame.HasAnimation,
+            false};
+}
+
+NameUse NameUses::next(const FrameRecord& frame, bool root) {
+    NameUse use = nameUse(frame, root);
+    use.taken = !earlier_.insert(frame.Name).second;
+    return use;
 }
 
 std::string flagSuffix(const FrameRecord& frame) {
@@ -69,6 +76,9 @@ QString lostNameReason(std::string_view name, const NameUse& use) {
     }
     if (!use.root && contains(name, "frametransformmatrix")) {
         return QStringLiteral("contains \"frametransformmatrix\"");
+    }
+    if (use.animated && use.taken) {
+        return QStringLiteral("is also that of an earlier frame, which gets the animation");
     }
     // lines with "template" are skipped only at the top level
     if (use.root && contains(name, "template")) {

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 namespace korvane {
 
@@ -15,9 +16,20 @@ struct NameUse {
     bool mesh = false;     ///< the name is also written at a mesh
     bool flags = false;    ///< flag letters follow the name
     bool animated = false; ///< an animation refers to it
+    bool taken = false;    ///< an earlier frame has the same name
 };
 
 [[nodiscard]] NameUse nameUse(const FrameRecord& frame, bool root);
+
+/// The same for all frames of a model, called for one after the other in pre-order: knows the names
+/// of the earlier ones. The frames must stay.
+class NameUses {
+  public:
+    [[nodiscard]] NameUse next(const FrameRecord& frame, bool root);
+
+  private:
+    std::unordered_set<std::string_view> earlier_;
+};
 
 /// Returns what saving writes after a frame's name: "__" and the letters of its flags, or nothing.
 /// Only frames with a mesh have it.

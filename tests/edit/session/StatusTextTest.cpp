@@ -66,6 +66,22 @@ TEST_F(StatusText, SavingNamesTheFramesWhoseNamesGetLost) {
         EXPECT_EQ(savedText(document, SaveResult::Written).toStdString(),
                   "a.xsi was written: 0 meshes, 0 faces" + std::string(expected));
     }
+    // an animation refers to its frame by name: reading gives it to the first one
+    ModelDocument document;
+    document.FileName = QStringLiteral("a.xsi");
+    for (const char* name : {"twin", "twin", "twin"}) {
+        document.Root.Name = "root";
+        FrameRecord& frame = document.Root.Children.emplace_back();
+        frame.Name = name;
+        frame.HasMesh = true;
+        frame.HasAnimation = document.Root.Children.size() == 2;
+    }
+    EXPECT_EQ(savedText(document, SaveResult::Written),
+              QStringLiteral("a.xsi was written: 3 meshes, 0 faces; names that it will not give "
+                             "back: \"twin\""));
+    document.Root.Children.pop_back();
+    document.Root.Children.erase(document.Root.Children.begin());
+    EXPECT_FALSE(savedText(document, SaveResult::Written).contains(QLatin1String("twin")));
 }
 
 TEST_F(StatusText, SavingSaysWhatWasWritten) {
