@@ -159,8 +159,7 @@ TEST_F(AccessibilityBus, DescribesTheWindowTheViewsAndTheRows) {
     expectDescription("push button", "Open", "Open (Ctrl+O)");
     expectDescription("push button", "Add Frame",
                       "Add a frame below the selected one, or a material");
-    expectDescription("tree item", "Frame frm-mill",
-                      "A frame without a mesh\nFrames right below it: 4");
+    expectDescription("tree item", "Frame frm-mill", "A frame without a mesh\nChild frames: 4");
 
     press({Down});
     expectDescription("tree item", "Frame frm-meadow",

@@ -26,7 +26,7 @@ constexpr Hint hints[] = {
      "The frames and materials of the model; Enter or a double click edits, the right button has "
      "more"},
     {"MDIChild", "EditButton", "Edit the options of the frame, or the materials"},
-    {"MDIChild", "RenameButton", "Give the frame another name"},
+    {"MDIChild", "RenameButton", "Rename the frame"},
     {"MDIChild", "DeleteButton", "Delete the frame with all below it, or the material"},
     {"MDIChild", "AddButton", "Add a frame below the selected one, or a material"},
     {"MDIChild", "qt_tabwidget_tabbar", "Choose between the structure and the tools"},
@@ -52,13 +52,13 @@ constexpr Hint hints[] = {
     {"Material", "ambient", "Choose the colour that the material has in the shade"},
     {"Material", "diffuse", "Choose the colour that the material has in the light"},
     {"Material", "specular", "Choose the colour of the highlight"},
-    {"Material", "opacitybar", "How little shows through the material, in percent"},
-    {"Material", "Edit1", "How sharp the highlight is, from 0 for none; Enter ends the typing"},
+    {"Material", "opacitybar", "The opacity of the material, in percent"},
+    {"Material", "Edit1", "How sharp the highlight is, from 0 for none; press Enter to finish"},
     {"Material", "CheckListBox1", "The materials that the mesh uses"},
     {"Material", "TreeView1",
      "Select a face, or one of its vertices, to move its texture coordinates"},
     {"Material", "OnlyMaterialBox",
-     "Leave out the faces that show another material, in the list and in the texture"},
+     "Show only the faces of this material, in the list and in the texture view"},
     {"Material", "textureCheckBox", "Switch the texture of the material on or off"},
     {"Material", "Image1",
      "Drag with the left button to move the selected face or vertex; the wheel zooms, the middle "
@@ -67,10 +67,10 @@ constexpr Hint hints[] = {
     {"Material", "VerticalBar", "Scroll the texture"},
     {"Material", "ZoomOutButton", "Show the texture half as large"},
     {"Material", "ZoomInButton", "Show the texture twice as large"},
-    {"Material", "RedrawButton", "Draw the texture anew"},
+    {"Material", "RedrawButton", "Redraw the texture view"},
     {"Material", "Panel1", "Choose the colour of the selected face's outline"},
     {"Material", "Panel2", "Choose the colour of the other faces' outlines"},
-    {"Material", "Button2", "Close the editor; what was changed stays"},
+    {"Material", "Button2", "Close the editor and keep the changes"},
 
     {"OKBottomDlg", "Edit1", "The name of a picture, a folder, or a mask such as *.tga"},
     {"OKBottomDlg", "FileListBox1", "The pictures of the folder"},
@@ -95,7 +95,8 @@ constexpr Hint hints[] = {
     {"frameF", "FlameBox", "The game animates the frame"},
     {"frameF", "GFlagBox", "Sets the G flag in the name of the frame"},
     {"frameF", "AnimationBox", "Save the animation of the frame"},
-    {"frameF", "ButtonBox", "OK records the changes for Undo; Cancel keeps them without"},
+    {"frameF", "ButtonBox",
+     "OK makes the changes undoable; Cancel keeps them without an undo step"},
 
     {"ColorOptions", "ThreeDWinColorEdit", "Choose the background of the 3D view"},
     {"ColorOptions", "WireRenderSelectedEdit", "Choose the colour of the selected frame's lines"},
@@ -106,7 +107,7 @@ constexpr Hint hints[] = {
     {"ColorOptions", "WorldAxesEdit",
      "Choose the colour of the lines through the origin of the world"},
     {"ColorOptions", "ObjAxesEdit", "Choose the colour of the mark at the selected frame's origin"},
-    {"ColorOptions", "ColorOptionsButtons", "OK gives the colours to all windows"},
+    {"ColorOptions", "ColorOptionsButtons", "OK applies the colours to all windows"},
 
     {"RecoveryBox", "CopyList",
      "The models whose changes are in no file; tick those to open or throw away"},
@@ -114,8 +115,8 @@ constexpr Hint hints[] = {
     {"RecoveryBox", "ThrowAwayButton", "Remove the copies of the ticked models for good"},
     {"RecoveryBox", "LaterButton", "Ask again at the next start"},
 
-    {"AboutBox", "Details", "What the program runs on"},
-    {"AboutBox", "CopyButton", "Copy all of this to the clipboard, for a report"},
+    {"AboutBox", "Details", "The system that the program runs on"},
+    {"AboutBox", "CopyButton", "Copy all of this to the clipboard for a bug report"},
     {"AboutBox", "OKButton", "Close this box"},
 };
 

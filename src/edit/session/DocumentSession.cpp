@@ -25,7 +25,7 @@ namespace {
 /// Tells the user why Paste did nothing.
 QString pasteRefusal(bool frameToFrame) {
     return frameToFrame ? QStringLiteral("Frames cannot be nested any deeper.")
-                        : QStringLiteral("The clipboard gives nothing that can be pasted.");
+                        : QStringLiteral("The clipboard contains nothing that can be pasted.");
 }
 
 QString folderOfModel(const ModelDocument& model) {

@@ -28,7 +28,7 @@ QString frameDetails(const FrameRecord& frame) {
     QString text = frame.HasMesh ? QStringLiteral("A frame with a ") + meshSize(frame.Mesh)
                                  : QStringLiteral("A frame without a mesh");
     if (!frame.Children.empty()) {
-        text += QStringLiteral("\nFrames right below it: %1").arg(frame.Children.size());
+        text += QStringLiteral("\nChild frames: %1").arg(frame.Children.size());
     }
     return text;
 }

@@ -162,7 +162,7 @@ QString savedText(const ModelDocument& document, SaveResult result, const OtherS
     }
     return QStringLiteral("%1 was written: ").arg(name) + countsText(document) +
            otherSaveText(other) +
-           listed("names that it will not give back", lostNames(document.Root));
+           listed("frames that it will not fully restore", lostNames(document.Root));
 }
 
 QString toolHint(ViewTool tool) {

@@ -101,7 +101,7 @@ void TThreeDWinFrame::setUpKeys() {
     for (const AxisDirection& axis : axisDirections) {
         QAction* action = directions->addAction(QString::fromLatin1(axis.name));
         action->setStatusTip(
-            QStringLiteral("Turns the 3D view to look along %1").arg(action->text()));
+            QStringLiteral("Turn the 3D view to look along %1").arg(action->text()));
         connect(action, &QAction::triggered, this, [this, tell, angles = axis.angles] {
             tell([&](DocumentSession& session) { return session.lookAlong(angles); });
             sentenceChanged();

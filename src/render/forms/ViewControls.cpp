@@ -75,7 +75,7 @@ ViewControls::ViewControls(PictureWidget& view, TImage& image, Handlers handlers
     button_->setObjectName(image.objectName() + QStringLiteral("MenuButton"));
     button_->setAccessibleName(QStringLiteral("Menu of the view"));
     button_->setToolTip(QStringLiteral("Menu of the view (Shift+F10)"));
-    button_->setStatusTip(QStringLiteral("Shows the menu of the view"));
+    button_->setStatusTip(QStringLiteral("Show the menu of the view"));
     button_->setArrowType(Qt::DownArrow);
     button_->setFocusPolicy(Qt::NoFocus); // keys open the menu as well
     button_->setCursor(Qt::ArrowCursor);
@@ -90,8 +90,8 @@ ViewControls::ViewControls(PictureWidget& view, TImage& image, Handlers handlers
 
 void ViewControls::addCommands() {
     const std::tuple<const char*, const char*, ViewKey> shows[] = {
-        {"Show Whole Model\tHome", "Shows the whole model", ViewKey::ShowModel},
-        {"Show Selected Frame\tShift+Home", "Shows the selected frame with all below it",
+        {"Show Whole Model\tHome", "Show the whole model", ViewKey::ShowModel},
+        {"Show Selected Frame\tShift+Home", "Show the selected frame with all below it",
          ViewKey::ShowFrame}};
     for (const auto& [caption, hint, key] : shows) {
         QAction* action = menu_.addAction(QString::fromLatin1(caption));
@@ -100,10 +100,10 @@ void ViewControls::addCommands() {
     }
     pictureCommands_ = menu_.addSeparator();
     QAction* copy = menu_.addAction(QStringLiteral("Copy Picture"));
-    copy->setStatusTip(QStringLiteral("Puts the picture of the view on the clipboard"));
+    copy->setStatusTip(QStringLiteral("Copy the picture of the view to the clipboard"));
     connect(copy, &QAction::triggered, this, &ViewControls::copyPicture);
     QAction* save = menu_.addAction(QStringLiteral("Save Picture..."));
-    save->setStatusTip(QStringLiteral("Saves the picture of the view as a PNG file"));
+    save->setStatusTip(QStringLiteral("Save the picture of the view as a PNG file"));
     connect(save, &QAction::triggered, this, &ViewControls::savePicture);
 }
 

@@ -98,7 +98,7 @@ TEST_F(ClipboardCommands, QueryOtherProgramsOnceAndPasteOnlyValidBlocks) {
         EXPECT_EQ(enabled(), expected) << bytes.size();
     }
     answerBox(QStringLiteral("PasteFailure"),
-              QStringLiteral("The clipboard gives nothing that can be pasted."),
+              QStringLiteral("The clipboard contains nothing that can be pasted."),
               QStringLiteral("Unable to paste"), QMessageBox::Ok, QMessageBox::Ok);
     run("EditPaste");
     EXPECT_EQ(writeText(document()), before);

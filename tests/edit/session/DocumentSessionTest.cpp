@@ -443,7 +443,7 @@ TEST_F(Session, SavingNeedsANameAndCountsEvenIfItFails) {
 TEST_F(Session, RefusedPastesSayWhy) {
     open();
     EXPECT_EQ(session_.paste("damaged").refusal.toStdString(),
-              "The clipboard gives nothing that can be pasted.");
+              "The clipboard contains nothing that can be pasted.");
     run("copy");
     select("Materials");
     EXPECT_FALSE(session_.canPaste(ClipboardContent::Frame));

@@ -32,7 +32,7 @@ TEST_F(RowDetailsTest, DescribeTheRow) {
         std::string details;
         std::uint32_t sample;
     } rows[] = {
-        {NodeKind::Frame, 0, FramePath(), "A frame without a mesh\nFrames right below it: 1", 0},
+        {NodeKind::Frame, 0, FramePath(), "A frame without a mesh\nChild frames: 1", 0},
         {NodeKind::Frame, 0, frame, "A frame with a mesh of 3 faces and 4 vertices", 0},
         {NodeKind::Mesh, 0, frame, "A mesh of 3 faces and 4 vertices", 0},
         {NodeKind::MeshMaterialList, 0, frame, "The materials of the mesh: 3", 0},

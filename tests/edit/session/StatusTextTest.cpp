@@ -52,9 +52,9 @@ TEST_F(StatusText, OpeningNamesTheTexturesThatDoNotShow) {
 TEST_F(StatusText, SavingNamesTheFramesWhoseNamesGetLost) {
     const std::pair<const char*, const char*> rows[] = {
         {"body", ""},
-        {"a b", "; names that it will not give back: \"a b\""},
-        {"a b|a b||tail", "; names that it will not give back: \"a b\", \"\""},
-        {"a b|c d|e f|g h", "; names that it will not give back: \"a b\", \"c d\" and 2 more"},
+        {"a b", "; frames that it will not fully restore: \"a b\""},
+        {"a b|a b||tail", "; frames that it will not fully restore: \"a b\", \"\""},
+        {"a b|c d|e f|g h", "; frames that it will not fully restore: \"a b\", \"c d\" and 2 more"},
     };
     for (const auto& [names, expected] : rows) {
         ModelDocument document;
@@ -77,8 +77,8 @@ TEST_F(StatusText, SavingNamesTheFramesWhoseNamesGetLost) {
         frame.HasAnimation = document.Root.Children.size() == 2;
     }
     EXPECT_EQ(savedText(document, SaveResult::Written),
-              QStringLiteral("a.xsi was written: 3 meshes, 0 faces; names that it will not give "
-                             "back: \"twin\""));
+              QStringLiteral("a.xsi was written: 3 meshes, 0 faces; frames that it will not fully "
+                             "restore: \"twin\""));
     document.Root.Children.pop_back();
     document.Root.Children.erase(document.Root.Children.begin());
     EXPECT_FALSE(savedText(document, SaveResult::Written).contains(QLatin1String("twin")));
