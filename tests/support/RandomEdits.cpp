@@ -147,19 +147,6 @@ RandomEdits::Edit RandomEdits::ofFrame(EditKind kind) {
     }
 }
 
-void RandomEdits::make() {
-    if (number(1, 8) > 1) {
-        return make(static_cast<EditKind>(number(1, 23)));
-    }
-    EditTransaction transaction(history_, document_);
-    for (int edits = number(0, 4); edits > 0; --edits) {
-        make(static_cast<EditKind>(number(1, 23)));
-    }
-    if (number(0, 2) > 0) {
-        transaction.commit();
-    }
-}
-
 RandomEdits::Edit RandomEdits::prepare(EditKind kind) {
     if (kind == EditKind::AddMaterial) {
         return [this] { addMaterial(history_, document_); };

@@ -16,8 +16,8 @@ class RandomEdits {
 
     using Edit = std::function<void()>;
 
-    /// Makes an edit of any kind, or several as one step, which may be rolled back.
-    void make();
+    /// Makes an edit of any kind.
+    void make() { make(static_cast<EditKind>(number(1, 23))); }
     void make(EditKind kind) { prepare(kind)(); }
     /// Chooses an edit and returns a function that records it, any number of times. Changes that a
     /// user makes before the record are already made.

@@ -75,7 +75,6 @@ struct EditAction {
     /// Kinds of frames: the 1-based child numbers of the frame (of the parent if a frame is added
     /// or removed), one unused number, then what the kind needs.
     std::vector<std::int32_t> path;
-    bool joined = false; ///< undone and redone in one step with the entry before it
 };
 
 } // namespace korvane

@@ -67,7 +67,7 @@ TEST_F(History, PositionAndTail) {
     EXPECT_TRUE(document.Modified);
 }
 
-TEST_F(History, StepsReturnTheFrameOfTheirLastEntry) {
+TEST_F(History, StepsReturnTheirFrame) {
     renameFrame(history, document, path({1, 2}), "n");
     EXPECT_EQ(history.undo(document).frame, path({1, 2}));
     deleteFrame(history, document, path({1, 1})); // drops the rename
@@ -77,35 +77,6 @@ TEST_F(History, StepsReturnTheFrameOfTheirLastEntry) {
     setAmbient(history, document, 0, {});
     EXPECT_EQ(history.undo(document).frame, std::nullopt);
     EXPECT_EQ(document.Selected, NodeData()) << "the selection is the caller's";
-}
-
-TEST_F(History, ATransactionIsOneStep) {
-    setAmbient(history, document, 0, {});
-    EXPECT_EQ(history.undo(document).refresh, (RefreshFlags{true, false, false}));
-    document.Modified = false;
-    { const EditTransaction empty(history, document); }
-    for (const bool commit : {false, true}) {
-        EXPECT_EQ(history.redoName(), "change ambient color") << "no step yet";
-        EXPECT_FALSE(document.Modified);
-        EditTransaction transaction(history, document);
-        renameFrame(history, document, path({2}), "n");
-        recordMove(history, document, path({3}), {}, {});
-        EXPECT_FALSE(history.canUndo() || history.canRedo()) << "while it is open";
-        if (commit) {
-            transaction.commit();
-        }
-    }
-    renameFrame(history, document, path({1}), "m");
-    EXPECT_EQ(history.undo(document).frame, path({1}));
-    EXPECT_EQ(history.undoName(), "rename frame");
-    const StepOutcome undone = history.undo(document);
-    EXPECT_EQ(undone.refresh, (RefreshFlags{true, true, true})) << "of both";
-    EXPECT_EQ(undone.frame, path({2}));
-    EXPECT_EQ(namesOf(document.Root.Children), "a(xy)bc");
-    EXPECT_EQ(history.redoName(), "rename frame");
-    EXPECT_EQ(history.redo(document).frame, path({3}));
-    EXPECT_EQ(history.redo(document).frame, path({1}));
-    EXPECT_FALSE(history.canRedo());
 }
 
 TEST_F(History, FramesNestNoDeeperThanTheLimit) {

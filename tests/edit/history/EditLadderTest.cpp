@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <new>
 #include <tuple>
@@ -67,10 +66,7 @@ class Ladder {
   private:
     /// The number of applied steps.
     [[nodiscard]] std::size_t steps() const {
-        const auto applied =
-            history_.entries().first(static_cast<std::size_t>(history_.position() + 1));
-        return static_cast<std::size_t>(
-            std::ranges::count(applied, false, [](const EditAction& a) { return a.joined; }));
+        return static_cast<std::size_t>(history_.position() + 1);
     }
 
     ModelDocument document_;
@@ -136,7 +132,7 @@ struct State {
           position(history.position()), names(history.undoName()) {
         names += history.redoName();
         for (const EditAction& entry : history.entries()) {
-            entries.emplace_back(entry.kind, entry.index, entry.path, entry.joined);
+            entries.emplace_back(entry.kind, entry.index, entry.path);
         }
     }
 
@@ -145,7 +141,7 @@ struct State {
     std::uint64_t revision;
     std::int32_t position;
     std::string names;
-    std::vector<std::tuple<EditKind, std::uint32_t, std::vector<std::int32_t>, bool>> entries;
+    std::vector<std::tuple<EditKind, std::uint32_t, std::vector<std::int32_t>>> entries;
 
     bool operator==(const State&) const = default;
 };
@@ -155,22 +151,6 @@ struct Desk {
     explicit Desk(std::uint32_t seed)
         : document(comparableModel(seed)), edits(document, history, seed) {}
 
-    /// Several edits as one step; each works after the others.
-    [[nodiscard]] test::RandomEdits::Edit prepareStep() {
-        std::vector<test::RandomEdits::Edit> parts;
-        for (const EditKind kind :
-             {EditKind::DeleteFrame, EditKind::TextureFile, EditKind::AddFrame,
-              EditKind::DeleteMaterial, EditKind::PasteFrame}) {
-            parts.push_back(edits.prepare(kind));
-        }
-        return [this, parts] {
-            EditTransaction transaction(history, document);
-            for (const auto& part : parts) {
-                part();
-            }
-            transaction.commit();
-        };
-    }
     void undo() { history.undo(document); }
     void redo() { history.redo(document); }
 
@@ -197,15 +177,14 @@ void failAtEach(Desk& desk, const Edit& edit) {
 }
 
 TEST(EditLadder, WithoutMemoryAnEditHappensInFullOrNotAtAll) {
-    for (std::uint32_t kind = 1; kind <= 24; ++kind) { // the last one is a step of several
+    for (std::uint32_t kind = 1; kind <= 23; ++kind) {
         for (std::uint32_t seed = 1; seed <= 5; ++seed) {
             SCOPED_TRACE("kind " + std::to_string(kind) + " seed " + std::to_string(seed));
             Desk desk(seed);
             desk.edits.make(EditKind::AddMaterial);
             desk.edits.make(EditKind::RenameFrame);
             desk.undo();
-            const auto edit =
-                kind < 24 ? desk.edits.prepare(static_cast<EditKind>(kind)) : desk.prepareStep();
+            const auto edit = desk.edits.prepare(static_cast<EditKind>(kind));
             failAtEach(desk, edit);
             if (desk.history.canRedo()) {
                 continue; // there was nothing to edit
@@ -218,35 +197,6 @@ TEST(EditLadder, WithoutMemoryAnEditHappensInFullOrNotAtAll) {
             failAtEach(desk, [&] { desk.undo(); });
             EXPECT_EQ(EditSnapshot(desk.document), undone);
         }
-    }
-}
-
-TEST(EditLadder, WhatCannotBeUndoneStaysAStep) {
-    for (const bool undoing : {false, true}) {
-        std::size_t left = 0; // how often the model stayed between two entries
-        std::uint32_t seed = 1;
-        for (std::size_t request = 1; seed <= 5; ++request) {
-            Desk desk(seed);
-            const EditSnapshot foot(desk.document);
-            test::RandomEdits::Edit edit = desk.prepareStep();
-            if (undoing) {
-                std::exchange(edit, [&] { desk.undo(); })();
-            }
-            try { // memory runs out for good
-                const test::AllocationWatch watch(request, std::numeric_limits<std::size_t>::max());
-                edit();
-                ++seed, request = 0;
-            } catch (const std::bad_alloc&) {
-                left += desk.history.canUndo() && desk.history.canRedo() == undoing ? 1U : 0U;
-            }
-            for (int way = 0; way < 2; ++way) {
-                desk.undo(), desk.undo();
-                ASSERT_EQ(EditSnapshot(desk.document), foot) << seed << ", request " << request;
-                desk.redo(), desk.redo();
-            }
-            EXPECT_FALSE(desk.history.canRedo());
-        }
-        EXPECT_GT(left, 0U);
     }
 }
 
