@@ -12,7 +12,7 @@ BeginHint::BeginHint(QMdiArea& area) : QLabel(area.viewport()), area_(area) {
     setTextFormat(Qt::PlainText);
     setText(QStringLiteral("Open a model with File > Open (Ctrl+O), or drop model files here.\n"
                            "File > New (Ctrl+N) makes an empty one.\n\n"
-                           "Samples to try out are in the folder \"samples\" of the program.\n"
+                           "Sample models are in the program's folder \"samples\".\n"
                            "F1 shows the guide."));
     setAlignment(Qt::AlignCenter);
     setWordWrap(true);

@@ -11,7 +11,7 @@ namespace korvane {
 PageScroller::PageScroller(QWidget* parent)
     : QWidget(parent), viewport_(new QWidget(this)),
       back_(makeButton(QStringLiteral("ScrollBack"), tr("Scroll back"), Qt::LeftArrow, -1)),
-      forth_(makeButton(QStringLiteral("ScrollForth"), tr("Scroll forth"), Qt::RightArrow, 1)) {
+      forth_(makeButton(QStringLiteral("ScrollForth"), tr("Scroll forward"), Qt::RightArrow, 1)) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 

@@ -66,11 +66,11 @@ std::vector<QTreeWidgetItem*> TRecoveryBox::ticked() const {
 
 bool TRecoveryBox::throwingAwayAgreed() {
     const std::size_t models = ticked().size();
-    const QString what =
-        models == 1 ? ticked().front()->text(0) : QStringLiteral("%1 models").arg(models);
+    const QString what = models == 1 ? QStringLiteral("copy of ") + ticked().front()->text(0)
+                                     : QStringLiteral("copies of %1 models").arg(models);
     return showMessageBox(this, QStringLiteral("ThrowAwayQuestion"), QMessageBox::Question,
                           QStringLiteral("Throw Away"),
-                          QStringLiteral("Throw away the recovery copy of %1 for good?").arg(what),
+                          QStringLiteral("Throw away the recovery %1 for good?").arg(what),
                           QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 

@@ -295,7 +295,7 @@ constexpr std::array<EditKindRow, 7> rows = {{
     {EditKind::TexCoords, "move texture coordinates", true, refresh::materials, stepTexCoords},
     {EditKind::FaceSlot, "change material of a face", true, refresh::materials, stepFaceSlot},
     {EditKind::AppendSlot, "add material to mesh", true, refresh::materialsAndTree, stepAppendSlot},
-    {EditKind::RemoveSlot, "take material from mesh", true, refresh::materialsAndTree,
+    {EditKind::RemoveSlot, "remove material from mesh", true, refresh::materialsAndTree,
      stepRemoveSlot},
     {EditKind::AddMeshMaterial, "add material to mesh", true, refresh::materialsAndTree,
      stepAddMeshMaterial},

@@ -73,7 +73,7 @@ QString textureDetails(const MaterialRecord& material, const TextureFinder& find
                     QString::number(material.TextureImage->height)) +
            (file ? QStringLiteral("from ") +
                        QDir::toNativeSeparators(QFileInfo(*file).absoluteFilePath())
-                 : QStringLiteral("whose file is gone"));
+                 : QStringLiteral("whose file was not found"));
 }
 
 /// The diffuse colour as shown, as 0xrrggbb.

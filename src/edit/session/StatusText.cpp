@@ -174,13 +174,13 @@ QString toolHint(ViewTool tool) {
         left = "move the selected frame";
         break;
     case ViewTool::MoveView:
-        left = "move the views over the model";
+        left = "pan the views";
         break;
     case ViewTool::RotateFrame:
         left = "turn the selected frame";
         break;
     case ViewTool::MoveObjCoords:
-        left = "move what the 3D view looks at";
+        left = "move the point that the 3D view looks at";
         break;
     }
     return QStringLiteral("left button: %1; wheel: zoom").arg(QLatin1String(left));
