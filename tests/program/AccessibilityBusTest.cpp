@@ -236,10 +236,5 @@ TEST_F(AccessibilityBus, KeyboardReachesEverything) {
 } // namespace korvane::test
 
 int main(int argc, char** argv) {
-    ::testing::InitGoogleTest(&argc, argv);
-    if (const auto status = korvane::test::statusWithoutDisplay()) {
-        return *status;
-    }
-    const QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    return korvane::test::runTestsOnDisplay<QCoreApplication>(argc, argv);
 }

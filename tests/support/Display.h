@@ -28,4 +28,15 @@ inline std::optional<int> statusWithoutDisplay() {
     return 0;
 }
 
+/// The main function of tests that need the toolkit and a display.
+template <class Application>
+int runTestsOnDisplay(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    if (const auto status = statusWithoutDisplay()) {
+        return *status;
+    }
+    const Application application(argc, argv);
+    return RUN_ALL_TESTS();
+}
+
 } // namespace korvane::test

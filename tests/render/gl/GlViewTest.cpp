@@ -240,10 +240,5 @@ TEST_F(GlViewTest, AnImpossibleSizeIsAStatus) {
 } // namespace korvane::test
 
 int main(int argc, char** argv) {
-    ::testing::InitGoogleTest(&argc, argv);
-    if (const auto status = korvane::test::statusWithoutDisplay()) {
-        return *status;
-    }
-    const QGuiApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    return korvane::test::runTestsOnDisplay<QGuiApplication>(argc, argv);
 }
