@@ -13,7 +13,6 @@
 #include <optional>
 #include <vector>
 
-class QItemSelection;
 class QModelIndex;
 class QKeyEvent;
 class QMenu;
@@ -137,7 +136,7 @@ class TMDIChild : public QMdiSubWindow {
     void ChildDeactivate();
     void FormClose();
     void FormResize();
-    void ChildSelectedChange(const QItemSelection& selected);
+    void ChildSelectedChange();
     void EditButtonClick();
     void RenameButtonClick();
     void Deletebuttonclick();

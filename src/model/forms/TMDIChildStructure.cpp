@@ -9,7 +9,7 @@
 #include "model/forms/TframeF.h"
 #include "ui_TMDIChild.h"
 
-#include <QItemSelection>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
@@ -98,11 +98,12 @@ bool TMDIChild::structureKey(const QKeyEvent& key) {
     return false;
 }
 
-void TMDIChild::ChildSelectedChange(const QItemSelection& selected) {
+void TMDIChild::ChildSelectedChange() {
     if (!session_ || filling_) {
         return;
     }
-    const Changes changes = session_->select(structure_->nodeData(selected.indexes().value(0)));
+    const QModelIndexList rows = ui_->TreeView1->selectionModel()->selectedIndexes();
+    const Changes changes = session_->select(structure_->nodeData(rows.value(0)));
     showSelectedButtons();
     apply(changes);
 }

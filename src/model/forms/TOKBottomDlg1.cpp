@@ -60,7 +60,8 @@ void TOKBottomDlg1::NameEditChange(const QString& text) {
 
 void TOKBottomDlg1::showHint(const QString& name) {
     const QString reason = lostNameReason(modelText(name), use_);
-    const QString hint = QStringLiteral("A saved file will not fully restore this frame: its name %1.");
+    const QString hint =
+        QStringLiteral("A saved file will not fully restore this frame: its name %1.");
     ui_->HintLabel->setText(reason.isEmpty() ? reason : hint.arg(reason));
     // an empty hint takes no room
     ui_->HintLabel->setVisible(!reason.isEmpty());

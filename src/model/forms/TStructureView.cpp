@@ -71,12 +71,14 @@ TStructureView::TStructureView(QTreeView& view, StructureTreeModel& model)
     view_.setModel(&model_);
     view_.setItemDelegate(new StructureRows(&view_));
     // If the mouse is released over another row than pressed, Qt selects that row, but does not
-    // make it current.
+    // make it current. With Ctrl, Qt would leave no row selected.
     connect(view_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this](const QItemSelection& selected) {
+            [this](const QItemSelection& selected, const QItemSelection& deselected) {
+                QItemSelectionModel& rows = *view_.selectionModel();
                 if (!selected.isEmpty()) {
-                    view_.selectionModel()->setCurrentIndex(selected.indexes().first(),
-                                                            QItemSelectionModel::NoUpdate);
+                    rows.setCurrentIndex(selected.indexes().first(), QItemSelectionModel::NoUpdate);
+                } else if (deselected.contains(rows.currentIndex())) {
+                    rows.select(rows.currentIndex(), QItemSelectionModel::Select);
                 }
             });
     // 0: only measure visible rows
