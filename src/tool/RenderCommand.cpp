@@ -86,7 +86,7 @@ void renderByOpenGl(RenderRequest& request, const Job& job, ModelDocument& docum
     const auto read = [&] {
         const bool covered =
             request.background == RenderRequest::noBackground
-                ? offscreen.readCovered(document, request.state, picture) == GlStatus::Works
+                ? offscreen.readWithCoverage(document, request.state, picture) == GlStatus::Works
                 : offscreen.read(picture) == GlStatus::Works;
         return covered ? pictureOf(picture, request.background) : QImage();
     };
@@ -125,8 +125,9 @@ void renderModel(RenderRequest request, const Job& job,
     }
     ModelInput model(job.in, request.base, store);
     placeCamera(request, model.document);
-    const QString reason = whyNothingShows(model.document, request.state);
+    QString reason = whyNothingShows(model.document, request.state);
     if (request.strict && !request.plane && !reason.isEmpty()) {
+        reason.chop(1); // other reasons have no full stop
         throw Refusal(job.in, reason);
     }
     if (request.plane) {

@@ -31,7 +31,7 @@ TEST_F(ToolCalls, GiveTheReasonOfARefusalInOneLine) {
         {"render good.x no/o.png", "no/o.png: Unable to save\n"},
         {"render good.x o.png --api opengl", "good.x: no OpenGL here\n"},
         {"render bad.x - --format png", "bad.x: Not a valid .X file\n"},
-        {"render empty.xsi o.png --strict", "empty.xsi: The model has no mesh.\n"},
+        {"render empty.xsi o.png --strict", "empty.xsi: The model has no mesh\n"},
         {"render cut.xsi o.png --strict", "cut.xsi: The file ends where a number is expected\n"},
         {"texture none.tga o.png", "none.tga: No such file\n"},
         {"texture broken.bmp o.png", "broken.bmp: Cannot be decoded: it is not a bitmap\n"},

@@ -24,13 +24,15 @@ bool anyFaceCovers(const MeshRecord& mesh, const std::vector<MaterialRecord>& ma
 
 QString whyNothingShows(const ModelDocument& document, const ViewState& state) {
     bool anyMesh = false;
+    bool anyFace = false;
     bool anyVisible = false;
     for (FrameWalk walk(document.Root); !walk.done(); walk.next()) {
         const FrameRecord& frame = walk.frame();
+        anyMesh = anyMesh || frame.HasMesh;
         if (!frame.HasMesh || frame.Mesh.Faces.empty()) {
             continue;
         }
-        anyMesh = true;
+        anyFace = true;
         if (isShown(frame)) {
             anyVisible = true;
             if (anyFaceCovers(frame.Mesh, document.Materials, state)) {
@@ -39,7 +41,8 @@ QString whyNothingShows(const ModelDocument& document, const ViewState& state) {
         }
     }
     return anyVisible ? QStringLiteral("Every mesh shown has opacity 0.")
-           : anyMesh  ? QStringLiteral("Every mesh is hidden.")
+           : anyFace  ? QStringLiteral("Every mesh is hidden.")
+           : anyMesh  ? QStringLiteral("The model has no faces.")
                       : QStringLiteral("The model has no mesh.");
 }
 

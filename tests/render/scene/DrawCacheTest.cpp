@@ -42,7 +42,10 @@ TEST(NothingShown, IsExplained) {
     const auto reason = [&] { return whyNothingShows(scene.document, scene.state).toStdString(); };
     const char* const hidden = "Every mesh is hidden.";
     const char* const clear = "Every mesh shown has opacity 0.";
+    scene.document.Root.HasMesh = false;
     EXPECT_EQ(reason(), "The model has no mesh.");
+    scene.document.Root.HasMesh = true;
+    EXPECT_EQ(reason(), "The model has no faces.");
     addSquare(scene.mesh(), 1, 0, 0);
     EXPECT_EQ(reason(), clear);
     scene.document.Root.ViewFlags[2] = false;
