@@ -10,7 +10,7 @@ namespace korvane {
 BeginHint::BeginHint(QMdiArea& area) : QLabel(area.viewport()), area_(area) {
     setObjectName(QStringLiteral("BeginHint"));
     setTextFormat(Qt::PlainText);
-    setText(QStringLiteral("Open a model with File > Open (Ctrl+O), or drop model files here.\n"
+    setText(QStringLiteral("Open a model with File > Open File (Ctrl+O), or drop model files here.\n"
                            "File > New (Ctrl+N) makes an empty one.\n\n"
                            "Sample models are in the program's folder \"samples\".\n"
                            "F1 shows the guide."));
