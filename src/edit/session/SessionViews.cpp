@@ -156,7 +156,7 @@ Changes DocumentSession::cancelPlaneDrag() {
     if (!planeDrag_.active()) {
         return {};
     }
-    return changesOf(planeDrag_.cancel(model_)) | takeOverdue();
+    return changesOf(planeDrag_.cancel(model_)) | followPointer() | takeOverdue();
 }
 
 // The mouse in the 3D view

@@ -1,142 +1,13 @@
-#include "edit/session/DocumentSession.h"
-
-#include "support/SmallModel.h"
-#include "support/TestFiles.h"
-#include "support/TextModel.h"
-#include "support/Words.h"
+#include "support/SessionTest.h"
 
 #include <functional>
-#include <map>
-#include <stdexcept>
 #include <tuple>
 #include <utility>
 
 namespace korvane::test {
 namespace {
 
-/// The changes in words.
-std::string told(const Changes& changes) {
-    const std::pair<bool, const char*> names[] = {
-        {changes.tree, "tree "},           {changes.geometry, "geometry "},
-        {changes.materials, "materials "}, {changes.camera, "camera "},
-        {changes.planes, "planes "},       {changes.selection, "selection "},
-        {changes.title, "title "},         {changes.status, "status "}};
-    std::string text;
-    for (const auto& [set, name] : names) {
-        text += set ? name : "";
-    }
-    return text;
-}
-
-/// A user at work on a model, without windows. Each line of a script is a command with arguments.
-class Session : public TestFiles {
-  protected:
-    [[nodiscard]] std::string bytes() const { return writeText(session_.model()); }
-    [[nodiscard]] const FrameRecord& root() const { return session_.model().Root; }
-    [[nodiscard]] std::string status() const { return session_.statusText().toStdString(); }
-
-    /// The text of the selected node.
-    [[nodiscard]] std::string selected() {
-        StructureTreeModel& tree = session_.tree();
-        const std::int32_t node = tree.tree().nearestNode(session_.model().Selected);
-        return tree.indexOf(node).data().toString().toStdString();
-    }
-
-    /// Selects a node by the texts on the path to it, separated by "/"; "_" stands for a blank.
-    Changes select(const std::string& path) {
-        StructureTreeModel& tree = session_.tree();
-        QModelIndex at;
-        for (QString text : QString::fromStdString(path).split(u'/')) {
-            text.replace(u'_', u' ');
-            const auto found =
-                tree.match(tree.index(0, 0, at), Qt::DisplayRole, text, 1, Qt::MatchExactly);
-            if (found.isEmpty()) {
-                throw std::runtime_error("no node " + path);
-            }
-            at = found.front();
-        }
-        return session_.select(tree.tree().nodeData(StructureTreeModel::nodeOf(at)));
-    }
-
-    Changes rename(const std::string& name) {
-        return session_.rename(session_.renameQuestion().value(), QString::fromStdString(name));
-    }
-
-    /// Clicks flags of the selected frame one by one.
-    Changes options(const std::vector<bool FrameFlags::*>& clicked, bool confirmed) {
-        const OptionsQuestion question = session_.optionsQuestion().value();
-        DialogSubject subject = question.subject;
-        FrameFlags flags = question.flags;
-        for (bool FrameFlags::*flag : clicked) {
-            flags.*flag = !(flags.*flag);
-            session_.writeFlags(subject, flags);
-        }
-        return session_.endOptions(question, subject, confirmed);
-    }
-
-    /// A mouse event in a view of 200 x 160 pixels, centred at (100, 80).
-    static PlaneInput at(ViewPlane plane, float x, float y, DragButton button = DragButton::Left) {
-        return {plane, 200, 160, {button, x, y}};
-    }
-
-    Changes drag(ViewTool tool, float x, float y) {
-        session_.setTool(tool);
-        Changes changes = session_.pressPlane(at(ViewPlane::XY, 100, 100));
-        changes |= session_.movePlane(at(ViewPlane::XY, 100 + x, 100 + y));
-        EXPECT_FALSE(session_.canUndo() || session_.canCopy());
-        EXPECT_EQ(session_.add(), Changes()) << "not while the mouse changes the model";
-        changes |= session_.releasePlane(at(ViewPlane::XY, 100 + x, 100 + y));
-        session_.leavePlane();
-        changes.status = false;
-        return changes;
-    }
-
-    Changes run(const std::string& line) {
-        const std::vector<std::string> said = words(line + " -");
-        const auto with = [this](ViewTool tool) {
-            return [=, this] { return drag(tool, 9, -13); };
-        };
-        const std::map<std::string, std::function<Changes()>> commands = {
-            {"select", [&] { return select(said[1]); }},
-            {"add", [&] { return session_.add(); }},
-            {"delete", [&] { return session_.remove(); }},
-            {"rename", [&] { return rename(said[1]); }},
-            {"options",
-             [&] {
-                 return options({&FrameFlags::GFlag, &FrameFlags::HasNormals}, true);
-             }},
-            {"move", with(ViewTool::MoveFrame)},
-            {"turn", with(ViewTool::RotateFrame)},
-            {"pan", with(ViewTool::MoveView)},
-            {"aim", with(ViewTool::MoveObjCoords)},
-            {"zoom", with(ViewTool::Zoom)},
-            {"undo", [&] { return session_.undo(); }},
-            {"redo", [&] { return session_.redo(); }},
-            {"copy",
-             [&] {
-                 clipboard_ = session_.copy();
-                 return Changes();
-             }},
-            {"paste", [&] { return paste(); }}};
-        return commands.at(said[0])();
-    }
-
-    Changes paste() {
-        const PasteOutcome outcome = session_.paste(clipboard_);
-        EXPECT_EQ(outcome.refusal.toStdString(), "");
-        return outcome.changes;
-    }
-
-    void open() {
-        const OpenOutcome outcome = session_.open(write("m.xsi", smallModel()));
-        ASSERT_EQ(outcome.status, ReadStatus::Done);
-    }
-
-    DocumentSession session_;
-    QByteArray clipboard_;
-};
-
-TEST_F(Session, ScriptsAreUndoneAndRedoneByteByByte) {
+TEST_F(SessionTest, ScriptsAreUndoneAndRedoneByteByByte) {
     open();
     std::vector<std::string> rungs = {bytes()};
     for (const char* line : {"add",
@@ -186,7 +57,7 @@ TEST_F(Session, ScriptsAreUndoneAndRedoneByteByByte) {
     EXPECT_FALSE(session_.needsCloseQuestion());
 }
 
-TEST_F(Session, TheSelectionFollowsWhatHappensToItsNode) {
+TEST_F(SessionTest, TheSelectionFollowsWhatHappensToItsNode) {
     open();
     EXPECT_EQ(selected(), "Frame frm-body");
     const std::string slots = "Frame_frm-body/Mesh_body/MeshMaterialList";
@@ -211,7 +82,7 @@ TEST_F(Session, TheSelectionFollowsWhatHappensToItsNode) {
     EXPECT_FALSE(session_.undo().selection) << "a step of the table moves no selection";
 }
 
-TEST_F(Session, EveryOperationReturnsWhatItPutsOutOfDate) {
+TEST_F(SessionTest, EveryOperationReturnsWhatItPutsOutOfDate) {
     open();
     const std::pair<const char*, const char*> rows[] = {
         {"select Frame_frm-body/Frame_frm-wing", "geometry "},
@@ -248,120 +119,7 @@ TEST_F(Session, EveryOperationReturnsWhatItPutsOutOfDate) {
     EXPECT_TRUE(session_.view().dots && session_.view().mode == RenderMode::Wireframe);
 }
 
-TEST_F(Session, TogglesAndColorsShowWithTheNextMouseEvent) {
-    open();
-    EXPECT_EQ(told(session_.takeOverdue()), "");
-    session_.setMeshVisible(false);
-    EXPECT_EQ(root().ViewFlags, (std::array{true, true, false}));
-    session_.setMeshVisible(true);
-    session_.setFrameVisible(false);
-    EXPECT_EQ(root().ViewFlags, (std::array{false, true, false})) << "its mesh hides too";
-    session_.setFrameVisible(true);
-    EXPECT_EQ(root().ViewFlags, (std::array{true, true, false})) << "the mesh stays hidden";
-    EXPECT_EQ(told(session_.movePlane(at(ViewPlane::XZ, 1, 1))), "geometry status ");
-    EXPECT_EQ(told(session_.movePlane(at(ViewPlane::XZ, 1, 1))), "");
-    PlaneColors planes;
-    planes.worldAxes = 0xff010203U;
-    session_.setColors({.background = 0xff040506U}, planes);
-    EXPECT_EQ(session_.view().colors.background, 0xff040506U);
-    EXPECT_EQ(session_.planeColors().worldAxes, 0xff010203U);
-    EXPECT_NE(session_.view().lastDrawnMode, session_.view().mode) << "OpenGL will be set up again";
-    EXPECT_EQ(told(session_.takeOverdue()), "geometry ");
-    EXPECT_EQ(told(session_.takeOverdue()), "");
-    EXPECT_FALSE(session_.model().Modified);
-}
-
-TEST_F(Session, ACancelledOrAbandonedDragIsNoEdit) {
-    open();
-    const std::string before = bytes();
-    session_.setTool(ViewTool::MoveFrame);
-    const auto start = [&] {
-        session_.pressPlane(at(ViewPlane::XY, 100, 100));
-        session_.movePlane(at(ViewPlane::XY, 140, 60));
-        EXPECT_NE(bytes(), before);
-        EXPECT_TRUE(session_.draggingPlane());
-    };
-    start();
-    EXPECT_EQ(told(session_.wheelPlane(at(ViewPlane::XY, 1, 1), 3)), "status ") << "not now";
-    EXPECT_EQ(told(session_.cancelPlaneDrag()), "geometry ");
-    EXPECT_EQ(told(session_.cancelPlaneDrag()), "");
-    start();
-    EXPECT_TRUE(session_.releasePlane(at(ViewPlane::ZY, 140, 60)).geometry);
-    EXPECT_EQ(bytes(), before);
-    EXPECT_FALSE(session_.draggingPlane() || session_.canUndo() || session_.model().Modified);
-    EXPECT_EQ(told(session_.wheelPlane(at(ViewPlane::ZY, 140, 60), 3)), "planes ");
-}
-
-TEST_F(Session, TheMouseTurnsTheCameraOrPutsItBack) {
-    open();
-    const ViewGeometry geometry(200, 160);
-    const auto placed = [&] {
-        session_.placeCamera(geometry);
-        session_.placePlanes(200, 160);
-        return std::pair(session_.model().CameraDistance, session_.model().PlaneScale);
-    };
-    const auto [distance, scale] = placed();
-    EXPECT_NE(distance, ModelDocument().CameraDistance);
-    EXPECT_NE(scale, ModelDocument().PlaneScale);
-    const CameraAngles start = session_.view().angles;
-    EXPECT_EQ(told(session_.moveOrbit({}, geometry)), "");
-    for (const bool cancelled : {true, false}) {
-        EXPECT_EQ(told(session_.pressOrbit({DragButton::Left, 50, 50})), "");
-        EXPECT_EQ(told(session_.moveOrbit({{}, 70, 60}, geometry)), "camera ");
-        EXPECT_TRUE(session_.draggingOrbit() && session_.acceptsEdits());
-        EXPECT_EQ(told(session_.wheelOrbit(1)), "") << "not now";
-        EXPECT_NE(session_.view().angles, start);
-        EXPECT_EQ(told(cancelled ? session_.cancelOrbit() : session_.releaseOrbit({}, geometry)),
-                  "camera ");
-        EXPECT_EQ(session_.view().angles == start, cancelled);
-    }
-    EXPECT_EQ(told(session_.wheelOrbit(-1)), "camera ");
-    session_.model().PlaneScale = 3;
-    const float moved = session_.model().CameraDistance;
-    EXPECT_GT(moved, distance);
-    EXPECT_EQ(placed(), std::pair(moved, 3.0F)) << "only once";
-    open();
-    EXPECT_EQ(placed(), std::pair(distance, scale)) << "another model";
-}
-
-TEST_F(Session, TheStatusBarShowsThePointerThenTheCommandThenTheCounts) {
-    open();
-    EXPECT_EQ(status(), "1 mesh, 2 faces");
-    session_.model().PlaneScale = 20;
-    session_.setTool(ViewTool::MoveFrame);
-    const auto move = [&](ViewPlane plane, float x, float y) {
-        session_.movePlane(at(plane, x, y));
-        return status();
-    };
-    const auto hinted = [&](const char* place) {
-        return place + ("   " + toolHint(session_.model().Tool).toStdString());
-    };
-    EXPECT_EQ(move(ViewPlane::XY, 110, 80), hinted("x -0.50  y 0.00"));
-    EXPECT_EQ(move(ViewPlane::XZ, 100, 70), hinted("x 0.00  z 0.50"));
-    EXPECT_EQ(move(ViewPlane::ZY, 110, 90), hinted("z 0.50  y -0.50"));
-    session_.pressPlane(at(ViewPlane::ZY, 100, 80));
-    EXPECT_EQ(move(ViewPlane::ZY, 110, 80), "z 0.50  y 0.00   frame moved z 0.50  y 0.00");
-    EXPECT_EQ(move(ViewPlane::XY, 110, 80), hinted("x -0.50  y 0.00"))
-        << "the drag is in another view";
-    session_.cancelPlaneDrag();
-    session_.setTool(ViewTool::RotateFrame);
-    session_.pressPlane(at(ViewPlane::XY, 150, 80));
-    EXPECT_EQ(move(ViewPlane::XY, 100, 30), "x 0.00  y 2.50   frame turned 90.0\u00b0");
-    EXPECT_EQ(told(session_.releasePlane(at(ViewPlane::XY, 100, 30))), "status ");
-    EXPECT_EQ(status(), hinted("x 0.00  y 2.50"));
-    session_.leavePlane();
-    EXPECT_EQ(status(), "1 mesh, 2 faces");
-    EXPECT_TRUE(session_.undo().status);
-    EXPECT_EQ(status(), "Undone: move or rotate frame");
-    EXPECT_TRUE(session_.movePlane(at(ViewPlane::XY, 100, 80)).status);
-    EXPECT_EQ(status(), hinted("x 0.00  y 0.00"));
-    session_.leavePlane();
-    EXPECT_EQ(status(), "Undone: move or rotate frame");
-    EXPECT_TRUE(session_.clearMessage().status);
-    EXPECT_EQ(status(), "1 mesh, 2 faces");
-}
-
-TEST_F(Session, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
+TEST_F(SessionTest, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
     open();
     const bool before = root().Mesh.HasNormals;
     const Changes left = options({&FrameFlags::HasNormals}, false);
@@ -375,7 +133,7 @@ TEST_F(Session, FrameOptionsWriteAtOnceAndCancelKeepsWhatWasClicked) {
     EXPECT_EQ(options({&FrameFlags::GFlag, &FrameFlags::GFlag}, true), Changes());
 }
 
-TEST_F(Session, MaterialsAreEditedFromTheirNodes) {
+TEST_F(SessionTest, MaterialsAreEditedFromTheirNodes) {
     open();
     const std::string slots = "Frame_frm-body/Mesh_body/MeshMaterialList";
     const std::tuple<std::string, bool, int> nodes[] = {{slots + "/Material_2", true, 1},
@@ -401,7 +159,7 @@ TEST_F(Session, MaterialsAreEditedFromTheirNodes) {
     EXPECT_EQ(told(session_.endMaterials()), "");
 }
 
-TEST_F(Session, UnchangedNamesKeepTheirBytes) {
+TEST_F(SessionTest, UnchangedNamesKeepTheirBytes) {
     open();
     session_.model().Root.Name = "\xC9"; // not UTF-8: one character a byte
     EXPECT_TRUE(rename("\u00c9").tree);
@@ -410,7 +168,7 @@ TEST_F(Session, UnchangedNamesKeepTheirBytes) {
     EXPECT_NE(root().Name, "\xC9");
 }
 
-TEST_F(Session, LateAnswersOfDialogsAreDropped) {
+TEST_F(SessionTest, LateAnswersOfDialogsAreDropped) {
     open();
     const RenameQuestion name = session_.renameQuestion().value();
     const OptionsQuestion flags = session_.optionsQuestion().value();
@@ -426,7 +184,7 @@ TEST_F(Session, LateAnswersOfDialogsAreDropped) {
     EXPECT_EQ(session_.history().position(), 0);
 }
 
-TEST_F(Session, SavingNeedsANameAndCountsEvenIfItFails) {
+TEST_F(SessionTest, SavingNeedsANameAndCountsEvenIfItFails) {
     EXPECT_TRUE(session_.needsName() && session_.needsCloseQuestion());
     for (const auto& [name, result] : {std::pair{"gone/m.xsi", SaveResult::Failed},
                                        {"m.x", SaveResult::NotWritten},
@@ -440,7 +198,7 @@ TEST_F(Session, SavingNeedsANameAndCountsEvenIfItFails) {
     }
 }
 
-TEST_F(Session, RefusedPastesSayWhy) {
+TEST_F(SessionTest, RefusedPastesSayWhy) {
     open();
     EXPECT_EQ(session_.paste("damaged").refusal.toStdString(),
               "The clipboard contains nothing that can be pasted.");
@@ -451,7 +209,7 @@ TEST_F(Session, RefusedPastesSayWhy) {
     EXPECT_FALSE(session_.canUndo());
 }
 
-TEST_F(Session, ACancelledOrFailedReadLeavesNoHalfModel) {
+TEST_F(SessionTest, ACancelledOrFailedReadLeavesNoHalfModel) {
     open();
     const std::string before = bytes();
     const QString name = write("other.xsi", "xsi 0101txt 0032\nframe frm-other {\n}\n");

@@ -70,7 +70,8 @@ TEST_F(RowDetailsTest, DescribeTheRow) {
               "A material of the model\n" + first)
         << "the files are looked at once";
     ++document.Revision;
-    EXPECT_TRUE(rowDetails(document, bodyRow, find).endsWith(QStringLiteral("whose file was not found")));
+    EXPECT_TRUE(
+        rowDetails(document, bodyRow, find).endsWith(QStringLiteral("whose file was not found")));
 }
 
 } // namespace
