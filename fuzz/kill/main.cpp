@@ -120,7 +120,7 @@ class Killer {
     }
     void measure() {
         const ModelDocument model = test::gridModel(options_.faces);
-        std::optional<ClaimedCopy> place = RecoveryFolder(path("measured")).newPlace();
+        std::optional<ClaimedCopy> place = RecoveryFolder(path("measured")).claimNewPlace();
         copyMs_ = medianMs([&] { return place && place->write(model); });
         place->remove();
         saveMs_ = medianMs([&] { return SaveFileXSI(model, path("measured.xsi")).has_value(); });

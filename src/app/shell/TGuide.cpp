@@ -88,7 +88,7 @@ GuideKey::GuideKey(QWidget& frame) : frame_(frame) {
     qApp->installEventFilter(this);
 }
 
-void GuideKey::putOver(QWidget& window) {
+void GuideKey::moveTo(QWidget& window) {
     const QRect place = guide_->geometry();
     guide_->setParent(&window, Qt::Window); // hides it
     guide_->setGeometry(place);
@@ -96,7 +96,7 @@ void GuideKey::putOver(QWidget& window) {
 
 void GuideKey::leave(const QWidget& dialog) {
     const bool shown = guide_->isVisible();
-    putOver(dialog.parentWidget() != nullptr ? *dialog.parentWidget()->window() : frame_);
+    moveTo(dialog.parentWidget() != nullptr ? *dialog.parentWidget()->window() : frame_);
     guide_->setAttribute(Qt::WA_ShowWithoutActivating);
     guide_->setVisible(shown);
     guide_->setAttribute(Qt::WA_ShowWithoutActivating, false);
@@ -123,7 +123,7 @@ bool GuideKey::eventFilter(QObject* watched, QEvent* event) {
     if (guide_.isNull()) {
         guide_ = new TGuide(over);
     } else if (guide_->parentWidget() != over) {
-        putOver(*over); // a dialog takes no input from elsewhere
+        moveTo(*over); // a dialog takes no input from elsewhere
     } else if (focus == guide_) {
         return true;
     }

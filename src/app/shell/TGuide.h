@@ -36,7 +36,7 @@ class GuideKey : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void putOver(QWidget& window);
+    void moveTo(QWidget& window);
     /// Keeps the guide when the dialog below it hides: moves it over the dialog's parent window.
     void leave(const QWidget& dialog);
 

@@ -149,7 +149,7 @@ void TMainForm::connectActions() {
             if (ModalCall::running()) {
                 return;
             }
-            tell({});
+            showNotice({});
             if (TMDIChild* document = activeDocument()) {
                 document->clearMessage();
             }
@@ -342,13 +342,13 @@ void TMainForm::MainFormActivate() {
     }
     const auto open = [this](LeftCopy& copy) { addWindow().recover(copy); };
     const QString notice = recovery_.offer(*this, open);
-    notice.isEmpty() ? showStatus() : tell(notice);
+    notice.isEmpty() ? showStatus() : showNotice(notice);
 }
 
 void TMainForm::keepCopies(RecoveryKeeper::When when) {
     const QString notice = recovery_.keep(documents(), when);
     if (!notice.isEmpty()) {
-        tell(notice);
+        showNotice(notice);
     }
 }
 
@@ -383,10 +383,10 @@ TMDIChild& TMainForm::addWindow() {
     auto* document = new TMDIChild(forms_.colorOptions.viewColors());
     document->setDialogs({&forms_.frameOptions, &forms_.renameFrame, &forms_.material});
     document->addToStructureMenu({ui_->EditCopy, ui_->EditPaste});
-    connect(document, &TMDIChild::statusChanged, this, [this] { tell(notice_); });
-    connect(document, &TMDIChild::commandBegun, this, [this] { tell({}); });
-    connect(document, &TMDIChild::keepingFailed, this,
-            [this](const QString& model) { tell(recovery_.lostText(model)); });
+    connect(document, &TMDIChild::statusChanged, this, [this] { showNotice(notice_); });
+    connect(document, &TMDIChild::commandBegun, this, [this] { showNotice({}); });
+    connect(document, &TMDIChild::copyFailed, this,
+            [this](const QString& model) { showNotice(recovery_.copyFailureText(model)); });
     document->session()->keepCopiesIn(recovery_.folder());
     leaveKeysToFrame(*document);
     ui_->MDIArea->addSubWindow(document);
@@ -411,7 +411,7 @@ void TMainForm::showStatus() {
     statusPanel_->setText(hint_.isEmpty() ? message : hint_);
 }
 
-void TMainForm::tell(const QString& notice) {
+void TMainForm::showNotice(const QString& notice) {
     notice_ = notice;
     hint_.clear(); // the pointer is still over the command's control, whose hint would hide it
     showStatus();

@@ -131,7 +131,7 @@ class TMainForm : public QMainWindow {
     void createDocuments(const QStringList& names);
     void showStatus();
     /// Shows a notice in the status bar until the next command.
-    void tell(const QString& notice);
+    void showNotice(const QString& notice);
     void keepCopies(RecoveryKeeper::When when);
 
     void setRenderMode(QAction& action, RenderMode mode);

@@ -20,7 +20,7 @@ TRecoveryBox::TRecoveryBox(QWidget* parent)
     setHints(*this);
     connect(ui_->OpenButton, &QPushButton::clicked, this, [this] { choose(CopyChoice::Open); });
     connect(ui_->ThrowAwayButton, &QPushButton::clicked, this, [this] {
-        if (throwingAwayAgreed()) {
+        if (confirmThrowAway()) {
             choose(CopyChoice::ThrowAway);
         }
     });
@@ -64,7 +64,7 @@ std::vector<QTreeWidgetItem*> TRecoveryBox::ticked() const {
     return items;
 }
 
-bool TRecoveryBox::throwingAwayAgreed() {
+bool TRecoveryBox::confirmThrowAway() {
     const std::size_t models = ticked().size();
     const QString what = models == 1 ? QStringLiteral("copy of ") + ticked().front()->text(0)
                                      : QStringLiteral("copies of %1 models").arg(models);

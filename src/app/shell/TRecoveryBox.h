@@ -35,7 +35,7 @@ class TRecoveryBox : public QDialog {
 
   private:
     /// Asks the user: copies cannot be restored.
-    [[nodiscard]] bool throwingAwayAgreed();
+    [[nodiscard]] bool confirmThrowAway();
     void choose(CopyChoice choice);
     void enableButtons();
     [[nodiscard]] std::vector<QTreeWidgetItem*> ticked() const;

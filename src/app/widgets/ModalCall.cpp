@@ -100,16 +100,16 @@ bool ModalCall::running() {
     return innermost != nullptr;
 }
 
-bool ModalCall::returning() {
+bool ModalCall::isReturning() {
     return innermost != nullptr && !innermost->top().isVisible();
 }
 
 bool ModalCall::covers(const QWidget& widget) {
-    return innermost != nullptr && (returning() || isCovered(&widget, innermost->top()));
+    return innermost != nullptr && (isReturning() || isCovered(&widget, innermost->top()));
 }
 
 int execModal(QDialog& dialog) {
-    if (ModalCall::returning()) {
+    if (ModalCall::isReturning()) {
         return QDialog::Rejected;
     }
     const ModalCall call(dialog);

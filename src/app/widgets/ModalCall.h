@@ -25,7 +25,7 @@ class ModalCall {
     /// or show another dialog, even without input: assistive programs trigger such actions.
     [[nodiscard]] static bool running();
     /// True while the innermost dialog is hidden but its call has not returned.
-    [[nodiscard]] static bool returning();
+    [[nodiscard]] static bool isReturning();
     /// True while an open dialog covers the widget's window, or a call is returning. Actions that
     /// assistive programs trigger on such a widget must not show a dialog over the open one.
     [[nodiscard]] static bool covers(const QWidget& widget);
@@ -42,8 +42,8 @@ class ModalCall {
 };
 
 /// Shows the dialog until the user closes it and returns the result of QDialog::exec(). While
-/// another call is returning, rejects the dialog without showing it: a request from then, such as a
-/// queued command, was not meant for the present state.
+/// another call is returning, rejects the dialog without showing it: a request from then, such as
+/// a queued command, was not meant for the present state.
 int execModal(QDialog& dialog);
 
 } // namespace korvane

@@ -48,7 +48,7 @@ TMaterial::TMaterial(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     setUpLook();
     texture_ = std::make_unique<TTextureView>(*ui_, faces_, *this);
-    connect(texture_.get(), &TTextureView::edited, this, &TMaterial::tell);
+    connect(texture_.get(), &TTextureView::edited, this, &TMaterial::emitChanges);
     connectControls();
 }
 
@@ -113,7 +113,7 @@ void TMaterial::edit(MaterialEditing& materials) {
     execModal(*this);
 }
 
-void TMaterial::tell(const Changes& changes) {
+void TMaterial::emitChanges(const Changes& changes) {
     if (changes != Changes()) {
         Q_EMIT edited(changes);
     }
@@ -268,7 +268,7 @@ void TMaterial::changeColor(ColorSwatch& swatch, MaterialColor color) {
     commitPending();
     const auto question = materials_ != nullptr ? materials_->ask() : std::nullopt;
     if (question && swatch.choose() && materials_ != nullptr) {
-        tell(materials_->setColor(*question, color, modelColor(channelsOf(swatch.color()))));
+        emitChanges(materials_->setColor(*question, color, modelColor(channelsOf(swatch.color()))));
     }
 }
 
@@ -277,7 +277,7 @@ void TMaterial::OpacityChange() {
         return;
     }
     texture_->cancelDrag();
-    tell(materials_->moveOpacity(ui_->opacitybar->value()));
+    emitChanges(materials_->moveOpacity(ui_->opacitybar->value()));
     ui_->opacity->setText(QString::number(ui_->opacitybar->value()));
 }
 
@@ -287,7 +287,7 @@ void TMaterial::ShininessChange() {
     }
     texture_->cancelDrag();
     const ShininessOutcome outcome = materials_->typeShininess(ui_->Edit1->text().toStdString());
-    tell(outcome.changes);
+    emitChanges(outcome.changes);
     if (outcome.refused) {
         refuseShininess();
     }
@@ -301,7 +301,8 @@ void TMaterial::refuseShininess() {
 void TMaterial::ComboBoxChange() {
     commitPending();
     if (materials_ != nullptr && ui_->ComboBox1->currentIndex() >= 0) {
-        tell(materials_->chooseSlot(ui_->ComboBox1->currentIndex(), texture_->selectedPart()));
+        emitChanges(
+            materials_->chooseSlot(ui_->ComboBox1->currentIndex(), texture_->selectedPart()));
         MaterialRefresh();
     }
 }
@@ -319,13 +320,13 @@ void TMaterial::CheckListBoxClicked() {
     lockLastMaterial();
     fillSlots();
     MaterialRefresh();
-    tell(changes);
+    emitChanges(changes);
 }
 
 void TMaterial::TextureStatusChange() {
     commitPending();
     if (materials_ != nullptr) {
-        tell(materials_->setTextureOn(ui_->textureCheckBox->isChecked()));
+        emitChanges(materials_->setTextureOn(ui_->textureCheckBox->isChecked()));
         texture_->showPicture();
     }
 }
@@ -340,7 +341,8 @@ void TMaterial::mopen1execute() {
     if (execModal(*textureDialog_) == Accepted && textureDialog_->loadedImage() != nullptr &&
         materials_ != nullptr) {
         const QString name = QDir::toNativeSeparators(textureDialog_->fileName());
-        tell(materials_->setTexture(*question, modelText(name), textureDialog_->loadedImage()));
+        emitChanges(
+            materials_->setTexture(*question, modelText(name), textureDialog_->loadedImage()));
         texture_->showTexture();
     }
 }

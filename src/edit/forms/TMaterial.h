@@ -60,7 +60,7 @@ class TMaterial : public QDialog {
     void connectControls();
     void setUpLook();
     /// Emits edited() if anything is out of date.
-    void tell(const Changes& changes);
+    void emitChanges(const Changes& changes);
     void commitPending();
     void fillSlots();
     void fillMaterials();

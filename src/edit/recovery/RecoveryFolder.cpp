@@ -88,12 +88,12 @@ ClaimedCopy::~ClaimedCopy() {
     }
 }
 
-bool ClaimedCopy::isThere() const {
+bool ClaimedCopy::isClaimed() const {
     return QFileInfo::exists(lockName(fileName_));
 }
 
 bool ClaimedCopy::holdsCopy() const {
-    return isThere() && QFileInfo::exists(fileName_);
+    return isClaimed() && QFileInfo::exists(fileName_);
 }
 
 bool ClaimedCopy::write(const ModelDocument& document) {
@@ -145,7 +145,7 @@ bool RecoveryFolder::prepare() const {
     return !(folder.permissions() & others) || QFile::setPermissions(path_, ours);
 }
 
-std::optional<ClaimedCopy> RecoveryFolder::newPlace() const {
+std::optional<ClaimedCopy> RecoveryFolder::claimNewPlace() const {
     if (!prepare()) {
         return std::nullopt;
     }

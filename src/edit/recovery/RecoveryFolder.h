@@ -26,7 +26,7 @@ class ClaimedCopy {
 
     [[nodiscard]] const QString& fileName() const { return fileName_; }
     /// Whether the place is still claimed: somebody may have removed the folder.
-    [[nodiscard]] bool isThere() const;
+    [[nodiscard]] bool isClaimed() const;
     /// Whether the place is still claimed and has a copy.
     [[nodiscard]] bool holdsCopy() const;
     /// Replaces the copy atomically. If this fails, returns false and leaves the old copy.
@@ -67,7 +67,7 @@ class RecoveryFolder {
 
     [[nodiscard]] const QString& path() const { return path_; }
     /// Claims a place for a new copy and makes the folder if needed. Returns nothing on failure.
-    [[nodiscard]] std::optional<ClaimedCopy> newPlace() const;
+    [[nodiscard]] std::optional<ClaimedCopy> claimNewPlace() const;
     /// Claims the copies whose programs have ended, newest first, and removes unfinished ones.
     [[nodiscard]] std::vector<LeftCopy> claimLeft() const;
 

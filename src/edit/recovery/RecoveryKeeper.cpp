@@ -37,8 +37,8 @@ KeepOutcome RecoveryKeeper::keep(const ModelDocument& document, When when) {
 }
 
 bool RecoveryKeeper::write(const ModelDocument& document) {
-    if (!place_ || !place_->isThere()) {
-        place_ = folder_.newPlace();
+    if (!place_ || !place_->isClaimed()) {
+        place_ = folder_.claimNewPlace();
     }
     return place_ && place_->write(document);
 }

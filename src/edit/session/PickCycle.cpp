@@ -14,12 +14,12 @@ PickSpot PickCycle::settle(const PickSpot& spot) {
 
 std::optional<FramePath> PickCycle::next(const std::vector<FramePath>& frames,
                                          const std::optional<FramePath>& selected) {
-    const bool goesOn = again_ && frames == frames_ && selected;
+    const bool continues = again_ && frames == frames_ && selected;
     frames_ = frames;
     if (frames.empty()) {
         return std::nullopt;
     }
-    const auto at = goesOn ? std::find(frames.begin(), frames.end(), *selected) : frames.end();
+    const auto at = continues ? std::find(frames.begin(), frames.end(), *selected) : frames.end();
     return at == frames.end() || at + 1 == frames.end() ? frames.front() : at[1];
 }
 

@@ -65,11 +65,11 @@ Changes DocumentSession::keyPlane(const PlaneInput& view, ViewKey key) {
 
 Changes DocumentSession::keyFrame(const PlaneMapping& mapping, ViewKey arrow) {
     const SelectedFrame found = findSelectedFrame(model_.Root);
-    const bool goesOn = keys_ && keys_->revision == model_.Revision &&
-                        keys_->run.goesOn(mapping, model_.Tool, found.path);
+    const bool continues = keys_ && keys_->revision == model_.Revision &&
+                           keys_->run.continues(mapping, model_.Tool, found.path);
     // if this throws, `keys_` stays empty and the next key starts a new run
     std::optional<Keys> keys = std::exchange(keys_, std::nullopt);
-    if (!goesOn) {
+    if (!continues) {
         const Matrix4& matrix = found.frame->Matrix;
         keys = {KeyRun(mapping, model_.Tool, {found.path, matrix, matrix}), model_.Modified,
                 model_.Revision, model_.Revision};

@@ -29,7 +29,7 @@ class LineReader {
     [[nodiscard]] TextScanner& numbers() { return scanner_; }
 
     /// Returns true if notes are wanted.
-    [[nodiscard]] bool noting() const { return notes_ != nullptr; }
+    [[nodiscard]] bool wantsNotes() const { return notes_ != nullptr; }
     /// Notes something about the current line.
     void note(NoteKind kind, std::int32_t value = 0) {
         if (notes_ != nullptr) {
@@ -54,7 +54,7 @@ class LineReader {
     /// Counts the buffer's braces inside a block that is read. At depth 1, an opening brace begins
     /// a nested block that is not read, which is noted.
     void countUnread(int& depth) {
-        if (depth == 1 && noting() && holds('{')) {
+        if (depth == 1 && wantsNotes() && holds('{')) {
             note(NoteKind::LeftOut);
         }
         countBraces(line_, depth);

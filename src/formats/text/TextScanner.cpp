@@ -85,7 +85,7 @@ std::optional<std::string_view> TextScanner::line() {
     auto line = find('\n');
     if (!line) {
         // the last line has no line end
-        line = std::string_view(next_, inSight());
+        line = std::string_view(next_, buffered());
         next_ = end_;
     } else if (line->ends_with('\r')) {
         line->remove_suffix(1);
@@ -111,15 +111,15 @@ std::optional<std::string_view> TextScanner::find(char mark) {
             next_ = found + 1;
             return text;
         }
-        searched = inSight();
+        searched = buffered();
     } while (more());
     return std::nullopt;
 }
 
 std::string_view TextScanner::take(std::size_t count) {
-    while (inSight() < count && more()) {
+    while (buffered() < count && more()) {
     }
-    const std::string_view text(next_, std::min(count, inSight()));
+    const std::string_view text(next_, std::min(count, buffered()));
     next_ += text.size();
     return text;
 }
@@ -169,7 +169,7 @@ void TextScanner::showWholeNumber() {
         if (stop != end_) {
             return;
         }
-        length = inSight();
+        length = buffered();
     } while (more());
 }
 
@@ -177,11 +177,11 @@ bool TextScanner::more() {
     if (window_ == nullptr || window_->atEnd()) {
         return false;
     }
-    const std::size_t before = inSight();
-    const auto shown = window_->moreThan({next_, before});
+    const std::size_t before = buffered();
+    const auto shown = window_->readMore({next_, before});
     next_ = shown.data();
     end_ = shown.data() + shown.size();
-    return inSight() > before;
+    return buffered() > before;
 }
 
 void TextScanner::fail(char wanted) {

@@ -36,7 +36,7 @@ class TextScanner {
     [[nodiscard]] const std::optional<Failure>& failure() const { return failure_; }
     /// The number of bytes left: no list that follows can have more elements.
     [[nodiscard]] std::size_t remaining() const {
-        return inSight() + (window_ != nullptr ? window_->unread() : 0);
+        return buffered() + (window_ != nullptr ? window_->unread() : 0);
     }
 
     /// Returns the text up to the next line end, which is consumed; nullopt at the end of the text.
@@ -63,7 +63,7 @@ class TextScanner {
     bool integer(std::int32_t& value) {
         skipSpace();
         const char* stop = reach() ? quickInteger(next_, value) : nullptr;
-        return goOn(stop != nullptr ? stop : exactNumber(value));
+        return advanceTo(stop != nullptr ? stop : exactNumber(value));
     }
     /// Extracts integers as unsigned numbers of the same bits. A separator follows each, except
     /// that the last may end the text. If there are fewer, returns false and ends the text.
@@ -94,16 +94,16 @@ class TextScanner {
     bool real(float& value) {
         skipSpace();
         const char* stop = reach() ? quickReal(next_, value) : nullptr;
-        return goOn(stop != nullptr ? stop : exactNumber(value));
+        return advanceTo(stop != nullptr ? stop : exactNumber(value));
     }
 
   private:
     /// Also true for other control characters, which skipSpaces() then leaves in place.
     static bool isBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
-    [[nodiscard]] std::size_t inSight() const { return static_cast<std::size_t>(end_ - next_); }
+    [[nodiscard]] std::size_t buffered() const { return static_cast<std::size_t>(end_ - next_); }
     /// Returns true if the quick parsers can look ahead as far as they need.
     [[nodiscard]] bool reach() {
-        return inSight() >= quickNumberReach || (more() && inSight() >= quickNumberReach);
+        return buffered() >= quickNumberReach || (more() && buffered() >= quickNumberReach);
     }
 
     void skipSpace() {
@@ -114,7 +114,7 @@ class TextScanner {
     void skipSpaces();
 
     /// Continues after a number, or ends the text if `stop` is null.
-    bool goOn(const char* stop) {
+    bool advanceTo(const char* stop) {
         if (stop == nullptr) {
             fail(0);
             return false;

@@ -8,7 +8,7 @@ namespace korvane {
 TextWindow::TextWindow(ByteSource source, std::size_t size, std::size_t capacity)
     : source_(std::move(source)), unread_(size), buffer_(std::min(capacity, size + 1)) {}
 
-std::span<const char> TextWindow::moreThan(std::span<const char> rest) {
+std::span<const char> TextWindow::readMore(std::span<const char> rest) {
     if (atEnd_) {
         return rest;
     }

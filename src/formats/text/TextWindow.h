@@ -21,7 +21,7 @@ class TextWindow {
 
     /// Moves the window to begin with `rest`, the end of what it shows now, and shows more after
     /// it; at the end of the text, it shows only `rest`. Invalidates views of the window.
-    std::span<const char> moreThan(std::span<const char> rest);
+    std::span<const char> readMore(std::span<const char> rest);
     /// Ends the text here.
     void close();
     [[nodiscard]] bool atEnd() const { return atEnd_; }

@@ -35,10 +35,10 @@ bool readHeader(TextScanner& text) {
 }
 
 /// Adds the rest of the file to the sum; false if it cannot be read.
-bool addRest(Checksum& sum, QFile& file, const std::function<void()>& goOn) {
+bool addRest(Checksum& sum, QFile& file, const std::function<void()>& reportProgress) {
     constexpr qint64 pieceSize = 1 << 18;
     while (!file.atEnd()) {
-        goOn();
+        reportProgress();
         const QByteArray piece = file.read(pieceSize);
         if (piece.isEmpty()) {
             return false;
@@ -64,13 +64,13 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
     const auto size = static_cast<std::size_t>(std::max<qint64>(file.size(), 0));
     std::size_t done = 0;
     Checksum sum;
-    const auto goOn = [&] {
+    const auto reportProgress = [&] {
         if (progress && !progress(done, size)) {
             throw ReadCancelled();
         }
     };
     const ByteSource source = [&](std::span<char> space) {
-        goOn();
+        reportProgress();
         const qint64 got = file.read(space.data(), static_cast<qint64>(space.size()));
         if (got < 0) {
             throw std::runtime_error("the file cannot be read to its end");
@@ -85,13 +85,13 @@ ReadStatus openAndRead(const QString& fileName, ModelDocument& document,
     TextWindow window(source, size);
     TextureLoader loader(info.path());
     const ReadStatus status = readXsi(TextScanner(window), document, [&](const std::string& name) {
-        goOn(); // a few lines can name large pictures
+        reportProgress(); // a few lines can name large pictures
         return loader.load(name);
     });
     if (notes != nullptr) {
         notes->unseen = loader.unseen();
         if (stamp && status == ReadStatus::Done) {
-            const bool whole = addRest(sum, file, goOn);
+            const bool whole = addRest(sum, file, reportProgress);
             notes->file = FileState{*stamp, whole ? std::optional(sum.value()) : std::nullopt};
         }
     }
@@ -108,7 +108,7 @@ ReadStatus readOrThrow(TextScanner text, ModelDocument& document, const TextureS
     XsiAnimationReader animations(lines, document.Root);
     while (lines.next()) {
         const bool isTemplate = lines.holds("template");
-        if (!isTemplate && lines.noting() && lines.holds('{') && !lines.holds("frame") &&
+        if (!isTemplate && lines.wantsNotes() && lines.holds('{') && !lines.holds("frame") &&
             !lines.holds("animationset")) {
             lines.note(NoteKind::LooseBlock);
         }

@@ -109,7 +109,7 @@ void TMDIChild::FileOpenXSI(const QString& fileName) {
     {
         TReadProgress progress(*this, fileName, progressDelay_);
         outcome = session_->open(fileName, [&progress](std::size_t done, std::size_t size) {
-            return progress.goOn(done, size);
+            return progress.report(done, size);
         });
     }
     if (outcome.status == ReadStatus::Cancelled) {
@@ -132,7 +132,7 @@ void TMDIChild::recover(LeftCopy& copy) {
     {
         TReadProgress progress(*this, copy.head.model, progressDelay_);
         outcome = session_->recover(copy, [&progress](std::size_t done, std::size_t size) {
-            return progress.goOn(done, size);
+            return progress.report(done, size);
         });
     }
     if (outcome.status == ReadStatus::Done) {
@@ -286,7 +286,7 @@ bool TMDIChild::FormCanClose() {
     if (answer == QMessageBox::Yes) {
         FileSaveExecute(); // cancelling its Save As dialog does not keep the window open
     }
-    session_->giveUpWork(answer == QMessageBox::No);
+    session_->discardWork(answer == QMessageBox::No);
     return answer == QMessageBox::Yes || answer == QMessageBox::No;
 }
 
@@ -312,7 +312,7 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 void TMDIChild::FormClose() {
     cancelDrag();
     if (session_ && session_->endWork().failed) {
-        Q_EMIT keepingFailed(session_->model().FileName);
+        Q_EMIT copyFailed(session_->model().FileName);
     }
     ChildDeactivate();
     structure_.reset();

@@ -19,7 +19,7 @@ TReadProgress::TReadProgress(QWidget& parent, QString fileName, std::chrono::mil
 
 TReadProgress::~TReadProgress() = default;
 
-bool TReadProgress::goOn(std::size_t done, std::size_t size) {
+bool TReadProgress::report(std::size_t done, std::size_t size) {
     constexpr int steps = 1000;
     constexpr qint64 pumpInterval = 40; // smooth enough, and does not slow reading down
     if (!dialog_) {

@@ -25,7 +25,7 @@ class TReadProgress {
     TReadProgress& operator=(const TReadProgress&) = delete;
 
     /// `done` of `size` bytes are read. Returns false once the user has cancelled.
-    bool goOn(std::size_t done, std::size_t size);
+    bool report(std::size_t done, std::size_t size);
 
   private:
     QWidget& parent_;

@@ -14,8 +14,8 @@ class KeyRun {
         : mapping_(mapping), tool_(tool), move_(std::move(start)) {}
 
     /// Whether a key continues this run: the same view, tool and frame.
-    [[nodiscard]] bool goesOn(const PlaneMapping& mapping, ViewTool tool,
-                              const FramePath& frame) const {
+    [[nodiscard]] bool continues(const PlaneMapping& mapping, ViewTool tool,
+                                 const FramePath& frame) const {
         return mapping_ == mapping && tool_ == tool && move_.frame == frame;
     }
     /// Does nothing and returns false if the result would not be finite.

@@ -73,7 +73,7 @@ void TThreeDWinFrame::setUpMouse() {
 }
 
 void TThreeDWinFrame::setUpKeys() {
-    const auto tell = [this](auto operation) {
+    const auto perform = [this](auto operation) {
         if (session_ != nullptr) {
             Q_EMIT changed(operation(*session_));
         }
@@ -81,8 +81,9 @@ void TThreeDWinFrame::setUpKeys() {
     auto* controls = new ViewControls(
         *this, *ui_->Image1,
         {.key =
-             [this, tell](ViewKey key) {
-                 tell([&](DocumentSession& session) { return session.keyOrbit(geometry(), key); });
+             [this, perform](ViewKey key) {
+                 perform(
+                     [&](DocumentSession& session) { return session.keyOrbit(geometry(), key); });
              },
          .leave =
              [this] {
@@ -102,8 +103,8 @@ void TThreeDWinFrame::setUpKeys() {
         QAction* action = directions->addAction(QString::fromLatin1(axis.name));
         action->setStatusTip(
             QStringLiteral("Turn the 3D view to look along %1").arg(action->text()));
-        connect(action, &QAction::triggered, this, [this, tell, angles = axis.angles] {
-            tell([&](DocumentSession& session) { return session.lookAlong(angles); });
+        connect(action, &QAction::triggered, this, [this, perform, angles = axis.angles] {
+            perform([&](DocumentSession& session) { return session.lookAlong(angles); });
             sentenceChanged();
         });
     }
@@ -142,7 +143,7 @@ void TThreeDWinFrame::showFailure(GlStatus status) {
     if (session_ == nullptr) {
         return; // the window has closed meanwhile
     }
-    if (ModalCall::returning()) {
+    if (ModalCall::isReturning()) {
         Q_EMIT contextFailed(status); // try later: a box would be rejected unseen now
         return;
     }

@@ -73,14 +73,15 @@ GlStatus GlContext::start() {
     surface_ = std::make_unique<QOffscreenSurface>();
     surface_->setFormat(context_->format());
     surface_->create();
-    return surface_->isValid() && GlCurrent(*this).works() ? GlStatus::Works : GlStatus::NotCurrent;
+    return surface_->isValid() && GlCurrent(*this).isCurrent() ? GlStatus::Works
+                                                               : GlStatus::NotCurrent;
 }
 
 GlCurrent::GlCurrent(const GlContext& gl)
-    : context_(*gl.context_), works_(gl.driver_.makeCurrent(context_, *gl.surface_)) {}
+    : context_(*gl.context_), current_(gl.driver_.makeCurrent(context_, *gl.surface_)) {}
 
 GlCurrent::~GlCurrent() {
-    if (works_) {
+    if (current_) {
         context_.doneCurrent();
     }
 }

@@ -60,11 +60,11 @@ class GlCurrent {
     GlCurrent& operator=(const GlCurrent&) = delete;
 
     /// Whether the context could be made current.
-    [[nodiscard]] bool works() const { return works_; }
+    [[nodiscard]] bool isCurrent() const { return current_; }
 
   private:
     QOpenGLContext& context_;
-    bool works_;
+    bool current_;
 };
 
 } // namespace korvane

@@ -21,7 +21,7 @@ std::optional<GlInfo> probeGl() {
         return std::nullopt;
     }
     const GlCurrent current(gl);
-    if (!current.works()) {
+    if (!current.isCurrent()) {
         return std::nullopt;
     }
     QOpenGLFunctions& functions = *gl.context().functions();

@@ -61,7 +61,7 @@ GlStatus GlOffscreen::draw(ModelDocument& document, ViewState& state, std::int32
         return gl_->status();
     }
     const GlCurrent current(*gl_);
-    if (!current.works()) {
+    if (!current.isCurrent()) {
         return GlStatus::NotCurrent;
     }
     const QSize size(std::max(width, 1), std::max(height, 1));
@@ -92,7 +92,7 @@ GlStatus GlOffscreen::read(Bitmap& picture) {
         return status_;
     }
     const GlCurrent current(*gl_);
-    if (!current.works() || !framebuffer_->bind()) {
+    if (!current.isCurrent() || !framebuffer_->bind()) {
         status_ = GlStatus::NotCurrent;
         return status_;
     }
@@ -100,11 +100,11 @@ GlStatus GlOffscreen::read(Bitmap& picture) {
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glReadPixels(0, 0, picture.width(), picture.height(), GL_BGRA, GL_UNSIGNED_INT_8_8_8_8_REV,
                  picture.pixels());
-    picture.turnOver(); // OpenGL's rows go upward
+    picture.flipRows(); // OpenGL's rows go upward
     return status_;
 }
 
-GlStatus GlOffscreen::readCovered(ModelDocument& document, ViewState& state, Bitmap& picture) {
+GlStatus GlOffscreen::readWithCoverage(ModelDocument& document, ViewState& state, Bitmap& picture) {
     constexpr BitmapPixel black = 0xff000000U;
     if (read(picture) != GlStatus::Works) {
         return status_;

@@ -37,7 +37,7 @@ class GlOffscreen {
     GlStatus read(Bitmap& picture);
     /// The same for a drawing made with that state, with pixels of value 0 where nothing covers the
     /// background. Draws once more to find those.
-    GlStatus readCovered(ModelDocument& document, ViewState& state, Bitmap& picture);
+    GlStatus readWithCoverage(ModelDocument& document, ViewState& state, Bitmap& picture);
     [[nodiscard]] const GlView& view() const { return view_; }
 
   private:

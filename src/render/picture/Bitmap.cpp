@@ -16,7 +16,7 @@ void Bitmap::fill(BitmapPixel color) {
     std::fill(pixels_.begin(), pixels_.end(), color);
 }
 
-void Bitmap::turnOver() {
+void Bitmap::flipRows() {
     const auto width = static_cast<std::ptrdiff_t>(width_);
     auto upper = pixels_.begin();
     auto lower = upper + width * (height_ - 1);

@@ -24,7 +24,7 @@ class Bitmap {
     void resize(std::int32_t width, std::int32_t height);
     void fill(BitmapPixel color);
     /// Reverses the order of the rows.
-    void turnOver();
+    void flipRows();
 
     [[nodiscard]] std::int32_t width() const { return width_; }
     [[nodiscard]] std::int32_t height() const { return height_; }

@@ -14,11 +14,11 @@ const std::vector<MeshEdge>& PlaneCache::edges(const MeshRecord& mesh) {
 
 bool PlaneCache::project(const PlaneMapping& mapping, const DrawCache& cache) {
     Projection& projection = projections_[static_cast<std::size_t>(mapping.plane)];
-    if (projection.mapping == mapping && projection.builds == cache.builds()) {
+    if (projection.mapping == mapping && projection.buildCount == cache.buildCount()) {
         return false;
     }
     projection.mapping = mapping;
-    projection.builds = cache.builds();
+    projection.buildCount = cache.buildCount();
     const std::vector<Vec3>& world = cache.WorldVertices;
     projection.points.resize(world.size());
     std::transform(world.begin(), world.end(), projection.points.begin(), [&](const Vec3& vertex) {

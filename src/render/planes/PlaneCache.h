@@ -31,7 +31,7 @@ class PlaneCache : public ViewData {
   private:
     struct Projection {
         std::optional<PlaneMapping> mapping; ///< the one that the points were computed with
-        std::uint64_t builds = 0;            ///< of the drawing cache that the points come from
+        std::uint64_t buildCount = 0;        ///< of the drawing cache that the points come from
         std::vector<PixelPoint> points;
     };
 
@@ -42,7 +42,7 @@ class PlaneCache : public ViewData {
 
 /// The plane cache in a frame's drawing cache.
 inline PlaneCache& planeCache(DrawCache& cache) {
-    return cache.further().get<PlaneCache>();
+    return cache.derivedData().get<PlaneCache>();
 }
 
 } // namespace korvane

@@ -90,7 +90,7 @@ bool DrawCache::refresh(const MeshRecord& mesh, const Matrix4& world) {
         return false;
     }
     key_ = key;
-    ++builds_;
+    ++buildCount_;
     bounds_ = Bounds();
     allFinite_ = true;
     WorldVertices.resize(mesh.Vertices.size());

@@ -41,10 +41,10 @@ class DrawCache : public ViewData {
     /// Whether every vertex of WorldVertices is a finite point.
     [[nodiscard]] bool allFinite() const { return allFinite_; }
     /// Changes with each rebuild, so derived data can use it as a key.
-    [[nodiscard]] std::uint64_t builds() const { return builds_; }
+    [[nodiscard]] std::uint64_t buildCount() const { return buildCount_; }
     /// A slot for what one renderer derives from this cache. Rebuilding leaves it alone: see
-    /// builds().
-    [[nodiscard]] ViewSlot& further() { return further_; }
+    /// buildCount().
+    [[nodiscard]] ViewSlot& derivedData() { return derivedData_; }
 
   private:
     /// The input that the cache was built from.
@@ -61,8 +61,8 @@ class DrawCache : public ViewData {
     std::optional<Key> key_;
     Bounds bounds_;
     bool allFinite_ = true;
-    std::uint64_t builds_ = 0;
-    ViewSlot further_;
+    std::uint64_t buildCount_ = 0;
+    ViewSlot derivedData_;
 };
 
 /// The drawing cache of a frame, empty until first refreshed. Valid until the frame moves in

@@ -47,8 +47,8 @@ class TextureSampler {
             const std::uint32_t column = columns[lane];
             const std::uint32_t row = rows[lane];
             const std::uint32_t nextRow = row + 1 == height_ ? 0 : row + 1;
-            return foldedHalves(pair(row, column) * eachFourTimes(upperWeights[lane]) +
-                                pair(nextRow, column) * eachFourTimes(lowerWeights[lane]));
+            return foldedHalves(pair(row, column) * repeatEachFourTimes(upperWeights[lane]) +
+                                pair(nextRow, column) * repeatEachFourTimes(lowerWeights[lane]));
         };
         return channels(lowerHalves(color(0), color(1)), lowerHalves(color(2), color(3)));
     }
@@ -91,7 +91,7 @@ class TextureSampler {
 
     /// Copies the lower sixteen bits to the first four lanes and the upper ones to the others, in
     /// two steps of one instruction each.
-    static ShortLanes eachFourTimes(std::uint32_t two) {
+    static ShortLanes repeatEachFourTimes(std::uint32_t two) {
         const IntLanes word = {static_cast<std::int32_t>(two), 0, 0, 0};
         const auto shorts = reinterpret_cast<ShortLanes>(word);
         const auto doubled = reinterpret_cast<IntLanes>(

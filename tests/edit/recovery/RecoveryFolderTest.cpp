@@ -60,7 +60,7 @@ class Recovery : public test::TestFiles {
     }
     /// Leaves a copy as an ended program does.
     QString leave(const QString& name, const RecoveryLimits& limits = {}) const {
-        std::optional<ClaimedCopy> place = recovery(limits).newPlace();
+        std::optional<ClaimedCopy> place = recovery(limits).claimNewPlace();
         EXPECT_TRUE(place && place->write(model(name)));
         return place->fileName();
     }
@@ -113,7 +113,7 @@ TEST_F(Recovery, TheUsersFolderFollowsTheEnvironment) {
 TEST_F(Recovery, CopiesOfRunningProgramsArePrivateAndThoseOfKilledOnesAreClaimedOnce) {
     Program program([this] {
         static std::optional<ClaimedCopy> place;
-        place = recovery().newPlace();
+        place = recovery().claimNewPlace();
         place->write(model(QStringLiteral("theirs.xsi")));
     });
     EXPECT_EQ(names(recovery().claimLeft()), "");
@@ -149,7 +149,7 @@ TEST_F(Recovery, ACopyStaysUntilItIsRemovedAndThenLeavesNoFiles) {
     recovery().claimLeft().at(0).place.remove();
     EXPECT_EQ(files(), QStringList());
     // unfinished copies are removed too
-    recovery().newPlace().reset();
+    recovery().claimNewPlace().reset();
     const QString begun = leave(QStringLiteral("c.xsi"));
     write("state/recovery/0123456789abcdef.lock", "");
     write("state/recovery/0123456789abcdef.copy.Ab3xYz", "half");
@@ -186,7 +186,7 @@ TEST_F(Recovery, DamagedCopiesAndOtherVersionsAreReportedAndKept) {
 }
 
 TEST_F(Recovery, LimitsHoldForProgramsThatHaveEnded) {
-    const std::optional<ClaimedCopy> living = recovery().newPlace();
+    const std::optional<ClaimedCopy> living = recovery().claimNewPlace();
     ASSERT_TRUE(living && const_cast<ClaimedCopy&>(*living).write(model(QStringLiteral("live"))));
     setTime(living->fileName(), QDateTime::currentDateTime().addDays(-400));
     const qint64 size = QFileInfo(living->fileName()).size();

@@ -204,7 +204,7 @@ TEST_F(GlViewTest, ReadsWhatCoversTheBackground) {
         state_.mode = mode;
         const QImage onWhite = over(0xffffffffU);
         const QImage onBlack = over(0xff000000U);
-        ASSERT_EQ(gl_->readCovered(document_, state_, covered), GlStatus::Works);
+        ASSERT_EQ(gl_->readWithCoverage(document_, state_, covered), GlStatus::Works);
         int wrong = 0;
         for (int y = 0; y < side; ++y) {
             for (int x = 0; x < side; ++x) {
@@ -222,7 +222,7 @@ TEST_F(GlViewTest, ReadsWhatCoversTheBackground) {
     addSquare(scene_.mesh(), 1, 0);
     state_ = ViewState();
     over(0xff000000U);
-    ASSERT_EQ(gl_->readCovered(document_, state_, covered), GlStatus::Works);
+    ASSERT_EQ(gl_->readWithCoverage(document_, state_, covered), GlStatus::Works);
     EXPECT_EQ(covered.at(side / 2, side / 2), 0xff000000U);
     EXPECT_EQ(covered.at(0, 0), 0U);
 }
