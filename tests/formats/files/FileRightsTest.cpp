@@ -128,6 +128,12 @@ TEST_F(Rights, AreKeptWhoeverSaves) {
         }
         ::umask(usual);
     }
+    // nobody else can make a file in the folder
+    ASSERT_EQ(::chmod(qPrintable(folder()), 0755), 0);
+    ASSERT_EQ(::chmod(qPrintable(model_), 0666), 0);
+    write("m.xsi", "old");
+    EXPECT_TRUE(saveAs({1000, 1000, {}}, model_));
+    EXPECT_EQ(content(model_), "new");
 }
 
 } // namespace

@@ -1,12 +1,11 @@
 #include "formats/files/AtomicFile.h"
 #include "formats/files/FileNames.h"
+#include "support/FileSizeLimit.h"
 #include "support/TestFiles.h"
 #include "support/TextModel.h"
 
 #include <algorithm>
-#include <csignal>
 #include <functional>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <vector>
 
@@ -130,6 +129,12 @@ TEST_F(Files, SavingReplacesTheFileAndKeepsLinks) {
     EXPECT_EQ(content(above), expected);
     EXPECT_TRUE(QFileInfo(path("real/deep/link.xsi")).isSymbolicLink());
     EXPECT_EQ(filesInFolder(), 4);
+    // no file beside this one can have its name and more
+    const QString longest = write((std::string(251, 'n') + ".xsi").c_str(), "old");
+    const std::optional<FileState> saved = SaveFileXSI(document, longest);
+    EXPECT_EQ(content(longest), expected);
+    ASSERT_TRUE(saved);
+    EXPECT_EQ(saved->stamp, stampOf(longest)) << "our own, even if written at the second attempt";
 }
 
 TEST_F(Files, SavingRefusesWhatIsNoFile) {
@@ -144,23 +149,6 @@ TEST_F(Files, SavingRefusesWhatIsNoFile) {
     EXPECT_FALSE(QFileInfo(QStringLiteral("/dev/full")).isFile());
 }
 
-/// Stops all files of this process from growing beyond a size, as a full disk would.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit = {bytes, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &before_); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-  private:
-    rlimit before_{};
-};
-
 using Replace = bool (*)(const QString&, const std::function<bool(const TextSink&)>&);
 
 TEST_F(Files, ASaveThatFailsLeavesTheOldContents) {
@@ -169,7 +157,7 @@ TEST_F(Files, ASaveThatFailsLeavesTheOldContents) {
          {Replace(replaceFile), Replace(overwriteFile), Replace(replaceOwnFile)}) {
         // far beyond the limit, and so little that only the last flush fails
         for (const rlim_t most : {10000U, 100U}) {
-            const FileSizeLimit limit(most);
+            const test::FileSizeLimit limit(most);
             EXPECT_FALSE(replace(target, [most](const TextSink& sink) {
                 return sink("half") && sink(std::string(most < 1000 ? 500 : 1000000, 'n'));
             }));
@@ -187,10 +175,12 @@ TEST_F(Files, ASaveThatFailsLeavesTheOldContents) {
     EXPECT_EQ(content(target), "new");
     EXPECT_FALSE(overwriteFile(path("none.xsi"), [](const TextSink&) { return true; }));
     // a new file whose writing fails is not created
-    EXPECT_FALSE(replaceFile(path("none.xsi"), [](const TextSink& sink) {
+    const auto half = [](const TextSink& sink) {
         sink("half");
         return false;
-    }));
+    };
+    EXPECT_FALSE(replaceFile(path("none.xsi"), half));
+    EXPECT_EQ(makeFile(path("none.xsi"), target, half), MadeFile::Failed);
     EXPECT_EQ(filesInFolder(), 1);
 }
 

@@ -192,7 +192,11 @@ TEST_F(Textures, AreSearchedInOrder) {
     EXPECT_EQ(load(""), 255);
     EXPECT_EQ(load("c:\\maps\\a.tga"), 1);
     EXPECT_EQ(load(path("a.tga").toStdString()), 1);
+    EXPECT_EQ(load(path("sub/SKIN.tga").toStdString()), 2);
     EXPECT_EQ(load("..\\" + folder().section(u'/', -1).toStdString() + "\\a.tga"), 1);
+    picture("Sub/a.tga", 7);
+    const test::WorkingFolder here(path("Sub"));
+    EXPECT_EQ(load("./a.tga"), 7) << "as named, before beside the model";
 }
 
 TEST_F(Textures, AreDecodedOnceAndShared) {
@@ -228,6 +232,16 @@ TEST_F(Textures, AreDecodedOnceForAllThatShareAStore) {
         EXPECT_EQ(later.outcome(*found).pixels, 1U); // known whether kept or not
         EXPECT_EQ(later.load("a.tga") == blankTextureImage(), kept == 0);
     }
+    const auto store = std::make_shared<TextureStore>(1);
+    const auto blue = [&](const char* name) {
+        return int{TextureLoader(folder(), 9, store).load(name)->pixels.at(0).blue};
+    };
+    for (const char* name : {"b.tga", "c.tga"}) {
+        picture(name, 1);
+        EXPECT_EQ(blue(name), 1);
+        write(name, "gone");
+    }
+    EXPECT_EQ(std::pair(blue("b.tga"), blue("c.tga")), std::pair(1, 255)) << "one pixel is kept";
 }
 
 TEST_F(Textures, TooLargeForOneLoaderIsDecodedForAnother) {
@@ -279,6 +293,14 @@ TEST_F(Textures, BitmapsAndIconsGoByTheirExtensionAlone) {
     ASSERT_EQ(image->height, 2);
     EXPECT_EQ(image->pixels[0], (Rgba8{9, 8, 7, 255}));
     EXPECT_EQ(image->pixels[3], (Rgba8{6, 5, 4, 255}));
+    // in the oldest header, the sizes have two bytes; the pixels follow it
+    write("old.bmp",
+          "BM\x2A\0\0\0\0\0\0\0\x1A\0\0\0\x0C\0\0\0\2\0\2\0\1\0\x18\0"s + std::string(16, '\xFF'));
+    EXPECT_EQ(loader.load("old.bmp")->width, 2);
+    std::string topDown = bmp;
+    topDown.replace(22, 4, "\xFE\xFF\xFF\xFF"s);
+    write("down.bmp", topDown);
+    EXPECT_EQ(loader.load("down.bmp")->pixels[0], (Rgba8{3, 2, 1, 255}));
     write("wrong.ico", bmp);
     write("wrong.wmf", bmp);
     write("cut.bmp", bmp.substr(0, 40));

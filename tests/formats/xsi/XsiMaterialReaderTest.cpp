@@ -71,6 +71,8 @@ TEST(Materials, TakeTheirSlots) {
         {5,
          directX("1;0;0") + " { some material }\n{frame}\n{ name } // remark\n" + directX("0;1;0"),
          {0, 1}},
+        // a line with further braces is none
+        {2, directX("1;0;0") + "{ name } {\n" + directX("0;1;0"), {0, 1}},
         // the braces of unknown blocks are counted
         {2,
          directX("1;0;0", "EffectInstance {\n \"x\";\n Param { 1; }\n Deep {\n }\n}\n") +

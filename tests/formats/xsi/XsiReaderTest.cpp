@@ -107,6 +107,8 @@ TEST(XsiReader, LinesReadAsFrames) {
     for (const auto& row : rows) {
         EXPECT_EQ(outline(readXsiBody(row.body).Root), row.expected) << row.body;
     }
+    const char* cut = "frame frm-a {\n FrameTransformMatrix {\n 2,0,0,0,\n 0,2,x\n}\n}\n";
+    EXPECT_EQ(readXsiBody(cut).Root.Matrix, Matrix4()) << "no half matrix";
 }
 
 TEST(XsiReader, ASecondTopLevelFrameReplacesTheFirst) {
@@ -134,6 +136,7 @@ TEST(XsiReader, NumberedOrPlainPolygons) {
         {"2;\n3;0,0,0;,\n2;0,0;;\n", {{0, 0, 0}, {0, 0}}},
         {"2;\n0;3;0,0,0;,\n1;2;0,0;;\n", {{0, 0, 0}, {0, 0}}},
         {"2;\n0;3;0,0,0;,\n9;1;7;;\n", {{0, 0, 0}, {7}}},
+        {"2;\n3;0 ,0\t,0;,\n2;0\n;0;;\n", {{0, 0, 0}, {0, 0}}},
         {"2;\n3;0,0,0;,\n0;;\n", {{0, 0, 0}, {}}}, // only the first number decides
         {"0;\n", {}},
     };
