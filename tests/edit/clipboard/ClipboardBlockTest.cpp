@@ -109,6 +109,8 @@ TEST(ClipboardBlock, UsedMaterialsComeAlong) {
         FrameRecord frame = test::named("", {FrameRecord()});
         frame.Mesh.MaterialSlotList = row.slots; // even with the mesh switched off
         frame.Children[0].Mesh.MaterialSlotList = row.childSlots;
+        // after an undo, the slot last shown may be gone
+        frame.Mesh.CurrentSlot = static_cast<std::int32_t>(row.slots.size());
         const Bytes block = frameBlock(frame, std::vector<MaterialRecord>(row.materials));
         for (std::size_t i = 0; i < row.remap.size(); ++i) {
             EXPECT_EQ(test::wordAt(block, 12 + 4 * i), row.remap[i]);
@@ -116,6 +118,7 @@ TEST(ClipboardBlock, UsedMaterialsComeAlong) {
         const CopiedFrame copied = decodedFrame(block);
         EXPECT_EQ(copied.materials.size(), static_cast<std::size_t>(row.remap.back()));
         EXPECT_EQ(copied.frame.Mesh.MaterialSlotList, row.readSlots);
+        EXPECT_EQ(copied.frame.Mesh.CurrentSlot, 0);
     }
     const Bytes none = blockBytes(encodeMaterials({}));
     EXPECT_EQ(none, (Bytes{8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));

@@ -111,6 +111,9 @@ TEST_F(History, AFaceWithoutASlotGetsOneAndSoDoThoseBefore) {
     EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1}));
     setFaceSlot(history, document, path({1}), 5, 0); // no such face
     EXPECT_FALSE(history.canUndo());
+    m.MaterialSlotList.clear();
+    setFaceSlot(history, document, path({1}), 3, 0);
+    EXPECT_EQ(m.FaceSlotIndex, (std::vector<std::int32_t>{1, 0, 0, 0}));
 }
 
 TEST_F(History, ADeletedMaterialLeavesEveryMesh) {
@@ -185,11 +188,14 @@ TEST_F(History, EditsOfMeshListsChangeTheirRevision) {
         {"slot of a face", [&] { setFaceSlot(history, document, path({1}), 0, 1); }},
         {"slot", [&] { removeSlot(history, document, path({1}), 0); }},
         {"material", [&] { deleteMaterial(history, document, 1); }},
-        {"undo", [&] { history.undo(document); }}};
+        {"added material", [&] { addMeshMaterial(history, document, path({1})); }},
+        {"pasted material", [&] { pasteMeshMaterials(history, document, path({1}), {{}}); }}};
     for (const auto& [name, edit] : edits) {
-        const auto before = list.ListRevision.any();
-        edit();
-        EXPECT_NE(list.ListRevision.any(), before) << name;
+        for (const auto& way : {edit, {[&] { history.undo(document); }}}) {
+            const auto before = list.ListRevision.any();
+            way();
+            EXPECT_NE(list.ListRevision.any(), before) << name;
+        }
     }
 }
 
@@ -210,7 +216,7 @@ TEST_F(History, WhatLeadsNowhereIsIgnored) {
     document.Root.Children.pop_back();
     document.Materials.clear();
     for (std::size_t i = 0; i < 4; ++i) {
-        history.undo(document);
+        EXPECT_NE(history.undo(document).frame, path({3})) << "it is gone";
     }
     EXPECT_FALSE(history.canUndo());
     for (std::size_t i = 0; i < 4; ++i) {
