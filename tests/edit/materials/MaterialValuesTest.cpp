@@ -54,6 +54,7 @@ TEST(MaterialValues, PowersSurviveAsText) {
     EXPECT_EQ(powerOf("1e2"), 100.0F);
     EXPECT_EQ(powerOf("+5"), 5.0F);
     EXPECT_EQ(powerOf("1e-60"), 0.0F);
+    EXPECT_EQ(powerOf("3.4028234663852886e38"), std::numeric_limits<float>::max());
     for (const char* none :
          {"", " ", "-1", "abc", "5x", "inf", "nan", "1e99", "+-5", "++5", "1,5", "0x10"}) {
         EXPECT_EQ(powerOf(none), std::nullopt) << none;

@@ -88,6 +88,9 @@ TEST_F(Keeper, CopiesEachChangeWhenDue) {
     keeper_.drop();
     EXPECT_EQ(copied(), "-");
     EXPECT_TRUE(QDir(path("recovery")).isEmpty());
+    now_ += 1s;
+    keeper_.keep(document_, When::Due);
+    EXPECT_EQ(copied(), "not told") << "the dropped copy does not count";
 }
 
 TEST_F(Keeper, RemakesAMissingFolderAndRetriesLessOftenIfThatFails) {

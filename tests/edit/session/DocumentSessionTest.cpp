@@ -109,7 +109,10 @@ TEST_F(SessionTest, EveryOperationReturnsWhatItPutsOutOfDate) {
         {"select Materials", ""},
         {"add", "tree geometry "},
         {"undo", "tree materials status "},
-        {"undo", "tree geometry materials selection status "}};
+        {"undo", "tree geometry materials selection status "},
+        {"rename Hull", "tree "},
+        {"select Frame_frm-body", "geometry "},
+        {"undo", "tree geometry selection status "}};
     for (const auto& [line, expected] : rows) {
         EXPECT_EQ(told(run(line)), expected) << line;
     }

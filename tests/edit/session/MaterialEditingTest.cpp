@@ -177,13 +177,15 @@ TEST(MaterialEditing, SlotsComeAndGoAndTheCurrentOneFollows) {
         std::size_t entries;
     };
     const Case cases[] = {
-        {"slot 1", {0, 1, 0}, {0, 1, 2}, 1, {}, 0}, {"use 0 1 0", {1}, {0, 0, 0}, 0, 1, 2},
-        {"use 0 1 1", {1, 2}, {0, 0, 0}, 0, {}, 3}, {"select 1 2", {1, 2}, {0, 0, 0}, 0, {}, 3},
+        {"slot 1", {0, 1, 0}, {0, 1, 2}, 1, {}, 0},  {"use 0 1 0", {1}, {0, 0, 0}, 0, 1, 2},
+        {"use 0 1 1", {1, 2}, {0, 0, 0}, 0, {}, 3},  {"select 1 2", {1, 2}, {0, 0, 0}, 0, {}, 3},
         {"slot 1", {1, 2}, {0, 1, 0}, 1, {}, 4}, // a vertex stands for its face
-        {"slot 0", {1, 2}, {0, 0, 0}, 0, {}, 5},    {"slot -1", {1, 2}, {0, 0, 0}, 0, {}, 5},
-        {"slot 2", {1, 2}, {0, 0, 0}, 0, {}, 5},    {"slot 1", {1, 2}, {0, 1, 0}, 1, {}, 6},
-        {"use 0 0 1", {2}, {0, 0, 0}, 0, 2, 7},     {"use 0 0 0", {2}, {0, 0, 0}, 0, 2, 7},
-        {"use 1 0 1", {2, 0}, {0, 0, 0}, 0, {}, 8}, {"use 1 0 0", {0}, {0, 0, 0}, 0, 0, 9}};
+        {"slot 0", {1, 2}, {0, 0, 0}, 0, {}, 5},     {"slot -1", {1, 2}, {0, 0, 0}, 0, {}, 5},
+        {"slot 2", {1, 2}, {0, 0, 0}, 0, {}, 5},     {"slot 1", {1, 2}, {0, 1, 0}, 1, {}, 6},
+        {"use 0 0 1", {2}, {0, 0, 0}, 0, 2, 7},      {"use 0 0 0", {2}, {0, 0, 0}, 0, 2, 7},
+        {"use 1 0 1", {2, 0}, {0, 0, 0}, 0, {}, 8},  {"use 1 0 0", {0}, {0, 0, 0}, 0, 0, 9},
+        {"use 1 1 0", {0, 1}, {0, 0, 0}, 0, {}, 10}, {"slot 1", {0, 1}, {0, 1, 0}, 1, {}, 11},
+        {"use 1 0 0", {0}, {0, 0, 0}, 0, 0, 12}};
     Editing user;
     user.mesh().MaterialSlotList = {0, 1, 0};
     user.mesh().FaceSlotIndex = {0, 1, 2};
@@ -229,6 +231,8 @@ TEST(MaterialEditing, EachSlotHasItsOwnValues) {
     }
     EXPECT_EQ(user.document.Materials[1].Power, 3.0F);
     EXPECT_EQ(user.document.Materials[1].FaceColor.alpha, 1.0F);
+    user.work({"slot 0", "use 0 1 0"});
+    EXPECT_EQ(user.materials->shininess(), "3") << "of the material that is shown now";
 }
 
 TEST(MaterialEditing, TheTableOfMaterialsHasNoFrame) {
@@ -300,8 +304,10 @@ TEST(MaterialEditing, ADragIsOneEntryOrLeavesNoTrace) {
     user.work({"press 100 100"});
     for (const char* line : {"drag 120 90", "drag 90 70"}) {
         const std::uint64_t changes = user.document.LiveChanges;
+        const std::uint64_t drawn = user.mesh().ListRevision.any();
         EXPECT_EQ(user.run(line), Changes{.materials = true}) << "live";
         EXPECT_GT(user.document.LiveChanges, changes);
+        EXPECT_NE(user.mesh().ListRevision.any(), drawn);
     }
     EXPECT_TRUE(user.materials->dragging() && !user.history.canUndo());
     EXPECT_EQ(user.materials->endDrag({DragButton::Right, 0, 0}, user.view), Changes());

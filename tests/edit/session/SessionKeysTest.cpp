@@ -190,6 +190,10 @@ TEST_F(SessionKeys, ArrowsMoveLikeADragOfAsManyPixelsAndTurnByDegrees) {
 
 TEST_F(SessionKeys, KeysMoveWhatTheViewsShow) {
     const float step = viewPi / 36;
+    session.setTool(ViewTool::MoveFrame);
+    session.model().PlaneScale = 1e-45F; // a pixel is wider than any number
+    EXPECT_EQ(keys("ru"), Changes());
+    session.model().PlaneScale = 2;
     for (const ViewTool tool : {ViewTool::MoveView, ViewTool::Zoom}) {
         session.setTool(tool);
         const Vec3 pan = model().PanVector;
@@ -200,6 +204,9 @@ TEST_F(SessionKeys, KeysMoveWhatTheViewsShow) {
         EXPECT_NE(session.statusText(), under) << "the pointer is elsewhere in the model";
     }
     session.leavePlane();
+    const Vec3 pan = std::exchange(session.model().PanVector, {1e20F, 1e20F, 1e20F});
+    EXPECT_EQ(keys("ru"), Changes()) << "16 pixels are nothing there";
+    session.model().PanVector = pan;
     EXPECT_EQ(keys("+"), Changes{.planes = true});
     EXPECT_FLOAT_EQ(model().PlaneScale, 2 * wheelFactor(1));
     keys("-");
@@ -278,13 +285,18 @@ TEST_F(SessionKeys, RepeatedPicksCycleThroughTheFrames) {
         {ViewPlane::XY, 150, 80, "middle"}, {ViewPlane::XZ, 104, 80, "middle"},
         {std::nullopt, 0, 0, "middle"},     {std::nullopt, 104, 80, "front"}};
     for (const auto& [plane, x, y, expected] : picks) {
+        const auto before = model().Selected.Frame;
         const Changes changes =
             plane ? session.pickPlane(at(*plane, x, y))
                   : session.pickSpace({DragButton::Left, x, y}, ViewGeometry(200, 160));
         EXPECT_EQ(model().selectedFrame()->Name, expected) << x << ' ' << y;
         EXPECT_EQ(changes.selection, x != 150.0F && x != 0.0F);
+        EXPECT_EQ(changes.geometry, model().Selected.Frame != before) << "the marks of frames";
         EXPECT_EQ(findSelectedFrame(session.model().Root).frame, model().selectedFrame());
     }
+    session.model().Root.Children[0].ViewFlags[0] = false; // "back", the third one
+    session.pickSpace({DragButton::Left, 104, 80}, ViewGeometry(200, 160));
+    EXPECT_EQ(model().selectedFrame()->Name, "front") << "other frames are another cycle";
     session.setTool(ViewTool::MoveFrame);
     session.pressPlane(at(ViewPlane::XY, 5, 5));
     EXPECT_EQ(session.pickPlane(at(ViewPlane::XY, 104, 80)), Changes()) << "not during a drag";

@@ -2,6 +2,7 @@
 
 #include "edit/session/DocumentSession.h"
 #include "formats/files/ByteReader.h"
+#include "support/FileSizeLimit.h"
 #include "support/SmallModel.h"
 #include "support/TestFiles.h"
 #include "support/TextModel.h"
@@ -57,6 +58,7 @@ class SessionRecovery : public TestFiles {
         for (; clicks > 0; --clicks) {
             flags.GFlag = !flags.GFlag;
             session_->writeFlags(subject, flags);
+            wait();
         }
         session_->endOptions(question, subject, confirmed);
     }
@@ -84,6 +86,11 @@ TEST_F(SessionRecovery, EveryChangeOfTheModelIsInTheCopy) {
              session_->undo();
          }},
         {"cancelled options", [&] { clickOption(false); }},
+        {"edits after options clicked back, which had been copied",
+         [&] {
+             clickOption(true, 2);
+             session_->add(), session_->add();
+         }},
         {"a running drag", [&] { startDrag(); }},
         {"the end of a drag",
          [&] {
@@ -222,6 +229,7 @@ TEST_F(SessionRecovery, AModelFromACopyIsNeverSavedAndKeepsItsName) {
     const std::size_t texture = 0;
     session_->model().Materials[texture].HasTexture = true;
     session_->model().Materials[texture].TextureFile = "skin.bmp";
+    session_->model().Materials[1].TextureFile = "skin.bmp"; // switched off
     const std::string work = bytes();
     session_->endWork();
     for (int start = 0; start < 2; ++start) {
@@ -236,7 +244,9 @@ TEST_F(SessionRecovery, AModelFromACopyIsNeverSavedAndKeepsItsName) {
         EXPECT_TRUE(changes.title && changes.tree && changes.geometry && changes.status);
         EXPECT_EQ(bytes(), work);
         EXPECT_EQ(session_->model().FileName, path("models/m.xsi"));
-        EXPECT_EQ(session_->model().Materials[texture].TextureImage->width, 2);
+        for (const MaterialRecord& material : session_->model().Materials) {
+            EXPECT_EQ(material.TextureImage->width, 2);
+        }
         EXPECT_TRUE(session_->needsName() && session_->needsCloseQuestion() &&
                     session_->hasUnsavedWork() && !session_->canUndo());
         left.clear();
@@ -281,6 +291,22 @@ TEST_F(SessionRecovery, AnotherProgramsSaveIsKeptAndReported) {
     write("n.xsi", "theirs");
     session_->setName(path("n.x")); // which is never written
     session_->save();
+    EXPECT_EQ(filesInFolder(), 3);
+}
+
+TEST_F(SessionRecovery, ASaveThatFailsKeepsNothingTwice) {
+    open();
+    const auto save = [&](bool fails, const char* newName = nullptr) {
+        const FileSizeLimit limit(fails ? 500 : RLIM_INFINITY); // a model is longer
+        return (newName != nullptr ? session_->saveAs(path(newName)) : session_->save()).result;
+    };
+    write("m.xsi", "theirs");
+    EXPECT_EQ(save(true), SaveResult::Failed);
+    EXPECT_EQ(save(false), SaveResult::Written);
+    EXPECT_EQ(filesInFolder(), 2) << "theirs is in m.xsi~ already";
+    write("n.xsi", "agreed to be replaced");
+    EXPECT_EQ(save(true, "n.xsi"), SaveResult::Failed);
+    EXPECT_EQ(save(false), SaveResult::Written);
     EXPECT_EQ(filesInFolder(), 3);
 }
 

@@ -10,8 +10,11 @@ TEST_F(SessionTest, TogglesAndColorsShowWithTheNextMouseEvent) {
     EXPECT_EQ(root().ViewFlags, (std::array{true, true, false}));
     session_.setMeshVisible(true);
     session_.setFrameVisible(false);
+    const QModelIndex row = session_.tree().index(0, 0, {});
+    EXPECT_TRUE(row.data(StructureTreeModel::hiddenRole).toBool());
     EXPECT_EQ(root().ViewFlags, (std::array{false, true, false})) << "its mesh hides too";
     session_.setFrameVisible(true);
+    EXPECT_FALSE(row.data(StructureTreeModel::hiddenRole).toBool());
     EXPECT_EQ(root().ViewFlags, (std::array{true, true, false})) << "the mesh stays hidden";
     EXPECT_EQ(told(session_.movePlane(at(ViewPlane::XZ, 1, 1))), "geometry status ");
     EXPECT_EQ(told(session_.movePlane(at(ViewPlane::XZ, 1, 1))), "");
@@ -113,6 +116,8 @@ TEST_F(SessionTest, TheStatusBarShowsThePointerThenTheCommandThenTheCounts) {
     EXPECT_EQ(status(), hinted("x 0.00  y 0.00"));
     session_.leavePlane();
     EXPECT_EQ(status(), "Undone: move or rotate frame");
+    EXPECT_TRUE(session_.redo().status);
+    EXPECT_EQ(status(), "Redone: move or rotate frame");
     EXPECT_TRUE(session_.clearMessage().status);
     EXPECT_EQ(status(), "1 mesh, 2 faces");
 }
