@@ -114,6 +114,18 @@ TEST_P(DrawnScenes, MissingMaterialsHaveSubstitutes) {
     // otherwise a new material: grey 0.75 with a full highlight of 0.5
     EXPECT_EQ(drawnAs({7}), white);
     EXPECT_EQ(drawnAs({-1}), white);
+    // a substitute does not colour the next frame
+    scene.document.Root.Children.assign(1, scene.document.Root);
+    FrameRecord& next = scene.document.Root.Children[0];
+    next.Mesh.FaceSlotIndex = {0};
+    next.Matrix[14] = 1;
+    EXPECT_EQ(drawnAs({7}), red);
+    next.HasMesh = false;
+    // it is opaque even if all materials of the mesh are not
+    for (MaterialRecord& material : scene.document.Materials) {
+        material.FaceColor.alpha = 0.5F;
+    }
+    EXPECT_EQ(drawnAs({-1}), white);
     scene.mesh().MaterialSlotList[1] = 9;
     EXPECT_EQ(drawnAs({1}), white);
     scene.mesh().HasMaterials = false;
@@ -201,8 +213,10 @@ TEST_P(DrawnScenes, WiresTakeTheColourOfTheSelection) {
     scene.state.dots = true;
     scene.redraw();
     EXPECT_EQ(scene.count(blue), 4);
-    scene.state.dots = false;
-    scene.mesh().Vertices[0] = {-2, -2, 500}; // behind the eye: its lines are clipped, not dropped
+    scene.mesh().Vertices[0] = {-2, -2, -500}; // behind the eye
+    scene.redraw();
+    EXPECT_EQ(scene.count(blue), 3);
+    scene.state.dots = false; // its lines are clipped, not dropped
     scene.redraw();
     EXPECT_GT(scene.drawn(), 12 * scene.unit());
 }

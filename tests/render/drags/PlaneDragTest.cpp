@@ -310,6 +310,16 @@ TEST(PlaneDrag, OnlyTheLeftButtonMovesAndThePressDecidesTheTool) {
     EXPECT_EQ(desk.document.PanVector, (Vec3{-20, 0, 0}));
 }
 
+TEST(PlaneDrag, APressInAnotherPlaneCancelsWhatWasNeverReleased) {
+    Desk desk({}, ViewTool::MoveView);
+    desk.press(ViewPlane::XY, 10, 10);
+    desk.move(ViewPlane::XY, 90, 10);
+    desk.document.Tool = ViewTool::RotateFrame;
+    desk.press(ViewPlane::XZ, 20, 30);
+    EXPECT_EQ(desk.document.PanVector, Vec3());
+    EXPECT_FALSE(desk.release(ViewPlane::XZ, 20, 30)) << "a click, in the view without the pan";
+}
+
 TEST(PlaneDrag, WithoutASelectionTheLastFrameMoves) {
     Desk desk;
     desk.document.markSelection(FramePath(std::vector<std::int32_t>{9}));

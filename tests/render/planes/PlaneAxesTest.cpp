@@ -13,10 +13,11 @@ namespace {
 
 TEST(PlaneAxes, LieAtTheEndsOfTheVisibleLines) {
     const std::tuple<ViewPlane, Vec3, const char*> rows[] = {
-        {ViewPlane::XY, {}, "X 0 40 Y 50 0 "},  {ViewPlane::XZ, {}, "X 0 40 Z 50 0 "},
-        {ViewPlane::ZY, {}, "Z 99 40 Y 50 0 "}, {ViewPlane::XY, {4, 3, 9}, "X 0 34 Y 42 0 "},
-        {ViewPlane::XY, {0, 30, 0}, "Y 50 0 "}, {ViewPlane::ZY, {0, 0, -26}, "Z 99 40 "},
-        {ViewPlane::XZ, {99, 0, -99}, ""}};
+        {ViewPlane::XY, {}, "X 0 40 Y 50 0 "},       {ViewPlane::XZ, {}, "X 0 40 Z 50 0 "},
+        {ViewPlane::ZY, {}, "Z 99 40 Y 50 0 "},      {ViewPlane::XY, {4, 3, 9}, "X 0 34 Y 42 0 "},
+        {ViewPlane::XY, {0, 30, 0}, "Y 50 0 "},      {ViewPlane::ZY, {0, 0, -26}, "Z 99 40 "},
+        {ViewPlane::XZ, {99, 0, -99}, ""},           {ViewPlane::XY, {-25, -20, 0}, ""},
+        {ViewPlane::XY, {25, 20, 0}, "X 0 0 Y 0 0 "}};
     for (const auto& [plane, pan, expected] : rows) {
         std::string found;
         for (const auto& axis : planeAxes(planeMapping(plane, 100, 80, 2, pan), 100, 80)) {

@@ -75,6 +75,9 @@ TEST_F(PlaneViewTest, FramesShowWhereTheirWorldMatrixPutsThem) {
     }
     draw(true);
     EXPECT_EQ(count(ViewPlane::XY, line), 4U) << "the ends of the lines";
+    addFace(frames[0].Mesh, {0, 2});
+    draw();
+    EXPECT_EQ(at(ViewPlane::XY, 30, 20), line) << "a new line";
 }
 
 TEST_F(PlaneViewTest, ColoursShowTheSelectionAndCanBeReplaced) {
@@ -196,6 +199,9 @@ TEST_F(PlaneViewTest, TheOverlayShowsTheSelectedFrameAndLeavesThePictureAlone) {
     EXPECT_EQ(overlay.pixel(50, 16), colors.objectAxes);
     EXPECT_EQ(overlay.pixel(50, 17), 0xff000000U) << "a dark rim around a bright mark";
     EXPECT_EQ(overlay.pixel(50, 14), 0xff000000U);
+    xy.setColors({.objectAxes = 0xff000080U});
+    EXPECT_EQ(xy.selectionOverlay(document).pixel(50, 17), 0xffffffffU) << "and a bright one";
+    xy.setColors(colors);
     EXPECT_EQ(overlay.pixel(50, 30), colors.cameraCentre) << "stays on top";
     frames[0].ViewFlags[2] = false;
     draw();
@@ -242,6 +248,10 @@ TEST_F(PlaneViewTest, ANewlyOpenedModelIsSeenWholeAndCentred) {
     frames.clear();
     startPlanes(document, 300, 200);
     EXPECT_EQ(document.PlaneScale, ModelDocument().PlaneScale);
+    document.Root.SelectState = SelectState::Other;
+    document.PanVector = {1, 2, 3};
+    startPlanes(document, 300, 200, Seen::Selection);
+    EXPECT_EQ(document.PanVector, (Vec3{1, 2, 3})) << "there is no selection to show";
 }
 
 } // namespace

@@ -104,6 +104,25 @@ TEST(Wheel, ZoomsByAFactorANotchAndComesBack) {
     EXPECT_FLOAT_EQ(wheelDistance(wheelDistance(10, 1), -1), 10);
     EXPECT_GT(wheelDistance(0, -1), 0);
     EXPECT_TRUE(std::isfinite(wheelDistance(4000, -1000)));
+    // a drag can go farther: no notch leaps back
+    const float beyond = 2 * ViewGeometry::farZ;
+    EXPECT_FLOAT_EQ(wheelDistance(beyond, 1), beyond / wheelFactor(1));
+    EXPECT_EQ(wheelDistance(beyond, -1), beyond);
+}
+
+TEST(Culling, AMeshIsInsideOnlyWithAllItsVertices) {
+    Scene scene({});
+    addSquare(scene.mesh(), 1, 0);
+    const ViewGeometry geometry(200, 200);
+    const Camera camera(scene.state.angles, 10, {});
+    const auto where = [&] {
+        refreshedCache(scene.document.Root, {});
+        return containment({geometry, scene.state, camera}, {&scene.document.Root, {}});
+    };
+    EXPECT_EQ(where(), Containment::Inside);
+    scene.mesh().Vertices[0].x = std::numeric_limits<float>::quiet_NaN();
+    scene.mesh().ListRevision.shapeChanged();
+    EXPECT_EQ(where(), Containment::Crossing) << "the bounds leave it out";
 }
 
 void place(Scene& scene, std::int32_t width = 200, std::int32_t height = 200) {

@@ -63,6 +63,14 @@ TEST(SoftwareView, TranslucentFacesAreMixedFromFarToNear) {
     EXPECT_LE(difference(scene.shown(), 0xffa04060U), 2);
     scene.state.angles.yaw = 0; // from behind the white one is culled, and the order is the reverse
     EXPECT_LE(difference(scene.shown(), 0xff208040U), 2) << "red, blue, green over black";
+    // as seen from in front, whatever the number of corners
+    scene.state.angles.yaw = viewPi;
+    scene.clearMesh();
+    addSquare(mesh, 2, 0, 0);
+    mesh.Vertices.insert(mesh.Vertices.end(), {{-2, -2, -1}, {2, -2, -1}, {0, 2, -1}});
+    addFace(mesh, {4, 5, 6});
+    mesh.FaceSlotIndex.push_back(1);
+    EXPECT_LE(difference(scene.shown(), 0xff804000U), 2) << "the red square is nearer";
 }
 
 TEST(SoftwareView, DenseMeshesKeepTheirSmallFaces) {
