@@ -4,7 +4,7 @@ target_include_directories(korvane_compile INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_definitions(korvane_compile INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS)
 target_compile_options(korvane_compile INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
-    -Woverloaded-virtual -Wnull-dereference -Wno-missing-field-initializers
+    -Woverloaded-virtual -Wno-missing-field-initializers
     $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op>)
 if(KORVANE_WERROR)
     target_compile_options(korvane_compile INTERFACE -Werror)
