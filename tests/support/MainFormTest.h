@@ -29,12 +29,13 @@ class MainFormTest : public GuiTest {
         forms_ = std::make_unique<EditorForms>(paths);
         forms_->mainForm.show();
         // showing opens the models
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&forms_->mainForm));
-        // the window manager may be slow on a busy machine
-        EXPECT_TRUE(QTest::qWaitFor([this] {
+        constexpr int patience = 30'000; // the window manager may be slow on a busy machine
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&forms_->mainForm, patience));
+        const auto isActive = [this] {
             return forms_->mainForm.isActiveWindow() ||
                    QApplication::activeModalWidget() != nullptr;
-        }));
+        };
+        EXPECT_TRUE(QTest::qWaitFor(isActive, patience));
         settle();
         return forms_->mainForm;
     }
