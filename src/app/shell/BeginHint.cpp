@@ -10,10 +10,11 @@ namespace korvane {
 BeginHint::BeginHint(QMdiArea& area) : QLabel(area.viewport()), area_(area) {
     setObjectName(QStringLiteral("BeginHint"));
     setTextFormat(Qt::PlainText);
-    setText(QStringLiteral("Open a model with File > Open File (Ctrl+O), or drop model files here.\n"
-                           "File > New (Ctrl+N) makes an empty one.\n\n"
-                           "Sample models are in the program's folder \"samples\".\n"
-                           "F1 shows the guide."));
+    setText(
+        QStringLiteral("Open a model with File > Open File (Ctrl+O), or drop model files here.\n"
+                       "File > New (Ctrl+N) makes an empty one.\n\n"
+                       "Sample models are in the folder \"samples\"; the guide says where.\n"
+                       "F1 shows the guide."));
     setAlignment(Qt::AlignCenter);
     setWordWrap(true);
     setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -23,7 +23,7 @@ constexpr Hint hints[] = {
     {"MDIChild", "Splitter2Handle",
      "Drag, or press Left or Right, to change the width of the pages"},
     {"MDIChild", "TreeView1",
-     "The frames and materials of the model; Enter edits, the right button has more"},
+     "The frames and materials of the model; press Enter to edit, right-click for more"},
     {"MDIChild", "EditButton", "Edit the options of the frame, or the materials"},
     {"MDIChild", "RenameButton", "Rename the frame"},
     {"MDIChild", "DeleteButton", "Delete the frame with all below it, or the material"},
@@ -46,7 +46,8 @@ constexpr Hint hints[] = {
      "Drag with the left button to turn the model; drag with the right button, or turn the wheel, "
      "to zoom"},
 
-    {"Material", "ComboBox1", "The material to edit; a selected face gets it, too"},
+    {"Material", "ComboBox1",
+     "The material to edit; choosing one also assigns it to the selected face"},
     {"Material", "ambient", "Choose the color of the material in the shade"},
     {"Material", "diffuse", "Choose the color of the material in the light"},
     {"Material", "specular", "Choose the color of the highlight"},

@@ -213,8 +213,8 @@ void TOKBottomDlg::LoadPreview(const QString& fileName) {
     ui_->OKBtn->setEnabled(true);
     if (image_ == blankTextureImage()) {
         ui_->PreviewSize->clear();
-        ui_->Image1->setText(QStringLiteral("This file cannot be shown.\nIt can still be loaded, "
-                                            "for programs that read it."));
+        ui_->Image1->setText(QStringLiteral("This file cannot be shown.\nIt can still be loaded "
+                                            "for use by other programs."));
     } else {
         const qreal ratio = devicePixelRatioF();
         const QSize room = (QSizeF(ui_->Image1->contentsRect().size()) * ratio).toSize();

@@ -76,7 +76,7 @@ constexpr std::array<EditKindRow, 8> rows = {{
     {EditKind::Emissive, "change emissive color", false, refresh::materials,
      stepColor<&MaterialRecord::Emissive>},
     {EditKind::Opacity, "change opacity", false, refresh::materials, stepOpacity},
-    {EditKind::TextureOn, "turn texture on or off", false, refresh::materials, stepTextureOn},
+    {EditKind::TextureOn, "switch texture on or off", false, refresh::materials, stepTextureOn},
     {EditKind::Power, "change shininess", false, refresh::materials, stepPower},
 }};
 

@@ -16,7 +16,7 @@ QString textureViewText(const MaterialRecord& material, const TextureFinder& fin
                         const QString& shownName) {
     const bool named = !material.TextureFile.empty();
     if (!material.HasTexture) {
-        return named ? shownName + QStringLiteral(" is switched off, and will not be saved")
+        return named ? shownName + QStringLiteral(" is switched off and will not be saved")
                      : QStringLiteral("The texture is off.");
     }
     if (*material.TextureImage != *blankTextureImage()) {

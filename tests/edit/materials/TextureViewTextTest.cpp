@@ -32,8 +32,8 @@ TEST(TextureViewTextTest, SaysWhyThereIsNoPicture) {
         {true, "THERE.PIC", blankTextureImage(), "THERE.PIC cannot be shown"},
         {true, "", blankTextureImage(), "No texture is chosen."},
         {false, "", blankTextureImage(), "The texture is off."},
-        {false, "c:/a/hull.bmp", picture, "hull.bmp is switched off, and will not be saved"},
-        {false, "hull.bmp", blank, "hull.bmp is switched off, and will not be saved"}};
+        {false, "c:/a/hull.bmp", picture, "hull.bmp is switched off and will not be saved"},
+        {false, "hull.bmp", blank, "hull.bmp is switched off and will not be saved"}};
     for (const auto& [on, file, image, text] : cases) {
         MaterialRecord material;
         material.HasTexture = on;
