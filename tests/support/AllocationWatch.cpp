@@ -10,15 +10,11 @@ namespace {
 thread_local bool watching = false;
 thread_local std::size_t largestRequest = 0;
 thread_local std::size_t untilFailure = 0;
-thread_local std::size_t failuresLeft = 0;
 thread_local std::ptrdiff_t bytesKept = 0;
 
 /// Returns true if this request is to fail.
 bool fails() {
-    if (untilFailure > 0) {
-        --untilFailure;
-    }
-    return untilFailure == 0 && failuresLeft > 0 && failuresLeft-- > 0;
+    return untilFailure > 0 && --untilFailure == 0;
 }
 
 } // namespace
@@ -60,10 +56,9 @@ void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
 
 namespace korvane::test {
 
-AllocationWatch::AllocationWatch(std::size_t firstFailing, std::size_t failing) {
+AllocationWatch::AllocationWatch(std::size_t failing) {
     largestRequest = 0;
-    untilFailure = firstFailing;
-    failuresLeft = firstFailing > 0 ? failing : 0;
+    untilFailure = failing;
     bytesKept = 0;
     watching = true;
 }

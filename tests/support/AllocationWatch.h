@@ -5,11 +5,11 @@
 namespace korvane::test {
 
 /// While one exists, records the largest single request to `operator new`, which shows an oversized
-/// list even if it was never filled. It can also make requests fail. Use one at a time.
+/// list even if it was never filled. It can also make a request fail. Use one at a time.
 class AllocationWatch {
   public:
-    /// Makes `failing` requests fail, beginning with this number (from 1).
-    explicit AllocationWatch(std::size_t firstFailing = 0, std::size_t failing = 1);
+    /// Makes the request with this number (from 1) fail, or none.
+    explicit AllocationWatch(std::size_t failing = 0);
     ~AllocationWatch();
     AllocationWatch(const AllocationWatch&) = delete;
     AllocationWatch& operator=(const AllocationWatch&) = delete;

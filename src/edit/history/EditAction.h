@@ -44,12 +44,6 @@ struct RefreshFlags {
     bool refreshGeometry = false;
     bool rebuildTree = false;
 
-    RefreshFlags& operator|=(const RefreshFlags& other) {
-        refreshMaterials = refreshMaterials || other.refreshMaterials;
-        refreshGeometry = refreshGeometry || other.refreshGeometry;
-        rebuildTree = rebuildTree || other.rebuildTree;
-        return *this;
-    }
     bool operator==(const RefreshFlags&) const = default;
 };
 

@@ -3,7 +3,6 @@
 #include "edit/history/EditSteps.h"
 #include "model/records/ListRoom.h"
 
-#include <algorithm>
 #include <type_traits>
 #include <utility>
 

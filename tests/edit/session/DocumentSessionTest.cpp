@@ -1,6 +1,5 @@
 #include "support/SessionTest.h"
 
-#include <functional>
 #include <tuple>
 #include <utility>
 

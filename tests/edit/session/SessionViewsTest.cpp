@@ -1,5 +1,8 @@
 #include "support/SessionTest.h"
 
+#include <array>
+#include <utility>
+
 namespace korvane::test {
 namespace {
 
