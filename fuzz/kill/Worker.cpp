@@ -21,9 +21,9 @@ void Worker::selectAny() {
 
 void Worker::step() {
     if (materials_ != nullptr) {
-        goOnWithMaterials();
+        keepEditingMaterials();
     } else if (session_.draggingPlane()) {
-        goOnDragging();
+        keepDragging();
     } else {
         begin();
     }
@@ -81,7 +81,7 @@ void Worker::begin() {
     }
 }
 
-void Worker::goOnDragging() {
+void Worker::keepDragging() {
     mouse_.mouse.x += static_cast<float>(number(-9, 9));
     mouse_.mouse.y += static_cast<float>(number(-9, 9));
     switch (number(0, 9)) {
@@ -97,7 +97,7 @@ void Worker::goOnDragging() {
     }
 }
 
-void Worker::goOnWithMaterials() {
+void Worker::keepEditingMaterials() {
     switch (number(0, 6)) {
     case 0:
         session_.endMaterials();

@@ -23,8 +23,8 @@ class Worker {
     }
     void selectAny();
     void begin();
-    void goOnDragging();
-    void goOnWithMaterials();
+    void keepDragging();
+    void keepEditingMaterials();
     void cancelOptions();
 
     DocumentSession& session_;

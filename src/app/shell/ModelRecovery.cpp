@@ -66,7 +66,7 @@ QString ModelRecovery::failure() {
                      .arg(folder_.path());
 }
 
-QString ModelRecovery::copyFailureText(const QString& model) const {
+QString ModelRecovery::recoveryFailureText(const QString& model) const {
     return QStringLiteral("No recovery copy of %1 could be made in %2")
         .arg(QFileInfo(model).fileName(), folder_.path());
 }

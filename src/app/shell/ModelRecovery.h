@@ -26,7 +26,7 @@ class ModelRecovery : public QObject {
     /// if none did or this was reported before.
     QString keep(const QList<TMDIChild*>& windows, RecoveryKeeper::When when);
     /// Returns the message that a window has closed with its work in no file and no copy.
-    [[nodiscard]] QString copyFailureText(const QString& model) const;
+    [[nodiscard]] QString recoveryFailureText(const QString& model) const;
     /// Offers the user the copies of ended programs, in a dialog over the window; `open` opens one.
     /// Returns a message about unreadable copies unless the dialog has shown it.
     QString offer(QWidget& window, const std::function<void(LeftCopy&)>& open);

@@ -385,8 +385,8 @@ TMDIChild& TMainForm::addWindow() {
     document->addToStructureMenu({ui_->EditCopy, ui_->EditPaste});
     connect(document, &TMDIChild::statusChanged, this, [this] { showNotice(notice_); });
     connect(document, &TMDIChild::commandBegun, this, [this] { showNotice({}); });
-    connect(document, &TMDIChild::copyFailed, this,
-            [this](const QString& model) { showNotice(recovery_.copyFailureText(model)); });
+    connect(document, &TMDIChild::recoveryCopyFailed, this,
+            [this](const QString& model) { showNotice(recovery_.recoveryFailureText(model)); });
     document->session()->keepCopiesIn(recovery_.folder());
     leaveKeysToFrame(*document);
     ui_->MDIArea->addSubWindow(document);

@@ -297,7 +297,7 @@ Changes DocumentSession::remove() {
 
 // Answers of dialogs
 
-FrameRecord* DocumentSession::currentFrame(const DialogSubject& subject) {
+FrameRecord* DocumentSession::frameIfUnchanged(const DialogSubject& subject) {
     return acceptsEdits() && model_.Revision == subject.revision
                ? frameAt(model_.Root, subject.frame)
                : nullptr;
@@ -314,7 +314,7 @@ std::optional<RenameQuestion> DocumentSession::renameQuestion() const {
 }
 
 Changes DocumentSession::rename(const RenameQuestion& question, const QString& name) {
-    FrameRecord* frame = currentFrame(question.subject);
+    FrameRecord* frame = frameIfUnchanged(question.subject);
     if (frame == nullptr) {
         return {};
     }
@@ -333,7 +333,7 @@ std::optional<OptionsQuestion> DocumentSession::optionsQuestion() const {
 }
 
 void DocumentSession::writeFlags(DialogSubject& subject, const FrameFlags& flags) {
-    if (FrameRecord* frame = currentFrame(subject)) {
+    if (FrameRecord* frame = frameIfUnchanged(subject)) {
         setFrameFlags(*frame, flags);
         subject.revision = ++model_.Revision;
     }
@@ -341,7 +341,7 @@ void DocumentSession::writeFlags(DialogSubject& subject, const FrameFlags& flags
 
 Changes DocumentSession::endOptions(const OptionsQuestion& asked, const DialogSubject& subject,
                                     bool confirmed) {
-    FrameRecord* frame = currentFrame(subject);
+    FrameRecord* frame = frameIfUnchanged(subject);
     if (frame == nullptr) {
         return {};
     }

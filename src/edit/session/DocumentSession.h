@@ -129,7 +129,7 @@ class DocumentSession {
     KeepOutcome keepCopy(RecoveryKeeper::When when);
     /// Records whether the user gives up the work with the window; this does not include later
     /// changes.
-    void discardWork(bool givenUp) {
+    void setGivenUp(bool givenUp) {
         givenUp_ = givenUp ? std::optional(model_.Revision) : std::nullopt;
     }
     /// The model goes away. Makes the copy of its work current and leaves it, unless the user has
@@ -254,7 +254,7 @@ class DocumentSession {
     /// Whether the mouse is changing the model.
     [[nodiscard]] bool dragging() const;
     /// The frame, if a dialog about it may still change it; else null.
-    [[nodiscard]] FrameRecord* currentFrame(const DialogSubject& subject);
+    [[nodiscard]] FrameRecord* frameIfUnchanged(const DialogSubject& subject);
     Changes setText(QString& text, const QString& value);
     void setVisible(bool frame, bool mesh);
     void startHistory();

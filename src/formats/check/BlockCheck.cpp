@@ -4,7 +4,7 @@
 
 namespace korvane {
 
-bool BlockCheck::takeSkippedLine(const TextLine& line, bool closingLost) {
+bool BlockCheck::takeSkippedBlock(const TextLine& line, bool closingLost) {
     const bool closed = line.text.find('}') != std::string_view::npos;
     const TextLine named = closed ? line : naming(line);
     if (named.place != line.place) {
@@ -43,7 +43,7 @@ TextLine BlockCheck::naming(const TextLine& line) const {
     return named ? above : line;
 }
 
-void BlockCheck::takeLooseLine(const TextLine& line) {
+void BlockCheck::takeLooseBlock(const TextLine& line) {
     if (line.place < looseEnd_) {
         return; // inside a block that was reported
     }

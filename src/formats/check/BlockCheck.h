@@ -18,9 +18,9 @@ class BlockCheck {
 
     /// A block that is not read begins in the line. With `closingLost`, a closing brace in the same
     /// line does not count. Returns true if the block ends elsewhere than it seems to.
-    bool takeSkippedLine(const TextLine& line, bool closingLost);
+    bool takeSkippedBlock(const TextLine& line, bool closingLost);
     /// The same at the top level, where the reader skips a block line by line.
-    void takeLooseLine(const TextLine& line);
+    void takeLooseBlock(const TextLine& line);
     /// The line declares no frame, but is read as the declaration of one with this name.
     void takeFalseFrame(const TextLine& line, std::string_view frameName);
     /// Reports the findings that may occur several times.

@@ -185,7 +185,7 @@ void ReadingCheck::takeLine(const ReadNote& note, const TextLine& line) {
         break;
     case NoteKind::LeftOut:
         if (note.left > 0) { // at the end of the text, nothing is lost
-            if (blocks_.takeSkippedLine(line, note.value != 0)) {
+            if (blocks_.takeSkippedBlock(line, note.value != 0)) {
                 keepOpen();
             }
         }
@@ -196,7 +196,7 @@ void ReadingCheck::takeLine(const ReadNote& note, const TextLine& line) {
                           " directly follows an ignored block, and is skipped");
         break;
     case NoteKind::LooseBlock:
-        blocks_.takeLooseLine(line);
+        blocks_.takeLooseBlock(line);
         break;
     default:
         takeMaterial(note, line);

@@ -31,7 +31,7 @@ std::string lostWith(const FrameRecord& frame, bool root) {
     if (root) {
         model.Root = std::move(small);
     } else {
-        model.Root.Name.assign(1, 'a');
+        model.Root.Name.assign(1, 'a'); // g++ 12 warns of an overflow that a literal cannot cause
         model.Root.Children.push_back(std::move(small));
     }
     std::string text;

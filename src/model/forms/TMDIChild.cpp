@@ -286,7 +286,7 @@ bool TMDIChild::FormCanClose() {
     if (answer == QMessageBox::Yes) {
         FileSaveExecute(); // cancelling its Save As dialog does not keep the window open
     }
-    session_->discardWork(answer == QMessageBox::No);
+    session_->setGivenUp(answer == QMessageBox::No);
     return answer == QMessageBox::Yes || answer == QMessageBox::No;
 }
 
@@ -312,7 +312,7 @@ void TMDIChild::closeEvent(QCloseEvent* event) {
 void TMDIChild::FormClose() {
     cancelDrag();
     if (session_ && session_->endWork().failed) {
-        Q_EMIT copyFailed(session_->model().FileName);
+        Q_EMIT recoveryCopyFailed(session_->model().FileName);
     }
     ChildDeactivate();
     structure_.reset();

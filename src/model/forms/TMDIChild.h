@@ -125,7 +125,7 @@ class TMDIChild : public QMdiSubWindow {
     /// A command of this window begins: earlier messages are out of date.
     void commandBegun();
     /// The window closes, and no recovery copy of its work could be made.
-    void copyFailed(const QString& model);
+    void recoveryCopyFailed(const QString& model);
 
   protected:
     void closeEvent(QCloseEvent* event) override;

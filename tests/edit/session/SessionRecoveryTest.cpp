@@ -123,7 +123,7 @@ TEST_F(SessionRecovery, EveryChangeOfTheModelIsInTheCopy) {
         EXPECT_TRUE(session_->hasUnsavedWork()) << what;
         wait();
         EXPECT_EQ(copied(), bytes()) << what;
-        session_->discardWork(true);
+        session_->setGivenUp(true);
         session_->endWork();
     }
 }
@@ -183,15 +183,15 @@ TEST_F(SessionRecovery, TheCopyStaysUnlessTheWorkIsInAFileOrGivenUp) {
          false, false},
         {"cancelled options", [&] { clickOption(false); }, false, true},
         {"options clicked back", [&] { clickOption(true, 2); }, false, false},
-        {"given up", [&] { session_->add(), session_->discardWork(true); }, true, false},
+        {"given up", [&] { session_->add(), session_->setGivenUp(true); }, true, false},
         {"given up, but another window was kept open and a save failed",
          [&] {
-             session_->add(), session_->discardWork(true);
+             session_->add(), session_->setGivenUp(true);
              session_->saveAs(path("no/folder/m.xsi"));
          },
          false, true},
         {"given up, and then worked on",
-         [&] { session_->add(), session_->discardWork(true), session_->add(); }, true, true},
+         [&] { session_->add(), session_->setGivenUp(true), session_->add(); }, true, true},
         {"a drag that was running", [&] { startDrag(); }, false, false},
         {"unchanged, after a failed save elsewhere",
          [&] { session_->saveAs(path("no/folder/m.xsi")); }, false, false},
