@@ -187,6 +187,11 @@ int main(int argc, char** argv) {
     for (int i = 2; i < argc; ++i) {
         models += QString::fromLocal8Bit(argv[i]);
     }
+    if (models.isEmpty() && task != QStringLiteral("start")) {
+        std::puts(
+            "bench_windows start|open|steps|software|memory [MODEL...]: all but start need one");
+        return 2;
+    }
     int words = 1;
     const auto application = korvane::EditorApplication::onDisplay(words, argv);
     QTemporaryDir state; // keeps the user's own recovery copies out of this
@@ -209,7 +214,7 @@ int main(int argc, char** argv) {
     } else if (task == QStringLiteral("memory")) {
         bench.copyAndClose();
     } else {
-        std::puts("bench_windows start|open|steps|software|memory [MODEL...]");
+        std::printf("no task \"%s\"\n", qPrintable(task));
         return 2;
     }
     state.remove();
