@@ -160,8 +160,9 @@ TEST_F(ToolCalls, AcceptNamesOfAnyBytes) {
         {"%1 *.xsi", "%1 *.xsi"}};
     for (const auto& [name, shown] : names) {
         for (const std::string folder : {"", "sub\xfe/"}) {
+            const std::string file = folder + name;
             const Outcome outcome =
-                shell("rm -rf w; mkdir -p 'w/sub\xfe'; cd w; F='" + folder + name +
+                shell("rm -rf w; mkdir -p 'w/sub\xfe'; cd w; F='" + file +
                       "'; cat ../good.x > \"$F\"; chmod 640 \"./$F\"; ln -s \"./$F\" l.xsi;"
                       "$T convert ../good.x o.xsi && $T convert -- \"$F\" \"$F.xsi\" &&"
                       "cmp \"./$F.xsi\" o.xsi && $T convert -- \"$F.xsi\" l.xsi && test -L l.xsi &&"

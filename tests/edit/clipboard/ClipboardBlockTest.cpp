@@ -189,6 +189,7 @@ TEST(ClipboardBlock, RandomFramesComeBackWhole) {
             used.insert(slots.begin(), slots.end());
         }
         std::vector<MaterialRecord> materials;
+        materials.reserve(used.size());
         for (const std::int32_t number : used) {
             materials.push_back(document.Materials[static_cast<std::size_t>(number)]);
         }

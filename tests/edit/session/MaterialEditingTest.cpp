@@ -8,7 +8,6 @@
 
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <functional>
 #include <initializer_list>
 #include <map>
@@ -61,7 +60,8 @@ struct Editing : MaterialModel {
     Changes run(const std::string& line) {
         const std::vector<std::string> said = words(line + " 0 0 0");
         const auto& word = said[1];
-        const int n[] = {std::atoi(word.c_str()), std::stoi(said[2]), std::stoi(said[3])};
+        const int first = QString::fromStdString(word).toInt(); // 0 for a word
+        const int n[] = {first, std::stoi(said[2]), std::stoi(said[3])};
         const auto byte = [](int number) { return static_cast<std::uint8_t>(number); };
         const ColorRGB value = modelColor({byte(n[0]), byte(n[1]), byte(n[2]), 255});
         const DragInput at = {DragButton::Left, static_cast<float>(n[0]), static_cast<float>(n[1])};

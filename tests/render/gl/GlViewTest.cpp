@@ -118,6 +118,7 @@ TEST_F(GlViewTest, TexturesOfAnySizeFollowTheirMaterials) {
     for (const std::int32_t width : {2, 5, 7, 100, 70000}) {
         for (const std::int32_t height : {1, 5}) {
             std::vector<Rgba8> pixels;
+            pixels.reserve(static_cast<std::size_t>(width * height));
             for (std::int32_t i = 0; i < width * height; ++i) {
                 pixels.push_back(i % width * 4 / width < 2 ? red : green);
             }
